@@ -1,0 +1,67 @@
+#pragma once
+
+#include "cutoption/OptionPDE.h"
+
+#include <array>
+
+/// Bits of an item-type word: the items of the panel that a refresh is about.
+enum ItemType : quint32 {
+    CutEveryItem = 0x100,
+    CutAtEndItem = 0x200,
+    MirrorItem = 0x400,
+    AutoCutItem = 0x800,
+    HalfCutItem = 0x1000,
+    ChainPrintItem = 0x2000,
+    SpecialTapeItem = 0x4000,
+    RemoveBlkSpaceItem = 0x10000,
+    PopUpButtonItem = 0x40000,
+    CutMarkItem = 0x80000,
+};
+
+/// One option: its names at the print system and in the string table, and its fields of the
+/// panel.
+struct OptionRow
+{
+    /// The option's PPD keyword.
+    const char *keyword;
+    /// The check box's object name in the nib.
+    const char *outlet;
+    QPointer<CheckBox> OptionPDE13_v400_::*checkBox;
+    ppd_option_t *OptionPDE13_v400_::*option;
+    std::unique_ptr<ChoiceList> OptionPDE13_v400_::*choices;
+    const PDEChoice *OptionPDE13_v400_::*selection;
+    /// Key of the check box's title, for an option whose PPD text cannot be read.
+    const char *labelKey;
+    /// Key of the summary line's title, likewise.
+    const char *summaryTitleKey;
+    /// The default choice keyword with which the box starts ticked.
+    const char *checkedKeyword;
+    quint32 itemType;
+    /// Whether special tape, shown and on, makes the option be saved as off.
+    bool offUnderSpecialTape;
+    /// Whether a disabled box keeps its state in a refresh.
+    bool keptWhileDisabled;
+};
+
+/// The nine options of the panel, in the order in which every per-option sequence runs.
+struct OptionCatalogue
+{
+    /// Index of an option's row.
+    enum Option : std::size_t {
+        CutEvery,
+        CutAtEnd,
+        Mirror,
+        AutoCut,
+        HalfCut,
+        ChainPrint,
+        SpecialTape,
+        RemoveBlkSpace,
+        CutMark,
+        Count,
+    };
+
+    static const std::array<OptionRow, Count> rows;
+
+    /// The row of a PPD keyword; null for any other keyword.
+    static const OptionRow *rowForKeyword(const QString &keyword);
+};

@@ -1,0 +1,224 @@
+#pragma once
+
+#include "plugin/BasePDE.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <span>
+
+class CheckBox;
+class OptionView13_v400_;
+class PopUpButton;
+class QAbstractButton;
+class Stepper;
+struct OptionCatalogue;
+struct OptionRow;
+struct TapeInfo;
+
+/**
+ * The cut-option panel: shows the finishing options that the printer's PPD has, keeps them
+ * consistent with each other, the printer and the medium, and tells the dialog every choice.
+ *
+ * An option's field with the suffix `_Option` is the PPD's record (null when the PPD lacks the
+ * keyword), `_Choices` its choices (null likewise), and `_Selection` the one of them that is in
+ * force (null before any is known). What the nine options have in common is in OptionCatalogue.
+ */
+class OptionPDE13_v400_ : public BasePDE13_v400_
+{
+    Q_OBJECT
+
+public:
+    /**
+     * Binds the printer's options and starts to follow the paper.
+     *
+     * @param callback the dialog, kept by the panel; what it lends must outlive the panel.
+     * @param bundle where the nib, the texts and the pictures are; kept by the panel.
+     * @return null when the callback or the bundle is.
+     */
+    static std::unique_ptr<OptionPDE13_v400_>
+    initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
+                     std::shared_ptr<Bundle> bundle);
+    ~OptionPDE13_v400_() override;
+
+    // Savers: each tells the dialog the option's choice, as its control shows it.
+    void saveSetting_CutLabel();
+    void saveSetting_CutAtEnd();
+    void saveSetting_Mirror();
+    void saveSetting_AutoCut();
+    void saveSetting_HalfCut();
+    void saveSetting_ChainPrint();
+    void saveSetting_SpecialTape();
+    void saveSetting_RemoveBlkSpace();
+    void saveSetting_CutMark();
+
+    /// The box's state as a choice index; 0 for null or while special tape is shown and on.
+    qint32 indexForSaveAutoChain(const QAbstractButton *checkBox) const;
+
+    // Initialisers: each titles an option's control and sets it from the PPD's default.
+    void initializeUI_OtherStr() {}
+    void initializeUI_CutLabel();
+    void initializeUI_CutAtEnd();
+    void initializeUI_Mirror();
+    void initializeUI_AutoCut();
+    void initializeUI_HalfCut();
+    void initializeUI_ChainPrint();
+    void initializeUI_SpecialTape();
+    void initializeUI_RemoveBlkSpace();
+    void initializeUI_CutMark();
+
+    /// Enables and disables the controls as the paper and the other controls demand.
+    void enabledCheck_OP();
+
+    /// The medium class of the current paper, TapeInfo::tapeState.
+    void setTapeState(qint32 state) { mTapeState = state; }
+    qint32 getTapeState() const { return mTapeState; }
+
+    /// The user clicked a check box.
+    void changeOption(QAbstractButton *sender);
+    /// The user chose a preset from the menu.
+    void changeOptionPopUpButton(QObject *sender);
+    /// The user changed the count with the stepper or in the text field.
+    void changeCutEveryValue(QObject *sender);
+    /// The user edited a text field.
+    void controlTextDidChange(QObject *field);
+
+    /// The keywords of the PPD's options among the nine; the same list on every call.
+    const QStringList *supportedPPDOptionKeys() override;
+    /// Tells the dialog the PPD's default for every option without a marked choice.
+    bool shouldPrint() override;
+    /// Records the choice as the option's selection.
+    void PPDOptionKeyValueDidChange(const QString &key, const QString &ppdChoice) override;
+    /// One line for each option that has a selection.
+    std::optional<QVariantMap> summaryInfo() override;
+
+    /// Initialises and saves every option, once.
+    void initUI() override;
+    void setValuesToKey() override;
+    void setPDEItems() override;
+    void setPDEItems2() override;
+    void updateMarkedSelections(quint32 itemType) override;
+    void updateUIItem(quint32 itemType) override;
+
+    /// The dialog's tab view shows another tab.
+    void tabView_didSelectTabViewItem(QWidget *, QWidget *) {}
+
+    /// The tag of the preset that describes the check boxes, 1 to 17.
+    int targetPopUpButtonTag() const;
+    /// Whether the preset with the tag can be chosen on the current paper.
+    bool validateMenuItem(int tag) const;
+
+    /// The dialog has another paper.
+    void checkChangeSettingWhenPageSizeChanged(const Notification &notification);
+
+protected:
+    OptionPDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
+                      std::shared_ptr<Bundle> bundle);
+
+    void connectOutlets(QWidget *nib) override;
+    /// Lays out the rows of the options that the PPD has, and puts the preview in its place.
+    void awakeFromNib() override;
+
+    friend struct OptionCatalogue;
+
+    // Outlets, owned by the nib; null when it has no control of that name.
+    QPointer<QWidget> mOptionDummyView;
+    QPointer<PopUpButton> mOptionPopUpButton;
+    QPointer<CheckBox> mCutEveryChkBx;
+    QPointer<CheckBox> mCutAndEndChkBx;
+    QPointer<CheckBox> mMirrorPrintChkBx;
+    QPointer<CheckBox> mAutoCutChkBx;
+    QPointer<CheckBox> mHalfCutChkBx;
+    QPointer<CheckBox> mChainPrintChkBx;
+    QPointer<CheckBox> mSpecialTapeChkBx;
+    QPointer<CheckBox> mRemoveBlkSpaceChkBx;
+    QPointer<CheckBox> mCutMarkChkBx;
+    QPointer<QLineEdit> mCutEveryTxBx;
+    QPointer<Stepper> mCutEveryStpr;
+    QPointer<QLabel> mCutEveryStr;
+
+    QPointer<OptionView13_v400_> mOptionView;
+
+    ppd_option_t *mCutEvery_Option = nullptr;
+    ppd_option_t *mCutEnd_Option = nullptr;
+    ppd_option_t *mMirror_Option = nullptr;
+    ppd_option_t *mAutoCut_Option = nullptr;
+    ppd_option_t *mHalfCut_Option = nullptr;
+    ppd_option_t *mChainPrint_Option = nullptr;
+    ppd_option_t *mSpecialTape_Option = nullptr;
+    ppd_option_t *mRemoveBlkSpace_Option = nullptr;
+    ppd_option_t *mCutMark_Option = nullptr;
+
+    std::unique_ptr<ChoiceList> mCutEvery_Choices;
+    std::unique_ptr<ChoiceList> mCutEnd_Choices;
+    std::unique_ptr<ChoiceList> mMirror_Choices;
+    std::unique_ptr<ChoiceList> mAutoCut_Choices;
+    std::unique_ptr<ChoiceList> mHalfCut_Choices;
+    std::unique_ptr<ChoiceList> mChainPrint_Choices;
+    std::unique_ptr<ChoiceList> mSpecialTape_Choices;
+    std::unique_ptr<ChoiceList> mRemoveBlkSpace_Choices;
+    std::unique_ptr<ChoiceList> mCutMark_Choices;
+
+    const PDEChoice *mCutEvery_Selection = nullptr;
+    const PDEChoice *mCutEnd_Selection = nullptr;
+    const PDEChoice *mMirror_Selection = nullptr;
+    const PDEChoice *mAutoCut_Selection = nullptr;
+    const PDEChoice *mHalfCut_Selection = nullptr;
+    const PDEChoice *mChainPrint_Selection = nullptr;
+    const PDEChoice *mSpecialTape_Selection = nullptr;
+    const PDEChoice *mRemoveBlkSpace_Selection = nullptr;
+    /// The auto-cut choice as the cut-every box drives it, one of mAutoCut_Choices.
+    const PDEChoice *mAutoCut_CutEvery_Selection = nullptr;
+    const PDEChoice *mCutMark_Selection = nullptr;
+
+    qint8 checkValues_dec = 1;
+    quint8 column_dec = 0;
+    /// 1 once initUI() has run.
+    quint8 set_formatSetting = 0;
+    /// 1 when auto cut has a check box of its own; at 0 it follows the cut-every box.
+    quint8 mAutoCutHideKey_dec = 0;
+    qint32 mTapeState = 0;
+    /// 1 when the printer is connected by USB.
+    quint8 usb_dec = 0;
+    float choice_PaperSize = 0.0F;
+
+private:
+    void testConnection();
+    void bindOption(const OptionRow &row);
+    void markAutoCutOff();
+    TapeInfo currentTapeInfo() const;
+    bool isHSPaper() const;
+
+    void connectActions();
+    void hideControls();
+    void removePresets(std::span<const char *const> identifiers);
+    int layOutRows(double top);
+    double layOutCutEveryFields(double boxOrigin);
+    void describeControls();
+    void nameOptions();
+    void insertPreview();
+
+    QString localized(const char *key) const;
+    QString localizedOptionTitle(const OptionRow &row, const char *fallbackKey) const;
+    void initializeOption(const OptionRow &row);
+    void showTitleAndDefault(const OptionRow &row);
+    void applySpecialTapeRules(bool isFLPaper);
+    void applyCutEveryRules();
+    void setCountEnabled(bool enabled);
+
+    void recordChoice(int index, const char *keyword, const ChoiceList *choices, quint32 itemType);
+
+    void saveOption(const OptionRow &row);
+    int indexToSave(const OptionRow &row) const;
+    int markedOrDefaultIndex(const OptionRow &row) const;
+    void savePair(const ppd_option_t *option, const ChoiceList &choices, int index);
+    void saveAutoCutOfCutEvery();
+
+    const PDEChoice *markedChoice(const OptionRow &row, const PDEChoice *current) const;
+    void showSelection(const OptionRow &row);
+    void showCutEverySelection();
+    void applyPreset(int tag);
+
+    QString yesNoSummary(const OptionRow &row) const;
+    QString cutEverySummary() const;
+};

@@ -1,0 +1,109 @@
+#include "cutoption/OptionPDE.h"
+
+#include "cutoption/OptionCatalogue.h"
+#include "ppd/TapeInfo.h"
+#include "preview/OptionView.h"
+#include "printcore/IntegerValue.h"
+#include "toolkit/Alert.h"
+#include "toolkit/CheckBox.h"
+#include "toolkit/PopUpButton.h"
+#include "toolkit/Stepper.h"
+
+#include <algorithm>
+
+namespace {
+/// The counts that the choices of "KvCutLabel" offer.
+struct CountBounds
+{
+    qint32 smallest = 1;
+    qint32 largest = 99;
+};
+
+CountBounds boundsOf(const ChoiceList *choices)
+{
+    if (!choices || choices->empty()) {
+        return {};
+    }
+    return {integerValue(choices->front()->ppdTitle()), integerValue(choices->back()->ppdTitle())};
+}
+
+qint32 clampedTo(const CountBounds &bounds, qint32 count)
+{
+    if (count < bounds.smallest) {
+        return bounds.smallest;
+    }
+    return std::min(count, bounds.largest);
+}
+} // namespace
+
+void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
+{
+    if (mOptionView) {
+        mOptionView->update();
+    }
+    const auto &rows = OptionCatalogue::rows;
+    const auto *row = std::find_if(rows.begin(), rows.end(), [this, sender](const OptionRow &r) {
+        return sender && (this->*r.checkBox).data() == sender;
+    });
+    if (row != rows.end()) {
+        const bool isOn = sender->isChecked();
+        const bool isCutEvery = row->itemType == CutEveryItem;
+        if (isCutEvery && isOn && isHSPaper()) {
+            runModalAlert(kPDEView, panelName(), localized("RS_Alrt_AutoCutWithHS"));
+        }
+        // The cut-every box drives the auto-cut keyword; its count is the field's business.
+        const OptionRow &recorded = isCutEvery ? rows[OptionCatalogue::AutoCut] : *row;
+        recordChoice(isOn ? 1 : 0, recorded.keyword, (this->*recorded.choices).get(),
+                     row->itemType);
+    }
+    enabledCheck_OP();
+}
+
+void OptionPDE13_v400_::recordChoice(int index, const char *keyword, const ChoiceList *choices,
+                                     quint32 itemType)
+{
+    selectionForItem(index, QLatin1String(keyword), choices, itemType);
+    updateUIItem(itemType);
+}
+
+void OptionPDE13_v400_::changeOptionPopUpButton(QObject *)
+{
+    updateUIItem(PopUpButtonItem);
+}
+
+void OptionPDE13_v400_::changeCutEveryValue(QObject *sender)
+{
+    const CountBounds bounds = boundsOf(mCutEvery_Choices.get());
+    qint32 count = 0;
+    if (sender && (sender == mCutEveryStpr || sender == mCutEveryTxBx)) {
+        const qint32 entered = sender == mCutEveryStpr ? mCutEveryStpr->intValue()
+                                                       : integerValue(mCutEveryTxBx->text());
+        count = clampedTo(bounds, entered);
+        if (mCutEveryStpr) {
+            mCutEveryStpr->setIntValue(count);
+        }
+        if (mCutEveryTxBx) {
+            mCutEveryTxBx->setText(QString::number(count));
+        }
+    }
+    const qint64 index = qint64(count) - bounds.smallest;
+    recordChoice(int(std::clamp<qint64>(index, -1, std::numeric_limits<int>::max())),
+                 OptionCatalogue::rows[OptionCatalogue::CutEvery].keyword, mCutEvery_Choices.get(),
+                 CutEveryItem);
+}
+
+void OptionPDE13_v400_::controlTextDidChange(QObject *field)
+{
+    if (field && field == mCutEveryTxBx) {
+        changeCutEveryValue(field);
+    }
+}
+
+bool OptionPDE13_v400_::validateMenuItem(int tag) const
+{
+    constexpr int disabledOnFLPaper[] = {6, 7, 8, 10, 11, 12, 13};
+    if (!paperNameOfPageFormat(pdePluginCallbackObject->pageFormat()).startsWith("FL")) {
+        return true;
+    }
+    return std::ranges::find(disabledOnFLPaper, tag) == std::end(disabledOnFLPaper);
+}

@@ -1,0 +1,257 @@
+#include "cutoption/OptionPDE.h"
+
+#include "cutoption/OptionCatalogue.h"
+#include "preview/OptionView.h"
+#include "toolkit/CheckBox.h"
+#include "toolkit/PopUpButton.h"
+#include "toolkit/Stepper.h"
+#include "toolkit/ViewGeometry.h"
+
+#include <QIcon>
+
+#include <algorithm>
+
+namespace {
+// Lengths of the layout, in points.
+constexpr double firstRowBelowTop = 38.0;
+constexpr int rowHeight = 26;
+constexpr int cutEveryHeight = 2 * rowHeight;
+constexpr int fieldOffset = -4;
+constexpr int stepperOffset = -5;
+constexpr int captionOffset = 2;
+constexpr double leastViewHeight = 150.0;
+constexpr double previewBelowTop = 130.0;
+
+using Presets = std::span<const char *const>;
+
+// Presets that make no sense for the printer's family.
+constexpr const char *rvFamilyRemoves[] = {"AHCMOffOffOffOff"};
+constexpr const char *tapeFamilyRemoves[] = {"EveryEndMirrorOffOffOff", "EveryEndMirrorOffOnOff",
+                                             "EveryEndMirrorOnOffOff"};
+
+// Presets that make no sense with a row shown, or without it.
+constexpr const char *withCutMark[] = {"AHCMOffOffOffOff", "AHCMOffOffOnOff", "AHCMOffOnOnOff",
+                                       "AHCMOnOffOnOff", "AHCMOnOnOnOff"};
+constexpr const char *withoutCutMark[] = {"CTMROnOffOff", "CTMROffOnOff", "CTMROnOnOff",
+                                          "CTMROffOffOff"};
+constexpr const char *withoutCutEvery[] = {"EveryEndMirrorOnOffOff", "EveryEndMirrorOnOnOff"};
+/// The last one only where there is a cut-every option.
+constexpr const char *withoutAutoCut[] = {"AHCMOnOffOffOff", "AHCMOnOffOnOff", "AHCMOnOnOffOff",
+                                          "AHCMOnOnOnOff", "AHCMOnOnOnOn"};
+constexpr const char *withoutCutAtEnd[] = {"EveryEndMirrorOffOnOff"};
+constexpr const char *withoutHalfCut[] = {"AHCMOffOnOffOff", "AHCMOffOnOnOff", "AHCMOnOnOffOff",
+                                          "AHCMOnOnOnOff"};
+constexpr const char *withoutSpecialTape[] = {"SPMROnOff"};
+constexpr const char *withoutChainPrint[] = {"AHCMOffOffOnOff", "AHCMOffOnOnOff", "AHCMOnOffOnOff",
+                                             "AHCMOnOnOnOff",   "CTMROffOnOff",   "CTMROnOnOff"};
+
+struct LayoutRow
+{
+    OptionCatalogue::Option option;
+    /// How much lower the view is without the row.
+    int height;
+    Presets removedWhenShown;
+    Presets removedWhenHidden;
+};
+
+/// The rows from top to bottom, which is not the catalogue's order.
+const LayoutRow layoutRows[] = {
+    {OptionCatalogue::CutMark, rowHeight, withCutMark, withoutCutMark},
+    {OptionCatalogue::CutEvery, cutEveryHeight, {}, withoutCutEvery},
+    {OptionCatalogue::AutoCut, rowHeight, {}, withoutAutoCut},
+    {OptionCatalogue::CutAtEnd, rowHeight, {}, withoutCutAtEnd},
+    {OptionCatalogue::HalfCut, rowHeight, {}, withoutHalfCut},
+    {OptionCatalogue::SpecialTape, rowHeight, {}, withoutSpecialTape},
+    {OptionCatalogue::ChainPrint, rowHeight, {}, withoutChainPrint},
+    {OptionCatalogue::Mirror, rowHeight, {}, {}},
+    {OptionCatalogue::RemoveBlkSpace, rowHeight, {}, {}},
+};
+
+template <typename Control>
+void connectOutlet(QWidget *nib, const char *name, Control &outlet)
+{
+    outlet = nib->findChild<std::remove_pointer_t<decltype(outlet.data())> *>(QLatin1String(name));
+}
+
+void nameOption(QWidget *control, const OptionRow &row)
+{
+    if (control) {
+        control->setProperty(kPPDOptionKeywordProperty, QLatin1String(row.keyword));
+    }
+}
+
+void hide(QWidget *control)
+{
+    if (control) {
+        control->hide();
+    }
+}
+
+void showAt(QWidget *control, double y)
+{
+    if (control) {
+        control->show();
+        setFrameOrigin(control, frameOrigin(control).x(), y);
+    }
+}
+} // namespace
+
+void OptionPDE13_v400_::connectOutlets(QWidget *nib)
+{
+    BasePDE13_v400_::connectOutlets(nib);
+    connectOutlet(nib, "mOptionDummyView", mOptionDummyView);
+    connectOutlet(nib, "mOptionPopUpButton", mOptionPopUpButton);
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        connectOutlet(nib, row.outlet, this->*row.checkBox);
+    }
+    connectOutlet(nib, "mCutEveryTxBx", mCutEveryTxBx);
+    connectOutlet(nib, "mCutEveryStpr", mCutEveryStpr);
+    connectOutlet(nib, "mCutEveryStr", mCutEveryStr);
+    connectActions();
+}
+
+void OptionPDE13_v400_::connectActions()
+{
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        if (CheckBox *box = this->*row.checkBox) {
+            connect(box, &CheckBox::clicked, this, [this, box] { changeOption(box); });
+        }
+    }
+    if (PopUpButton *popUp = mOptionPopUpButton) {
+        popUp->setValidator([this](int tag) { return validateMenuItem(tag); });
+        connect(popUp, &PopUpButton::activated, this,
+                [this, popUp] { changeOptionPopUpButton(popUp); });
+    }
+    if (Stepper *stepper = mCutEveryStpr) {
+        connect(stepper, &Stepper::stepped, this,
+                [this, stepper] { changeCutEveryValue(stepper); });
+    }
+    if (QLineEdit *field = mCutEveryTxBx) {
+        connect(field, &QLineEdit::textEdited, this,
+                [this, field] { controlTextDidChange(field); });
+    }
+}
+
+void OptionPDE13_v400_::awakeFromNib()
+{
+    const QSizeF size = kPDEView ? QSizeF(kPDEView->size()) : QSizeF(0.0, 0.0);
+    hideControls();
+    removePresets(isRVPrinter() ? Presets(rvFamilyRemoves) : Presets(tapeFamilyRemoves));
+    const int removedHeight = layOutRows(size.height() - firstRowBelowTop);
+    describeControls();
+
+    const double viewHeight = std::max(leastViewHeight, size.height() - removedHeight);
+    insertPreview();
+    setViewFrameSize({size.width(), viewHeight});
+    setFrameOrigin(mOptionView, frameOrigin(mOptionView).x(), viewHeight - previewBelowTop);
+}
+
+void OptionPDE13_v400_::hideControls()
+{
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        hide(this->*row.checkBox);
+    }
+    hide(mCutEveryTxBx);
+    hide(mCutEveryStpr);
+    hide(mCutEveryStr);
+}
+
+void OptionPDE13_v400_::removePresets(std::span<const char *const> identifiers)
+{
+    for (const char *identifier : identifiers) {
+        if (mOptionPopUpButton) {
+            mOptionPopUpButton->removeItemWithTitle(QLatin1String(identifier));
+        }
+    }
+}
+
+int OptionPDE13_v400_::layOutRows(double top)
+{
+    double y = top;
+    int removedHeight = 0;
+    for (const LayoutRow &layout : layoutRows) {
+        const OptionRow &row = OptionCatalogue::rows[layout.option];
+        const bool isAutoCut = layout.option == OptionCatalogue::AutoCut;
+        if (this->*row.choices && (!isAutoCut || mAutoCutHideKey_dec)) {
+            removePresets(layout.removedWhenShown);
+            showAt(this->*row.checkBox, y);
+            y = layout.option == OptionCatalogue::CutEvery ? layOutCutEveryFields(y)
+                                                           : y - rowHeight;
+            continue;
+        }
+        const bool keepsLast = isAutoCut && !mCutEvery_Choices;
+        removePresets(
+            layout.removedWhenHidden.first(layout.removedWhenHidden.size() - (keepsLast ? 1 : 0)));
+        removedHeight += layout.height;
+    }
+    return removedHeight;
+}
+
+double OptionPDE13_v400_::layOutCutEveryFields(double boxOrigin)
+{
+    const int fieldLine = int(boxOrigin - rowHeight);
+    showAt(mCutEveryTxBx, fieldLine + fieldOffset);
+    showAt(mCutEveryStpr, fieldLine + stepperOffset);
+    showAt(mCutEveryStr, fieldLine + captionOffset);
+    return fieldLine - rowHeight;
+}
+
+void OptionPDE13_v400_::describeControls()
+{
+    if (PopUpButton *popUp = mOptionPopUpButton) {
+        popUp->setAccessibleName(localized("RS_Presets"));
+        for (int i = 0; i < popUp->count(); ++i) {
+            const QString identifier = popUp->itemText(i);
+            const QString picture =
+                nsPDEBundle->pathForImageResource(QStringLiteral("Preset") + identifier);
+            popUp->setItemIcon(i, QIcon(picture));
+            popUp->setItemName(
+                i, nsPDEBundle->localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));
+            popUp->setItemText(i, QString());
+        }
+    }
+    nameOptions();
+    if (mCutEveryTxBx) {
+        mCutEveryTxBx->setAccessibleName(localized("RS_CutEveryCount"));
+    }
+    if (mCutEveryStpr) {
+        mCutEveryStpr->setAccessibleName(localized("RS_CutEveryCount"));
+        mCutEveryStpr->setStepNames(localized("RS_Increase"), localized("RS_Decrease"));
+    }
+}
+
+void OptionPDE13_v400_::nameOptions()
+{
+    const auto &rows = OptionCatalogue::rows;
+    for (const OptionRow &row : std::span(rows).subspan(OptionCatalogue::CutAtEnd)) {
+        nameOption(this->*row.checkBox, row);
+    }
+    nameOption(mCutEveryTxBx, rows[OptionCatalogue::CutEvery]);
+    // The cut-every box drives auto cut; with a box of its own that is the one to work.
+    nameOption(mAutoCutHideKey_dec ? nullptr : mCutEveryChkBx.data(),
+               rows[OptionCatalogue::AutoCut]);
+}
+
+void OptionPDE13_v400_::insertPreview()
+{
+    const QRect frame = mOptionDummyView ? mOptionDummyView->geometry() : QRect(0, 0, 0, 0);
+    QWidget *superview = mOptionDummyView ? mOptionDummyView->parentWidget() : nullptr;
+    delete mOptionView;
+    mOptionView = OptionView13_v400_::initWithFrame(frame, *nsPDEBundle, isRVPrinter()).release();
+    mOptionView->setAccessibleName(localized("RS_Preview"));
+    if (superview) {
+        mOptionView->setParent(superview);
+        mOptionView->setGeometry(frame);
+        mOptionView->show();
+        delete mOptionDummyView;
+    }
+    mOptionView->setCutEveryChkBx(mCutEveryChkBx);
+    mOptionView->setCutAndEndChkBx(mCutAndEndChkBx);
+    mOptionView->setMirrorPrintChkBx(mMirrorPrintChkBx);
+    mOptionView->setAutoCutChkBx(mAutoCutChkBx);
+    mOptionView->setHalfCutChkBx(mHalfCutChkBx);
+    mOptionView->setChainPrintChkBx(mChainPrintChkBx);
+    mOptionView->setSpecialTapeChkBx(mSpecialTapeChkBx);
+    mOptionView->setRemoveBlkSpaceChkBx(mRemoveBlkSpaceChkBx);
+    mOptionView->setCutMarkChkBx(mCutMarkChkBx);
+}

@@ -1,0 +1,247 @@
+#include "plugin/BasePDE.h"
+
+#include "ppd/PDEUtilsMethod.h"
+#include "printcore/NotificationCenter.h"
+#include "printcore/SystemEncoding.h"
+#include "toolkit/NibLoader.h"
+#include "toolkit/TrackingArea.h"
+
+#include <QApplication>
+
+#include <cstring>
+
+namespace {
+/// How much taller than the view a window must be to hold it with the dialog's own controls.
+constexpr double dialogHeightAroundView = 96.0;
+} // namespace
+
+std::unique_ptr<BasePDE13_v400_>
+BasePDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
+                                  std::shared_ptr<Bundle> bundle)
+{
+    if (!callback || !bundle) {
+        return nullptr;
+    }
+    return std::unique_ptr<BasePDE13_v400_>(
+        new BasePDE13_v400_(std::move(callback), std::move(bundle)));
+}
+
+BasePDE13_v400_::BasePDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
+                                 std::shared_ptr<Bundle> bundle)
+    : pdePluginCallbackObject(std::move(callback))
+    , nsPDEBundle(std::move(bundle))
+{
+    printSession = pdePluginCallbackObject->printSession();
+    pmPrintSettings = pdePluginCallbackObject->printSettings();
+    printSettings = pdePluginCallbackObject->printSettings();
+    formatSettings = pdePluginCallbackObject->pageFormat();
+    printer = pdePluginCallbackObject->PMPrinter();
+    ppd = pdePluginCallbackObject->ppdFile();
+    copyDeviceURI();
+}
+
+BasePDE13_v400_::~BasePDE13_v400_()
+{
+    NotificationCenter::defaultCenter().removeObserver(this);
+    delete kPDEView;
+    delete mNib;
+}
+
+void BasePDE13_v400_::copyDeviceURI()
+{
+    QString uri;
+    if (PMPrinterCopyDeviceURI(printer, &uri) != noErr || uri.isNull()) {
+        return;
+    }
+    const auto bytes = SystemEncoding::encode(uri);
+    if (bytes && std::size_t(bytes->size()) < deviceURI.size() - 1) {
+        std::memcpy(deviceURI.data(), bytes->constData(), std::size_t(bytes->size()));
+    }
+}
+
+QWidget *BasePDE13_v400_::panelView()
+{
+    if (!kPDEView) {
+        delete mNib;
+        mNib = NibLoader::load(
+                   nsPDEBundle->pathForResource(QStringLiteral("OptionPDE"), QStringLiteral("ui")))
+                   .release();
+        if (mNib) {
+            connectOutlets(mNib);
+            awakeFromNib();
+        }
+    }
+    return kPDEView;
+}
+
+void BasePDE13_v400_::connectOutlets(QWidget *nib)
+{
+    const QString name = QStringLiteral("kPDEView");
+    kPDEView = nib->objectName() == name ? nib : nib->findChild<QWidget *>(name);
+    if (kPDEView) {
+        new TrackingArea(kPDEView);
+    }
+}
+
+QString BasePDE13_v400_::panelName()
+{
+    if (thePDEName.isNull()) {
+        thePDEName = nsPDEBundle->localizedStringForKey(QStringLiteral("OP_PANEL_NAME"));
+    }
+    return thePDEName;
+}
+
+QString BasePDE13_v400_::panelKind()
+{
+    return QStringLiteral("jp.co.vendor.printer.cups.pde.OptionPDEKind");
+}
+
+const QStringList *BasePDE13_v400_::supportedPPDOptionKeys()
+{
+    setValuesToKey();
+    return nullptr;
+}
+
+void BasePDE13_v400_::willShow()
+{
+    initSetTitleTexts();
+    initUI();
+    updateUI();
+}
+
+bool BasePDE13_v400_::restoreValuesAndReturnError(QString *)
+{
+    setPDEItems2();
+    updateUI();
+    return true;
+}
+
+bool BasePDE13_v400_::saveValuesAndReturnError(QString *)
+{
+    setValuesToKey();
+    return true;
+}
+
+void BasePDE13_v400_::updateUI()
+{
+    setPDEItems();
+}
+
+void BasePDE13_v400_::updateUIItem(quint32) {}
+
+void BasePDE13_v400_::updateMarkedSelections(quint32) {}
+
+int BasePDE13_v400_::indexForSummary(int)
+{
+    return 0;
+}
+
+QString BasePDE13_v400_::fileVerString() const
+{
+    return ppd ? PDEUtilsMethod13::ppdAttrValStr(ppd, "FileVersion") : QString();
+}
+
+bool BasePDE13_v400_::isRVPrinter() const
+{
+    return ppd && PDEUtilsMethod13::ppdAttrValStr(ppd, "KvTapeType") == QLatin1String("RV");
+}
+
+const PDEChoice *BasePDE13_v400_::selectionForItem(int item, const QString &key,
+                                                   const ChoiceList *choices, quint32 itemType)
+{
+    if (!choices || item < 0 || std::size_t(item) >= choices->size()) {
+        return nullptr;
+    }
+    const PDEChoice *choice = (*choices)[std::size_t(item)].get();
+    pdePluginCallbackObject->willChangePPDOptionKeyValue(key, choice->ppdTitle());
+    updateMarkedSelections(itemType);
+    return choice;
+}
+
+int BasePDE13_v400_::indexOfMarkedOption(const ChoiceList *choices, const QString &key) const
+{
+    const ppd_choice_t *marked = ppd ? ppdFindMarkedChoice(ppd, key.toUtf8().constData()) : nullptr;
+    return marked ? indexOfChoices(choices, QString::fromUtf8(marked->choice)) : -1;
+}
+
+int BasePDE13_v400_::indexOfChoices(const ChoiceList *choices, const QString &value) const
+{
+    if (!choices || value.isNull()) {
+        return -1;
+    }
+    for (std::size_t i = 0; i < choices->size(); ++i) {
+        if ((*choices)[i]->ppdTitle() == value) {
+            return int(i);
+        }
+    }
+    return -1;
+}
+
+int BasePDE13_v400_::indexOfDefaultOption(const ChoiceList &choices) const
+{
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (choices[i]->isDefaultChoice()) {
+            return int(i);
+        }
+    }
+    return choices.empty() ? 0 : -1;
+}
+
+void BasePDE13_v400_::setSupportedOptions(std::shared_ptr<QStringList> options)
+{
+    mSupportedOptions = std::move(options);
+}
+
+void BasePDE13_v400_::setViewFrameSize(const QSizeF &size)
+{
+    if (!pdePluginCallbackObject->respondsToPanelViewDidResize()) {
+        return;
+    }
+    if (kPDEView) {
+        kPDEView->resize(size.toSize());
+    }
+    const QWidget *keyWindow = QApplication::activeWindow();
+    if (!keyWindow) {
+        return;
+    }
+    if (keyWindow->frameGeometry().height() > size.height() + dialogHeightAroundView) {
+        pdePluginCallbackObject->panelViewDidResize();
+        return;
+    }
+    NotificationCenter::defaultCenter().addObserver(
+        this, [this](const Notification &notification) { dialogDidExpand(notification); },
+        NSViewDidUpdateTrackingAreasNotification, kPDEView);
+}
+
+void BasePDE13_v400_::dialogDidExpand(const Notification &)
+{
+    NotificationCenter::defaultCenter().removeObserver(
+        this, NSViewDidUpdateTrackingAreasNotification, kPDEView);
+    pdePluginCallbackObject->panelViewDidResize();
+}
+
+void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
+                                        const char *cStrKey, const QString &nStrKey)
+{
+    if (!option || !choices || ppdFindMarkedChoice(ppd, cStrKey)) {
+        return;
+    }
+    const int index = indexOfDefaultOption(*choices);
+    if (index < 0 || index >= option->num_choices) {
+        return;
+    }
+    pdePluginCallbackObject->willChangePPDOptionKeyValue(
+        nStrKey, QString::fromUtf8(option->choices[index].choice));
+}
+
+void BasePDE13_v400_::setControlEnabled(QWidget *control, bool enabled)
+{
+    if (control && isControlEnabled(control) != enabled) {
+        control->setEnabled(enabled);
+    }
+}
+
+bool BasePDE13_v400_::isControlEnabled(const QWidget *control)
+{
+    return control && control->isEnabledTo(control->parentWidget());
+}

@@ -1,0 +1,136 @@
+#include "ppd/PDEUtilsMethod.h"
+
+#include "printcore/SystemEncoding.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+#include <QRegularExpression>
+#include <QStringDecoder>
+
+namespace {
+QString stringWithUTF8String(const char *bytes)
+{
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString string = decode(QByteArrayView(bytes));
+    if (decode.hasError()) {
+        return {};
+    }
+    return string.isNull() ? QStringLiteral("") : string;
+}
+
+void setTextColor(QWidget *control, QPalette::ColorRole role, QPalette::ColorGroup group)
+{
+    const QColor color = QGuiApplication::palette().color(group, role);
+    QPalette palette = control->palette();
+    palette.setColor(QPalette::Active, role, color);
+    palette.setColor(QPalette::Inactive, role, color);
+    control->setPalette(palette);
+}
+} // namespace
+
+std::size_t PDEUtilsMethod13::stringLengthConvertedToEncoding(const QString &string)
+{
+    if (string.isNull()) {
+        return 0;
+    }
+    if (const auto bytes = SystemEncoding::encode(string)) {
+        return std::size_t(bytes->size());
+    }
+    for (const char *encoding : SystemEncoding::availableStringEncodings()) {
+        if (const auto bytes = SystemEncoding::encode(string, encoding)) {
+            return std::size_t(bytes->size());
+        }
+    }
+    return 0;
+}
+
+bool PDEUtilsMethod13::scanString(const QString &string, const QString &part)
+{
+    return !part.isEmpty() && string.contains(part);
+}
+
+QString PDEUtilsMethod13::deleteString(const QString &string, const QString &part)
+{
+    if (!scanString(string, part)) {
+        return {};
+    }
+    QString rest = string;
+    rest.remove(string.indexOf(part), part.size());
+    return rest.isNull() ? QStringLiteral("") : rest;
+}
+
+bool PDEUtilsMethod13::runningOn105OrLater()
+{
+    return true;
+}
+
+QString PDEUtilsMethod13::ppdAttrValStr(ppd_file_t *ppd, const char *name)
+{
+    const ppd_attr_t *attribute = ppdFindAttr(ppd, name, nullptr);
+    return attribute ? SystemEncoding::decode(attribute->value) : QString();
+}
+
+QString PDEUtilsMethod13::ppdOptionTextStr(ppd_file_t *ppd, const char *keyword)
+{
+    const ppd_option_t *option = ppdFindOption(ppd, keyword);
+    return option ? SystemEncoding::decode(option->text) : QString();
+}
+
+bool PDEUtilsMethod13::isSupportedItem(ppd_file_t *ppd, const char *name)
+{
+    return ppdAttrValStr(ppd, name) == QLatin1String("False");
+}
+
+QPointF PDEUtilsMethod13::originItem(ppd_file_t *ppd, const char *name)
+{
+    static const QRegularExpression point(
+        QStringLiteral(R"(^\s*\{?\s*([+-]?(?:\d+\.?\d*|\.\d+))\s*,\s*([+-]?(?:\d+\.?\d*|\.\d+)))"));
+    const QRegularExpressionMatch match = point.match(ppdAttrValStr(ppd, name));
+    return {match.captured(1).toDouble(), match.captured(2).toDouble()};
+}
+
+std::unique_ptr<ChoiceList> PDEUtilsMethod13::arrayFromPPDOption(ppd_option_t *option)
+{
+    if (!option) {
+        return nullptr;
+    }
+    auto choices = std::make_unique<ChoiceList>();
+    choices->reserve(std::size_t(option->num_choices));
+    for (int i = 0; i < option->num_choices; ++i) {
+        choices->push_back(PDEChoice::choiceWithChoice(option->choices + i));
+    }
+    return choices;
+}
+
+const PDEChoice *PDEUtilsMethod13::findChoiceForString(const QString &string,
+                                                       const ChoiceList &choices)
+{
+    for (const auto &choice : choices) {
+        if (string.isNull() ? choice->isDefaultChoice() : choice->ppdTitle() == string) {
+            return choice.get();
+        }
+    }
+    return nullptr;
+}
+
+QString PDEUtilsMethod13::newOptionTitle(const ppd_option_t *option)
+{
+    return stringWithUTF8String(option->text);
+}
+
+QString PDEUtilsMethod13::newChoiceTitle(const ppd_choice_t *choice)
+{
+    return stringWithUTF8String(choice->text);
+}
+
+void PDEUtilsMethod13::setEnabledForText(quint8 flag, QWidget *control)
+{
+    const QPalette::ColorGroup group = flag == 1 ? QPalette::Active : QPalette::Disabled;
+    if (qobject_cast<QLabel *>(control)) {
+        setTextColor(control, QPalette::WindowText, group);
+    } else if (qobject_cast<QLineEdit *>(control)) {
+        setTextColor(control, QPalette::Text, group);
+    }
+}

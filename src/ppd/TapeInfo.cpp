@@ -1,0 +1,186 @@
+#include "ppd/TapeInfo.h"
+
+#include "ppd/PDEUtilsMethod.h"
+#include "printcore/PropertyList.h"
+
+#include <QVariantMap>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+
+namespace {
+constexpr double pointsPerInch = 72.0;
+constexpr double inchesPerMillimetre = 0.0393701;
+/// The longest name that a buffer of 256 bytes holds with its final zero.
+constexpr qsizetype longestName = 255;
+
+QByteArray nameAsCString(const QString &name)
+{
+    const QByteArray bytes = name.toUtf8();
+    return bytes.size() <= longestName ? bytes : QByteArray();
+}
+
+QVariantMap privateTicket(PMPrintSettings printSettings)
+{
+    QVariant data;
+    if (PMPrintSettingsGetValue(printSettings, kPrivateTicketKey, &data) != noErr ||
+        data.metaType() != QMetaType::fromType<QByteArray>()) {
+        return {};
+    }
+    const QVariant ticket = PropertyList::read(data.toByteArray());
+    return ticket.metaType() == QMetaType::fromType<QVariantMap>() ? ticket.toMap() : QVariantMap();
+}
+
+/// The ticket's string under the key; null when there is none.
+QString ticketString(PMPrintSettings printSettings, const QString &key)
+{
+    const QVariant value = privateTicket(printSettings).value(key);
+    return value.metaType() == QMetaType::fromType<QString>() ? value.toString() : QString();
+}
+
+bool isListedSize(const ppd_file_t *ppd, const QByteArray &name)
+{
+    if (!ppd) {
+        return false;
+    }
+    const std::span sizes(ppd->sizes, std::size_t(ppd->num_sizes));
+    return std::any_of(sizes.begin(), sizes.end(),
+                       [&name](const ppd_size_t &size) { return name == size.name; });
+}
+
+qint32 tapeStateOfListedSize(const QByteArray &name)
+{
+    for (const char *prefix : {"DC", "AV", "FL", "C_"}) {
+        if (name.startsWith(prefix)) {
+            return 1;
+        }
+    }
+    return name.startsWith("Custom") ? 2 : 0;
+}
+} // namespace
+
+OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
+                     PMPageFormat pageFormat, const ppd_file_t *ppd, TapeInfo *info)
+{
+    *info = {};
+    PMPaper paper = nullptr;
+    if (const OSStatus status = PMGetPageFormatPaper(pageFormat, &paper); status != noErr) {
+        return status;
+    }
+    if (!paper) {
+        return noErr;
+    }
+
+    QString name;
+    const bool fromTicket = PMPaperGetPPDPaperName(paper, &name) != noErr || name.isNull();
+    if (fromTicket) {
+        GetTapeInfo2(printSession, printSettings, info);
+    } else {
+        info->paperName = name;
+    }
+
+    double height = 0.0;
+    if (const OSStatus status = PMPaperGetHeight(paper, &height); status != noErr) {
+        return status;
+    }
+    if (height == 0.0) {
+        return noErr;
+    }
+    info->length = height / pointsPerInch / inchesPerMillimetre;
+
+    const QByteArray cName = nameAsCString(name);
+    if (fromTicket || cName.isEmpty()) {
+        info->tapeState = 2;
+    } else if (isListedSize(ppd, cName)) {
+        info->tapeState = tapeStateOfListedSize(cName);
+    }
+    GetColorSetting(printSession, printSettings, info);
+    return noErr;
+}
+
+OSStatus GetTapeInfo2(PMPrintSession, PMPrintSettings printSettings, TapeInfo *info)
+{
+    info->paperName = ticketString(printSettings, QStringLiteral("MqPaperName2"));
+    return noErr;
+}
+
+OSStatus GetColorSetting(PMPrintSession, PMPrintSettings printSettings, TapeInfo *info)
+{
+    info->colorSetting = 2;
+    const QString mode = ticketString(printSettings, QStringLiteral("MqRVMultiColor"));
+    if (PDEUtilsMethod13::scanString(mode, QStringLiteral("MultiColorMonochrome"))) {
+        info->colorSetting = 0;
+    }
+    if (PDEUtilsMethod13::scanString(mode, QStringLiteral("MultiColorBlackRed"))) {
+        info->colorSetting = 1;
+    }
+    return noErr;
+}
+
+OSStatus GetTicketFromSession(PMPrintSession printSession, const QString &key, qint32 *number)
+{
+    QVariant data;
+    if (PMSessionGetDataFromSession(printSession, key, &data) != noErr || !data.isValid()) {
+        return kPMInvalidTicket;
+    }
+    const bool isText = data.metaType() == QMetaType::fromType<QString>() ||
+                        data.metaType() == QMetaType::fromType<QByteArray>();
+    bool isNumber = false;
+    const qlonglong value = data.toLongLong(&isNumber);
+    if (isNumber && !isText) {
+        *number = qint32(value);
+    }
+    return noErr;
+}
+
+OSStatus GetTapeInfo3(PMPrintSettings printSettings, PageRangeInfo *range)
+{
+    *range = {};
+    quint32 page = 0;
+    if (PMGetFirstPage(printSettings, &page) == noErr) {
+        PMSetFirstPage(printSettings, page, false);
+        range->firstPage = page;
+    }
+    if (const OSStatus status = PMGetLastPage(printSettings, &page); status != noErr) {
+        return status;
+    }
+    range->lastPage = page;
+    return PMSetLastPage(printSettings, page, false);
+}
+
+qint64 RoundDouble(double value)
+{
+    constexpr double limit = 9223372036854775808.0;
+    if (!(value > -limit && value < limit)) {
+        return value > 0 ? std::numeric_limits<qint64>::max() : std::numeric_limits<qint64>::min();
+    }
+    const double truncated = std::trunc(value);
+    const double fraction = value - truncated;
+    if (fraction >= 0.5) {
+        return qint64(truncated) + 1;
+    }
+    return fraction <= -0.5 ? qint64(truncated) - 1 : qint64(truncated);
+}
+
+double MiriToInch(double millimetres)
+{
+    return millimetres * inchesPerMillimetre;
+}
+
+double InchToMiri(double inches)
+{
+    return inches / inchesPerMillimetre;
+}
+
+QByteArray paperNameOfPageFormat(PMPageFormat pageFormat)
+{
+    PMPaper paper = nullptr;
+    QString name;
+    if (PMGetPageFormatPaper(pageFormat, &paper) != noErr ||
+        PMPaperGetPPDPaperName(paper, &name) != noErr) {
+        return {};
+    }
+    return nameAsCString(name);
+}

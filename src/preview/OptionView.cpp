@@ -1,0 +1,106 @@
+#include "preview/OptionView.h"
+
+#include "printcore/Bundle.h"
+
+#include <QAbstractButton>
+#include <QPainter>
+
+#include <span>
+
+namespace {
+constexpr const char *picturesRV[] = {
+    "EveryEndMirrorOffOffOff", "EveryEndMirrorOffOnOff", "EveryEndMirrorOnOffOff",
+    "EveryEndMirrorOffOffOn",  "EveryEndMirrorOffOnOn",  "EveryEndMirrorOnOffOn",
+};
+
+/// The first sixteen are indexed by auto cut, half cut, chain printing and mirror printing; the
+/// cut-mark pictures at the end are never drawn.
+constexpr const char *picturesMQ[] = {
+    "AHCMOffOffOffOff", "AHCMOffOffOffOn", "AHCMOffOffOnOff", "AHCMOffOffOnOn",  "AHCMOffOnOffOff",
+    "AHCMOffOnOffOn",   "AHCMOffOnOnOff",  "AHCMOffOnOnOn",   "AHCMOnOffOffOff", "AHCMOnOffOffOn",
+    "AHCMOnOffOnOff",   "AHCMOnOffOnOn",   "AHCMOnOnOffOff",  "AHCMOnOnOffOn",   "AHCMOnOnOnOff",
+    "AHCMOnOnOnOn",     "SPMROnOff",       "SPMROnOn",        "CTMROnOffOff",    "CTMROffOffOff",
+    "CTMROnOnOff",      "CTMROffOnOff",
+};
+
+constexpr std::size_t firstSpecialTapePicture = 16;
+
+void loadPictures(std::span<QPixmap> pictures, std::span<const char *const> names,
+                  const Bundle &bundle)
+{
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const QString path = bundle.pathForImageResource(QLatin1String(names[i]));
+        if (!path.isNull()) {
+            pictures[i].load(path);
+        }
+    }
+}
+
+bool isOn(const QAbstractButton *box)
+{
+    return box && !box->isHidden() && box->isChecked();
+}
+} // namespace
+
+std::unique_ptr<OptionView13_v400_>
+OptionView13_v400_::initWithFrame(const QRect &frame, const Bundle &bundle, bool isRV)
+{
+    return std::unique_ptr<OptionView13_v400_>(new OptionView13_v400_(frame, bundle, isRV));
+}
+
+OptionView13_v400_::OptionView13_v400_(const QRect &frame, const Bundle &bundle, bool isRV)
+    : mIsRV(isRV)
+{
+    static_assert(std::size(picturesRV) == std::tuple_size_v<decltype(mOptionImgRV)>);
+    static_assert(std::size(picturesMQ) == std::tuple_size_v<decltype(mOptionImgMQ)>);
+    setGeometry(frame);
+    if (mIsRV) {
+        loadPictures(mOptionImgRV, picturesRV, bundle);
+    } else {
+        loadPictures(mOptionImgMQ, picturesMQ, bundle);
+    }
+}
+
+const QPixmap *OptionView13_v400_::targetDrawImage() const
+{
+    const std::size_t index = targetDrawIndex();
+    const QPixmap &picture = mIsRV ? mOptionImgRV[index] : mOptionImgMQ[index];
+    return picture.isNull() ? nullptr : &picture;
+}
+
+QString OptionView13_v400_::targetDrawImageName() const
+{
+    const std::size_t index = targetDrawIndex();
+    return targetDrawImage() ? QLatin1String(mIsRV ? picturesRV[index] : picturesMQ[index])
+                             : QString();
+}
+
+std::size_t OptionView13_v400_::targetDrawIndex() const
+{
+    const bool special = isOn(mSpecialTapeChkBx);
+    const bool anyCut = !special && (isOn(mCutEveryChkBx) || isOn(mAutoCutChkBx));
+    const bool half = !special && isOn(mHalfCutChkBx);
+    const bool chain = !special && isOn(mChainPrintChkBx);
+    const bool mirror = isOn(mMirrorPrintChkBx);
+    if (mIsRV) {
+        const std::size_t cut = anyCut ? 2 : std::size_t(isOn(mCutAndEndChkBx));
+        return cut + (mirror ? 3 : 0);
+    }
+    if (special) {
+        return firstSpecialTapePicture + std::size_t(mirror);
+    }
+    return 8 * std::size_t(anyCut) + 4 * std::size_t(half) + 2 * std::size_t(chain) +
+           std::size_t(mirror);
+}
+
+void OptionView13_v400_::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    const QPixmap *picture = targetDrawImage();
+    if (!picture) {
+        return;
+    }
+    const double pictureHeight = picture->deviceIndependentSize().height();
+    QPainter painter(this);
+    painter.drawPixmap(QPointF(0.0, height() - pictureHeight), *picture);
+}

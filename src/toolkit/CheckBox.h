@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QCheckBox>
+
+/**
+ * A check box with two states that keeps within its frame: a title that does not fit is elided and
+ * shown whole as the tool tip.
+ */
+class CheckBox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit CheckBox(QWidget *parent = nullptr);
+
+    /// The title as it was set, with no mnemonic.
+    QString title() const { return mTitle; }
+    void setTitle(const QString &title);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString elidedTitle() const;
+
+    QString mTitle;
+};

@@ -1,0 +1,68 @@
+#include "toolkit/NibLoader.h"
+
+#include "toolkit/CheckBox.h"
+#include "toolkit/PopUpButton.h"
+#include "toolkit/Stepper.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUiLoader>
+
+namespace {
+template <typename Widget>
+QWidget *make(QWidget *parent)
+{
+    return new Widget(parent);
+}
+
+struct CustomWidget
+{
+    QLatin1String className;
+    QWidget *(*make)(QWidget *parent);
+};
+
+const CustomWidget customWidgets[] = {
+    {QLatin1String("CheckBox"), make<CheckBox>},
+    {QLatin1String("PopUpButton"), make<PopUpButton>},
+    {QLatin1String("Stepper"), make<Stepper>},
+};
+
+class Loader : public QUiLoader
+{
+public:
+    QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override
+    {
+        for (const CustomWidget &custom : customWidgets) {
+            if (className == custom.className) {
+                QWidget *widget = custom.make(parent);
+                widget->setObjectName(name);
+                return widget;
+            }
+        }
+        return QUiLoader::createWidget(className, parent, name);
+    }
+};
+
+void report(QString *error, const QString &path, const QString &reason)
+{
+    if (error) {
+        *error = QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), reason);
+    }
+}
+} // namespace
+
+std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        report(error, path, file.errorString());
+        return nullptr;
+    }
+    Loader loader;
+    loader.setWorkingDirectory(QFileInfo(path).absoluteDir());
+    std::unique_ptr<QWidget> top(loader.load(&file));
+    if (!top) {
+        report(error, path, loader.errorString());
+    }
+    return top;
+}

@@ -1,0 +1,102 @@
+#include "toolkit/PopUpButton.h"
+
+#include <QStandardItemModel>
+
+PopUpButton::PopUpButton(QWidget *parent)
+    : QComboBox(parent)
+{
+    connect(model(), &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex &, int first, int last) { applyTags(first, last); });
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::describeSelection);
+}
+
+void PopUpButton::setItemTags(const QStringList &tags)
+{
+    mItemTags = tags;
+    applyTags(0, count() - 1);
+}
+
+void PopUpButton::applyTags(int first, int last)
+{
+    for (int i = first; i <= last && i < mItemTags.size(); ++i) {
+        setItemData(i, mItemTags.at(i).toInt());
+    }
+}
+
+int PopUpButton::tagAt(int index) const
+{
+    return itemData(index).toInt();
+}
+
+std::optional<int> PopUpButton::selectedTag() const
+{
+    if (currentIndex() < 0) {
+        return std::nullopt;
+    }
+    return tagAt(currentIndex());
+}
+
+void PopUpButton::selectItemWithTag(int tag)
+{
+    if (const int index = findData(tag); index >= 0) {
+        setCurrentIndex(index);
+    }
+}
+
+void PopUpButton::removeItemWithTitle(const QString &title)
+{
+    const int index = findText(title, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index < 0) {
+        return;
+    }
+    const bool selected = index == currentIndex();
+    removeItem(index);
+    if (selected && count() > 0) {
+        setCurrentIndex(0);
+    }
+}
+
+void PopUpButton::setItemName(int index, const QString &name)
+{
+    setItemData(index, name, Qt::ToolTipRole);
+    setItemData(index, name, Qt::AccessibleTextRole);
+    describeSelection();
+}
+
+void PopUpButton::setValidator(Validator validator)
+{
+    mValidator = std::move(validator);
+}
+
+void PopUpButton::validateItems()
+{
+    auto *items = qobject_cast<QStandardItemModel *>(model());
+    for (int i = 0; items && i < count(); ++i) {
+        items->item(i)->setEnabled(!mValidator || mValidator(tagAt(i)));
+    }
+}
+
+void PopUpButton::showPopup()
+{
+    validateItems();
+    QComboBox::showPopup();
+}
+
+void PopUpButton::keyPressEvent(QKeyEvent *event)
+{
+    validateItems();
+    QComboBox::keyPressEvent(event);
+}
+
+void PopUpButton::wheelEvent(QWheelEvent *event)
+{
+    validateItems();
+    QComboBox::wheelEvent(event);
+}
+
+void PopUpButton::describeSelection()
+{
+    const QString name = currentData(Qt::AccessibleTextRole).toString();
+    setToolTip(name);
+    setAccessibleDescription(name);
+}

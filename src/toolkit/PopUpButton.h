@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+#include <optional>
+
+/**
+ * A menu of items that are told apart by tags.
+ *
+ * Before the user can reach another item, by the list, the keyboard or the wheel, each is enabled
+ * or disabled as the validator says.
+ */
+class PopUpButton : public QComboBox
+{
+    Q_OBJECT
+    /// The items' tags in the items' order, as decimal numbers; for Qt Designer.
+    Q_PROPERTY(QStringList itemTags READ itemTags WRITE setItemTags)
+
+public:
+    using Validator = std::function<bool(int tag)>;
+
+    explicit PopUpButton(QWidget *parent = nullptr);
+
+    QStringList itemTags() const { return mItemTags; }
+    /// Tags the items that are there and those that are still to come.
+    void setItemTags(const QStringList &tags);
+
+    /// The tag of the item at the index; 0 when it has none.
+    int tagAt(int index) const;
+    /// The selected item's tag; nothing when the menu is empty.
+    std::optional<int> selectedTag() const;
+    /// Selects the item with the tag; changes nothing when there is none.
+    void selectItemWithTag(int tag);
+
+    /// Removes the first item with the title, if any; the first one is selected when that was the
+    /// selected one.
+    void removeItemWithTitle(const QString &title);
+
+    /// Names an item for its tool tip and for people who do not see its picture.
+    void setItemName(int index, const QString &name);
+
+    /// Asked with the tag of each item whether it can be chosen now; all can without a validator.
+    void setValidator(Validator validator);
+    /// Asks the validator about every item.
+    void validateItems();
+
+    void showPopup() override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void applyTags(int first, int last);
+    void describeSelection();
+
+    QStringList mItemTags;
+    Validator mValidator;
+};
