@@ -1,0 +1,233 @@
+#include "printcore/Bundle.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
+#include <QTranslator>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr char kDefaultTable[] = "Localizable";
+constexpr char kLastResortLanguage[] = "en";
+constexpr QLatin1StringView kTableSuffix(".qm");
+constexpr const char *kImageTypes[] = {"png", "svg", "jpg", "bmp", "gif", "webp"};
+
+/// Whether the name stays in the folder that it is looked up in.
+bool isFileName(const QString &name)
+{
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') &&
+           !name.contains(QChar(u'\0'));
+}
+
+QString fileIn(const QString &folder, const QString &name)
+{
+    if (!isFileName(name))
+        return {};
+    const QString path = folder + u'/' + name;
+    return QFileInfo(path).isFile() ? path : QString();
+}
+
+std::unique_ptr<QTranslator> loadTable(const QString &path)
+{
+    auto table = std::make_unique<QTranslator>();
+    if (!QFileInfo(path).isReadable() || !table->load(path))
+        return nullptr;
+    return table;
+}
+
+/// The languages' table names and, after each, those of the languages that it is a variant of.
+QStringList tableNames(const QStringList &languages)
+{
+    QStringList names;
+    for (QString language : languages) {
+        language.replace(u'-', u'_');
+        while (!language.isEmpty()) {
+            names.append(language);
+            language.truncate(std::max<qsizetype>(language.lastIndexOf(u'_'), 0));
+        }
+    }
+    names.append(QLatin1StringView(kLastResortLanguage));
+    names.removeDuplicates();
+    return names;
+}
+
+/// Reads an array of file names; answers what is wrong with it.
+QString readFileNames(const QJsonValue &entry, QStringList *names)
+{
+    if (!entry.isArray())
+        return QStringLiteral("is no array");
+    const QJsonArray elements = entry.toArray();
+    for (const QJsonValue element : elements) {
+        const QString name = element.toString();
+        if (!isFileName(name))
+            return QStringLiteral("[%1] is no file name").arg(names->size());
+        names->append(name);
+    }
+    return {};
+}
+} // namespace
+
+Bundle::Bundle() = default;
+Bundle::~Bundle() = default;
+
+std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
+{
+    std::shared_ptr<Bundle> bundle(new Bundle);
+    bundle->mPath = QDir::cleanPath(QDir(path).absolutePath());
+    const QString infoPath = bundle->mPath + QStringLiteral("/Contents/Info.json");
+    const QString fault = bundle->readInfo(infoPath);
+    if (!fault.isNull()) {
+        if (error)
+            *error = infoPath + QStringLiteral(": ") + fault;
+        return nullptr;
+    }
+    bundle->setLanguages(QLocale::system().uiLanguages()
+                         << QString::fromLatin1(kLastResortLanguage));
+    return bundle;
+}
+
+QString Bundle::readInfo(const QString &infoPath)
+{
+    QFile file(infoPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("cannot be read: ") + file.errorString();
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+    if (parseError.error != QJsonParseError::NoError)
+        return QStringLiteral("malformed JSON at offset %1: %2")
+            .arg(parseError.offset)
+            .arg(parseError.errorString());
+    if (!document.isObject())
+        return QStringLiteral("is no JSON object");
+    return readEntries(document.object());
+}
+
+QString Bundle::readEntries(const QJsonObject &info)
+{
+    static constexpr struct
+    {
+        QLatin1StringView name;
+        QString Bundle::*field;
+    } kTexts[] = {
+        {QLatin1StringView("identifier"), &Bundle::mIdentifier},
+        {QLatin1StringView("version"), &Bundle::mVersion},
+        {QLatin1StringView("principalClass"), &Bundle::mPrincipalClass},
+        {QLatin1StringView("library"), &Bundle::mLibrary},
+    };
+    const auto complaint = [](QLatin1StringView entry, const QString &what) {
+        return QStringLiteral("the entry \"%1\" %2").arg(entry, what);
+    };
+
+    for (const auto &text : kTexts) {
+        const QJsonValue value = info.value(text.name);
+        if (value.isUndefined())
+            return complaint(text.name, QStringLiteral("is missing"));
+        this->*text.field = value.toString();
+        if ((this->*text.field).isEmpty())
+            return complaint(text.name, QStringLiteral("is no text"));
+    }
+    if (!isFileName(mLibrary))
+        return complaint(QLatin1StringView("library"), QStringLiteral("is no file name"));
+
+    const QLatin1StringView resources("resources");
+    const QJsonValue names = info.value(resources);
+    if (names.isUndefined())
+        return complaint(resources, QStringLiteral("is missing"));
+    const QString fault = readFileNames(names, &mDeclaredResources);
+    return fault.isNull() ? QString() : complaint(resources, fault);
+}
+
+QString Bundle::libraryPath() const
+{
+    return mPath + QStringLiteral("/Contents/Linux/") + mLibrary;
+}
+
+QString Bundle::resourcePath() const
+{
+    return mPath + QStringLiteral("/Contents/Resources");
+}
+
+QString Bundle::pathForResource(const QString &name, const QString &type) const
+{
+    if (name.isEmpty())
+        return {};
+    return fileIn(resourcePath(), type.isEmpty() ? name : name + u'.' + type);
+}
+
+QString Bundle::pathForImageResource(const QString &name) const
+{
+    for (const char *type : kImageTypes) {
+        QString path = pathForResource(name, QString::fromLatin1(type));
+        if (!path.isNull())
+            return path;
+    }
+    return {};
+}
+
+QString Bundle::localizedStringForKey(const QString &key, const QString &value,
+                                      const QString &table) const
+{
+    const QByteArray context = table.isNull() ? QByteArray(kDefaultTable) : table.toUtf8();
+    const QByteArray source = key.toUtf8();
+    // The empty source text is where a table keeps its own description.
+    if (!source.isEmpty()) {
+        for (const std::unique_ptr<QTranslator> &candidate : mTables) {
+            QString text = candidate->translate(context.constData(), source.constData());
+            if (!text.isEmpty())
+                return text;
+        }
+    }
+    return value.isNull() ? key : value;
+}
+
+void Bundle::setLanguages(const QStringList &languages)
+{
+    mTables.clear();
+    mUnreadableTables.clear();
+    if (languages.isEmpty())
+        return;
+    const QStringList names = tableNames(languages);
+    for (const QString &name : names) {
+        const QString fileName = name + kTableSuffix;
+        const QString path = fileIn(resourcePath(), fileName);
+        if (path.isNull())
+            continue;
+        if (auto table = loadTable(path))
+            mTables.push_back(std::move(table));
+        else
+            mUnreadableTables.append(fileName);
+    }
+}
+
+QStringList Bundle::problems() const
+{
+    QStringList names = mDeclaredResources + mUnreadableTables;
+    names.removeDuplicates();
+    const QString bundleName = QFileInfo(mPath).fileName();
+    QStringList problems;
+    for (const QString &name : std::as_const(names)) {
+        const QString fault = resourceFault(name);
+        if (!fault.isNull())
+            problems.append(QStringLiteral("%1: %2 %3").arg(bundleName, name, fault));
+    }
+    return problems;
+}
+
+QString Bundle::resourceFault(const QString &name) const
+{
+    const QString path = fileIn(resourcePath(), name);
+    if (path.isNull())
+        return QStringLiteral("is missing");
+    if (!QFileInfo(path).isReadable())
+        return QStringLiteral("cannot be read");
+    const bool isTable = name.endsWith(kTableSuffix);
+    if (mUnreadableTables.contains(name) || (isTable && !loadTable(path)))
+        return QStringLiteral("is no string table");
+    return {};
+}

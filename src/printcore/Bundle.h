@@ -1,0 +1,97 @@
+#pragma once
+
+#include "printcore/Export.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+class QJsonObject;
+class QTranslator;
+
+/**
+ * A folder with a plug-in and its resources.
+ *
+ * `Contents/Info.json` describes it, `Contents/Linux` holds the library and `Contents/Resources`
+ * the nib, the pictures and one compiled string table per language, named after the language
+ * ("en.qm"). The info file's entries:
+ *
+ * | entry | type | meaning |
+ * |---|---|---|
+ * | `identifier` | string | the bundle's name in the world ("com.korvane.…") |
+ * | `version` | string | of the bundle |
+ * | `principalClass` | string | the class that the host instantiates |
+ * | `library` | string | file name in `Contents/Linux` |
+ * | `resources` | array of strings | file names in `Contents/Resources` that must be there |
+ */
+class KVPRINTCORE_EXPORT Bundle
+{
+public:
+    /**
+     * Opens a bundle with the string tables of the user's languages.
+     *
+     * @param error set to what is wrong, with the file's name; may be null.
+     * @return null when the info file is missing, is no JSON object or lacks an entry. Missing
+     *         resources do not keep a bundle from being opened: see problems().
+     */
+    static std::shared_ptr<Bundle> open(const QString &path, QString *error = nullptr);
+
+    ~Bundle();
+    Bundle(const Bundle &) = delete;
+    Bundle &operator=(const Bundle &) = delete;
+
+    /// The bundle's folder.
+    const QString &bundlePath() const { return mPath; }
+    const QString &bundleIdentifier() const { return mIdentifier; }
+    const QString &version() const { return mVersion; }
+    const QString &principalClass() const { return mPrincipalClass; }
+    /// The library's path, whether or not the file is there.
+    QString libraryPath() const;
+    /// The file names that the info file promises in the resources folder.
+    const QStringList &declaredResources() const { return mDeclaredResources; }
+    /// The resources folder.
+    QString resourcePath() const;
+
+    /// The path of the resource name.type; null when there is no such file.
+    QString pathForResource(const QString &name, const QString &type) const;
+
+    /// The path of the picture of that name, whatever its suffix; null when there is none.
+    QString pathForImageResource(const QString &name) const;
+
+    /**
+     * The text for a key in the user's language, else in English.
+     *
+     * @param value answered when no table holds the key; the key itself when that is null.
+     * @param table the string table's name; null for the default one, "Localizable".
+     */
+    QString localizedStringForKey(const QString &key, const QString &value = {},
+                                  const QString &table = {}) const;
+
+    /// Uses the string tables of these languages ("de", "pt_BR"), most wanted first, instead of the
+    /// user's. An empty list leaves the bundle without any table, so that keys show as themselves.
+    void setLanguages(const QStringList &languages);
+
+    /// What is wrong with the declared resources that the bundle itself reads: one sentence, with
+    /// the file's name, for each that is missing and each string table that cannot be read.
+    QStringList problems() const;
+
+private:
+    Bundle();
+    /// Reads the info file; answers what is wrong with it, null when nothing is.
+    QString readInfo(const QString &infoPath);
+    /// Takes the info file's entries; answers what is wrong with them, null when nothing is.
+    QString readEntries(const QJsonObject &info);
+    /// What is wrong with the resource of that file name; null when nothing is.
+    QString resourceFault(const QString &name) const;
+
+    QString mPath;
+    QString mIdentifier;
+    QString mVersion;
+    QString mPrincipalClass;
+    QString mLibrary;
+    QStringList mDeclaredResources;
+    QStringList mUnreadableTables;
+    std::vector<std::unique_ptr<QTranslator>> mTables;
+};

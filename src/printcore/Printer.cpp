@@ -1,0 +1,9 @@
+#include "printcore/Printer.h"
+
+#include <utility>
+
+Printer::Printer(QString name, QString deviceURI)
+    : mName(std::move(name))
+    , mDeviceURI(std::move(deviceURI))
+{
+}

@@ -1,0 +1,306 @@
+#include "printcore/Gestalt.h"
+#include "printcore/IntegerValue.h"
+#include "printcore/SystemEncoding.h"
+
+#include <QTest>
+
+#include <limits>
+
+using Bytes = std::optional<QByteArray>;
+
+/// Text encodings, numbers in texts and the system's version.
+class EncodingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void systemEncodingIsTheLocalesUntilChosen();
+    void systemEncodingAppliesToTexts();
+    void everyAvailableEncodingHoldsASCII();
+    void mostWantedEncodingsComeFirst();
+    void encodes_data();
+    void encodes();
+    void refusesTextThatAnEncodingDoesNotHold_data();
+    void refusesTextThatAnEncodingDoesNotHold();
+    void refusesUnknownEncodings_data();
+    void refusesUnknownEncodings();
+    void emptyTextHasNoBytes();
+    void longTextsPass();
+    void decodes_data();
+    void decodes();
+    void refusesMalformedBytes_data();
+    void refusesMalformedBytes();
+    void emptyBytesAreAnEmptyText();
+    void unknownSystemEncodingDecodesNothing();
+
+    void readsIntegers_data();
+    void readsIntegers();
+
+    void tellsTheSystemVersion();
+    void tellsAnotherSystemVersion();
+    void leavesTheResponseAloneWhenItFails();
+};
+
+void EncodingTest::cleanup()
+{
+    SystemEncoding::setName({});
+    setSystemVersion(SystemVersion{13, 0, 0});
+}
+
+void EncodingTest::systemEncodingIsTheLocalesUntilChosen()
+{
+    // The tests run in a locale with this codeset.
+    QCOMPARE(SystemEncoding::name(), QByteArray("UTF-8"));
+    SystemEncoding::setName("Shift_JIS");
+    QCOMPARE(SystemEncoding::name(), QByteArray("Shift_JIS"));
+    SystemEncoding::setName({});
+    QCOMPARE(SystemEncoding::name(), QByteArray("UTF-8"));
+}
+
+void EncodingTest::systemEncodingAppliesToTexts()
+{
+    QCOMPARE(SystemEncoding::encode(u"é"_qs), Bytes("\xc3\xa9"));
+    SystemEncoding::setName("ISO-8859-1");
+    QCOMPARE(SystemEncoding::encode(u"é"_qs), Bytes("\xe9"));
+    QCOMPARE(SystemEncoding::encode(u"あ"_qs), Bytes());
+    QCOMPARE(SystemEncoding::decode("\xe9"), u"é"_qs);
+}
+
+void EncodingTest::everyAvailableEncodingHoldsASCII()
+{
+    for (const char *const encoding : SystemEncoding::availableStringEncodings()) {
+        const bool isWide = qstrcmp(encoding, "UTF-16BE") == 0;
+        QCOMPARE(SystemEncoding::encode(u"A"_qs, encoding),
+                 Bytes(isWide ? QByteArray("\0A", 2) : QByteArray("A")));
+    }
+}
+
+void EncodingTest::mostWantedEncodingsComeFirst()
+{
+    QByteArrayList names;
+    for (const char *const encoding : SystemEncoding::availableStringEncodings())
+        names.append(encoding);
+    QCOMPARE(names.join(' '), QByteArray("US-ASCII ISO-8859-1 macintosh windows-1252 ISO-8859-2 "
+                                         "Shift_JIS EUC-JP UTF-16BE UTF-8"));
+}
+
+void EncodingTest::encodes_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("ASCII") << u"Tape 12"_qs << QByteArray("US-ASCII") << QByteArray("Tape 12");
+    QTest::newRow("Latin-1") << u"Größe"_qs << QByteArray("ISO-8859-1")
+                             << QByteArray("Gr\xf6\xdf"
+                                           "e");
+    QTest::newRow("Latin-2") << u"ž"_qs << QByteArray("ISO-8859-2") << QByteArray("\xbe");
+    QTest::newRow("Windows") << u"€"_qs << QByteArray("windows-1252") << QByteArray("\x80");
+    QTest::newRow("Mac OS Roman") << u"é†Ω"_qs << QByteArray(SystemEncoding::kMacOSRoman)
+                                  << QByteArray("\x8e\xa0\xbd");
+    QTest::newRow("Shift JIS") << u"あ漢"_qs << QByteArray("Shift_JIS")
+                               << QByteArray("\x82\xa0\x8a\xbf");
+    QTest::newRow("EUC") << u"あ"_qs << QByteArray("EUC-JP") << QByteArray("\xa4\xa2");
+    QTest::newRow("UTF-16") << u"A\U0001F600"_qs << QByteArray("UTF-16BE")
+                            << QByteArray("\0A\xd8\x3d\xde\0", 6);
+    QTest::newRow("UTF-8") << u"é\U0001F600"_qs << QByteArray("UTF-8")
+                           << QByteArray("\xc3\xa9\xf0\x9f\x98\x80");
+    QTest::newRow("null character")
+        << QString(QChar(u'\0')) << QByteArray("US-ASCII") << QByteArray("\0", 1);
+    QTest::newRow("another spelling") << u"é"_qs << QByteArray("latin1") << QByteArray("\xe9");
+}
+
+void EncodingTest::encodes()
+{
+    QFETCH(QString, text);
+    QFETCH(QByteArray, encoding);
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(SystemEncoding::encode(text, encoding), Bytes(bytes));
+    QCOMPARE(SystemEncoding::encode(text, encoding), Bytes(bytes));
+}
+
+void EncodingTest::refusesTextThatAnEncodingDoesNotHold_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("encoding");
+
+    QTest::newRow("accent in ASCII") << u"café"_qs << QByteArray("US-ASCII");
+    QTest::newRow("euro in Latin-1") << u"€"_qs << QByteArray("ISO-8859-1");
+    QTest::newRow("kana in Mac OS Roman") << u"あ"_qs << QByteArray(SystemEncoding::kMacOSRoman);
+    QTest::newRow("look-alike letter") << u"Ａ"_qs << QByteArray("windows-1252");
+    QTest::newRow("invisible soft hyphen") << u"a\u00adb"_qs << QByteArray("US-ASCII");
+    QTest::newRow("invisible joiner") << u"a\u200db"_qs << QByteArray("ISO-8859-1");
+    QTest::newRow("half a pair in UTF-8") << QString(QChar(0xd83d)) << QByteArray("UTF-8");
+    QTest::newRow("half a pair in UTF-16") << QString(QChar(0xde00)) << QByteArray("UTF-16BE");
+}
+
+void EncodingTest::refusesTextThatAnEncodingDoesNotHold()
+{
+    QFETCH(QString, text);
+    QFETCH(QByteArray, encoding);
+    QCOMPARE(SystemEncoding::encode(text, encoding), Bytes());
+    QCOMPARE(SystemEncoding::encode(u"A1"_qs, encoding).has_value(), true);
+}
+
+void EncodingTest::refusesUnknownEncodings_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+
+    QTest::newRow("none") << QByteArray();
+    QTest::newRow("invented") << QByteArray("no-such-encoding");
+    QTest::newRow("path") << QByteArray("../../etc/passwd");
+    QTest::newRow("long") << QByteArray(100'000, 'x');
+}
+
+void EncodingTest::refusesUnknownEncodings()
+{
+    QFETCH(QByteArray, encoding);
+    QCOMPARE(SystemEncoding::encode(u"A"_qs, encoding), Bytes());
+}
+
+void EncodingTest::emptyTextHasNoBytes()
+{
+    for (const char *const encoding : SystemEncoding::availableStringEncodings()) {
+        QCOMPARE(SystemEncoding::encode(QString(), encoding), Bytes(QByteArray()));
+        QCOMPARE(SystemEncoding::encode(u""_qs, encoding), Bytes(QByteArray()));
+    }
+}
+
+void EncodingTest::longTextsPass()
+{
+    const qsizetype length = 1'000'000;
+    const QString text(length, u'あ');
+    const Bytes bytes = SystemEncoding::encode(text);
+    QVERIFY(bytes);
+    QCOMPARE(bytes->size(), 3 * length);
+    QCOMPARE(SystemEncoding::decode(bytes->constData()), text);
+}
+
+void EncodingTest::decodes_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("UTF-8") << QByteArray() << QByteArray("\xc3\xa9 \xf0\x9f\x98\x80")
+                           << u"é \U0001F600"_qs;
+    QTest::newRow("Shift JIS") << QByteArray("Shift_JIS") << QByteArray("\x82\xa0") << u"あ"_qs;
+    QTest::newRow("Mac OS Roman") << QByteArray(SystemEncoding::kMacOSRoman) << QByteArray("\x8e")
+                                  << u"é"_qs;
+}
+
+void EncodingTest::decodes()
+{
+    QFETCH(QByteArray, encoding);
+    QFETCH(QByteArray, bytes);
+    SystemEncoding::setName(encoding);
+    QTEST(SystemEncoding::decode(bytes.constData()), "text");
+}
+
+void EncodingTest::refusesMalformedBytes_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("stray byte") << QByteArray("UTF-8") << QByteArray("a\xff");
+    QTest::newRow("cut off") << QByteArray("UTF-8") << QByteArray("a\xe3\x81");
+    QTest::newRow("overlong") << QByteArray("UTF-8") << QByteArray("\xc0\xaf");
+    QTest::newRow("surrogate") << QByteArray("UTF-8") << QByteArray("\xed\xa0\xbd");
+    QTest::newRow("8 bits in ASCII") << QByteArray("US-ASCII") << QByteArray("\xe9");
+    QTest::newRow("half a kana") << QByteArray("Shift_JIS") << QByteArray("\x82");
+}
+
+void EncodingTest::refusesMalformedBytes()
+{
+    QFETCH(QByteArray, encoding);
+    QFETCH(QByteArray, bytes);
+    SystemEncoding::setName(encoding);
+    QVERIFY(SystemEncoding::decode(bytes.constData()).isNull());
+    QCOMPARE(SystemEncoding::decode("fine"), u"fine"_qs);
+}
+
+void EncodingTest::emptyBytesAreAnEmptyText()
+{
+    const QString text = SystemEncoding::decode("");
+    QVERIFY(text.isEmpty());
+    QVERIFY(!text.isNull());
+    QVERIFY(SystemEncoding::decode(nullptr).isNull());
+}
+
+void EncodingTest::unknownSystemEncodingDecodesNothing()
+{
+    SystemEncoding::setName("no-such-encoding");
+    QVERIFY(SystemEncoding::decode("a").isNull());
+    QCOMPARE(SystemEncoding::encode(u"a"_qs), Bytes());
+}
+
+void EncodingTest::readsIntegers_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qint32>("value");
+
+    QTest::newRow("number") << u"62"_qs << 62;
+    QTest::newRow("minus") << u"-7"_qs << -7;
+    QTest::newRow("plus") << u"+7"_qs << 7;
+    QTest::newRow("white space") << u" \t\n 12"_qs << 12;
+    QTest::newRow("trailing text") << u"12mm"_qs << 12;
+    QTest::newRow("decimals") << u"12.9"_qs << 12;
+    QTest::newRow("leading zeros") << u"0012"_qs << 12;
+    QTest::newRow("two signs") << u"+-3"_qs << 0;
+    QTest::newRow("space after the sign") << u"- 3"_qs << 0;
+    QTest::newRow("no digits") << u"W12"_qs << 0;
+    QTest::newRow("sign alone") << u"-"_qs << 0;
+    QTest::newRow("empty") << u""_qs << 0;
+    QTest::newRow("null") << QString() << 0;
+    QTest::newRow("hexadecimal") << u"0x1F"_qs << 0;
+    QTest::newRow("digits beyond ASCII") << u"１２"_qs << 0;
+    QTest::newRow("largest") << u"2147483647"_qs << std::numeric_limits<qint32>::max();
+    QTest::newRow("beyond the largest") << u"2147483648"_qs << std::numeric_limits<qint32>::max();
+    QTest::newRow("smallest") << u"-2147483648"_qs << std::numeric_limits<qint32>::min();
+    QTest::newRow("beyond the smallest") << u"-2147483649"_qs << std::numeric_limits<qint32>::min();
+    QTest::newRow("endless") << QString(100'000, u'9') << std::numeric_limits<qint32>::max();
+    QTest::newRow("endless minus")
+        << u'-' + QString(100'000, u'9') << std::numeric_limits<qint32>::min();
+}
+
+void EncodingTest::readsIntegers()
+{
+    QFETCH(QString, text);
+    QTEST(integerValue(text), "value");
+}
+
+void EncodingTest::tellsTheSystemVersion()
+{
+    qint32 major = -1;
+    qint32 minor = -1;
+    qint32 bugFix = -1;
+    QCOMPARE(Gestalt(gestaltSystemVersionMajor, &major), noErr);
+    QCOMPARE(Gestalt(gestaltSystemVersionMinor, &minor), noErr);
+    QCOMPARE(Gestalt(gestaltSystemVersionBugFix, &bugFix), noErr);
+    QCOMPARE(major, 13);
+    QCOMPARE(minor, 0);
+    QCOMPARE(bugFix, 0);
+}
+
+void EncodingTest::tellsAnotherSystemVersion()
+{
+    setSystemVersion(SystemVersion{10, 4, 11});
+    qint32 bugFix = -1;
+    QCOMPARE(Gestalt(gestaltSystemVersionBugFix, &bugFix), noErr);
+    QCOMPARE(bugFix, 11);
+}
+
+void EncodingTest::leavesTheResponseAloneWhenItFails()
+{
+    qint32 response = 77;
+    QCOMPARE(Gestalt(0x73797376, &response), gestaltUndefSelectorErr);
+    QCOMPARE(Gestalt(gestaltSystemVersionMajor, nullptr), kPMInvalidParameter);
+    setSystemVersion(std::nullopt);
+    QCOMPARE(Gestalt(gestaltSystemVersionMajor, &response), gestaltUndefSelectorErr);
+    QCOMPARE(response, 77);
+}
+
+QTEST_GUILESS_MAIN(EncodingTest)
+#include "tst_encoding.moc"

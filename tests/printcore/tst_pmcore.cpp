@@ -1,0 +1,419 @@
+#include "printcore/PMCore.h"
+
+#include "printcore/PageFormat.h"
+#include "printcore/Paper.h"
+#include "printcore/PrintSession.h"
+#include "printcore/PrintSettings.h"
+#include "printcore/Printer.h"
+
+#include <QPoint>
+#include <QTest>
+
+#include <limits>
+
+namespace {
+const QString kFirstPageKey = QStringLiteral("com.korvane.print.settings.FirstPage");
+const QString kLastPageKey = QStringLiteral("com.korvane.print.settings.LastPage");
+constexpr quint32 kAllPages = std::numeric_limits<quint32>::max();
+} // namespace
+
+/// The printing layer's functions and the objects behind their handles.
+class PMCoreTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pageFormatHandsOutItsPaper();
+    void paperTellsItsName();
+    void paperWithoutANameDiffersFromOneWithAnEmptyName();
+    void paperTellsItsHeight_data();
+    void paperTellsItsHeight();
+
+    void settingsHoldValues();
+    void sessionHoldsValues();
+    void settingsSurviveBeingSaved_data();
+    void settingsSurviveBeingSaved();
+    void settingsWithOtherTypesAreNotSaved();
+    void settingsAreNotReadFromAnythingElse_data();
+    void settingsAreNotReadFromAnythingElse();
+
+    void allPagesAreInTheRangeUntilItIsSet();
+    void pageRangeIsSet();
+    void pageRangeIsSetThoughItCannotBeLocked();
+    void pageRangeTakesNoPageZero();
+    void pageRangeSurvivesBeingSaved();
+    void pageRangeReadsItsEntries_data();
+    void pageRangeReadsItsEntries();
+
+    void printerTellsItsDeviceURI();
+    void schemeStandsBeforeTheColon_data();
+    void schemeStandsBeforeTheColon();
+
+    void nullHandlesAreNamed();
+    void nullResultsAreRefused();
+};
+
+void PMCoreTest::pageFormatHandsOutItsPaper()
+{
+    PageFormat format(Paper(u"C_62"_qs, 100));
+    PMPaper paper = nullptr;
+    QCOMPARE(PMGetPageFormatPaper(&format, &paper), noErr);
+    QVERIFY(paper);
+    QCOMPARE(*paper, Paper(u"C_62"_qs, 100));
+    QCOMPARE(paper, format.paper());
+
+    format.setPaper(Paper(u"C_29"_qs, 50));
+    QCOMPARE(PMGetPageFormatPaper(&format, &paper), noErr);
+    QCOMPARE(*paper, Paper(u"C_29"_qs, 50));
+
+    PageFormat empty;
+    QCOMPARE(PMGetPageFormatPaper(&empty, &paper), noErr);
+    QVERIFY(!paper);
+}
+
+void PMCoreTest::paperTellsItsName()
+{
+    QString name = u"before"_qs;
+    const Paper named(u"C_62"_qs, 100);
+    QCOMPARE(PMPaperGetPPDPaperName(&named, &name), noErr);
+    QCOMPARE(name, u"C_62"_qs);
+
+    const Paper unnamed(QString(), 100);
+    QCOMPARE(PMPaperGetPPDPaperName(&unnamed, &name), noErr);
+    QVERIFY(name.isNull());
+}
+
+void PMCoreTest::paperWithoutANameDiffersFromOneWithAnEmptyName()
+{
+    QVERIFY(!(Paper(QString(), 1) == Paper(u""_qs, 1)));
+    QVERIFY(Paper(QString(), 1) == Paper(QString(), 1));
+    QVERIFY(!(Paper(u"A"_qs, 1) == Paper(u"A"_qs, 2)));
+    QString name;
+    const Paper empty(u""_qs, 1);
+    QCOMPARE(PMPaperGetPPDPaperName(&empty, &name), noErr);
+    QVERIFY(!name.isNull());
+    QVERIFY(name.isEmpty());
+}
+
+void PMCoreTest::paperTellsItsHeight_data()
+{
+    QTest::addColumn<double>("height");
+    QTest::addColumn<bool>("isHeight");
+
+    using Limits = std::numeric_limits<double>;
+    QTest::newRow("known") << 85.04 << true;
+    QTest::newRow("unknown") << 0.0 << true;
+    QTest::newRow("huge") << 1e300 << true;
+    QTest::newRow("negative") << -1.0 << false;
+    QTest::newRow("no number") << Limits::quiet_NaN() << false;
+    QTest::newRow("infinite") << Limits::infinity() << false;
+    QTest::newRow("negative and infinite") << -Limits::infinity() << false;
+}
+
+void PMCoreTest::paperTellsItsHeight()
+{
+    QFETCH(double, height);
+    QFETCH(bool, isHeight);
+    const Paper paper(u"C_62"_qs, height);
+    double result = -7;
+    QCOMPARE(PMPaperGetHeight(&paper, &result), isHeight ? noErr : kPMInvalidPaper);
+    QCOMPARE(result, isHeight ? height : -7);
+}
+
+void PMCoreTest::settingsHoldValues()
+{
+    PrintSettings settings({{u"a"_qs, 1}, {u"none"_qs, QVariant()}});
+    QVariant value = u"before"_qs;
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), kPMInvalidKey);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"none"_qs, &value), kPMInvalidKey);
+    QCOMPARE(value, QVariant(u"before"_qs));
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_qs, &value), noErr);
+    QCOMPARE(value, QVariant(1));
+
+    settings.setValue(u"b"_qs, u"new"_qs);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), noErr);
+    QCOMPARE(value, QVariant(u"new"_qs));
+    settings.setValue(u"b"_qs, QVariant());
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), kPMInvalidKey);
+    QCOMPARE(settings.values(), QVariantMap({{u"a"_qs, 1}}));
+}
+
+void PMCoreTest::sessionHoldsValues()
+{
+    PrintSession session;
+    QVariant value = u"before"_qs;
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), kPMInvalidKey);
+    QCOMPARE(value, QVariant(u"before"_qs));
+    session.setValue(u"a"_qs, QVariantMap{{u"b"_qs, true}});
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), noErr);
+    QCOMPARE(value, QVariant(QVariantMap{{u"b"_qs, true}}));
+    session.setValue(u"a"_qs, QVariant());
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), kPMInvalidKey);
+}
+
+void PMCoreTest::settingsSurviveBeingSaved_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QByteArray>("start");
+
+    QTest::newRow("XML") << int(kPMDataFormatXMLDefault) << QByteArray("<?xml");
+    QTest::newRow("binary") << int(kPMDataFormatBinary) << QByteArray("bplist00");
+}
+
+void PMCoreTest::settingsSurviveBeingSaved()
+{
+    QFETCH(int, format);
+    QFETCH(QByteArray, start);
+    PrintSettings settings({{u"Cut each"_qs, 3LL},
+                            {u"Größe"_qs, 12.5},
+                            {u"Tapes"_qs, QVariantList{u"12 mm"_qs, true}}});
+    QByteArray data("before");
+    QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, &data, PMDataFormat(format)),
+             noErr);
+    QVERIFY(data.startsWith(start));
+
+    std::unique_ptr<PrintSettings> read;
+    QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(data, &read), noErr);
+    QVERIFY(read);
+    QCOMPARE(read->values(), settings.values());
+}
+
+void PMCoreTest::settingsWithOtherTypesAreNotSaved()
+{
+    PrintSettings settings({{u"Margin"_qs, QPoint(1, 2)}});
+    QByteArray data("before");
+    QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, &data, kPMDataFormatBinary),
+             kPMInvalidValue);
+    QCOMPARE(data, QByteArray("before"));
+
+    QString error;
+    QCOMPARE(settings.dataRepresentation(PropertyList::Format::XML, &error), QByteArray());
+    QCOMPARE(error, u"Margin: a property list holds no QPoint"_qs);
+}
+
+void PMCoreTest::settingsAreNotReadFromAnythingElse_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("nothing") << QByteArray() << u"the data is empty"_qs;
+    QTest::newRow("no list") << QByteArray("<xml/>") << u"line 1: the data is no property list"_qs;
+    QTest::newRow("an array") << PropertyList::write(QVariantList{1}, PropertyList::Format::XML)
+                              << u"the top level is no dictionary"_qs;
+    QTest::newRow("a text") << PropertyList::write(u"a"_qs, PropertyList::Format::Binary)
+                            << u"the top level is no dictionary"_qs;
+}
+
+void PMCoreTest::settingsAreNotReadFromAnythingElse()
+{
+    QFETCH(QByteArray, data);
+    auto settings = std::make_unique<PrintSettings>(QVariantMap{{u"kept"_qs, 1}});
+    QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(data, &settings), kPMInvalidValue);
+    QCOMPARE(settings->value(u"kept"_qs), QVariant(1));
+
+    QString error;
+    QVERIFY(!PrintSettings::fromData(data, &error));
+    QTEST(error, "complaint");
+    QVERIFY(!PrintSettings::fromData(data, nullptr));
+}
+
+void PMCoreTest::allPagesAreInTheRangeUntilItIsSet()
+{
+    PrintSettings settings;
+    quint32 first = 0;
+    quint32 last = 0;
+    QCOMPARE(PMGetFirstPage(&settings, &first), noErr);
+    QCOMPARE(PMGetLastPage(&settings, &last), noErr);
+    QCOMPARE(first, 1U);
+    QCOMPARE(last, kAllPages);
+}
+
+void PMCoreTest::pageRangeIsSet()
+{
+    PrintSettings settings;
+    quint32 first = 0;
+    quint32 last = 0;
+    QCOMPARE(PMSetFirstPage(&settings, 2, false), noErr);
+    QCOMPARE(PMSetLastPage(&settings, kAllPages, false), noErr);
+    QCOMPARE(PMGetFirstPage(&settings, &first), noErr);
+    QCOMPARE(PMGetLastPage(&settings, &last), noErr);
+    QCOMPARE(first, 2U);
+    QCOMPARE(last, kAllPages);
+    QCOMPARE(settings.values().keys(), QStringList({kFirstPageKey, kLastPageKey}));
+}
+
+void PMCoreTest::pageRangeIsSetThoughItCannotBeLocked()
+{
+    PrintSettings settings;
+    quint32 page = 0;
+    QCOMPARE(PMSetFirstPage(&settings, 3, true), kPMLockIgnored);
+    QCOMPARE(PMGetFirstPage(&settings, &page), noErr);
+    QCOMPARE(page, 3U);
+    QCOMPARE(PMSetLastPage(&settings, 4, true), kPMLockIgnored);
+    QCOMPARE(PMGetLastPage(&settings, &page), noErr);
+    QCOMPARE(page, 4U);
+    QCOMPARE(PMSetLastPage(&settings, 5, false), noErr);
+    QCOMPARE(PMGetLastPage(&settings, &page), noErr);
+    QCOMPARE(page, 5U);
+}
+
+void PMCoreTest::pageRangeTakesNoPageZero()
+{
+    PrintSettings settings;
+    QCOMPARE(PMSetFirstPage(&settings, 0, false), kPMValueOutOfRange);
+    QCOMPARE(PMSetLastPage(&settings, 0, true), kPMValueOutOfRange);
+    QCOMPARE(settings.values(), QVariantMap());
+}
+
+void PMCoreTest::pageRangeSurvivesBeingSaved()
+{
+    PrintSettings settings;
+    QCOMPARE(PMSetFirstPage(&settings, 7, false), noErr);
+    QCOMPARE(PMSetLastPage(&settings, kAllPages, false), noErr);
+    for (const PMDataFormat format : {kPMDataFormatXMLDefault, kPMDataFormatBinary}) {
+        QByteArray data;
+        std::unique_ptr<PrintSettings> read;
+        QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, &data, format), noErr);
+        QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(data, &read), noErr);
+        quint32 first = 0;
+        quint32 last = 0;
+        QCOMPARE(PMGetFirstPage(read.get(), &first), noErr);
+        QCOMPARE(PMGetLastPage(read.get(), &last), noErr);
+        QCOMPARE(first, 7U);
+        QCOMPARE(last, kAllPages);
+    }
+}
+
+void PMCoreTest::pageRangeReadsItsEntries_data()
+{
+    QTest::addColumn<QVariant>("entry");
+    QTest::addColumn<quint32>("page");
+
+    QTest::newRow("int") << QVariant(3) << 3U;
+    QTest::newRow("unsigned") << QVariant(kAllPages) << kAllPages;
+    QTest::newRow("long long") << QVariant(4LL) << 4U;
+    QTest::newRow("unsigned long long") << QVariant(5ULL) << 5U;
+    QTest::newRow("short") << QVariant::fromValue<short>(6) << 6U;
+    QTest::newRow("byte") << QVariant::fromValue<quint8>(255) << 255U;
+    QTest::newRow("zero") << QVariant(0) << 0U;
+    QTest::newRow("negative") << QVariant(-1) << 0U;
+    QTest::newRow("smallest") << QVariant(std::numeric_limits<qlonglong>::min()) << 0U;
+    QTest::newRow("beyond 32 bits") << QVariant(4294967296LL) << 0U;
+    QTest::newRow("largest") << QVariant(std::numeric_limits<qulonglong>::max()) << 0U;
+    QTest::newRow("real") << QVariant(3.0) << 0U;
+    QTest::newRow("text") << QVariant(u"3"_qs) << 0U;
+    QTest::newRow("truth") << QVariant(true) << 0U;
+    QTest::newRow("list") << QVariant(QVariantList{3}) << 0U;
+}
+
+void PMCoreTest::pageRangeReadsItsEntries()
+{
+    QFETCH(QVariant, entry);
+    QFETCH(quint32, page);
+    PrintSettings settings({{kFirstPageKey, entry}, {kLastPageKey, entry}});
+    quint32 first = 0;
+    quint32 last = 0;
+    const OSStatus expected = page == 0 ? kPMInvalidValue : noErr;
+    QCOMPARE(PMGetFirstPage(&settings, &first), expected);
+    QCOMPARE(PMGetLastPage(&settings, &last), expected);
+    QCOMPARE(first, page);
+    QCOMPARE(last, page);
+}
+
+void PMCoreTest::printerTellsItsDeviceURI()
+{
+    QString uri = u"before"_qs;
+    Printer unknown(u"Label"_qs);
+    QCOMPARE(unknown.name(), u"Label"_qs);
+    QCOMPARE(PMPrinterCopyDeviceURI(&unknown, &uri), noErr);
+    QVERIFY(uri.isNull());
+
+    const QString given = u"usb://Korvane/LX%20200?serial="_qs + QString(100'000, u'7');
+    Printer known(u"Label"_qs, given);
+    QCOMPARE(PMPrinterCopyDeviceURI(&known, &uri), noErr);
+    QCOMPARE(uri, given);
+}
+
+void PMCoreTest::schemeStandsBeforeTheColon_data()
+{
+    QTest::addColumn<QString>("uri");
+    QTest::addColumn<QString>("scheme");
+
+    QTest::newRow("usb") << u"usb://Korvane/LX%20200"_qs << u"usb"_qs;
+    QTest::newRow("own case") << u"IPP://host"_qs << u"IPP"_qs;
+    QTest::newRow("every character") << u"a1+-.Z9:x"_qs << u"a1+-.Z9"_qs;
+    QTest::newRow("nothing after it") << u"lpd:"_qs << u"lpd"_qs;
+    QTest::newRow("first colon") << u"a:b:c"_qs << u"a"_qs;
+    QTest::newRow("no colon") << u"usb"_qs << QString();
+    QTest::newRow("empty") << u""_qs << QString();
+    QTest::newRow("null") << QString() << QString();
+    QTest::newRow("nothing before it") << u"://host"_qs << QString();
+    QTest::newRow("digit first") << u"1usb://x"_qs << QString();
+    QTest::newRow("plus first") << u"+usb://x"_qs << QString();
+    QTest::newRow("path") << u"/dev/usb:1"_qs << QString();
+    QTest::newRow("space") << u"us b:x"_qs << QString();
+    QTest::newRow("letter beyond ASCII") << u"üsb:x"_qs << QString();
+    QTest::newRow("digit beyond ASCII") << u"u１:x"_qs << QString();
+    QTest::newRow("underscore") << u"a_b:x"_qs << QString();
+}
+
+void PMCoreTest::schemeStandsBeforeTheColon()
+{
+    QFETCH(QString, uri);
+    QFETCH(QString, scheme);
+    QCOMPARE(URLCopyScheme(uri), scheme);
+    QCOMPARE(URLCopyScheme(uri).isNull(), scheme.isNull());
+}
+
+void PMCoreTest::nullHandlesAreNamed()
+{
+    PMPaper paper = nullptr;
+    QString text = u"before"_qs;
+    double height = -7;
+    QVariant value = 7;
+    QByteArray data("before");
+    quint32 page = 7;
+    QCOMPARE(PMGetPageFormatPaper(nullptr, &paper), kPMInvalidPageFormat);
+    QCOMPARE(PMPaperGetPPDPaperName(nullptr, &text), kPMInvalidPaper);
+    QCOMPARE(PMPaperGetHeight(nullptr, &height), kPMInvalidPaper);
+    QCOMPARE(PMPrintSettingsGetValue(nullptr, u"a"_qs, &value), kPMInvalidPrintSettings);
+    QCOMPARE(PMPrintSettingsCreateDataRepresentation(nullptr, &data, kPMDataFormatBinary),
+             kPMInvalidPrintSettings);
+    QCOMPARE(PMSessionGetDataFromSession(nullptr, u"a"_qs, &value), kPMInvalidPrintSession);
+    QCOMPARE(PMGetFirstPage(nullptr, &page), kPMInvalidPrintSettings);
+    QCOMPARE(PMGetLastPage(nullptr, &page), kPMInvalidPrintSettings);
+    QCOMPARE(PMSetFirstPage(nullptr, 1, false), kPMInvalidPrintSettings);
+    QCOMPARE(PMSetLastPage(nullptr, 1, false), kPMInvalidPrintSettings);
+    QCOMPARE(PMPrinterCopyDeviceURI(nullptr, &text), kPMInvalidPrinter);
+
+    QCOMPARE(text, u"before"_qs);
+    QCOMPARE(height, -7);
+    QCOMPARE(value, QVariant(7));
+    QCOMPARE(data, QByteArray("before"));
+    QCOMPARE(page, 7U);
+}
+
+void PMCoreTest::nullResultsAreRefused()
+{
+    PageFormat format;
+    const Paper paper(u"C_62"_qs, -1);
+    PrintSettings settings({{u"a"_qs, 1}});
+    PrintSession session;
+    session.setValue(u"a"_qs, 1);
+    Printer printer(u"Label"_qs);
+    QCOMPARE(PMGetPageFormatPaper(&format, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPaperGetPPDPaperName(&paper, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPaperGetHeight(&paper, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_qs, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, nullptr, kPMDataFormatBinary),
+             kPMInvalidParameter);
+    QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(QByteArray(), nullptr),
+             kPMInvalidParameter);
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMGetFirstPage(&settings, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMGetLastPage(&settings, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPrinterCopyDeviceURI(&printer, nullptr), kPMInvalidParameter);
+}
+
+QTEST_GUILESS_MAIN(PMCoreTest)
+#include "tst_pmcore.moc"
