@@ -34,14 +34,15 @@ bool KVMQRVOptionsPlugIn13_v400_::initWithBundle(const std::shared_ptr<Bundle> &
 std::shared_ptr<PDEPanelList> KVMQRVOptionsPlugIn13_v400_::PDEPanelsForType(
     const QString &type, const std::shared_ptr<PDEPluginCallback13_v400_> &hostInfo)
 {
-    pdes = std::make_shared<PDEPanelList>();
+    auto panels = std::make_shared<PDEPanelList>();
     if (type == kPrinterModuleDialogType) {
         if (auto panel = OptionPDE13_v400_::initWithCallback(hostInfo, pluginBundle.lock())) {
-            pdes->push_back(std::move(panel));
+            panels->push_back(std::move(panel));
         }
-        if (pdes->empty()) {
-            pdes.reset();
+        if (panels->empty()) {
+            panels.reset();
         }
     }
-    return pdes;
+    pdes = panels;
+    return panels;
 }

@@ -26,5 +26,7 @@ public:
 
 private:
     std::weak_ptr<Bundle> pluginBundle;
-    std::shared_ptr<PDEPanelList> pdes;
+    /// The panels last built, for as long as the dialog keeps them: it drops them when it closes,
+    /// while this object lives on for the next dialog.
+    std::weak_ptr<PDEPanelList> pdes;
 };

@@ -27,9 +27,8 @@ public:
      *
      * @param type what dialog it is.
      * @param hostInfo the dialog's callback object, which the panels keep.
-     * @return the panels, which live as long as the list does: as long as the caller holds it, and
-     *         in the plug-in until the next call. Null when a panel of the type could not be built,
-     *         empty when the plug-in has none for it.
+     * @return the panels, which live as long as the caller holds the list. Null when a panel of
+     *         the type could not be built, empty when the plug-in has none for it.
      */
     virtual std::shared_ptr<PDEPanelList>
     PDEPanelsForType(const QString &type,

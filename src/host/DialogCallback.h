@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/PPDFile.h"
+#include "plugin/PDEPluginCallback.h"
+#include "printcore/PageFormat.h"
+#include "printcore/PrintSession.h"
+#include "printcore/PrintSettings.h"
+#include "printcore/Printer.h"
+
+#include <QObject>
+
+#include <memory>
+
+/**
+ * The dialog as its panels see it: owns the job's objects and the PPD, marks the choices that the
+ * panels tell, and passes them on.
+ */
+class DialogCallback : public QObject, public PDEPluginCallback13_v400_
+{
+    Q_OBJECT
+
+public:
+    /// @param ppd the printer's, never null.
+    DialogCallback(std::unique_ptr<PPDFile> ppd, Printer printer, Paper paper,
+                   PrintSettings settings);
+
+    PMPrintSession printSession() override { return &mSession; }
+    PMPrintSettings printSettings() override { return &mSettings; }
+    PMPageFormat pageFormat() override { return &mPageFormat; }
+    ::PMPrinter PMPrinter() override { return &mPrinter; }
+    ppd_file_t *ppdFile() override { return mPPD->get(); }
+    void willChangePPDOptionKeyValue(const QString &key, const QString &ppdChoice) override;
+    bool respondsToPanelViewDidResize() const override { return true; }
+    void panelViewDidResize() override;
+
+    PPDFile &ppd() const { return *mPPD; }
+
+Q_SIGNALS:
+    /// A choice has been marked in the PPD.
+    void choiceChanged(const QString &key, const QString &choice);
+    /// A panel told a choice that the PPD lacks; nothing has been marked.
+    void choiceRefused(const QString &key, const QString &choice);
+    /// A panel's view has another size.
+    void viewResized();
+
+private:
+    std::unique_ptr<PPDFile> mPPD;
+    PrintSession mSession;
+    PrintSettings mSettings;
+    PageFormat mPageFormat;
+    Printer mPrinter;
+};

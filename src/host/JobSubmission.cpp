@@ -1,0 +1,46 @@
+#include "host/JobSubmission.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cups/cups.h>
+
+#include <vector>
+
+QString JobSubmission::faultOf(const QString &file)
+{
+    const QFileInfo info(file);
+    if (info.isDir()) {
+        return QStringLiteral("%1: is a folder").arg(file);
+    }
+    QFile readable(file);
+    if (!readable.open(QIODevice::ReadOnly)) {
+        return QStringLiteral("%1: %2").arg(file, readable.errorString());
+    }
+    char first = 0;
+    if (readable.read(&first, 1) != 1) {
+        return QStringLiteral("%1: is empty").arg(file);
+    }
+    return {};
+}
+
+int JobSubmission::print(const QString &queue, const QStringList &files, const QString &title,
+                         const JobOptions &options, QString *error)
+{
+    QByteArrayList names;
+    std::vector<const char *> pointers;
+    for (const QString &file : files) {
+        names.append(QFile::encodeName(file));
+    }
+    for (const QByteArray &name : names) {
+        pointers.push_back(name.constData());
+    }
+    const CupsOptions cupsOptions(options);
+    const int job = cupsPrintFiles2(
+        CUPS_HTTP_DEFAULT, queue.toUtf8().constData(), int(pointers.size()), pointers.data(),
+        title.toUtf8().constData(), cupsOptions.count(), cupsOptions.data());
+    if (job == 0) {
+        *error = QStringLiteral("%1: %2").arg(queue, QString::fromUtf8(cupsLastErrorString()));
+    }
+    return job;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "host/JobOptions.h"
+
+#include <QString>
+#include <QStringList>
+
+/// Sends files to a queue as they are.
+class JobSubmission
+{
+public:
+    /// What is wrong with a file that is to be printed: missing, a folder, unreadable or empty;
+    /// null when nothing is.
+    static QString faultOf(const QString &file);
+
+    /**
+     * Sends the files as one job.
+     *
+     * @param title of the job.
+     * @return the job's number; 0, with the reason in @p error and no job left behind, when it
+     *         could not be sent whole.
+     */
+    static int print(const QString &queue, const QStringList &files, const QString &title,
+                     const JobOptions &options, QString *error);
+};

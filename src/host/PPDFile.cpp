@@ -1,0 +1,128 @@
+#include "host/PPDFile.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <cups/cups.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace {
+QString lastErrorOf(const QString &name)
+{
+    int line = 0;
+    const ppd_status_t status = ppdLastError(&line);
+    return QStringLiteral("%1: line %2: %3")
+        .arg(name)
+        .arg(line)
+        .arg(QString::fromLocal8Bit(ppdErrorString(status)));
+}
+
+void setError(QString *error, const QString &text)
+{
+    if (error) {
+        *error = text;
+    }
+}
+
+ppd_file_t *openPPD(const QByteArray &path, const QString &shownName, QString *error)
+{
+    cups_file_t *file = cupsFileOpen(path.constData(), "r");
+    if (!file) {
+        setError(error, QStringLiteral("%1: %2").arg(shownName,
+                                                     QString::fromLocal8Bit(std::strerror(errno))));
+        return nullptr;
+    }
+    ppd_file_t *ppd = ppdOpen2(file);
+    cupsFileClose(file);
+    if (!ppd) {
+        setError(error, lastErrorOf(shownName));
+    }
+    return ppd;
+}
+} // namespace
+
+std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error)
+{
+    ppd_file_t *ppd = openPPD(QFile::encodeName(path), path, error);
+    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd)) : nullptr;
+}
+
+std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error)
+{
+    time_t modified = 0;
+    char path[1024] = {};
+    const http_status_t status =
+        cupsGetPPD3(CUPS_HTTP_DEFAULT, queue.toUtf8().constData(), &modified, path, sizeof path);
+    if (status == HTTP_STATUS_NOT_FOUND) {
+        return nullptr;
+    }
+    const QString shownName = QStringLiteral("PPD of %1").arg(queue);
+    if (status != HTTP_STATUS_OK) {
+        setError(error,
+                 QStringLiteral("%1: %2").arg(shownName, QString::fromUtf8(cupsLastErrorString())));
+        return nullptr;
+    }
+    ppd_file_t *ppd = openPPD(path, shownName, error);
+    QFile::remove(QFile::decodeName(path));
+    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd)) : nullptr;
+}
+
+PPDFile::PPDFile(ppd_file_t *ppd)
+    : mPPD(ppd)
+{
+    ppdMarkDefaults(mPPD);
+}
+
+PPDFile::~PPDFile()
+{
+    ppdClose(mPPD);
+}
+
+ppd_option_t *PPDFile::option(const QString &key) const
+{
+    return ppdFindOption(mPPD, key.toUtf8().constData());
+}
+
+bool PPDFile::hasOption(const QString &key) const
+{
+    return option(key) != nullptr;
+}
+
+bool PPDFile::hasChoice(const QString &key, const QString &choice) const
+{
+    ppd_option_t *const found = option(key);
+    return found && ppdFindChoice(found, choice.toUtf8().constData());
+}
+
+QString PPDFile::optionText(const QString &key) const
+{
+    const ppd_option_t *found = option(key);
+    return found ? QString::fromUtf8(found->text) : QString();
+}
+
+QStringList PPDFile::choices(const QString &key) const
+{
+    QStringList keywords;
+    const ppd_option_t *found = option(key);
+    for (int i = 0; found && i < found->num_choices; ++i) {
+        keywords.append(QString::fromUtf8(found->choices[i].choice));
+    }
+    return keywords;
+}
+
+QString PPDFile::markedChoice(const QString &key) const
+{
+    const ppd_choice_t *choice = ppdFindMarkedChoice(mPPD, key.toUtf8().constData());
+    return choice ? QString::fromUtf8(choice->choice) : QString();
+}
+
+bool PPDFile::mark(const QString &key, const QString &choice)
+{
+    if (!hasChoice(key, choice)) {
+        return false;
+    }
+    ppdMarkOption(mPPD, key.toUtf8().constData(), choice.toUtf8().constData());
+    return true;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ppd/PPD.h"
+
+#include <QString>
+
+#include <memory>
+
+/// An open PPD with its defaults marked.
+class PPDFile
+{
+public:
+    /**
+     * Opens a PPD.
+     *
+     * @param error set to the file's name, the line and the reason when the result is null.
+     */
+    static std::unique_ptr<PPDFile> open(const QString &path, QString *error);
+
+    /**
+     * Opens the PPD that the scheduler has for a queue.
+     *
+     * @param error set as for open() when the result is null; left null when the queue just has no
+     *        PPD.
+     */
+    static std::unique_ptr<PPDFile> ofQueue(const QString &queue, QString *error);
+
+    ~PPDFile();
+    PPDFile(const PPDFile &) = delete;
+    PPDFile &operator=(const PPDFile &) = delete;
+
+    /// The record, owned by this object.
+    ppd_file_t *get() const { return mPPD; }
+
+    /// Whether the PPD has an option with that keyword.
+    bool hasOption(const QString &key) const;
+    /// Whether the PPD has an option with that keyword and the option that choice.
+    bool hasChoice(const QString &key, const QString &choice) const;
+    /// The option's translated text, for people; null when there is no such option.
+    QString optionText(const QString &key) const;
+    /// The keywords of the option's choices in the PPD's order, for a message.
+    QStringList choices(const QString &key) const;
+    /// The choice that is marked; null when there is none.
+    QString markedChoice(const QString &key) const;
+    /// Marks the choice; false, with nothing marked, when the PPD lacks it.
+    bool mark(const QString &key, const QString &choice);
+
+private:
+    explicit PPDFile(ppd_file_t *ppd);
+
+    ppd_option_t *option(const QString &key) const;
+
+    ppd_file_t *mPPD;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "printcore/Paper.h"
+
+#include <QPageSize>
+
+class PPDFile;
+
+/**
+ * The paper that a page size of Qt's stands for at a printer.
+ *
+ * A size of the PPD has the PPD's name and height. Another size has the PPD's name for custom
+ * sizes, "Custom", where the PPD allows them, else the page size's own name. An invalid page size
+ * stands for the size that is marked in the PPD; without one the paper has no name and no height.
+ */
+Paper paperIn(const PPDFile &ppd, const QPageSize &size);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "plugin/PDEPlugIn.h"
+
+#include <QPluginLoader>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class Bundle;
+class ProblemReporter;
+
+/// A bundle whose plug-in has been loaded and works on this system.
+class PanelBundle
+{
+public:
+    /**
+     * Loads every bundle (a folder whose name ends in ".pde") in a folder, in the order of names.
+     *
+     * @param reporter told of each bundle that cannot be loaded and of each resource that is
+     *        missing; what is left works.
+     */
+    static std::vector<std::unique_ptr<PanelBundle>> loadAll(const QString &folder,
+                                                             ProblemReporter &reporter);
+
+    ~PanelBundle();
+    PanelBundle(const PanelBundle &) = delete;
+    PanelBundle &operator=(const PanelBundle &) = delete;
+
+    PDEPlugIn &plugIn() const { return *mPlugIn; }
+    /// The bundle's folder name, for messages.
+    QString name() const;
+
+    /// Tells of each declared picture that cannot be read. Reads them all, so call it when there
+    /// is time.
+    void checkPictures(ProblemReporter &reporter) const;
+
+private:
+    PanelBundle() = default;
+
+    static std::unique_ptr<PanelBundle> load(const QString &path, ProblemReporter &reporter);
+
+    std::shared_ptr<Bundle> mBundle;
+    QPluginLoader mLoader;
+    PDEPlugIn *mPlugIn = nullptr;
+};
+
+/// The bundles of a dialog.
+using PanelBundles = std::vector<std::unique_ptr<PanelBundle>>;

@@ -1,0 +1,56 @@
+#include "host/PanelTab.h"
+
+#include "host/PanelHost.h"
+
+#include <QScreen>
+
+namespace {
+/// The part of the screen's height that is left to the dialog around the tab.
+constexpr int heightOfTheRest = 420;
+/// A tab's size before there is a view, and the least that it needs of the screen.
+constexpr QSize leastSize(320, 160);
+} // namespace
+
+PanelTab::PanelTab(PanelHost &host, PDEPanel &panel, QWidget *parent)
+    : QScrollArea(parent)
+    , mHost(&host)
+    , mPanel(panel)
+{
+    setObjectName(QStringLiteral("panelTab"));
+    setFrameShape(QFrame::NoFrame);
+    setWindowTitle(panel.panelName());
+    setAccessibleName(panel.panelName());
+    connect(&host, &PanelHost::viewResized, this, &PanelTab::updateGeometry);
+}
+
+PanelTab::~PanelTab()
+{
+    // The panel owns its view.
+    takeWidget();
+}
+
+QSize PanelTab::sizeHint() const
+{
+    return widget() ? widget()->size() : leastSize;
+}
+
+QSize PanelTab::minimumSizeHint() const
+{
+    const int room = screen()->availableGeometry().height() - heightOfTheRest;
+    return {sizeHint().width(), std::min(sizeHint().height(), std::max(room, leastSize.height()))};
+}
+
+void PanelTab::showEvent(QShowEvent *event)
+{
+    QScrollArea::showEvent(event);
+    if (!mHost || event->spontaneous()) {
+        return;
+    }
+    if (!widget()) {
+        if (QWidget *view = mHost->view(mPanel)) {
+            setWidget(view);
+            updateGeometry();
+        }
+    }
+    mHost->show(mPanel);
+}

@@ -1,0 +1,215 @@
+#include "host/PrintCommand.h"
+
+#include "host/JobSubmission.h"
+#include "host/PPDFile.h"
+#include "host/PrintDialogAttachment.h"
+#include "host/PrintQueue.h"
+
+#include <QFileInfo>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+
+#include <optional>
+
+namespace {
+void addCopies(const QPrinter &printer, JobOptions &options)
+{
+    if (printer.copyCount() > 1) {
+        options.set(QStringLiteral("copies"), QString::number(printer.copyCount()));
+        options.set(QStringLiteral("Collate"),
+                    printer.collateCopies() ? QStringLiteral("True") : QStringLiteral("False"));
+    }
+}
+
+void addPages(const QPrinter &printer, JobOptions &options)
+{
+    const QString ranges = QStringLiteral("page-ranges");
+    if (printer.printRange() == QPrinter::PageRange && !options.contains(ranges) &&
+        printer.fromPage() > 0) {
+        options.set(ranges, QStringLiteral("%1-%2").arg(printer.fromPage()).arg(printer.toPage()));
+    }
+    if (printer.pageOrder() == QPrinter::LastPageFirst) {
+        options.set(QStringLiteral("outputorder"), QStringLiteral("reverse"));
+    }
+}
+
+void addPaper(const QPrinter &printer, JobOptions &options)
+{
+    const QPageLayout layout = printer.pageLayout();
+    if (layout.pageSize().isValid()) {
+        options.remove(QStringLiteral("PageSize"));
+        options.set(QStringLiteral("media"), layout.pageSize().key());
+    }
+    if (layout.orientation() == QPageLayout::Landscape) {
+        options.set(QStringLiteral("orientation-requested"), QStringLiteral("4"));
+    }
+}
+
+void addSides(const QPrinter &printer, const QPrinterInfo &info, JobOptions &options)
+{
+    if (info.supportedDuplexModes().size() < 2) {
+        return;
+    }
+    const QString sides = QStringLiteral("sides");
+    switch (printer.duplex()) {
+    case QPrinter::DuplexNone:
+        options.set(sides, QStringLiteral("one-sided"));
+        break;
+    case QPrinter::DuplexLongSide:
+        options.set(sides, QStringLiteral("two-sided-long-edge"));
+        break;
+    case QPrinter::DuplexShortSide:
+        options.set(sides, QStringLiteral("two-sided-short-edge"));
+        break;
+    case QPrinter::DuplexAuto:
+        break;
+    }
+}
+
+void addColors(const QPrinter &printer, const QPrinterInfo &info, JobOptions &options)
+{
+    if (printer.colorMode() == QPrinter::GrayScale &&
+        info.supportedColorModes().contains(QPrinter::Color)) {
+        options.set(QStringLiteral("print-color-mode"), QStringLiteral("monochrome"));
+    }
+}
+
+std::optional<QPageSize> pageSizeNamed(const QString &queue, const QString &name)
+{
+    const auto sizes = QPrinterInfo::printerInfo(queue).supportedPageSizes();
+    for (const QPageSize &size : sizes) {
+        if (size.key() == name) {
+            return size;
+        }
+    }
+    return std::nullopt;
+}
+} // namespace
+
+PrintCommand::PrintCommand(CommandLine commandLine, QString bundleFolder)
+    : mCommandLine(std::move(commandLine))
+    , mBundleFolder(std::move(bundleFolder))
+{
+}
+
+PrintCommand::~PrintCommand() = default;
+
+QString PrintCommand::faultOfFiles() const
+{
+    for (const QString &file : mCommandLine.files) {
+        if (const QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
+            return fault;
+        }
+    }
+    return {};
+}
+
+QString PrintCommand::chooseQueue(QString *fault) const
+{
+    if (!PrintQueue::schedulerAnswers(fault)) {
+        return {};
+    }
+    const QStringList names = PrintQueue::names();
+    if (names.isEmpty()) {
+        *fault = QStringLiteral("the print scheduler has no printer");
+        return {};
+    }
+    if (mCommandLine.printer.isNull() || mCommandLine.printer.isEmpty()) {
+        const QString byDefault = PrintQueue::defaultName();
+        return byDefault.isNull() ? names.first() : byDefault;
+    }
+    if (!names.contains(mCommandLine.printer)) {
+        *fault = QStringLiteral("there is no printer %1; the printers are: %2")
+                     .arg(mCommandLine.printer, names.join(QStringLiteral(", ")));
+        return {};
+    }
+    return mCommandLine.printer;
+}
+
+QString PrintCommand::faultOfOptions(const QString &queue) const
+{
+    const auto ppd = PPDFile::ofQueue(queue, nullptr);
+    if (!ppd) {
+        return {};
+    }
+    for (const auto &[key, value] : mCommandLine.options.pairs()) {
+        const bool custom = value.startsWith(QLatin1String("Custom."));
+        if (ppd->hasOption(key) && !custom && !ppd->hasChoice(key, value)) {
+            return QStringLiteral("-o %1=%2: the choices of %1 are: %3")
+                .arg(key, value, ppd->choices(key).join(QStringLiteral(", ")));
+        }
+    }
+    return {};
+}
+
+QPrintDialog *PrintCommand::prepare(ExitStatus *status)
+{
+    *status = ExitStatus::NotPrinted;
+    QString fault = faultOfFiles();
+    const QString queue = fault.isNull() ? chooseQueue(&fault) : QString();
+    if (queue.isNull()) {
+        mReporter.report(fault);
+        return nullptr;
+    }
+    if (fault = faultOfOptions(queue); !fault.isNull()) {
+        mReporter.report(fault);
+        *status = ExitStatus::Usage;
+        return nullptr;
+    }
+
+    mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    mPrinter->setPrinterName(queue);
+    mPrinter->setDocName(QFileInfo(mCommandLine.files.first()).fileName());
+    mPrinter->setCopyCount(std::max(mCommandLine.copies, 1));
+    for (const char *key : {"media", "PageSize"}) {
+        const QString name = mCommandLine.options.value(QLatin1String(key));
+        if (const auto size = pageSizeNamed(queue, name)) {
+            mPrinter->setPageSize(*size);
+        }
+    }
+    mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
+    mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
+    mDialog->setWindowTitle(QStringLiteral("Print %1").arg(mPrinter->docName()));
+    mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
+    mAttachment =
+        new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mCommandLine.options);
+    return mDialog.get();
+}
+
+JobOptions PrintCommand::optionsOfJob() const
+{
+    const QPrinterInfo info(*mPrinter);
+    JobOptions options = mCommandLine.options;
+    options.merge(mAttachment->jobOptions());
+    addCopies(*mPrinter, options);
+    addPages(*mPrinter, options);
+    addPaper(*mPrinter, options);
+    addSides(*mPrinter, info, options);
+    addColors(*mPrinter, info, options);
+    return options;
+}
+
+ExitStatus PrintCommand::print()
+{
+    QString error;
+    mJobId = JobSubmission::print(mPrinter->printerName(), mCommandLine.files, mPrinter->docName(),
+                                  optionsOfJob(), &error);
+    if (mJobId == 0) {
+        mReporter.report(error);
+        return ExitStatus::NotPrinted;
+    }
+    return ExitStatus::Printed;
+}
+
+ExitStatus PrintCommand::run()
+{
+    ExitStatus status = ExitStatus::NotPrinted;
+    QPrintDialog *dialog = prepare(&status);
+    if (!dialog) {
+        return status;
+    }
+    if (dialog->exec() != QDialog::Accepted) {
+        return ExitStatus::Cancelled;
+    }
+    return print();
+}

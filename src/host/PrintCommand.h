@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/CommandLine.h"
+#include "host/PanelBundle.h"
+#include "host/ProblemReporter.h"
+
+#include <QPrinter>
+
+#include <memory>
+
+class PrintDialogAttachment;
+class QPrintDialog;
+
+/// kvprint's exit statuses.
+enum class ExitStatus {
+    Printed = 0,
+    Cancelled = 1,
+    Usage = 2,
+    NotPrinted = 3,
+};
+
+/// One run of kvprint: opens the print dialog for the files and prints them.
+class PrintCommand
+{
+public:
+    /// @param bundleFolder where the panels' bundles are.
+    PrintCommand(CommandLine commandLine, QString bundleFolder);
+    ~PrintCommand();
+
+    /// Makes the dialog; null, with the status and a report, when nothing can be printed.
+    QPrintDialog *prepare(ExitStatus *status);
+
+    /// Prints as the dialog, which the user has accepted, says.
+    ExitStatus print();
+
+    /// The whole run, with the user at the dialog.
+    ExitStatus run();
+
+    /// The attachment to the dialog; null before prepare().
+    PrintDialogAttachment *attachment() const { return mAttachment; }
+    /// The number of the job that print() sent; 0 for none.
+    int jobId() const { return mJobId; }
+
+private:
+    QString faultOfFiles() const;
+    QString chooseQueue(QString *fault) const;
+    QString faultOfOptions(const QString &queue) const;
+    JobOptions optionsOfJob() const;
+
+    CommandLine mCommandLine;
+    QString mBundleFolder;
+    ProblemReporter mReporter;
+    PanelBundles mBundles;
+    std::unique_ptr<QPrinter> mPrinter;
+    std::unique_ptr<QPrintDialog> mDialog;
+    PrintDialogAttachment *mAttachment = nullptr;
+    int mJobId = 0;
+};

@@ -1,0 +1,202 @@
+#include "host/PrintDialogAttachment.h"
+
+#include "host/PPDPaper.h"
+#include "host/PanelHost.h"
+#include "host/PanelTab.h"
+#include "host/PrintDialogWidgets.h"
+#include "host/PrintQueue.h"
+#include "host/ProblemReporter.h"
+#include "host/SummaryTab.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPrintDialog>
+#include <QPrintEngine>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTimer>
+
+namespace {
+/// The print engine's property that holds the job's options for CUPS: a string list of keywords
+/// and values in turn. Qt's CUPS print engine calls it PPK_CupsOptions.
+constexpr auto cupsOptionsProperty = QPrintEngine::PrintEnginePropertyKey(0xfe00);
+
+JobOptions readEngineOptions(const QPrinter &printer)
+{
+    const QStringList flat = printer.printEngine()->property(cupsOptionsProperty).toStringList();
+    JobOptions options;
+    for (qsizetype i = 0; i + 1 < flat.size(); i += 2) {
+        options.set(flat.at(i), flat.at(i + 1));
+    }
+    return options;
+}
+
+void writeEngineOptions(const QPrinter &printer, const JobOptions &options)
+{
+    QStringList flat;
+    for (const auto &[key, value] : options.pairs()) {
+        flat << key << value;
+    }
+    printer.printEngine()->setProperty(cupsOptionsProperty, flat);
+}
+} // namespace
+
+PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBundles &bundles,
+                                             ProblemReporter &reporter, const JobOptions &requested)
+    : QObject(dialog)
+    , mDialog(dialog)
+    , mBundles(bundles)
+    , mReporter(reporter)
+    , mRequested(requested)
+{
+    if (QComboBox *menu = printersMenu(*mDialog)) {
+        connect(menu, &QComboBox::currentIndexChanged, this, &PrintDialogAttachment::followPrinter);
+    }
+    connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::passChoicesToJob);
+    qApp->installEventFilter(this);
+    followPrinter();
+    QTimer::singleShot(0, this, [this] {
+        for (const auto &bundle : mBundles) {
+            bundle->checkPictures(mReporter);
+        }
+    });
+}
+
+PrintDialogAttachment::~PrintDialogAttachment()
+{
+    dropTabs();
+}
+
+JobOptions PrintDialogAttachment::jobOptions() const
+{
+    return readEngineOptions(*mDialog->printer());
+}
+
+bool PrintDialogAttachment::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && watched->inherits(kPropertiesDialogClass) &&
+        isBelow(watched, mDialog)) {
+        watchProperties(static_cast<QWidget *>(watched));
+    }
+    return false;
+}
+
+void PrintDialogAttachment::followPrinter()
+{
+    const QComboBox *menu = printersMenu(*mDialog);
+    const QString queue = menu ? menu->currentText() : mDialog->printer()->printerName();
+    if (queue == mQueue) {
+        return;
+    }
+    mQueue = queue;
+    dropTabs();
+    mHost.reset();
+    buildHost(queue);
+}
+
+void PrintDialogAttachment::buildHost(const QString &queue)
+{
+    const auto known = PrintQueue::find(queue);
+    if (!known) {
+        return;
+    }
+    QString error;
+    auto ppd = PPDFile::ofQueue(queue, &error);
+    mReporter.report(error);
+    if (!ppd) {
+        return;
+    }
+    PanelHost::Target target{std::move(ppd), Printer(queue, known->deviceURI()),
+                             Paper(QString(), 0.0), PrintSettings()};
+    const PPDFile &openPPD = *target.ppd;
+    target.paper = paperIn(openPPD, pageSizeOfDialog(queue));
+    JobOptions requests = known->options();
+    requests.merge(mRequested);
+
+    mHost = std::make_unique<PanelHost>(std::move(target), mBundles, mReporter);
+    for (const QString &key : mHost->keys()) {
+        if (requests.contains(key) && openPPD.hasOption(key)) {
+            mHost->request(key, requests.value(key));
+        }
+    }
+    addTabs();
+}
+
+void PrintDialogAttachment::addTabs()
+{
+    if (mHost->panels().empty()) {
+        return;
+    }
+    QList<QWidget *> tabs;
+    for (PDEPanel *panel : mHost->panels()) {
+        tabs.append(new PanelTab(*mHost, *panel));
+    }
+    tabs.append(new SummaryTab(*mHost));
+    mTabs.assign(tabs.begin(), tabs.end());
+    mDialog->setOptionTabs(tabs);
+}
+
+void PrintDialogAttachment::dropTabs()
+{
+    for (const QPointer<QWidget> &tab : mTabs) {
+        delete tab;
+    }
+    mTabs.clear();
+}
+
+void PrintDialogAttachment::watchProperties(QWidget *properties)
+{
+    if (mProperties == properties) {
+        return;
+    }
+    mProperties = properties;
+    connect(static_cast<QDialog *>(properties), &QDialog::accepted, this,
+            [this, properties] { followPageSize(chosenPageSize(*properties)); });
+    if (mHost) {
+        QStringList texts;
+        for (const QString &key : mHost->keys()) {
+            texts.append(mHost->ppd().optionText(key));
+        }
+        hideListedOptions(*properties, texts);
+    }
+}
+
+void PrintDialogAttachment::followPageSize(const QPageSize &size)
+{
+    if (!mHost || !size.isValid()) {
+        return;
+    }
+    const Paper paper = paperIn(mHost->ppd(), size);
+    if (paper != mHost->paper()) {
+        mHost->setPaper(paper);
+    }
+}
+
+QPageSize PrintDialogAttachment::pageSizeOfDialog(const QString &queue) const
+{
+    const QPageSize wanted = mDialog->printer()->pageLayout().pageSize();
+    const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
+    const auto offered = info.supportedPageSizes();
+    for (const QPageSize &size : offered) {
+        if (size.key() == wanted.key() || size.isEquivalentTo(wanted)) {
+            return size;
+        }
+    }
+    return info.defaultPageSize();
+}
+
+void PrintDialogAttachment::passChoicesToJob()
+{
+    if (!mHost) {
+        return;
+    }
+    followPageSize(mDialog->printer()->pageLayout().pageSize());
+    if (!mHost->accept()) {
+        mReporter.report(
+            QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
+        return;
+    }
+    JobOptions options = jobOptions();
+    options.merge(mHost->jobOptions());
+    writeEngineOptions(*mDialog->printer(), options);
+}

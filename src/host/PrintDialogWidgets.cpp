@@ -1,0 +1,70 @@
+#include "host/PrintDialogWidgets.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QTabWidget>
+
+namespace {
+/// Hides the form's rows with these labels; whether any other row is left.
+bool hideRows(const QGroupBox &group, const QStringList &labels)
+{
+    const auto *form = qobject_cast<QFormLayout *>(group.layout());
+    bool isAnyLeft = !form;
+    for (int row = 0; form && row < form->rowCount(); ++row) {
+        const QLayoutItem *labelItem = form->itemAt(row, QFormLayout::LabelRole);
+        const QLayoutItem *fieldItem = form->itemAt(row, QFormLayout::FieldRole);
+        auto *label = labelItem ? qobject_cast<QLabel *>(labelItem->widget()) : nullptr;
+        if (!label || !labels.contains(label->text())) {
+            isAnyLeft = true;
+            continue;
+        }
+        label->hide();
+        if (fieldItem && fieldItem->widget()) {
+            fieldItem->widget()->hide();
+        }
+    }
+    return isAnyLeft;
+}
+} // namespace
+
+QComboBox *printersMenu(const QPrintDialog &dialog)
+{
+    return dialog.findChild<QComboBox *>(QLatin1String(kPrintersMenuName));
+}
+
+QPageSize chosenPageSize(const QWidget &propertiesDialog)
+{
+    const auto *menu = propertiesDialog.findChild<QComboBox *>(QStringLiteral("pageSizeCombo"));
+    return menu ? menu->currentData().value<QPageSize>() : QPageSize();
+}
+
+void hideListedOptions(const QWidget &propertiesDialog, const QStringList &texts)
+{
+    const auto *page = propertiesDialog.findChild<QWidget *>(QStringLiteral("cupsPropertiesPage"));
+    if (!page) {
+        return;
+    }
+    bool isEmpty = true;
+    const auto groups = page->findChildren<QGroupBox *>();
+    for (QGroupBox *group : groups) {
+        const bool isGroupEmpty = !hideRows(*group, texts);
+        group->setHidden(isGroupEmpty);
+        isEmpty = isEmpty && isGroupEmpty;
+    }
+    auto *tabs = propertiesDialog.findChild<QTabWidget *>();
+    const int index = tabs ? tabs->indexOf(page) : -1;
+    if (index >= 0 && isEmpty) {
+        tabs->setTabVisible(index, false);
+    }
+}
+
+bool isBelow(const QObject *object, const QObject *ancestor)
+{
+    while (object && object != ancestor) {
+        object = object->parent();
+    }
+    return object;
+}

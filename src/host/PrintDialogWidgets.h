@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPageSize>
+#include <QStringList>
+
+class QComboBox;
+class QPrintDialog;
+class QWidget;
+
+/**
+ * @file
+ * The parts of Qt's print dialog that it does not offer by its interface, found by their object
+ * and class names.
+ */
+
+/// The object name of the dialog's menu of printers.
+inline constexpr char kPrintersMenuName[] = "printers";
+/// The class name of the dialog behind the Properties button.
+inline constexpr char kPropertiesDialogClass[] = "QPrintPropertiesDialog";
+
+/// The menu of printers; null when the dialog has none.
+QComboBox *printersMenu(const QPrintDialog &dialog);
+
+/// The paper that is chosen in a Properties dialog; an invalid one when there is none.
+QPageSize chosenPageSize(const QWidget &propertiesDialog);
+
+/**
+ * Takes options out of the list of PPD options that a Properties dialog shows, so that there is
+ * one place to set them. Groups, and the list's tab, go with their last option.
+ *
+ * @param texts the options' texts as the PPD gives them.
+ */
+void hideListedOptions(const QWidget &propertiesDialog, const QStringList &texts);
+
+/// Whether the object is somewhere below the ancestor, in another window or not.
+bool isBelow(const QObject *object, const QObject *ancestor);

@@ -1,0 +1,84 @@
+#include "host/PrintQueue.h"
+
+#include <QStringList>
+
+namespace {
+constexpr int connectTimeoutMs = 5000;
+
+/// The scheduler's destinations, freed at the end.
+class Destinations
+{
+public:
+    Destinations()
+        : mCount(cupsGetDests2(CUPS_HTTP_DEFAULT, &mDestinations))
+    {
+    }
+    ~Destinations() { cupsFreeDests(mCount, mDestinations); }
+    Destinations(const Destinations &) = delete;
+    Destinations &operator=(const Destinations &) = delete;
+
+    const cups_dest_t *begin() const { return mDestinations; }
+    const cups_dest_t *end() const { return mDestinations + mCount; }
+
+private:
+    cups_dest_t *mDestinations = nullptr;
+    int mCount;
+};
+} // namespace
+
+bool PrintQueue::schedulerAnswers(QString *error)
+{
+    http_t *http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                                connectTimeoutMs, nullptr);
+    if (http) {
+        httpClose(http);
+        return true;
+    }
+    *error = QStringLiteral("no print scheduler answers at %1 (port %2): %3")
+                 .arg(QString::fromUtf8(cupsServer()))
+                 .arg(ippPort())
+                 .arg(QString::fromUtf8(cupsLastErrorString()));
+    return false;
+}
+
+QStringList PrintQueue::names()
+{
+    QStringList names;
+    for (const cups_dest_t &destination : Destinations()) {
+        if (!destination.instance) {
+            names.append(QString::fromUtf8(destination.name));
+        }
+    }
+    return names;
+}
+
+QString PrintQueue::defaultName()
+{
+    for (const cups_dest_t &destination : Destinations()) {
+        if (destination.is_default) {
+            return QString::fromUtf8(destination.name);
+        }
+    }
+    return {};
+}
+
+std::optional<PrintQueue> PrintQueue::find(const QString &name)
+{
+    const QByteArray wanted = name.toUtf8();
+    for (const cups_dest_t &destination : Destinations()) {
+        if (wanted == destination.name && !destination.instance) {
+            return PrintQueue(destination);
+        }
+    }
+    return std::nullopt;
+}
+
+PrintQueue::PrintQueue(const cups_dest_t &destination)
+    : mName(QString::fromUtf8(destination.name))
+{
+    for (int i = 0; i < destination.num_options; ++i) {
+        mOptions.set(QString::fromUtf8(destination.options[i].name),
+                     QString::fromUtf8(destination.options[i].value));
+    }
+    mDeviceURI = mOptions.value(QStringLiteral("device-uri"));
+}

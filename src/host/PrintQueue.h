@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/JobOptions.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// A print queue of the scheduler's, as its user sees it.
+class PrintQueue
+{
+public:
+    /// Whether the scheduler answers; the reason, with the scheduler's address, in @p error.
+    static bool schedulerAnswers(QString *error);
+
+    /// The names of all queues.
+    static QStringList names();
+    /// The user's default queue; null when there is none.
+    static QString defaultName();
+    /// The queue of that name; nothing when the scheduler has none.
+    static std::optional<PrintQueue> find(const QString &name);
+
+    const QString &name() const { return mName; }
+    /// Where the queue sends its jobs; null when the scheduler does not tell.
+    const QString &deviceURI() const { return mDeviceURI; }
+    /// The queue's attributes and the options that the user has saved for it.
+    const JobOptions &options() const { return mOptions; }
+
+private:
+    explicit PrintQueue(const cups_dest_t &destination);
+
+    QString mName;
+    QString mDeviceURI;
+    JobOptions mOptions;
+};

@@ -1,0 +1,34 @@
+#include "host/SummaryTab.h"
+
+#include "host/PanelHost.h"
+
+#include <QHeaderView>
+
+SummaryTab::SummaryTab(PanelHost &host, QWidget *parent)
+    : QTreeWidget(parent)
+    , mHost(&host)
+{
+    setObjectName(QStringLiteral("panelSummary"));
+    setWindowTitle(tr("Summary"));
+    setAccessibleName(windowTitle());
+    setHeaderLabels({tr("Option"), tr("Choice")});
+    setRootIsDecorated(false);
+    setSelectionMode(NoSelection);
+    setUniformRowHeights(true);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    // Panels tell of a change before they have taken it in.
+    connect(&host, &PanelHost::summaryChanged, this, &SummaryTab::refresh, Qt::QueuedConnection);
+    refresh();
+}
+
+void SummaryTab::refresh()
+{
+    if (!mHost) {
+        return;
+    }
+    clear();
+    const auto lines = mHost->summary();
+    for (const PanelHost::SummaryLine &line : lines) {
+        addTopLevelItem(new QTreeWidgetItem({line.title, line.value}));
+    }
+}

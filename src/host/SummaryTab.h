@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QPointer>
+#include <QTreeWidget>
+
+class PanelHost;
+
+/// The tab that lists the summary lines, kept current.
+class SummaryTab : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SummaryTab(PanelHost &host, QWidget *parent = nullptr);
+
+    /// Reads the lines anew.
+    void refresh();
+
+private:
+    QPointer<PanelHost> mHost;
+};
