@@ -1,0 +1,185 @@
+#include "demo/Demonstration.h"
+
+#include "demo/DialogDriver.h"
+#include "host/PanelHost.h"
+#include "host/PrintCommand.h"
+#include "host/PrintDialogAttachment.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QScrollArea>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+constexpr int jobTimeoutMs = 30000;
+
+struct SamplePrinter
+{
+    const char *queue;
+    const char *ppd;
+};
+
+constexpr SamplePrinter samplePrinters[] = {
+    {"Korvane_Tape", "korvane-tape"},           {"Korvane_Tape_Follow", "korvane-tape-follow"},
+    {"Korvane_Tape_Mark", "korvane-tape-mark"}, {"Korvane_Tape_All", "korvane-tape-all"},
+    {"Korvane_Label", "korvane-label"},         {"Korvane_Plain", "korvane-plain"},
+};
+
+/// The printer that the dialog starts with.
+const QString firstPrinter = QString::fromLatin1(samplePrinters[0].queue);
+
+void say(const QString &line)
+{
+    std::fprintf(stdout, "%s\n", line.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+} // namespace
+
+Demonstration::Demonstration(const QString &resultFolder)
+    : mResults(resultFolder)
+{
+}
+
+QString Demonstration::labelPath() const
+{
+    return mFolder.filePath(QStringLiteral("label.pdf"));
+}
+
+bool Demonstration::drawLabel() const
+{
+    const QSizeF label(62.0, 29.0);
+    QPdfWriter writer(labelPath());
+    writer.setPageSize(QPageSize(label, QPageSize::Millimeter));
+    writer.setPageMargins(QMarginsF());
+    QPainter painter;
+    if (!painter.begin(&writer)) {
+        return false;
+    }
+    QFont font;
+    font.setPointSize(20);
+    painter.setFont(font);
+    painter.drawText(QRect(0, 0, writer.width(), writer.height()), Qt::AlignCenter,
+                     QStringLiteral("Sample label"));
+    return painter.end();
+}
+
+std::optional<QString> Demonstration::prepare()
+{
+    if (!mResults.mkpath(QStringLiteral(".")) || !mFolder.isValid() || !drawLabel()) {
+        return QStringLiteral("cannot write into %1").arg(mResults.path());
+    }
+    QString error;
+    mScheduler = PrivateScheduler::start(&error);
+    if (!mScheduler) {
+        return error;
+    }
+    for (const SamplePrinter &printer : samplePrinters) {
+        const QString ppd = QStringLiteral(KV_PPD_DIR "/%1.ppd").arg(QLatin1String(printer.ppd));
+        if (!mScheduler->addPrinter(QLatin1String(printer.queue), ppd, &error)) {
+            return error;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Demonstration::runForUser()
+{
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/kvprint");
+    QProcess kvprint;
+    kvprint.setProcessChannelMode(QProcess::ForwardedChannels);
+    kvprint.start(program, {QStringLiteral("-d"), firstPrinter, labelPath()});
+    if (!kvprint.waitForStarted() || !kvprint.waitForFinished(-1) ||
+        kvprint.exitStatus() != QProcess::NormalExit) {
+        say(QStringLiteral("kvprint: %1").arg(kvprint.errorString()));
+        return false;
+    }
+    if (kvprint.exitCode() == int(ExitStatus::Cancelled)) {
+        say(QStringLiteral("Cancelled: there is no job."));
+        return true;
+    }
+    const QList<int> jobs = mScheduler->jobIds();
+    if (kvprint.exitCode() != 0 || jobs.isEmpty()) {
+        return false;
+    }
+    QString error;
+    const auto attributes = mScheduler->jobAttributes(jobs.last(), &error);
+    const QString uri =
+        attributes ? attributes->value(QStringLiteral("job-printer-uri")) : QString();
+    return showResult(jobs.last(), uri.section(QLatin1Char('/'), -1));
+}
+
+bool Demonstration::runAlone()
+{
+    CommandLine line;
+    line.printer = firstPrinter;
+    line.files = {labelPath()};
+    PrintCommand command(line, QStringLiteral(KV_BUNDLE_FOLDER));
+    ExitStatus status = ExitStatus::NotPrinted;
+    QPrintDialog *dialog = command.prepare(&status);
+    if (!dialog || !command.attachment()->host()) {
+        return false;
+    }
+    DialogDriver user(*dialog);
+    if (!user.open() || !user.showOptions() || !user.showTab(QStringLiteral("Cut Options")) ||
+        !user.click(QStringLiteral("mHalfCutChkBx"))) {
+        say(QStringLiteral("The panel could not be worked."));
+        return false;
+    }
+    const auto *panel = static_cast<QScrollArea *>(user.widget(QStringLiteral("panelTab")));
+    const bool saved =
+        panel->widget()->grab().save(mResults.filePath(QStringLiteral("panel.png"))) &&
+        dialog->grab().save(mResults.filePath(QStringLiteral("dialog.png")));
+    if (!saved || !user.print() || command.print() != ExitStatus::Printed) {
+        return false;
+    }
+    say(QStringLiteral("Summary:"));
+    for (const PanelHost::SummaryLine &row : command.attachment()->host()->summary()) {
+        say(QStringLiteral("  %1: %2").arg(row.title, row.value));
+    }
+    return showResult(command.jobId(), firstPrinter) &&
+           jobCarries(command.jobId(), QStringLiteral("KvHalfCut"), QStringLiteral("ON"));
+}
+
+bool Demonstration::jobCarries(int job, const QString &key, const QString &choice) const
+{
+    QString error;
+    const auto attributes = mScheduler->jobAttributes(job, &error);
+    if (attributes && attributes->value(key) == choice) {
+        return true;
+    }
+    say(QStringLiteral("The job does not carry %1=%2.").arg(key, choice));
+    return false;
+}
+
+bool Demonstration::showResult(int job, const QString &printer) const
+{
+    QString error;
+    if (!mScheduler->waitForJob(job, jobTimeoutMs)) {
+        say(QStringLiteral("Job %1 was not completed.").arg(job));
+        return false;
+    }
+    const auto attributes = mScheduler->jobAttributes(job, &error);
+    if (!attributes) {
+        say(error);
+        return false;
+    }
+    say(QStringLiteral("Job %1 at %2, as the scheduler holds it:").arg(job).arg(printer));
+    for (auto it = attributes->begin(); it != attributes->end(); ++it) {
+        if (it.key().startsWith(QLatin1String("Kv")) || it.key() == QLatin1String("media") ||
+            it.key() == QLatin1String("copies") || it.key() == QLatin1String("job-state")) {
+            say(QStringLiteral("  %1=%2").arg(it.key(), it.value()));
+        }
+    }
+    const QString printed = mResults.filePath(QStringLiteral("printed.pdf"));
+    QFile::remove(printed);
+    if (!QFile::copy(mScheduler->outputPath(printer), printed)) {
+        say(QStringLiteral("There is no output of the printer."));
+        return false;
+    }
+    say(QStringLiteral("Printed into %1").arg(QDir::current().relativeFilePath(printed)));
+    return true;
+}
