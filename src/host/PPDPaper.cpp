@@ -2,6 +2,8 @@
 
 #include "host/PPDFile.h"
 
+#include <QSizeF>
+
 #include <algorithm>
 #include <span>
 

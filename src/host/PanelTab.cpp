@@ -3,6 +3,7 @@
 #include "host/PanelHost.h"
 
 #include <QScreen>
+#include <QShowEvent>
 
 namespace {
 /// The part of the screen's height that is left to the dialog around the tab.

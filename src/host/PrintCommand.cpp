@@ -97,7 +97,7 @@ PrintCommand::~PrintCommand() = default;
 QString PrintCommand::faultOfFiles() const
 {
     for (const QString &file : mCommandLine.files) {
-        if (const QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
+        if (QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
             return fault;
         }
     }

@@ -68,16 +68,18 @@ BinaryPropertyListCheck::BinaryPropertyListCheck(const QByteArray &data)
 
 QString BinaryPropertyListCheck::fault()
 {
-    if (readTrailer())
+    if (readTrailer()) {
         check(mTop, 0);
+    }
     return mFault;
 }
 
 bool BinaryPropertyListCheck::readTrailer()
 {
     const auto size = static_cast<quint64>(mData.size());
-    if (size < kHeaderSize + kTrailerSize)
+    if (size < kHeaderSize + kTrailerSize) {
         return refuse(QStringLiteral("the data is cut off"));
+    }
     const quint64 trailer = size - kTrailerSize;
     mOffsetTable = trailer;
     mOffsetSize = number(trailer + 6, 1);
@@ -88,8 +90,9 @@ bool BinaryPropertyListCheck::readTrailer()
     const bool sound = std::clamp<quint64>(mOffsetSize, 1, 8) == mOffsetSize &&
                        std::clamp<quint64>(mReferenceSize, 1, 8) == mReferenceSize &&
                        table >= kHeaderSize && fits(table, objects, mOffsetSize);
-    if (!sound)
+    if (!sound) {
         return refuse(QStringLiteral("the trailer is malformed or the data is cut off"));
+    }
     mOffsetTable = table;
     mVisits.resize(objects);
     return true;
@@ -104,32 +107,38 @@ bool BinaryPropertyListCheck::fits(quint64 at, quint64 count, quint64 size) cons
 quint64 BinaryPropertyListCheck::number(quint64 at, quint64 size) const
 {
     quint64 number = 0;
-    for (quint64 i = 0; i < size; ++i)
+    for (quint64 i = 0; i < size; ++i) {
         number = number << 8 | static_cast<quint8>(mData.at(static_cast<qsizetype>(at + i)));
+    }
     return number;
 }
 
 bool BinaryPropertyListCheck::readObject(quint64 index, Object *object) const
 {
-    if (index >= mVisits.size())
+    if (index >= mVisits.size()) {
         return false;
+    }
     const quint64 at = number(mOffsetTable + index * mOffsetSize, mOffsetSize);
-    if (at < kHeaderSize || !fits(at, 1, 1))
+    if (at < kHeaderSize || !fits(at, 1, 1)) {
         return false;
+    }
     const quint64 marker = number(at, 1);
     object->kind = static_cast<quint8>(marker >> 4);
     object->detail = static_cast<quint8>(marker & 0xf);
     object->count = object->detail;
     object->content = at + 1;
-    if (!isCounted(object->kind) || object->detail != kCountFollows)
+    if (!isCounted(object->kind) || object->detail != kCountFollows) {
         return true;
+    }
 
-    if (!fits(object->content, 1, 1))
+    if (!fits(object->content, 1, 1)) {
         return false;
+    }
     const quint64 countMarker = number(object->content, 1);
     const quint64 countSize = 1ULL << (countMarker & 0xf);
-    if (countMarker >> 4 != kInteger || countSize > 8 || !fits(object->content + 1, countSize, 1))
+    if (countMarker >> 4 != kInteger || countSize > 8 || !fits(object->content + 1, countSize, 1)) {
         return false;
+    }
     object->count = number(object->content + 1, countSize);
     object->content += 1 + countSize;
     return true;
@@ -138,39 +147,48 @@ bool BinaryPropertyListCheck::readObject(quint64 index, Object *object) const
 bool BinaryPropertyListCheck::check(quint64 index, int depth)
 {
     Object object;
-    if (!readObject(index, &object))
+    if (!readObject(index, &object)) {
         return refuse(QStringLiteral("object %1 is not there").arg(index));
+    }
     Visit &visit = mVisits[index];
-    if (visit.state == State::Open)
+    if (visit.state == State::Open) {
         return refuse(QStringLiteral("object %1 holds itself").arg(index));
-    if (depth + visit.height > PropertyListLimits::kDepth)
+    }
+    if (depth + visit.height > PropertyListLimits::kDepth) {
         return refuse(QStringLiteral("the values are nested too deeply"));
-    if (visit.state == State::Sound)
+    }
+    if (visit.state == State::Sound) {
         return true;
+    }
     visit.state = State::Open;
-    if (!checkContent(index, object, depth))
+    if (!checkContent(index, object, depth)) {
         return false;
+    }
     const auto size = static_cast<quint64>(mData.size());
-    if (visit.size > kUnfoldingAllowance + kUnfoldingFactor * size)
+    if (visit.size > kUnfoldingAllowance + kUnfoldingFactor * size) {
         return refuse(QStringLiteral("object %1 unfolds to too much").arg(index));
+    }
     visit.state = State::Sound;
     return true;
 }
 
 bool BinaryPropertyListCheck::checkContent(quint64 index, const Object &object, int depth)
 {
-    if (object.kind == kArray || object.kind == kDictionary)
+    if (object.kind == kArray || object.kind == kDictionary) {
         return checkContainer(index, object, depth);
+    }
 
     quint64 size = object.count;
-    if (object.kind == kUTF16String)
+    if (object.kind == kUTF16String) {
         size *= 2;
-    else if (object.kind == kInteger || object.kind == kReal || object.kind == kDate)
+    } else if (object.kind == kInteger || object.kind == kReal || object.kind == kDate) {
         size = 1ULL << object.detail;
-    else if (object.kind == kConstant)
+    } else if (object.kind == kConstant) {
         size = 0;
-    if (object.count > static_cast<quint64>(mData.size()) || !fits(object.content, size, 1))
+    }
+    if (object.count > static_cast<quint64>(mData.size()) || !fits(object.content, size, 1)) {
         return refuse(QStringLiteral("object %1 is cut off").arg(index));
+    }
     mVisits[index].size = size + 1;
 
     const QByteArrayView bytes = QByteArrayView(mData).sliced(
@@ -201,17 +219,20 @@ bool BinaryPropertyListCheck::checkContent(quint64 index, const Object &object, 
 bool BinaryPropertyListCheck::checkContainer(quint64 index, const Object &object, int depth)
 {
     const quint64 perElement = object.kind == kDictionary ? 2 : 1;
-    if (!fits(object.content, object.count, perElement * mReferenceSize))
+    if (!fits(object.content, object.count, perElement * mReferenceSize)) {
         return refuse(QStringLiteral("object %1 is cut off").arg(index));
-    if (object.kind == kDictionary && !checkKeys(object))
+    }
+    if (object.kind == kDictionary && !checkKeys(object)) {
         return refuse(QStringLiteral("object %1 has a key that is no string").arg(index));
+    }
 
     Visit &visit = mVisits[index];
     visit.size = 1;
     for (quint64 i = 0; i < object.count * perElement; ++i) {
         const quint64 element = number(object.content + i * mReferenceSize, mReferenceSize);
-        if (!check(element, depth + 1))
+        if (!check(element, depth + 1)) {
             return false;
+        }
         visit.size += mVisits[element].size;
         visit.height = std::max(visit.height, mVisits[element].height + 1);
     }
@@ -223,15 +244,17 @@ bool BinaryPropertyListCheck::checkKeys(const Object &object)
     for (quint64 i = 0; i < object.count; ++i) {
         Object key;
         const quint64 index = number(object.content + i * mReferenceSize, mReferenceSize);
-        if (!readObject(index, &key) || !isString(key.kind))
+        if (!readObject(index, &key) || !isString(key.kind)) {
             return false;
+        }
     }
     return true;
 }
 
 bool BinaryPropertyListCheck::refuse(const QString &fault)
 {
-    if (mFault.isNull())
+    if (mFault.isNull()) {
         mFault = fault;
+    }
     return false;
 }

@@ -27,8 +27,9 @@ bool isFileName(const QString &name)
 
 QString fileIn(const QString &folder, const QString &name)
 {
-    if (!isFileName(name))
+    if (!isFileName(name)) {
         return {};
+    }
     const QString path = folder + u'/' + name;
     return QFileInfo(path).isFile() ? path : QString();
 }
@@ -36,8 +37,9 @@ QString fileIn(const QString &folder, const QString &name)
 std::unique_ptr<QTranslator> loadTable(const QString &path)
 {
     auto table = std::make_unique<QTranslator>();
-    if (!QFileInfo(path).isReadable() || !table->load(path))
+    if (!QFileInfo(path).isReadable() || !table->load(path)) {
         return nullptr;
+    }
     return table;
 }
 
@@ -60,13 +62,15 @@ QStringList tableNames(const QStringList &languages)
 /// Reads an array of file names; answers what is wrong with it.
 QString readFileNames(const QJsonValue &entry, QStringList *names)
 {
-    if (!entry.isArray())
+    if (!entry.isArray()) {
         return QStringLiteral("is no array");
+    }
     const QJsonArray elements = entry.toArray();
     for (const QJsonValue element : elements) {
         const QString name = element.toString();
-        if (!isFileName(name))
+        if (!isFileName(name)) {
             return QStringLiteral("[%1] is no file name").arg(names->size());
+        }
         names->append(name);
     }
     return {};
@@ -83,8 +87,9 @@ std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
     const QString infoPath = bundle->mPath + QStringLiteral("/Contents/Info.json");
     const QString fault = bundle->readInfo(infoPath);
     if (!fault.isNull()) {
-        if (error)
+        if (error) {
             *error = infoPath + QStringLiteral(": ") + fault;
+        }
         return nullptr;
     }
     bundle->setLanguages(QLocale::system().uiLanguages()
@@ -95,16 +100,19 @@ std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
 QString Bundle::readInfo(const QString &infoPath)
 {
     QFile file(infoPath);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return QStringLiteral("cannot be read: ") + file.errorString();
+    }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
-    if (parseError.error != QJsonParseError::NoError)
+    if (parseError.error != QJsonParseError::NoError) {
         return QStringLiteral("malformed JSON at offset %1: %2")
             .arg(parseError.offset)
             .arg(parseError.errorString());
-    if (!document.isObject())
+    }
+    if (!document.isObject()) {
         return QStringLiteral("is no JSON object");
+    }
     return readEntries(document.object());
 }
 
@@ -126,19 +134,23 @@ QString Bundle::readEntries(const QJsonObject &info)
 
     for (const auto &text : kTexts) {
         const QJsonValue value = info.value(text.name);
-        if (value.isUndefined())
+        if (value.isUndefined()) {
             return complaint(text.name, QStringLiteral("is missing"));
+        }
         this->*text.field = value.toString();
-        if ((this->*text.field).isEmpty())
+        if ((this->*text.field).isEmpty()) {
             return complaint(text.name, QStringLiteral("is no text"));
+        }
     }
-    if (!isFileName(mLibrary))
+    if (!isFileName(mLibrary)) {
         return complaint(QLatin1StringView("library"), QStringLiteral("is no file name"));
+    }
 
     const QLatin1StringView resources("resources");
     const QJsonValue names = info.value(resources);
-    if (names.isUndefined())
+    if (names.isUndefined()) {
         return complaint(resources, QStringLiteral("is missing"));
+    }
     const QString fault = readFileNames(names, &mDeclaredResources);
     return fault.isNull() ? QString() : complaint(resources, fault);
 }
@@ -155,8 +167,9 @@ QString Bundle::resourcePath() const
 
 QString Bundle::pathForResource(const QString &name, const QString &type) const
 {
-    if (name.isEmpty())
+    if (name.isEmpty()) {
         return {};
+    }
     return fileIn(resourcePath(), type.isEmpty() ? name : name + u'.' + type);
 }
 
@@ -164,8 +177,9 @@ QString Bundle::pathForImageResource(const QString &name) const
 {
     for (const char *type : kImageTypes) {
         QString path = pathForResource(name, QString::fromLatin1(type));
-        if (!path.isNull())
+        if (!path.isNull()) {
             return path;
+        }
     }
     return {};
 }
@@ -179,8 +193,9 @@ QString Bundle::localizedStringForKey(const QString &key, const QString &value,
     if (!source.isEmpty()) {
         for (const std::unique_ptr<QTranslator> &candidate : mTables) {
             QString text = candidate->translate(context.constData(), source.constData());
-            if (!text.isEmpty())
+            if (!text.isEmpty()) {
                 return text;
+            }
         }
     }
     return value.isNull() ? key : value;
@@ -190,18 +205,21 @@ void Bundle::setLanguages(const QStringList &languages)
 {
     mTables.clear();
     mUnreadableTables.clear();
-    if (languages.isEmpty())
+    if (languages.isEmpty()) {
         return;
+    }
     const QStringList names = tableNames(languages);
     for (const QString &name : names) {
         const QString fileName = name + kTableSuffix;
         const QString path = fileIn(resourcePath(), fileName);
-        if (path.isNull())
+        if (path.isNull()) {
             continue;
-        if (auto table = loadTable(path))
+        }
+        if (auto table = loadTable(path)) {
             mTables.push_back(std::move(table));
-        else
+        } else {
             mUnreadableTables.append(fileName);
+        }
     }
 }
 
@@ -213,8 +231,9 @@ QStringList Bundle::problems() const
     QStringList problems;
     for (const QString &name : std::as_const(names)) {
         const QString fault = resourceFault(name);
-        if (!fault.isNull())
+        if (!fault.isNull()) {
             problems.append(QStringLiteral("%1: %2 %3").arg(bundleName, name, fault));
+        }
     }
     return problems;
 }
@@ -222,12 +241,15 @@ QStringList Bundle::problems() const
 QString Bundle::resourceFault(const QString &name) const
 {
     const QString path = fileIn(resourcePath(), name);
-    if (path.isNull())
+    if (path.isNull()) {
         return QStringLiteral("is missing");
-    if (!QFileInfo(path).isReadable())
+    }
+    if (!QFileInfo(path).isReadable()) {
         return QStringLiteral("cannot be read");
+    }
     const bool isTable = name.endsWith(kTableSuffix);
-    if (mUnreadableTables.contains(name) || (isTable && !loadTable(path)))
+    if (mUnreadableTables.contains(name) || (isTable && !loadTable(path))) {
         return QStringLiteral("is no string table");
+    }
     return {};
 }

@@ -22,14 +22,17 @@ constexpr Selector kSelectors[] = {
 
 OSStatus Gestalt(quint32 selector, qint32 *response)
 {
-    if (!response)
+    if (!response) {
         return kPMInvalidParameter;
+    }
     const std::optional<SystemVersion> &version = systemVersion();
-    if (!version)
+    if (!version) {
         return gestaltUndefSelectorErr;
+    }
     for (const Selector &known : kSelectors) {
-        if (known.code != selector)
+        if (known.code != selector) {
             continue;
+        }
         *response = (*version).*known.number;
         return noErr;
     }

@@ -58,8 +58,9 @@ void NotificationCenter::removeObserver(const void *observer, const QString &nam
     const std::vector<std::shared_ptr<Registration>> removed(
         std::make_move_iterator(firstRemoved), std::make_move_iterator(mRegistrations.end()));
     mRegistrations.erase(firstRemoved, mRegistrations.end());
-    for (const std::shared_ptr<Registration> &registration : removed)
+    for (const std::shared_ptr<Registration> &registration : removed) {
         registration->removed = true;
+    }
 }
 
 void NotificationCenter::postNotification(const QString &name, const void *object)
@@ -67,7 +68,8 @@ void NotificationCenter::postNotification(const QString &name, const void *objec
     const Notification notification{name, object};
     const std::vector<std::shared_ptr<Registration>> registrations = mRegistrations;
     for (const std::shared_ptr<Registration> &registration : registrations) {
-        if (registration->wants(notification))
+        if (registration->wants(notification)) {
             registration->handler(notification);
+        }
     }
 }

@@ -29,8 +29,9 @@ constexpr PageRangeEnd kLastPage{QLatin1StringView("com.korvane.print.settings.L
 template <typename Value>
 OSStatus handOut(const Value &value, Value *result)
 {
-    if (!result)
+    if (!result) {
         return kPMInvalidParameter;
+    }
     *result = value;
     return noErr;
 }
@@ -38,11 +39,13 @@ OSStatus handOut(const Value &value, Value *result)
 template <typename Holder>
 OSStatus handOutEntry(const Holder &holder, const QString &key, QVariant *result)
 {
-    if (!result)
+    if (!result) {
         return kPMInvalidParameter;
+    }
     const QVariant value = holder.value(key);
-    if (!value.isValid())
+    if (!value.isValid()) {
         return kPMInvalidKey;
+    }
     *result = value;
     return noErr;
 }
@@ -50,34 +53,41 @@ OSStatus handOutEntry(const Holder &holder, const QString &key, QVariant *result
 std::optional<quint32> pageNumber(const QVariant &value)
 {
     const IntegerKind kind = integerKind(value);
-    if (kind == IntegerKind::None || (kind == IntegerKind::Signed && value.toLongLong() < 1))
+    if (kind == IntegerKind::None || (kind == IntegerKind::Signed && value.toLongLong() < 1)) {
         return std::nullopt;
+    }
     const qulonglong number = value.toULongLong();
-    if (number < 1 || number > kLastPageNumber)
+    if (number < 1 || number > kLastPageNumber) {
         return std::nullopt;
+    }
     return static_cast<quint32>(number);
 }
 
 OSStatus getPage(PMPrintSettings settings, const PageRangeEnd &end, quint32 *result)
 {
-    if (!settings)
+    if (!settings) {
         return kPMInvalidPrintSettings;
-    if (!result)
+    }
+    if (!result) {
         return kPMInvalidParameter;
+    }
     const QVariant value = settings->value(end.key);
     const std::optional<quint32> page = value.isValid() ? pageNumber(value) : end.unset;
-    if (!page)
+    if (!page) {
         return kPMInvalidValue;
+    }
     *result = *page;
     return noErr;
 }
 
 OSStatus setPage(PMPrintSettings settings, const PageRangeEnd &end, quint32 page, bool lock)
 {
-    if (!settings)
+    if (!settings) {
         return kPMInvalidPrintSettings;
-    if (page == 0)
+    }
+    if (page == 0) {
         return kPMValueOutOfRange;
+    }
     settings->setValue(end.key, QVariant::fromValue<qlonglong>(page));
     return lock ? kPMLockIgnored : noErr;
 }
@@ -117,12 +127,15 @@ OSStatus PMPaperGetPPDPaperName(PMPaper paper, QString *name)
 
 OSStatus PMPaperGetHeight(PMPaper paper, double *height)
 {
-    if (!paper)
+    if (!paper) {
         return kPMInvalidPaper;
-    if (!height)
+    }
+    if (!height) {
         return kPMInvalidParameter;
-    if (!std::isfinite(paper->height()) || paper->height() < 0)
+    }
+    if (!std::isfinite(paper->height()) || paper->height() < 0) {
         return kPMInvalidPaper;
+    }
     *height = paper->height();
     return noErr;
 }
@@ -135,14 +148,17 @@ OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, const QString &key, Q
 OSStatus PMPrintSettingsCreateDataRepresentation(PMPrintSettings settings, QByteArray *data,
                                                  PMDataFormat format)
 {
-    if (!settings)
+    if (!settings) {
         return kPMInvalidPrintSettings;
+    }
     const std::optional<PropertyList::Format> listFormat = propertyListFormat(format);
-    if (!data || !listFormat)
+    if (!data || !listFormat) {
         return kPMInvalidParameter;
+    }
     const QByteArray representation = settings->dataRepresentation(*listFormat, nullptr);
-    if (representation.isEmpty())
+    if (representation.isEmpty()) {
         return kPMInvalidValue;
+    }
     *data = representation;
     return noErr;
 }
@@ -150,11 +166,13 @@ OSStatus PMPrintSettingsCreateDataRepresentation(PMPrintSettings settings, QByte
 OSStatus PMPrintSettingsCreateWithDataRepresentation(const QByteArray &data,
                                                      std::unique_ptr<PrintSettings> *settings)
 {
-    if (!settings)
+    if (!settings) {
         return kPMInvalidParameter;
+    }
     const std::optional<PrintSettings> read = PrintSettings::fromData(data, nullptr);
-    if (!read)
+    if (!read) {
         return kPMInvalidValue;
+    }
     *settings = std::make_unique<PrintSettings>(*read);
     return noErr;
 }
@@ -192,8 +210,9 @@ OSStatus PMPrinterCopyDeviceURI(PMPrinter printer, QString *deviceURI)
 QString URLCopyScheme(const QString &uri)
 {
     const qsizetype colon = uri.indexOf(u':');
-    if (colon < 1 || !isLetter(uri.front()))
+    if (colon < 1 || !isLetter(uri.front())) {
         return {};
+    }
     const QString scheme = uri.left(colon);
     return std::all_of(scheme.begin(), scheme.end(), isSchemeCharacter) ? scheme : QString();
 }

@@ -7,8 +7,9 @@ QVariant PrintSession::value(const QString &key) const
 
 void PrintSession::setValue(const QString &key, const QVariant &value)
 {
-    if (value.isValid())
+    if (value.isValid()) {
         mValues.insert(key, value);
-    else
+    } else {
         mValues.remove(key);
+    }
 }

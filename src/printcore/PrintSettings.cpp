@@ -15,21 +15,25 @@ QVariant PrintSettings::value(const QString &key) const
 
 void PrintSettings::setValue(const QString &key, const QVariant &value)
 {
-    if (value.isValid())
+    if (value.isValid()) {
         mValues.insert(key, value);
-    else
+    } else {
         mValues.remove(key);
+    }
 }
 
 std::optional<PrintSettings> PrintSettings::fromData(const QByteArray &data, QString *error)
 {
     const QVariant root = PropertyList::read(data, error);
-    if (!root.isValid())
+    if (!root.isValid()) {
         return std::nullopt;
-    if (root.typeId() == QMetaType::QVariantMap)
+    }
+    if (root.typeId() == QMetaType::QVariantMap) {
         return PrintSettings(root.toMap());
-    if (error)
+    }
+    if (error) {
         *error = QStringLiteral("the top level is no dictionary");
+    }
     return std::nullopt;
 }
 

@@ -27,12 +27,13 @@ QByteArray soundBinary(const QByteArray &data, QString *fault)
 /// The data in a form that libplist can be given; tells what is wrong when there is none.
 QByteArray soundData(const QByteArray &data, QString *fault)
 {
-    if (data.isEmpty())
+    if (data.isEmpty()) {
         *fault = QStringLiteral("the data is empty");
-    else if (data.size() > kLongestData)
+    } else if (data.size() > kLongestData) {
         *fault = QStringLiteral("the data is too long");
-    else
+    } else {
         return PropertyListNode::isBinary(data) ? soundBinary(data, fault) : soundXML(data, fault);
+    }
     return {};
 }
 } // namespace
@@ -44,12 +45,14 @@ QVariant PropertyList::read(const QByteArray &data, QString *error)
     if (fault.isNull()) {
         const PropertyListNode::Pointer root = PropertyListNode::fromData(sound);
         QVariant value = root ? PropertyListReader::value(root.get()) : QVariant();
-        if (value.isValid())
+        if (value.isValid()) {
             return value;
+        }
         fault = QStringLiteral("the data is malformed");
     }
-    if (error)
+    if (error) {
         *error = fault;
+    }
     return {};
 }
 
@@ -57,7 +60,8 @@ QByteArray PropertyList::write(const QVariant &value, Format format, QString *er
 {
     PropertyListWriter writer(format);
     QByteArray data = writer.write(value);
-    if (error && data.isEmpty())
+    if (error && data.isEmpty()) {
         *error = writer.fault();
+    }
     return data;
 }

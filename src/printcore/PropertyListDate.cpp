@@ -17,8 +17,9 @@ QDateTime reference()
 
 bool PropertyListDate::isHeld(const QDateTime &date)
 {
-    if (!date.isValid())
+    if (!date.isValid()) {
         return false;
+    }
     const int year = date.toUTC().date().year();
     return year >= kFirstYear && year <= kLastYear;
 }
@@ -26,8 +27,9 @@ bool PropertyListDate::isHeld(const QDateTime &date)
 QDateTime PropertyListDate::fromSeconds(double seconds)
 {
     const double milliseconds = seconds * kMillisecondsPerSecond;
-    if (!(std::abs(milliseconds) < kMostMilliseconds))
+    if (!(std::abs(milliseconds) < kMostMilliseconds)) {
         return {};
+    }
     const QDateTime date = reference().addMSecs(std::llround(milliseconds));
     return isHeld(date) ? date : QDateTime();
 }

@@ -6,7 +6,7 @@
 
 namespace {
 constexpr char kHeader[] = "bplist00";
-constexpr qsizetype kHeaderSize = 8;
+constexpr qsizetype kListHeaderSize = 8;
 /// The offset table of a single object, and the trailer.
 constexpr qsizetype kTailSize = 1 + 32;
 
@@ -78,7 +78,7 @@ PropertyListNode::Pointer PropertyListNode::fromObject(const QByteArray &object)
 {
     QByteArray data = kHeader + object;
     const auto table = static_cast<quint64>(data.size());
-    data.append(static_cast<char>(kHeaderSize));
+    data.append(static_cast<char>(kListHeaderSize));
     data.append(6, '\0');
     data.append("\1\1", 2);
     for (const quint64 number : {quint64(1), quint64(0), table}) {
@@ -91,5 +91,5 @@ PropertyListNode::Pointer PropertyListNode::fromObject(const QByteArray &object)
 QByteArray PropertyListNode::toObject(plist_t node)
 {
     const QByteArray data = toBinary(node);
-    return data.sliced(kHeaderSize, data.size() - kHeaderSize - kTailSize);
+    return data.sliced(kListHeaderSize, data.size() - kListHeaderSize - kTailSize);
 }

@@ -30,8 +30,9 @@ QVariant integerValue(plist_t node)
     // libplist hands out 64 bits and tells in the binary form alone whether they have a sign.
     const bool hasHighBit = number > uint64_t(std::numeric_limits<int64_t>::max());
     if (hasHighBit &&
-        PropertyListNode::toObject(node).startsWith(PropertyListNode::kWideIntegerMarker))
+        PropertyListNode::toObject(node).startsWith(PropertyListNode::kWideIntegerMarker)) {
         return QVariant::fromValue<qulonglong>(number);
+    }
     return QVariant::fromValue<qlonglong>(static_cast<qlonglong>(number));
 }
 
@@ -75,8 +76,9 @@ QVariant arrayValue(plist_t node)
     for (plist_array_next_item(node, iterator, &element); element;
          plist_array_next_item(node, iterator, &element)) {
         const QVariant value = PropertyListReader::value(element);
-        if (!value.isValid())
+        if (!value.isValid()) {
             return {};
+        }
         values.append(value);
     }
     return values;
@@ -94,8 +96,9 @@ QVariant dictionaryValue(plist_t node)
          plist_dict_next_item(node, iterator, &key, &element)) {
         const Memory keyOwner(std::exchange(key, nullptr));
         const QVariant value = PropertyListReader::value(element);
-        if (!value.isValid())
+        if (!value.isValid()) {
             return {};
+        }
         values.insert(QString::fromUtf8(static_cast<const char *>(keyOwner.get())), value);
     }
     return values;

@@ -21,11 +21,13 @@ QByteArray bigEndianBytes(quint64 number)
 
 Pointer integerNode(const QVariant &value)
 {
-    if (integerKind(value) == IntegerKind::Signed)
+    if (integerKind(value) == IntegerKind::Signed) {
         return Pointer(plist_new_uint(static_cast<uint64_t>(value.toLongLong())));
+    }
     const qulonglong number = value.toULongLong();
-    if (number <= static_cast<qulonglong>(std::numeric_limits<qlonglong>::max()))
+    if (number <= static_cast<qulonglong>(std::numeric_limits<qlonglong>::max())) {
         return Pointer(plist_new_uint(number));
+    }
     // libplist makes negative numbers of such large ones, except of those that it reads.
     return PropertyListNode::fromObject(PropertyListNode::kWideIntegerMarker + bigEndianBytes(0) +
                                         bigEndianBytes(number));
@@ -57,19 +59,22 @@ PropertyListWriter::PropertyListWriter(PropertyList::Format format)
 QByteArray PropertyListWriter::write(const QVariant &value)
 {
     const Pointer root = node(value, Place());
-    if (!root)
+    if (!root) {
         return {};
+    }
     return mFormat == PropertyList::Format::XML ? PropertyListNode::toXML(root.get())
                                                 : PropertyListNode::toBinary(root.get());
 }
 
 QString PropertyListWriter::Place::path() const
 {
-    if (!outer)
+    if (!outer) {
         return {};
+    }
     const QString outerPath = outer->path();
-    if (index >= 0)
+    if (index >= 0) {
         return QStringLiteral("%1[%2]").arg(outerPath).arg(index);
+    }
     return outerPath.isEmpty() ? key : outerPath + u'/' + key;
 }
 
@@ -93,8 +98,9 @@ Pointer PropertyListWriter::node(const QVariant &value, const Place &place)
 
 Pointer PropertyListWriter::scalarNode(const QVariant &value, const Place &place)
 {
-    if (integerKind(value) != IntegerKind::None)
+    if (integerKind(value) != IntegerKind::None) {
         return integerNode(value);
+    }
     switch (value.typeId()) {
     case QMetaType::Bool:
         return Pointer(plist_new_bool(value.toBool()));
@@ -103,8 +109,9 @@ Pointer PropertyListWriter::scalarNode(const QVariant &value, const Place &place
     case QMetaType::QByteArray:
         return dataNode(value.toByteArray());
     case QMetaType::QDateTime:
-        if (PropertyListDate::isHeld(value.toDateTime()))
+        if (PropertyListDate::isHeld(value.toDateTime())) {
             return dateNode(value.toDateTime());
+        }
         refuse(place, QStringLiteral("a property list holds no such date"));
         return {};
     default:
@@ -127,8 +134,9 @@ Pointer PropertyListWriter::arrayNode(const QVariantList &values, const Place &p
     Place inner{&place, {}, 0, place.depth + 1};
     for (const QVariant &value : values) {
         Pointer element = node(value, inner);
-        if (!element)
+        if (!element) {
             return {};
+        }
         plist_array_append_item(array.get(), element.release());
         ++inner.index;
     }
@@ -141,8 +149,9 @@ Pointer PropertyListWriter::dictionaryNode(const QVariantMap &values, const Plac
     for (auto entry = values.begin(); entry != values.end(); ++entry) {
         const Place inner{&place, entry.key(), -1, place.depth + 1};
         Pointer element = takesText(entry.key(), inner) ? node(entry.value(), inner) : nullptr;
-        if (!element)
+        if (!element) {
             return {};
+        }
         plist_dict_set_item(dictionary.get(), entry.key().toUtf8().constData(), element.release());
     }
     return dictionary;
@@ -157,8 +166,9 @@ bool PropertyListWriter::takesText(const QString &text, const Place &place)
     const auto *const untaken = mFormat == PropertyList::Format::XML
                                     ? std::find_if_not(text.begin(), text.end(), isXMLCharacter)
                                     : std::find(text.begin(), text.end(), QChar(u'\0'));
-    if (untaken == text.end())
+    if (untaken == text.end()) {
         return true;
+    }
     refuse(place, QStringLiteral("the format holds no character U+%1")
                       .arg(untaken->unicode(), 4, 16, QLatin1Char('0')));
     return false;

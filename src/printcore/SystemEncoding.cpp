@@ -38,12 +38,14 @@ void refuseBytes(const void *, UConverterToUnicodeArgs *, const char *, int32_t,
 ConverterPointer openConverter(const QByteArray &encoding)
 {
     // ICU takes an empty name for its default converter.
-    if (encoding.isEmpty())
+    if (encoding.isEmpty()) {
         return {};
+    }
     UErrorCode status = U_ZERO_ERROR;
     ConverterPointer converter(ucnv_open(encoding.constData(), &status));
-    if (U_FAILURE(status))
+    if (U_FAILURE(status)) {
         return {};
+    }
     ucnv_setFromUCallBack(converter.get(), refuseText, nullptr, nullptr, nullptr, &status);
     ucnv_setToUCallBack(converter.get(), refuseBytes, nullptr, nullptr, nullptr, &status);
     ucnv_setFallback(converter.get(), false);
@@ -55,11 +57,13 @@ UConverter *converterFor(const QByteArray &encoding)
 {
     static std::unordered_map<QByteArray, ConverterPointer> converters;
     const auto known = converters.find(encoding);
-    if (known != converters.end())
+    if (known != converters.end()) {
         return known->second.get();
+    }
     ConverterPointer converter = openConverter(encoding);
-    if (!converter)
+    if (!converter) {
         return nullptr;
+    }
     return converters.emplace(encoding, std::move(converter)).first->second.get();
 }
 
@@ -73,8 +77,9 @@ QByteArray &chosenName()
 template <typename Buffer, typename Conversion>
 bool convert(Buffer &buffer, qsizetype firstLength, Conversion conversion)
 {
-    if (firstLength > std::numeric_limits<int32_t>::max())
+    if (firstLength > std::numeric_limits<int32_t>::max()) {
         return false;
+    }
     buffer.resize(firstLength);
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = conversion(buffer, &status);
@@ -83,8 +88,9 @@ bool convert(Buffer &buffer, qsizetype firstLength, Conversion conversion)
         status = U_ZERO_ERROR;
         length = conversion(buffer, &status);
     }
-    if (U_FAILURE(status))
+    if (U_FAILURE(status)) {
         return false;
+    }
     buffer.resize(length);
     return true;
 }
@@ -108,16 +114,18 @@ std::span<const char *const> SystemEncoding::availableStringEncodings()
 std::optional<QByteArray> SystemEncoding::encode(const QString &text, const QByteArray &encoding)
 {
     UConverter *const converter = converterFor(encoding);
-    if (!converter)
+    if (!converter) {
         return std::nullopt;
+    }
     QByteArray bytes;
     const bool converted = convert(bytes, text.size(), [&](QByteArray &buffer, UErrorCode *status) {
         return ucnv_fromUChars(converter, buffer.data(), static_cast<int32_t>(buffer.size()),
                                reinterpret_cast<const UChar *>(text.utf16()),
                                static_cast<int32_t>(text.size()), status);
     });
-    if (!converted)
+    if (!converted) {
         return std::nullopt;
+    }
     return bytes;
 }
 
@@ -129,8 +137,9 @@ std::optional<QByteArray> SystemEncoding::encode(const QString &text)
 QString SystemEncoding::decode(const char *bytes)
 {
     UConverter *const converter = bytes ? converterFor(name()) : nullptr;
-    if (!converter)
+    if (!converter) {
         return {};
+    }
     const size_t length = std::strlen(bytes);
     QString text(QLatin1StringView(""));
     const bool converted =

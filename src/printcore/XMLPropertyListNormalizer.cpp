@@ -25,8 +25,9 @@ bool isInteger(const QString &text)
     const qsizetype signLength = trimmed.startsWith(u'-') || trimmed.startsWith(u'+') ? 1 : 0;
     const QStringView digits = QStringView(trimmed).sliced(signLength);
     // libplist takes a leading 0 for the mark of an octal number.
-    if (digits.size() > 1 && digits.front() == u'0')
+    if (digits.size() > 1 && digits.front() == u'0') {
         return false;
+    }
     bool isSigned = false;
     bool isUnsigned = false;
     trimmed.toLongLong(&isSigned);
@@ -92,8 +93,9 @@ XMLPropertyListNormalizer::XMLPropertyListNormalizer(const QByteArray &data)
 
 QByteArray XMLPropertyListNormalizer::normalized()
 {
-    if (!mIsUTF8)
+    if (!mIsUTF8) {
         return {};
+    }
     mNormalized = "<plist>";
     readDocument();
     mNormalized.append("</plist>");
@@ -102,46 +104,56 @@ QByteArray XMLPropertyListNormalizer::normalized()
 
 QString XMLPropertyListNormalizer::fault() const
 {
-    if (!mIsUTF8)
+    if (!mIsUTF8) {
         return QStringLiteral("the data is not in UTF-8");
-    if (!mReader.hasError())
+    }
+    if (!mReader.hasError()) {
         return {};
+    }
     return QStringLiteral("line %1: %2").arg(mReader.lineNumber()).arg(mReader.errorString());
 }
 
 void XMLPropertyListNormalizer::readDocument()
 {
-    if (!goToNextElement())
+    if (!goToNextElement()) {
         return;
-    if (mReader.name() != u"plist")
+    }
+    if (mReader.name() != u"plist") {
         return mReader.raiseError(QStringLiteral("the data is no property list"));
+    }
     if (!goToNextElement()) {
         mReader.raiseError(QStringLiteral("the property list is empty"));
         return;
     }
     readValue(0);
-    if (goToNextElement())
+    if (goToNextElement()) {
         mReader.raiseError(QStringLiteral("there is a second value at the top level"));
-    while (!mReader.atEnd())
+    }
+    while (!mReader.atEnd()) {
         mReader.readNext();
+    }
 }
 
 void XMLPropertyListNormalizer::readValue(int depth)
 {
-    if (depth > PropertyListLimits::kDepth)
+    if (depth > PropertyListLimits::kDepth) {
         return mReader.raiseError(QStringLiteral("the values are nested too deeply"));
-    if (mReader.name() == u"array")
+    }
+    if (mReader.name() == u"array") {
         return readArray(depth);
-    if (mReader.name() == u"dict")
+    }
+    if (mReader.name() == u"dict") {
         return readDictionary(depth);
+    }
     readScalar();
 }
 
 void XMLPropertyListNormalizer::readArray(int depth)
 {
     mNormalized.append("<array>");
-    while (goToNextElement())
+    while (goToNextElement()) {
         readValue(depth + 1);
+    }
     mNormalized.append("</array>");
 }
 
@@ -149,11 +161,13 @@ void XMLPropertyListNormalizer::readDictionary(int depth)
 {
     mNormalized.append("<dict>");
     while (goToNextElement()) {
-        if (mReader.name() != u"key")
+        if (mReader.name() != u"key") {
             return mReader.raiseError(QStringLiteral("a value has no key"));
+        }
         const QString key = mReader.readElementText();
-        if (!goToNextElement())
+        if (!goToNextElement()) {
             return mReader.raiseError(QStringLiteral("the key \"%1\" has no value").arg(key));
+        }
         write(QStringLiteral("key"), quoted(key));
         readValue(depth + 1);
     }
@@ -166,14 +180,17 @@ void XMLPropertyListNormalizer::readScalar()
     const auto *const scalar =
         std::find_if(std::begin(kScalars), std::end(kScalars),
                      [&](const Scalar &known) { return known.element == element; });
-    if (scalar == std::end(kScalars))
+    if (scalar == std::end(kScalars)) {
         return mReader.raiseError(QStringLiteral("a property list holds no \"%1\"").arg(element));
+    }
     const QString text = mReader.readElementText();
-    if (mReader.hasError())
+    if (mReader.hasError()) {
         return;
-    if (!scalar->takes(text))
+    }
+    if (!scalar->takes(text)) {
         return mReader.raiseError(
             QStringLiteral("\"%1\" is no \"%2\"").arg(text.left(40), element));
+    }
     write(element, scalar->takes == isText ? quoted(text) : text.trimmed().toUtf8());
 }
 
@@ -187,12 +204,14 @@ bool XMLPropertyListNormalizer::goToNextElement()
         case QXmlStreamReader::EndElement:
             return false;
         case QXmlStreamReader::DTD:
-            if (mReader.text().contains(u'['))
+            if (mReader.text().contains(u'[')) {
                 mReader.raiseError(QStringLiteral("the data declares a document type of its own"));
+            }
             break;
         case QXmlStreamReader::Characters:
-            if (!mReader.isWhitespace())
+            if (!mReader.isWhitespace()) {
                 mReader.raiseError(QStringLiteral("there is text between the values"));
+            }
             break;
         default:
             break;

@@ -4,6 +4,7 @@
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUiLoader>

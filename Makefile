@@ -1,0 +1,45 @@
+# A thin front for the CMake presets. Every target that needs packages gets them by "make deps".
+
+JOBS ?= $(shell nproc)
+PREFIX ?= /usr/local
+
+.PHONY: all run test lint test-release test-sanitize bench deps install clean
+.NOTPARALLEL:
+
+# What has to be built for a user.
+all: deps
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS)
+
+# Prints a sample label through the dialog, at a scheduler of its own.
+run: all
+	build/release/bin/kvprint-demo build/run
+
+# Checks the sources, and runs every test in both builds.
+test: deps lint test-release test-sanitize
+
+lint:
+	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+	cmake --preset lint
+	run-clang-tidy -quiet -j $(JOBS) -p build/lint 'Unity/unity_' > build/lint/tidy.log 2>&1 \
+		|| { grep -E 'error:|warning:' build/lint/tidy.log; exit 1; }
+
+test-release test-sanitize: test-%:
+	cmake --preset $*
+	cmake --build --preset $* --parallel $(JOBS)
+	ctest --preset $* --parallel $(JOBS)
+
+# Measures how long the panel takes.
+bench: all
+	build/release/bin/kvprint-bench
+
+# Installs the packages that are missing.
+deps:
+	tools/deps
+
+# Installs below PREFIX, and below DESTDIR when that is set.
+install: all
+	cmake --install build/release --prefix $(PREFIX)
+
+clean:
+	rm -rf build
