@@ -134,7 +134,7 @@ void OptionPDE13_v400_::connectActions()
 
 void OptionPDE13_v400_::awakeFromNib()
 {
-    const QSizeF size = kPDEView ? QSizeF(kPDEView->size()) : QSizeF(0.0, 0.0);
+    const QSizeF size = frameSize(kPDEView);
     hideControls();
     removePresets(isRVPrinter() ? Presets(rvFamilyRemoves) : Presets(tapeFamilyRemoves));
     const int removedHeight = layOutRows(size.height() - firstRowBelowTop);
@@ -200,6 +200,7 @@ void OptionPDE13_v400_::describeControls()
 {
     if (PopUpButton *popUp = mOptionPopUpButton) {
         popUp->setAccessibleName(localized("RS_Presets"));
+        popUp->setIconSize(popUp->iconSize() * pixelsPerPoint(popUp));
         for (int i = 0; i < popUp->count(); ++i) {
             const QString identifier = popUp->itemText(i);
             const QString picture =

@@ -33,8 +33,8 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &path, ProblemRepor
         return nullptr;
     }
     loaded->mLoader.setFileName(loaded->mBundle->libraryPath());
-    loaded->mPlugIn = qobject_cast<PDEPlugIn *>(loaded->mLoader.instance());
-    if (!loaded->mPlugIn) {
+    loaded->mFactory = qobject_cast<PDEPlugInFactory *>(loaded->mLoader.instance());
+    if (!loaded->mFactory) {
         const QString reason = loaded->mLoader.isLoaded()
                                    ? QStringLiteral("the library is no print dialog plug-in")
                                    : loaded->mLoader.errorString();
@@ -44,14 +44,21 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &path, ProblemRepor
     for (const QString &problem : loaded->mBundle->problems()) {
         reporter.report(problem);
     }
-    if (!loaded->mPlugIn->initWithBundle(loaded->mBundle)) {
-        reporter.report(QStringLiteral("%1: does not work on this system").arg(loaded->name()));
+    if (!loaded->makePlugIn()) {
+        reporter.report(QStringLiteral("%1: the library has no class %2 that works on this system")
+                            .arg(loaded->name(), loaded->mBundle->principalClass()));
         return nullptr;
     }
     return loaded;
 }
 
 PanelBundle::~PanelBundle() = default;
+
+std::unique_ptr<PDEPlugIn> PanelBundle::makePlugIn() const
+{
+    auto plugIn = mFactory->makePlugIn(mBundle->principalClass());
+    return plugIn && plugIn->initWithBundle(mBundle) ? std::move(plugIn) : nullptr;
+}
 
 QString PanelBundle::name() const
 {

@@ -11,7 +11,7 @@
 class Bundle;
 class ProblemReporter;
 
-/// A bundle whose plug-in has been loaded and works on this system.
+/// A bundle whose library has been loaded and works on this system.
 class PanelBundle
 {
 public:
@@ -28,7 +28,8 @@ public:
     PanelBundle(const PanelBundle &) = delete;
     PanelBundle &operator=(const PanelBundle &) = delete;
 
-    PDEPlugIn &plugIn() const { return *mPlugIn; }
+    /// A plug-in object for one dialog.
+    std::unique_ptr<PDEPlugIn> makePlugIn() const;
     /// The bundle's folder name, for messages.
     QString name() const;
 
@@ -43,7 +44,7 @@ private:
 
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;
-    PDEPlugIn *mPlugIn = nullptr;
+    PDEPlugInFactory *mFactory = nullptr;
 };
 
 /// The bundles of a dialog.

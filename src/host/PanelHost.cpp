@@ -32,12 +32,12 @@ PanelHost::~PanelHost() = default;
 
 void PanelHost::addPanels(const PanelBundle &bundle)
 {
-    const auto list = bundle.plugIn().PDEPanelsForType(kPrinterModuleDialogType, mCallback);
+    mPlugIns.push_back(bundle.makePlugIn());
+    const auto list = mPlugIns.back()->PDEPanelsForType(kPrinterModuleDialogType, mCallback);
     if (!list) {
         mReporter.report(QStringLiteral("%1: could not make its panel").arg(bundle.name()));
         return;
     }
-    mLists.push_back(list);
     for (const auto &panel : *list) {
         mPanels.push_back(panel.get());
         const QStringList *keys = panel->supportedPPDOptionKeys();

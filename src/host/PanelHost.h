@@ -90,7 +90,7 @@ private:
 
     ProblemReporter &mReporter;
     std::shared_ptr<DialogCallback> mCallback;
-    std::vector<std::shared_ptr<PDEPanelList>> mLists;
+    std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;
     std::vector<PDEPanel *> mShown;
     QStringList mKeys;

@@ -12,6 +12,9 @@
 #include <optional>
 
 namespace {
+/// The largest page number that the dialog offers: how many pages a file has is for CUPS to know.
+constexpr int mostPages = 9999;
+
 void addCopies(const QPrinter &printer, JobOptions &options)
 {
     if (printer.copyCount() > 1) {
@@ -169,6 +172,7 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     }
     mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
+    mDialog->setMinMax(1, mostPages);
     mDialog->setWindowTitle(QStringLiteral("Print %1").arg(mPrinter->docName()));
     mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
     mAttachment =

@@ -5,6 +5,7 @@
 #include "printcore/SystemEncoding.h"
 #include "toolkit/NibLoader.h"
 #include "toolkit/TrackingArea.h"
+#include "toolkit/ViewGeometry.h"
 
 #include <QApplication>
 
@@ -197,14 +198,13 @@ void BasePDE13_v400_::setViewFrameSize(const QSizeF &size)
     if (!pdePluginCallbackObject->respondsToPanelViewDidResize()) {
         return;
     }
-    if (kPDEView) {
-        kPDEView->resize(size.toSize());
-    }
+    setFrameSize(kPDEView, size);
     const QWidget *keyWindow = QApplication::activeWindow();
     if (!keyWindow) {
         return;
     }
-    if (keyWindow->frameGeometry().height() > size.height() + dialogHeightAroundView) {
+    const double windowHeight = keyWindow->frameGeometry().height() / pixelsPerPoint(kPDEView);
+    if (windowHeight > size.height() + dialogHeightAroundView) {
         pdePluginCallbackObject->panelViewDidResize();
         return;
     }

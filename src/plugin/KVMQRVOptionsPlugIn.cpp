@@ -34,15 +34,14 @@ bool KVMQRVOptionsPlugIn13_v400_::initWithBundle(const std::shared_ptr<Bundle> &
 std::shared_ptr<PDEPanelList> KVMQRVOptionsPlugIn13_v400_::PDEPanelsForType(
     const QString &type, const std::shared_ptr<PDEPluginCallback13_v400_> &hostInfo)
 {
-    auto panels = std::make_shared<PDEPanelList>();
+    pdes = std::make_shared<PDEPanelList>();
     if (type == kPrinterModuleDialogType) {
         if (auto panel = OptionPDE13_v400_::initWithCallback(hostInfo, pluginBundle.lock())) {
-            panels->push_back(std::move(panel));
+            pdes->push_back(std::move(panel));
         }
-        if (panels->empty()) {
-            panels.reset();
+        if (pdes->empty()) {
+            pdes.reset();
         }
     }
-    pdes = panels;
-    return panels;
+    return pdes;
 }

@@ -2,15 +2,9 @@
 
 #include "plugin/PDEPlugIn.h"
 
-#include <QObject>
-
 /// The principal class of the cut-option bundle.
-class KVMQRVOptionsPlugIn13_v400_ : public QObject, public PDEPlugIn
+class KVMQRVOptionsPlugIn13_v400_ : public PDEPlugIn
 {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID PDEPlugIn_iid)
-    Q_INTERFACES(PDEPlugIn)
-
 public:
     /// Whether the dialog-extension interface is version 10.5 or later. The version is asked for
     /// once per process.
@@ -26,7 +20,6 @@ public:
 
 private:
     std::weak_ptr<Bundle> pluginBundle;
-    /// The panels last built, for as long as the dialog keeps them: it drops them when it closes,
-    /// while this object lives on for the next dialog.
-    std::weak_ptr<PDEPanelList> pdes;
+    /// The panels last built; null when the last call could build none.
+    std::shared_ptr<PDEPanelList> pdes;
 };

@@ -13,7 +13,7 @@ class PDEPluginCallback13_v400_;
 inline const QString kPrinterModuleDialogType =
     QStringLiteral("BDB091F4-E57F-11D3-B5CC-0050E4603277");
 
-/// A bundle's principal class, the one object that its library gives to the print dialog.
+/// A bundle's principal class: one object for each dialog.
 class PDEPlugIn
 {
 public:
@@ -27,13 +27,24 @@ public:
      *
      * @param type what dialog it is.
      * @param hostInfo the dialog's callback object, which the panels keep.
-     * @return the panels, which live as long as the caller holds the list. Null when a panel of
-     *         the type could not be built, empty when the plug-in has none for it.
+     * @return the panels, which the plug-in keeps until the next call or its own end, and the
+     *         caller for as long as it holds the list. Null when a panel of the type could not be
+     *         built, empty when the plug-in has none for it.
      */
     virtual std::shared_ptr<PDEPanelList>
     PDEPanelsForType(const QString &type,
                      const std::shared_ptr<PDEPluginCallback13_v400_> &hostInfo) = 0;
 };
 
-#define PDEPlugIn_iid "com.korvane.print.PDEPlugIn/1.0"
-Q_DECLARE_INTERFACE(PDEPlugIn, PDEPlugIn_iid)
+/// The one object that a bundle's library gives to the print dialog: makes principal objects.
+class PDEPlugInFactory
+{
+public:
+    virtual ~PDEPlugInFactory() = default;
+
+    /// A new object of the principal class; null when the library has no class of that name.
+    virtual std::unique_ptr<PDEPlugIn> makePlugIn(const QString &principalClass) const = 0;
+};
+
+#define PDEPlugInFactory_iid "com.korvane.print.PDEPlugInFactory/1.0"
+Q_DECLARE_INTERFACE(PDEPlugInFactory, PDEPlugInFactory_iid)

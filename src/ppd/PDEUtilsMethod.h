@@ -45,7 +45,8 @@ public:
     /// "False" means that it is supported.
     static bool isSupportedItem(ppd_file_t *ppd, const char *name);
 
-    /// The point that an attribute gives, as in "{12, 34.5}"; (0, 0) when there is none.
+    /// The point that an attribute gives, as in "{12, 34.5}", where y may be missing and is then 0;
+    /// (0, 0) when there is none.
     static QPointF originItem(ppd_file_t *ppd, const char *name);
 
     /// One PDEChoice for each choice of the option, in the PPD's order; null for a null option.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace {
@@ -38,6 +39,23 @@ QString ticketString(PMPrintSettings printSettings, const QString &key)
 {
     const QVariant value = privateTicket(printSettings).value(key);
     return value.metaType() == QMetaType::fromType<QString>() ? value.toString() : QString();
+}
+
+/// A number's part before the decimal point; nothing for what is no number.
+std::optional<qint64> wholeNumber(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return RoundDouble(std::trunc(value.toDouble()));
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return value.toLongLong();
+    default:
+        return std::nullopt;
+    }
 }
 
 bool isListedSize(const ppd_file_t *ppd, const QByteArray &name)
@@ -125,12 +143,8 @@ OSStatus GetTicketFromSession(PMPrintSession printSession, const QString &key, q
     if (PMSessionGetDataFromSession(printSession, key, &data) != noErr || !data.isValid()) {
         return kPMInvalidTicket;
     }
-    const bool isText = data.metaType() == QMetaType::fromType<QString>() ||
-                        data.metaType() == QMetaType::fromType<QByteArray>();
-    bool isNumber = false;
-    const qlonglong value = data.toLongLong(&isNumber);
-    if (isNumber && !isText) {
-        *number = qint32(value);
+    if (const auto value = wholeNumber(data)) {
+        *number = qint32(*value);
     }
     return noErr;
 }

@@ -1,6 +1,7 @@
 #include "preview/OptionView.h"
 
 #include "printcore/Bundle.h"
+#include "toolkit/ViewGeometry.h"
 
 #include <QAbstractButton>
 #include <QPainter>
@@ -100,7 +101,10 @@ void OptionView13_v400_::paintEvent(QPaintEvent *event)
     if (!picture) {
         return;
     }
+    const double scale = pixelsPerPoint(this);
     const double pictureHeight = picture->deviceIndependentSize().height();
     QPainter painter(this);
-    painter.drawPixmap(QPointF(0.0, height() - pictureHeight), *picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != 1.0);
+    painter.scale(scale, scale);
+    painter.drawPixmap(QPointF(0.0, height() / scale - pictureHeight), *picture);
 }

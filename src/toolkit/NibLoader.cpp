@@ -3,6 +3,7 @@
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
+#include "toolkit/ViewGeometry.h"
 
 #include <QDir>
 #include <QFile>
@@ -64,6 +65,8 @@ std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error)
     std::unique_ptr<QWidget> top(loader.load(&file));
     if (!top) {
         report(error, path, loader.errorString());
+        return nullptr;
     }
+    fitToFont(top.get());
     return top;
 }

@@ -1,0 +1,316 @@
+#include "RecordingHost.h"
+#include "RecordingPanel.h"
+#include "printcore/SystemEncoding.h"
+#include "support/TestHost.h"
+
+#include <QHash>
+#include <QTest>
+
+#include <functional>
+
+/// What every panel inherits: how it meets the dialog.
+class BasePanelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void needsACallbackAndABundle();
+    void fetchesTheObjectsOfTheJobOnce();
+    void keepsTheDialogAndTheBundle();
+    void startsWithNoChoicesOfItsOwn();
+    void copiesTheDeviceURI_data();
+    void copiesTheDeviceURI();
+    void copiesTheDeviceURIInTheSystemEncoding();
+    void deviceURIThatTheSystemEncodingLacksIsLeftOut();
+    void printerThatIsMissingHasNoDeviceURI();
+    void answersTheProtocol();
+    void hooksOfTheBaseDoNothing();
+    void runsTheHooksInOrder_data();
+    void runsTheHooksInOrder();
+    void nameIsFetchedOnce();
+    void nameOfABundleWithoutTextsIsItsKey();
+    void readsTheFileVersion();
+    void tellsTheLabelPrinters_data();
+    void tellsTheLabelPrinters();
+    void panelWithoutPPD();
+};
+
+namespace {
+using Calls = QStringList;
+
+/// A panel of the base class for a printer.
+std::unique_ptr<RecordingPanel> makePanel(const PPDText &text = PPDText())
+{
+    return std::make_unique<RecordingPanel>(std::make_shared<TestHost>(text.open()), testBundle());
+}
+
+QByteArray copiedURI(const QString &uri)
+{
+    const auto host = std::make_shared<TestHost>(PPDText().open(), uri);
+    return RecordingPanel(host, testBundle()).deviceURI.data();
+}
+
+/// "usb://Korvane/" and as many letters as make it that long.
+QString uriOfLength(qsizetype length)
+{
+    const QString start = u"usb://Korvane/"_qs;
+    return start + QString(length - start.size(), u'x');
+}
+} // namespace
+
+void BasePanelTest::cleanup()
+{
+    SystemEncoding::setName({});
+}
+
+void BasePanelTest::needsACallbackAndABundle()
+{
+    const auto host = std::make_shared<TestHost>(PPDText().open());
+    QVERIFY(BasePDE13_v400_::initWithCallback(host, testBundle()));
+    QVERIFY(!BasePDE13_v400_::initWithCallback(nullptr, testBundle()));
+    QVERIFY(!BasePDE13_v400_::initWithCallback(host, nullptr));
+}
+
+void BasePanelTest::fetchesTheObjectsOfTheJobOnce()
+{
+    const auto host = std::make_shared<RecordingHost>();
+    RecordingPanel panel(host, testBundle());
+    const Calls fetched = {u"printSession"_qs, u"printSettings"_qs, u"printSettings"_qs,
+                           u"pageFormat"_qs,   u"PMPrinter"_qs,     u"ppdFile"_qs};
+    QCOMPARE(host->calls, fetched);
+    QCOMPARE(panel.printSession, &host->session);
+    QCOMPARE(panel.pmPrintSettings, &host->settings);
+    QCOMPARE(panel.printSettings, &host->settings);
+    QCOMPARE(panel.formatSettings, &host->format);
+    QCOMPARE(panel.printer, &host->printer);
+    QCOMPARE(panel.ppd, host->ppd.get());
+
+    panel.panelView();
+    panel.willShow();
+    panel.supportedPPDOptionKeys();
+    panel.saveValuesAndReturnError(nullptr);
+    panel.restoreValuesAndReturnError(nullptr);
+    panel.fileVerString();
+    QCOMPARE(host->calls, fetched);
+}
+
+void BasePanelTest::keepsTheDialogAndTheBundle()
+{
+    auto host = std::make_shared<RecordingHost>();
+    auto bundle = testBundle();
+    auto panel = std::make_unique<RecordingPanel>(host, bundle);
+    const std::weak_ptr<RecordingHost> keptHost = host;
+    const std::weak_ptr<Bundle> keptBundle = bundle;
+    host.reset();
+    bundle.reset();
+    QVERIFY(!keptHost.expired());
+    QVERIFY(!keptBundle.expired());
+    panel.reset();
+    QVERIFY(keptHost.expired());
+    QVERIFY(keptBundle.expired());
+}
+
+void BasePanelTest::startsWithNoChoicesOfItsOwn()
+{
+    const auto panel = makePanel();
+    QVERIFY(!panel->supportedOptions());
+    QCOMPARE(panel->imageModeFlag(), qint16(0));
+    QCOMPARE(panel->calls, Calls());
+}
+
+void BasePanelTest::copiesTheDeviceURI_data()
+{
+    QTest::addColumn<QString>("uri");
+    QTest::addColumn<QByteArray>("copy");
+
+    const auto fits = [](const char *name, const QString &uri) {
+        QTest::newRow(name) << uri << uri.toLatin1();
+    };
+    const auto fails = [](const char *name, const QString &uri) {
+        QTest::newRow(name) << uri << QByteArray("");
+    };
+    fits("short", u"usb://Korvane/LX%20200?serial=1"_qs);
+    fits("empty", u""_qs);
+    fails("unknown", QString());
+    fits("254 characters", uriOfLength(254));
+    fails("255 characters", uriOfLength(255));
+    fails("256 characters", uriOfLength(256));
+    fails("300 characters", uriOfLength(300));
+    fails("a million characters", uriOfLength(1'000'000));
+}
+
+void BasePanelTest::copiesTheDeviceURI()
+{
+    QFETCH(QString, uri);
+    QFETCH(QByteArray, copy);
+    QCOMPARE(copiedURI(uri), copy);
+}
+
+void BasePanelTest::copiesTheDeviceURIInTheSystemEncoding()
+{
+    const QString accents = u"usb://Größe"_qs;
+    QCOMPARE(copiedURI(accents), QByteArray("usb://Gr\xc3\xb6\xc3\x9f"
+                                            "e"));
+    QCOMPARE(copiedURI(uriOfLength(253) + u'é'), QByteArray(""));
+    SystemEncoding::setName("ISO-8859-1");
+    QCOMPARE(copiedURI(accents), QByteArray("usb://Gr\xf6\xdf"
+                                            "e"));
+    QCOMPARE(copiedURI(uriOfLength(253) + u'é'), uriOfLength(253).toLatin1() + '\xe9');
+}
+
+void BasePanelTest::deviceURIThatTheSystemEncodingLacksIsLeftOut()
+{
+    SystemEncoding::setName("US-ASCII");
+    QCOMPARE(copiedURI(u"usb://Größe"_qs), QByteArray(""));
+    SystemEncoding::setName("no-such-encoding");
+    QCOMPARE(copiedURI(u"usb://Korvane"_qs), QByteArray(""));
+}
+
+void BasePanelTest::printerThatIsMissingHasNoDeviceURI()
+{
+    const auto host = std::make_shared<TestHost>(PPDText().open());
+    host->printer.reset();
+    const RecordingPanel panel(host, testBundle());
+    QCOMPARE(QByteArray(panel.deviceURI.data()), QByteArray(""));
+    QVERIFY(!panel.printer);
+}
+
+void BasePanelTest::answersTheProtocol()
+{
+    const auto panel = makePanel();
+    QCOMPARE(panel->panelKind(), u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_qs);
+    QCOMPARE(panel->shouldHide(), true);
+    QCOMPARE(panel->shouldPrint(), true);
+    QCOMPARE(panel->shouldShowHelp(), false);
+    QVERIFY(!panel->summaryInfo());
+    panel->printWindowWillClose();
+    QCOMPARE(panel->calls, Calls());
+}
+
+void BasePanelTest::hooksOfTheBaseDoNothing()
+{
+    const auto host = std::make_shared<RecordingHost>();
+    const auto panel = BasePDE13_v400_::initWithCallback(host, testBundle());
+    const Calls fetched = host->calls;
+    panel->initSetTitleTexts();
+    panel->initUI();
+    panel->getValuesFromKey();
+    panel->setValuesToKey();
+    panel->setPDEItems();
+    panel->setPDEItems2();
+    panel->updateUIItem(0xffffffff);
+    panel->updateMarkedSelections(0xffffffff);
+    panel->PPDOptionKeyValueDidChange(u"KvTest"_qs, u"ON"_qs);
+    QCOMPARE(panel->indexForSummary(7), 0);
+    QCOMPARE(host->calls, fetched);
+    QCOMPARE(QByteArray(ppdFindMarkedChoice(host->ppd.get(), "KvTest")->choice), QByteArray("OFF"));
+}
+
+void BasePanelTest::runsTheHooksInOrder_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<Calls>("calls");
+
+    const QString items = u"setPDEItems"_qs;
+    QTest::newRow("shown") << u"show"_qs << Calls{u"initSetTitleTexts"_qs, u"initUI"_qs, items};
+    QTest::newRow("restored") << u"restore"_qs << Calls{u"setPDEItems2"_qs, items};
+    QTest::newRow("saved") << u"save"_qs << Calls{u"setValuesToKey"_qs};
+    QTest::newRow("asked for its keys") << u"keys"_qs << Calls{u"setValuesToKey"_qs};
+    QTest::newRow("refreshed") << u"refresh"_qs << Calls{items};
+}
+
+void BasePanelTest::runsTheHooksInOrder()
+{
+    QFETCH(QString, event);
+    QFETCH(Calls, calls);
+    const auto panel = makePanel();
+    QString error = u"untouched"_qs;
+    const QHash<QString, std::function<bool()>> events = {
+        {u"show"_qs,
+         [&] {
+             return panel->willShow(), true;
+         }},
+        {u"restore"_qs,
+         [&] {
+             return panel->restoreValuesAndReturnError(&error);
+         }},
+        {u"save"_qs,
+         [&] {
+             return panel->saveValuesAndReturnError(&error);
+         }},
+        {u"keys"_qs,
+         [&] {
+             return panel->supportedPPDOptionKeys() == nullptr;
+         }},
+        {u"refresh"_qs,
+         [&] {
+             return panel->updateUI(), true;
+         }},
+    };
+    QCOMPARE(events[event](), true);
+    QCOMPARE(panel->calls, calls);
+    QCOMPARE(events[event](), true);
+    QCOMPARE(panel->calls, calls + calls);
+    QCOMPARE(error, u"untouched"_qs);
+}
+
+void BasePanelTest::nameIsFetchedOnce()
+{
+    const auto bundle = testBundle();
+    RecordingPanel panel(std::make_shared<RecordingHost>(), bundle);
+    QCOMPARE(panel.panelName(), u"Cut Options"_qs);
+    bundle->setLanguages({});
+    QCOMPARE(panel.panelName(), u"Cut Options"_qs);
+}
+
+void BasePanelTest::nameOfABundleWithoutTextsIsItsKey()
+{
+    const auto bundle = testBundle();
+    bundle->setLanguages({});
+    RecordingPanel panel(std::make_shared<RecordingHost>(), bundle);
+    QCOMPARE(panel.panelName(), u"OP_PANEL_NAME"_qs);
+}
+
+void BasePanelTest::readsTheFileVersion()
+{
+    QCOMPARE(makePanel()->fileVerString(), u"1.0"_qs);
+}
+
+void BasePanelTest::tellsTheLabelPrinters_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<bool>("isRV");
+
+    QTest::newRow("RV") << QByteArray("RV") << true;
+    QTest::newRow("small letters") << QByteArray("rv") << false;
+    QTest::newRow("more") << QByteArray("RV2") << false;
+    QTest::newRow("a space before") << QByteArray(" RV") << false;
+    QTest::newRow("another") << QByteArray("TZ") << false;
+    QTest::newRow("empty") << QByteArray("") << false;
+    QTest::newRow("not in the system encoding") << QByteArray("RV\xff") << false;
+    QTest::newRow("absent") << QByteArray() << false;
+}
+
+void BasePanelTest::tellsTheLabelPrinters()
+{
+    QFETCH(QByteArray, type);
+    PPDText text;
+    if (!type.isNull()) {
+        text.attribute("KvTapeType", type);
+    }
+    QTEST(makePanel(text)->isRVPrinter(), "isRV");
+}
+
+void BasePanelTest::panelWithoutPPD()
+{
+    const auto host = std::make_shared<TestHost>(nullptr);
+    RecordingPanel panel(host, testBundle());
+    QVERIFY(panel.fileVerString().isNull());
+    QCOMPARE(panel.isRVPrinter(), false);
+    QVERIFY(!panel.ppd);
+    QVERIFY(panel.panelView());
+}
+
+QTEST_MAIN(BasePanelTest)
+#include "tst_basepanel.moc"

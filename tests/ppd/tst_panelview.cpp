@@ -1,0 +1,378 @@
+#include "RecordingPanel.h"
+#include "printcore/NotificationCenter.h"
+#include "support/PanelProbe.h"
+#include "support/TestHost.h"
+#include "toolkit/TrackingArea.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// A panel's view: its nib, whole and damaged, and its size in the dialog's window.
+class PanelViewTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void loadsTheNibOnce();
+    void viewGoesWithThePanel();
+    void panelOutlivesItsView();
+    void damagedNibMakesNoView_data();
+    void damagedNibMakesNoView();
+    void panelWithoutViewStillSaves_data();
+    void panelWithoutViewStillSaves();
+    void viewMayBeInsideAnotherWidget();
+    void mendedNibMakesTheView();
+
+    void windowTallEnoughIsToldAtOnce_data();
+    void windowTallEnoughIsToldAtOnce();
+    void windowTooSmallIsToldOnceItHasGrown_data();
+    void windowTooSmallIsToldOnceItHasGrown();
+    void manyResizesAreToldOnceWhenTheWindowHasGrown();
+    void resizeWithoutAnActiveWindowIsNotTold();
+    void dialogThatOffersNoResizeKeepsTheSize();
+    void panelThatGoesWaitsNoMore();
+};
+
+namespace {
+const QString nibName = QStringLiteral("OptionPDE.ui");
+constexpr int viewHeight = 200;
+/// What a window must be taller than the view by.
+constexpr int spare = 96;
+
+/// Copies a folder with all that is in it.
+bool copyFolder(const QString &from, const QString &to)
+{
+    const QDir source(from);
+    if (!QDir().mkpath(to)) {
+        return false;
+    }
+    bool copied = true;
+    for (const QFileInfo &entry : source.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+        const QString target = to + u'/' + entry.fileName();
+        copied = copied && (entry.isDir() ? copyFolder(entry.filePath(), target)
+                                          : QFile::copy(entry.filePath(), target));
+    }
+    return copied;
+}
+
+/// A copy of the built bundle, to be damaged.
+class BundleCopy
+{
+public:
+    BundleCopy()
+    {
+        const QString path = mFolder.filePath(u"Copy.pde"_qs);
+        if (copyFolder(QStringLiteral(KV_BUNDLE_DIR), path)) {
+            bundle = Bundle::open(path);
+        }
+        if (bundle) {
+            bundle->setLanguages({u"en"_qs});
+        }
+    }
+
+    QString nibPath() const { return bundle->resourcePath() + u'/' + nibName; }
+    QByteArray nib() const
+    {
+        QFile file(nibPath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// Writes another nib; a null one takes the nib away.
+    bool setNib(const QByteArray &text) const
+    {
+        QFile file(nibPath());
+        if (text.isNull()) {
+            return file.remove();
+        }
+        return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+               file.write(text) == text.size();
+    }
+
+    std::shared_ptr<Bundle> bundle;
+
+private:
+    QTemporaryDir mFolder;
+};
+
+/// The nib with the view's name taken from its widget.
+QByteArray withoutView(QByteArray nib)
+{
+    return nib.replace(R"(class="QWidget" name="kPDEView")", R"(class="QWidget" name="another")");
+}
+
+/// Ways to damage the nib, as rows with its text after the damage.
+void addDamagedNibs()
+{
+    QTest::addColumn<QByteArray>("nib");
+
+    const QByteArray whole = BundleCopy().nib();
+    QTest::newRow("missing") << QByteArray();
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("no XML") << QByteArray("This is no form.");
+    QTest::newRow("cut off") << whole.left(whole.size() / 2);
+    QTest::newRow("zeros") << QByteArray(whole.size(), '\0');
+    QTest::newRow("other XML") << QByteArray("<?xml version=\"1.0\"?><page/>");
+    QTest::newRow("form without a widget")
+        << QByteArray("<?xml version=\"1.0\"?><ui version=\"4.0\"/>");
+    QTest::newRow("view of another name") << withoutView(whole);
+}
+
+struct Dialog
+{
+    explicit Dialog(const std::shared_ptr<Bundle> &bundle = testBundle())
+        : host(std::make_shared<TestHost>(PPDText().onOff("KvTest").open()))
+        , panel(std::make_unique<RecordingPanel>(host, bundle))
+    {
+    }
+
+    std::shared_ptr<TestHost> host;
+    std::unique_ptr<RecordingPanel> panel;
+};
+
+/// A dialog whose panel's view is in a window that the user sees.
+struct OpenDialog : Dialog
+{
+    OpenDialog()
+    {
+        view = panel->panelView();
+        view->setParent(&window);
+        view->setGeometry(0, 0, 300, 100);
+    }
+
+    /// Shows the window, as high as that from its frame's top to its frame's bottom.
+    bool open(int frameHeight)
+    {
+        window.resize(400, 400);
+        window.show();
+        if (!QTest::qWaitForWindowActive(&window)) {
+            return false;
+        }
+        const int frame = window.frameGeometry().height() - window.height();
+        window.resize(400, frameHeight - frame);
+        return window.frameGeometry().height() == frameHeight;
+    }
+
+    QWidget window;
+    QPointer<QWidget> view;
+};
+} // namespace
+
+void PanelViewTest::loadsTheNibOnce()
+{
+    Dialog dialog;
+    QVERIFY(!dialog.panel->kPDEView);
+    QWidget *view = dialog.panel->panelView();
+    QVERIFY(view);
+    QCOMPARE(view->objectName(), u"kPDEView"_qs);
+    QCOMPARE(dialog.panel->panelView(), view);
+    QCOMPARE(dialog.panel->calls, QStringList{u"awakeFromNib"_qs});
+}
+
+void PanelViewTest::viewGoesWithThePanel()
+{
+    QWidget window;
+    Dialog dialog;
+    const QPointer<QWidget> view = dialog.panel->panelView();
+    view->setParent(&window);
+    dialog.panel.reset();
+    QVERIFY(!view);
+    QVERIFY(window.children().isEmpty());
+}
+
+void PanelViewTest::panelOutlivesItsView()
+{
+    Dialog dialog;
+    auto window = std::make_unique<QWidget>();
+    dialog.panel->panelView()->setParent(window.get());
+    window.reset();
+    QVERIFY(!dialog.panel->kPDEView);
+    dialog.panel->willShow();
+    dialog.panel->setViewFrameSize({300, viewHeight});
+    QCOMPARE(dialog.panel->saveValuesAndReturnError(nullptr), true);
+}
+
+void PanelViewTest::damagedNibMakesNoView_data()
+{
+    addDamagedNibs();
+}
+
+void PanelViewTest::damagedNibMakesNoView()
+{
+    QFETCH(QByteArray, nib);
+    const BundleCopy copy;
+    QVERIFY(copy.bundle);
+    QVERIFY(copy.setNib(nib));
+    Dialog dialog(copy.bundle);
+    QVERIFY(!dialog.panel->panelView());
+    QVERIFY(!dialog.panel->panelView());
+    dialog.panel->calls.clear();
+    dialog.panel->willShow();
+    QCOMPARE(dialog.panel->calls,
+             QStringList({u"initSetTitleTexts"_qs, u"initUI"_qs, u"setPDEItems"_qs}));
+    QCOMPARE(dialog.panel->panelName(), u"Cut Options"_qs);
+}
+
+void PanelViewTest::panelWithoutViewStillSaves_data()
+{
+    addDamagedNibs();
+}
+
+void PanelViewTest::panelWithoutViewStillSaves()
+{
+    QFETCH(QByteArray, nib);
+    const BundleCopy copy;
+    QVERIFY(copy.bundle);
+    QVERIFY(copy.setNib(nib));
+    const auto host = std::make_shared<TestHost>(PPDText().allNine().open());
+    PanelProbe panel(host, copy.bundle);
+    host->panel = &panel;
+    QVERIFY(!panel.panelView());
+    QVERIFY(!panel.panelView());
+    panel.willShow();
+    QCOMPARE(panel.shouldPrint(), true);
+    const QStringList *keys = panel.supportedPPDOptionKeys();
+    QVERIFY(keys);
+    QCOMPARE(keys->size(), 9);
+    host->takeTold();
+    QCOMPARE(panel.saveValuesAndReturnError(nullptr), true);
+    QStringList told;
+    for (const Pair &pair : host->takeTold()) {
+        told.append(pair.first + u'=' + pair.second);
+    }
+    QCOMPARE(told, QStringList({u"KvCutLabel=1"_qs, u"KvCutAtEnd=OFF"_qs, u"KvMirror=OFF"_qs,
+                                u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,
+                                u"KvChainPrint=OFF"_qs, u"KvSpecialTape=OFF"_qs,
+                                u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=OFF"_qs}));
+    panel.setViewFrameSize({300, viewHeight});
+    QCOMPARE(panel.restoreValuesAndReturnError(nullptr), true);
+}
+
+void PanelViewTest::viewMayBeInsideAnotherWidget()
+{
+    const BundleCopy copy;
+    QVERIFY(copy.setNib(R"(<?xml version="1.0"?><ui version="4.0"><class>outer</class>
+<widget class="QWidget" name="outer"><widget class="QWidget" name="kPDEView"/></widget></ui>)"));
+    Dialog dialog(copy.bundle);
+    const QPointer<QWidget> view = dialog.panel->panelView();
+    QVERIFY(view);
+    QCOMPARE(view->objectName(), u"kPDEView"_qs);
+    const QPointer<QWidget> outer = view->parentWidget();
+    QVERIFY(outer);
+    dialog.panel.reset();
+    QVERIFY(!view);
+    QVERIFY(!outer);
+}
+
+void PanelViewTest::mendedNibMakesTheView()
+{
+    const BundleCopy copy;
+    const QByteArray whole = copy.nib();
+    QVERIFY(copy.setNib(withoutView(whole)));
+    Dialog dialog(copy.bundle);
+    QVERIFY(!dialog.panel->panelView());
+    QVERIFY(copy.setNib(whole));
+    QVERIFY(dialog.panel->panelView());
+}
+
+void PanelViewTest::windowTallEnoughIsToldAtOnce_data()
+{
+    QTest::addColumn<int>("frameHeight");
+
+    QTest::newRow("just taller") << viewHeight + spare + 1;
+    QTest::newRow("much taller") << viewHeight + spare + 200;
+}
+
+void PanelViewTest::windowTallEnoughIsToldAtOnce()
+{
+    QFETCH(int, frameHeight);
+    OpenDialog dialog;
+    QVERIFY(dialog.open(frameHeight));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    QCOMPARE(dialog.host->resizes, 1);
+    QCOMPARE(dialog.view->size(), QSize(320, viewHeight));
+    dialog.view->move(0, 10);
+    dialog.window.resize(500, 600);
+    QCOMPARE(dialog.host->resizes, 1);
+}
+
+void PanelViewTest::windowTooSmallIsToldOnceItHasGrown_data()
+{
+    QTest::addColumn<int>("frameHeight");
+
+    QTest::newRow("exactly as much taller") << viewHeight + spare;
+    QTest::newRow("less taller") << viewHeight + 1;
+    QTest::newRow("smaller") << viewHeight - 50;
+}
+
+void PanelViewTest::windowTooSmallIsToldOnceItHasGrown()
+{
+    QFETCH(int, frameHeight);
+    OpenDialog dialog;
+    QVERIFY(dialog.open(frameHeight));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    QCOMPARE(dialog.host->resizes, 0);
+    QCOMPARE(dialog.view->size(), QSize(320, viewHeight));
+    QWidget other;
+    NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
+                                                         &other);
+    QCOMPARE(dialog.host->resizes, 0);
+    dialog.window.resize(400, 600);
+    QTRY_COMPARE(dialog.host->resizes, 1);
+    dialog.window.resize(400, 700);
+    dialog.view->move(0, 10);
+    QCoreApplication::processEvents();
+    QCOMPARE(dialog.host->resizes, 1);
+}
+
+void PanelViewTest::manyResizesAreToldOnceWhenTheWindowHasGrown()
+{
+    OpenDialog dialog;
+    QVERIFY(dialog.open(viewHeight + spare));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    QCOMPARE(dialog.host->resizes, 0);
+    dialog.view->move(0, 10);
+    QCOMPARE(dialog.host->resizes, 1);
+    dialog.view->move(0, 20);
+    QCOMPARE(dialog.host->resizes, 1);
+}
+
+void PanelViewTest::resizeWithoutAnActiveWindowIsNotTold()
+{
+    OpenDialog dialog;
+    QTRY_VERIFY(!QApplication::activeWindow());
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    QCOMPARE(dialog.view->size(), QSize(320, viewHeight));
+    QCOMPARE(dialog.host->resizes, 0);
+    QVERIFY(dialog.open(600));
+    dialog.view->move(0, 10);
+    QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::dialogThatOffersNoResizeKeepsTheSize()
+{
+    OpenDialog dialog;
+    dialog.host->tellsResize = false;
+    QVERIFY(dialog.open(600));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    QCOMPARE(dialog.view->size(), QSize(300, 100));
+    dialog.view->move(0, 10);
+    QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::panelThatGoesWaitsNoMore()
+{
+    OpenDialog dialog;
+    QVERIFY(dialog.open(viewHeight + spare));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    const QWidget *view = dialog.view;
+    dialog.panel.reset();
+    NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
+                                                         view);
+    QCOMPARE(dialog.host->resizes, 0);
+}
+
+QTEST_MAIN(PanelViewTest)
+#include "tst_panelview.moc"

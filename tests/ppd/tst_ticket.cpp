@@ -1,0 +1,255 @@
+#include "ppd/TapeInfo.h"
+#include "printcore/PropertyList.h"
+#include "support/TestHost.h"
+
+#include <QTest>
+
+#include <limits>
+
+/// What the medium's lookup reads from the job's settings and session.
+class TicketTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsTheColours_data();
+    void readsTheColours();
+    void paperNameLookupForgetsTheNameBefore();
+    void ticketThatCannotBeRead_data();
+    void ticketThatCannotBeRead();
+    void ticketEntriesOfOtherTypes_data();
+    void ticketEntriesOfOtherTypes();
+    void oneBadTicketEntryLeavesTheOther();
+    void readsNumbersOfTheSession_data();
+    void readsNumbersOfTheSession();
+    void sessionWithoutTheNumber();
+    void readsThePageRange();
+    void writesThePageRangeBack();
+    void unreadableFirstPageLeavesTheLast();
+    void unreadableLastPageIsReported();
+    void pageRangeOfNoSettings();
+};
+
+namespace {
+const QString paperKey = QStringLiteral("MqPaperName2");
+const QString colorKey = QStringLiteral("MqRVMultiColor");
+const QString firstPageKey = QStringLiteral("com.korvane.print.settings.FirstPage");
+const QString lastPageKey = QStringLiteral("com.korvane.print.settings.LastPage");
+
+/// A record that every field of must be overwritten.
+TapeInfo garbage()
+{
+    return {-1.0, 77, QStringLiteral("garbage"), 77};
+}
+
+/// The medium of a job on a printer with the size "DC24".
+TapeInfo infoOf(TestHost &host)
+{
+    TapeInfo info = garbage();
+    const OSStatus status = GetTapeInfo(host.printSession(), host.printSettings(),
+                                        host.pageFormat(), host.ppdFile(), &info);
+    return status == noErr ? info : TapeInfo{0.0, -1, QStringLiteral("failed"), status};
+}
+
+PPDHandle tapePrinter()
+{
+    return PPDText().size("DC24", 100.0, 200.0).open();
+}
+} // namespace
+
+void TicketTest::readsTheColours_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<qint32>("setting");
+
+    QTest::newRow("monochrome") << u"MultiColorMonochrome"_qs << 0;
+    QTest::newRow("black and red") << u"MultiColorBlackRed"_qs << 1;
+    QTest::newRow("monochrome among other words") << u"x.MultiColorMonochrome.y"_qs << 0;
+    QTest::newRow("both") << u"MultiColorBlackRed MultiColorMonochrome"_qs << 1;
+    QTest::newRow("both, the other way round") << u"MultiColorMonochromeMultiColorBlackRed"_qs << 1;
+    QTest::newRow("other case") << u"multicolormonochrome"_qs << 2;
+    QTest::newRow("part of a word") << u"MultiColorBlack"_qs << 2;
+    QTest::newRow("empty") << u""_qs << 2;
+}
+
+void TicketTest::readsTheColours()
+{
+    QFETCH(QString, mode);
+    QFETCH(qint32, setting);
+    TestHost host(tapePrinter());
+    host.setTicket({{colorKey, mode}});
+    host.setPaper(u"DC24"_qs);
+    QCOMPARE(infoOf(host).colorSetting, setting);
+    TapeInfo info = garbage();
+    QCOMPARE(GetColorSetting(nullptr, host.printSettings(), &info), noErr);
+    QCOMPARE(info.colorSetting, setting);
+    QCOMPARE(info.paperName, u"garbage"_qs);
+}
+
+void TicketTest::paperNameLookupForgetsTheNameBefore()
+{
+    TestHost host(nullptr);
+    host.setTicket({{colorKey, u"MultiColorBlackRed"_qs}});
+    TapeInfo info = garbage();
+    QCOMPARE(GetTapeInfo2(nullptr, host.printSettings(), &info), noErr);
+    QVERIFY(info.paperName.isNull());
+    QCOMPARE(info.tapeState, 77);
+    QCOMPARE(info.colorSetting, 77);
+}
+
+void TicketTest::ticketThatCannotBeRead_data()
+{
+    QTest::addColumn<QVariant>("ticket");
+
+    const QByteArray whole = PropertyList::write(
+        QVariantMap{{paperKey, u"DC24"_qs}, {colorKey, u"MultiColorBlackRed"_qs}},
+        PropertyList::Format::XML);
+    const QByteArray list =
+        PropertyList::write(QVariantList{paperKey, u"DC24"_qs}, PropertyList::Format::XML);
+    QTest::newRow("none") << QVariant();
+    QTest::newRow("text instead of data") << QVariant(QString::fromUtf8(whole));
+    QTest::newRow("number instead of data") << QVariant(62);
+    QTest::newRow("dictionary instead of data") << QVariant(QVariantMap{{paperKey, u"DC24"_qs}});
+    QTest::newRow("no bytes") << QVariant(QByteArray(""));
+    QTest::newRow("no property list") << QVariant(QByteArray("MqPaperName2=DC24"));
+    QTest::newRow("cut off") << QVariant(whole.left(whole.size() / 2));
+    QTest::newRow("zeros") << QVariant(QByteArray(1000, '\0'));
+    QTest::newRow("a list") << QVariant(list);
+}
+
+void TicketTest::ticketThatCannotBeRead()
+{
+    QFETCH(QVariant, ticket);
+    TestHost host(tapePrinter());
+    host.settings->setValue(kPrivateTicketKey, ticket);
+    host.setPaper(QString(), 72.0);
+    const TapeInfo info = infoOf(host);
+    QVERIFY(info.paperName.isNull());
+    QCOMPARE(info.tapeState, 2);
+    QCOMPARE(info.colorSetting, 2);
+    QCOMPARE(info.length, 1.0 / 0.0393701);
+}
+
+void TicketTest::ticketEntriesOfOtherTypes_data()
+{
+    QTest::addColumn<QVariant>("entry");
+
+    QTest::newRow("number") << QVariant(62);
+    QTest::newRow("truth value") << QVariant(true);
+    QTest::newRow("data") << QVariant(QByteArray("MultiColorBlackRed"));
+    QTest::newRow("list") << QVariant(QVariantList{u"MultiColorBlackRed"_qs});
+    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"a"_qs, u"MultiColorBlackRed"_qs}});
+}
+
+void TicketTest::ticketEntriesOfOtherTypes()
+{
+    QFETCH(QVariant, entry);
+    TestHost host(tapePrinter());
+    host.setTicket({{paperKey, entry}, {colorKey, entry}});
+    host.setPaper(QString());
+    const TapeInfo info = infoOf(host);
+    QVERIFY(info.paperName.isNull());
+    QCOMPARE(info.tapeState, 2);
+    QCOMPARE(info.colorSetting, 2);
+}
+
+void TicketTest::oneBadTicketEntryLeavesTheOther()
+{
+    TestHost host(tapePrinter());
+    host.setPaper(QString());
+    host.setTicket({{paperKey, 62}, {colorKey, u"MultiColorBlackRed"_qs}});
+    TapeInfo info = infoOf(host);
+    QVERIFY(info.paperName.isNull());
+    QCOMPARE(info.colorSetting, 1);
+
+    host.setTicket({{paperKey, u"DC24"_qs}, {colorKey, 0}});
+    info = infoOf(host);
+    QCOMPARE(info.paperName, u"DC24"_qs);
+    QCOMPARE(info.colorSetting, 2);
+}
+
+void TicketTest::readsNumbersOfTheSession_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<qint32>("number");
+
+    QTest::newRow("number") << QVariant(62) << 62;
+    QTest::newRow("wide number") << QVariant(qlonglong(-7)) << -7;
+    QTest::newRow("zero") << QVariant(0) << 0;
+    QTest::newRow("largest") << QVariant(qlonglong(2147483647)) << 2147483647;
+    QTest::newRow("smallest") << QVariant(qlonglong(-2147483648LL))
+                              << std::numeric_limits<qint32>::min();
+    QTest::newRow("fraction") << QVariant(3.25) << 3;
+}
+
+void TicketTest::readsNumbersOfTheSession()
+{
+    QFETCH(QVariant, value);
+    PrintSession session;
+    session.setValue(u"key"_qs, value);
+    qint32 number = 77;
+    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), noErr);
+    QTEST(number, "number");
+}
+
+void TicketTest::sessionWithoutTheNumber()
+{
+    PrintSession session;
+    session.setValue(u"other"_qs, 62);
+    qint32 number = 77;
+    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), -30891);
+    QCOMPARE(GetTicketFromSession(nullptr, u"other"_qs, &number), -30891);
+    QCOMPARE(number, 77);
+}
+
+void TicketTest::readsThePageRange()
+{
+    PrintSettings settings;
+    PMSetFirstPage(&settings, 3, false);
+    PMSetLastPage(&settings, 7, false);
+    PageRangeInfo range{77, 77};
+    QCOMPARE(GetTapeInfo3(&settings, &range), noErr);
+    QCOMPARE(range.firstPage, 3U);
+    QCOMPARE(range.lastPage, 7U);
+}
+
+void TicketTest::writesThePageRangeBack()
+{
+    PrintSettings settings;
+    PageRangeInfo range;
+    QCOMPARE(GetTapeInfo3(&settings, &range), noErr);
+    QCOMPARE(range.firstPage, 1U);
+    QCOMPARE(range.lastPage, std::numeric_limits<quint32>::max());
+    QCOMPARE(settings.value(firstPageKey), QVariant(1LL));
+    QCOMPARE(settings.value(lastPageKey), QVariant(4294967295LL));
+}
+
+void TicketTest::unreadableFirstPageLeavesTheLast()
+{
+    PrintSettings settings({{firstPageKey, u"three"_qs}, {lastPageKey, 7}});
+    PageRangeInfo range{77, 77};
+    QCOMPARE(GetTapeInfo3(&settings, &range), noErr);
+    QCOMPARE(range.firstPage, 0U);
+    QCOMPARE(range.lastPage, 7U);
+    QCOMPARE(settings.value(firstPageKey), QVariant(u"three"_qs));
+}
+
+void TicketTest::unreadableLastPageIsReported()
+{
+    PrintSettings settings({{firstPageKey, 3}, {lastPageKey, u"seven"_qs}});
+    PageRangeInfo range{77, 77};
+    QCOMPARE(GetTapeInfo3(&settings, &range), kPMInvalidValue);
+    QCOMPARE(range.firstPage, 3U);
+    QCOMPARE(range.lastPage, 0U);
+}
+
+void TicketTest::pageRangeOfNoSettings()
+{
+    PageRangeInfo range{77, 77};
+    QCOMPARE(GetTapeInfo3(nullptr, &range), kPMInvalidPrintSettings);
+    QCOMPARE(range.firstPage, 0U);
+    QCOMPARE(range.lastPage, 0U);
+}
+
+QTEST_GUILESS_MAIN(TicketTest)
+#include "tst_ticket.moc"

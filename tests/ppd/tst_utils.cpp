@@ -1,0 +1,463 @@
+#include "ppd/PDEUtilsMethod.h"
+#include "printcore/SystemEncoding.h"
+#include "support/PPDText.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <utility>
+
+using Utils = PDEUtilsMethod13;
+
+/// What a panel reads from a PPD, and the helpers for strings and controls.
+class UtilsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void measuresTextInBytes_data();
+    void measuresTextInBytes();
+    void findsTextToTheLetter_data();
+    void findsTextToTheLetter();
+    void deletesTheFirstOccurrence_data();
+    void deletesTheFirstOccurrence();
+    void runsOnEverySystemFrom105();
+
+    void readsAttributes_data();
+    void readsAttributes();
+    void attributeWithoutValueIsNone();
+    void readsAttributesInTheSystemEncoding();
+    void readsOptionTexts();
+    void readsOptionTextsInTheSystemEncoding();
+    void itemIsSupportedWhenItIsNotHidden_data();
+    void itemIsSupportedWhenItIsNotHidden();
+    void readsPoints_data();
+    void readsPoints();
+
+    void listsChoicesInTheOrderOfThePPD();
+    void absentOptionHasNoList();
+    void optionWithoutChoicesHasAnEmptyList();
+    void findsAChoiceByKeyword();
+    void findsTheFirstOfDuplicateKeywords();
+    void findsTheDefaultWhenNoKeywordIsGiven();
+    void optionWithoutDefaultHasNoDefaultChoice();
+    void findsNothingInAnEmptyList();
+
+    void titlesAreUTF8WhateverTheSystemEncoding();
+    void emptyTitlesAreNotNull();
+    void titlesThatAreNoUTF8AreNull_data();
+    void titlesThatAreNoUTF8AreNull();
+
+    void dimsCaptions_data();
+    void dimsCaptions();
+    void dimsTextFields();
+    void leavesOtherControlsAlone();
+};
+
+namespace {
+PPDHandle ppdWithAttribute(const QByteArray &value)
+{
+    return PPDText().attribute("KvTest", value).open();
+}
+
+PPDHandle ppdWithOption(const QByteArrayList &choices, const QByteArray &defaultChoice,
+                        const QByteArray &text = {})
+{
+    return PPDText().option("KvTest", choices, defaultChoice, text).open();
+}
+
+ppd_option_t *option(const PPDHandle &ppd)
+{
+    return ppdFindOption(ppd.get(), "KvTest");
+}
+
+QStringList titles(const ChoiceList &choices)
+{
+    QStringList titles;
+    for (const auto &choice : choices) {
+        titles.append(choice->ppdTitle());
+    }
+    return titles;
+}
+
+QColor textColor(QPalette::ColorGroup group, QPalette::ColorRole role)
+{
+    return QGuiApplication::palette().color(group, role);
+}
+} // namespace
+
+void UtilsTest::cleanup()
+{
+    SystemEncoding::setName({});
+}
+
+void UtilsTest::measuresTextInBytes_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<std::size_t>("length");
+
+    const auto row = [](const char *name, const char *encoding, const QString &text,
+                        std::size_t length) {
+        QTest::newRow(name) << QByteArray(encoding) << text << length;
+    };
+    row("none", "UTF-8", QString(), 0);
+    row("empty", "UTF-8", u""_qs, 0);
+    row("letters", "UTF-8", u"Tape"_qs, 4);
+    row("accents", "UTF-8", u"Größe"_qs, 7);
+    row("accents in one byte each", "ISO-8859-1", u"Größe"_qs, 5);
+    row("kana in two bytes each", "Shift_JIS", u"テープ"_qs, 6);
+    row("kana in three bytes each", "UTF-8", u"テープ"_qs, 9);
+    row("beyond 16 bits", "UTF-8", u"\U0001F600"_qs, 4);
+    row("not in the system encoding, in the next one", "US-ASCII", u"Größe"_qs, 5);
+    row("not in the system encoding, in a later one", "US-ASCII", u"テープ"_qs, 6);
+    row("in no one-byte and no two-byte encoding", "US-ASCII", u"a\U0001F600"_qs, 6);
+    row("unknown system encoding", "no-such-encoding", u"Tape"_qs, 4);
+    row("in no encoding at all", "UTF-8", QString(QChar(0xd83d)), 0);
+}
+
+void UtilsTest::measuresTextInBytes()
+{
+    QFETCH(QByteArray, encoding);
+    QFETCH(QString, text);
+    SystemEncoding::setName(encoding);
+    QTEST(Utils::stringLengthConvertedToEncoding(text), "length");
+}
+
+void UtilsTest::findsTextToTheLetter_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<bool>("found");
+
+    QTest::newRow("at the start") << u"KvHalfCut"_qs << u"Kv"_qs << true;
+    QTest::newRow("inside") << u"KvHalfCut"_qs << u"Half"_qs << true;
+    QTest::newRow("at the end") << u"KvHalfCut"_qs << u"Cut"_qs << true;
+    QTest::newRow("the whole") << u"KvHalfCut"_qs << u"KvHalfCut"_qs << true;
+    QTest::newRow("longer") << u"Kv"_qs << u"KvHalfCut"_qs << false;
+    QTest::newRow("other case") << u"HALF"_qs << u"half"_qs << false;
+    QTest::newRow("another accent") << u"Größe"_qs << u"Grösse"_qs << false;
+    QTest::newRow("accent in two characters") << u"\u00e9"_qs << u"e\u0301"_qs << false;
+    QTest::newRow("nothing") << u"Half"_qs << u""_qs << false;
+    QTest::newRow("in nothing") << u""_qs << u"Half"_qs << false;
+}
+
+void UtilsTest::findsTextToTheLetter()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, part);
+    QTEST(Utils::scanString(text, part), "found");
+}
+
+void UtilsTest::deletesTheFirstOccurrence_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<QString>("rest");
+
+    QTest::newRow("first of two") << u"a-b-c"_qs << u"-"_qs << u"ab-c"_qs;
+    QTest::newRow("overlapping") << u"aaa"_qs << u"aa"_qs << u"a"_qs;
+    QTest::newRow("at the end") << u"12mm"_qs << u"mm"_qs << u"12"_qs;
+    QTest::newRow("the whole") << u"mm"_qs << u"mm"_qs << u""_qs;
+    QTest::newRow("other case") << u"12MM"_qs << u"mm"_qs << QString();
+    QTest::newRow("absent") << u"12"_qs << u"mm"_qs << QString();
+    QTest::newRow("nothing") << u"12"_qs << u""_qs << QString();
+}
+
+void UtilsTest::deletesTheFirstOccurrence()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, part);
+    QFETCH(QString, rest);
+    const QString result = Utils::deleteString(text, part);
+    QCOMPARE(result, rest);
+    QCOMPARE(result.isNull(), rest.isNull());
+}
+
+void UtilsTest::runsOnEverySystemFrom105()
+{
+    QCOMPARE(Utils::runningOn105OrLater(), true);
+}
+
+void UtilsTest::readsAttributes_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("value");
+
+    QTest::newRow("present") << QByteArray("KvTapeType") << u"RV"_qs;
+    QTest::newRow("first of two") << QByteArray("KvTwice") << u"one"_qs;
+    QTest::newRow("absent") << QByteArray("KvNone") << QString();
+    QTest::newRow("accents") << QByteArray("KvName") << u"Größe"_qs;
+    QTest::newRow("not in the system encoding") << QByteArray("KvBroken") << QString();
+}
+
+void UtilsTest::readsAttributes()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QString, value);
+    const PPDHandle ppd = PPDText()
+                              .attribute("KvTapeType", "RV")
+                              .attribute("KvTwice", "one")
+                              .attribute("KvTwice", "two")
+                              .attribute("KvName", "Gr\xc3\xb6\xc3\x9f"
+                                                   "e")
+                              .attribute("KvBroken", "Gr\xf6\xdf"
+                                                     "e")
+                              .open();
+    QVERIFY(ppd);
+    const QString result = Utils::ppdAttrValStr(ppd.get(), name.constData());
+    QCOMPARE(result, value);
+    QCOMPARE(result.isNull(), value.isNull());
+}
+
+void UtilsTest::attributeWithoutValueIsNone()
+{
+    const PPDHandle ppd = ppdWithAttribute("RV");
+    ppd_attr_t *attribute = ppdFindAttr(ppd.get(), "KvTest", nullptr);
+    char *const value = std::exchange(attribute->value, nullptr);
+    QVERIFY(Utils::ppdAttrValStr(ppd.get(), "KvTest").isNull());
+    QCOMPARE(Utils::isSupportedItem(ppd.get(), "KvTest"), false);
+    QCOMPARE(Utils::originItem(ppd.get(), "KvTest"), QPointF(0.0, 0.0));
+    attribute->value = value;
+}
+
+void UtilsTest::readsAttributesInTheSystemEncoding()
+{
+    const PPDHandle ppd = ppdWithAttribute("Gr\xf6\xdf"
+                                           "e");
+    SystemEncoding::setName("ISO-8859-1");
+    QCOMPARE(Utils::ppdAttrValStr(ppd.get(), "KvTest"), u"Größe"_qs);
+    SystemEncoding::setName("US-ASCII");
+    QVERIFY(Utils::ppdAttrValStr(ppd.get(), "KvTest").isNull());
+}
+
+void UtilsTest::readsOptionTexts()
+{
+    const PPDHandle ppd = ppdWithOption({"ON/On"}, "ON",
+                                        "Gr\xc3\xb6\xc3\x9f"
+                                        "e");
+    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_qs);
+    QVERIFY(Utils::ppdOptionTextStr(ppd.get(), "KvNone").isNull());
+}
+
+void UtilsTest::readsOptionTextsInTheSystemEncoding()
+{
+    const PPDHandle ppd = ppdWithOption({"ON/On"}, "ON",
+                                        "Gr\xf6\xdf"
+                                        "e");
+    QVERIFY(Utils::ppdOptionTextStr(ppd.get(), "KvTest").isNull());
+    SystemEncoding::setName("ISO-8859-1");
+    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_qs);
+}
+
+void UtilsTest::itemIsSupportedWhenItIsNotHidden_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("supported");
+
+    QTest::newRow("False") << QByteArray("False") << true;
+    QTest::newRow("True") << QByteArray("True") << false;
+    QTest::newRow("false in small letters") << QByteArray("false") << false;
+    QTest::newRow("FALSE in capitals") << QByteArray("FALSE") << false;
+    QTest::newRow("False and a space") << QByteArray("False ") << false;
+    QTest::newRow("empty") << QByteArray("") << false;
+    QTest::newRow("not in the system encoding") << QByteArray("False\xff") << false;
+    QTest::newRow("absent") << QByteArray() << false;
+}
+
+void UtilsTest::itemIsSupportedWhenItIsNotHidden()
+{
+    QFETCH(QByteArray, value);
+    const PPDHandle ppd = value.isNull() ? PPDText().open() : ppdWithAttribute(value);
+    QVERIFY(ppd);
+    QCOMPARE(ppdFindAttr(ppd.get(), "KvTest", nullptr) == nullptr, value.isNull());
+    QTEST(Utils::isSupportedItem(ppd.get(), "KvTest"), "supported");
+}
+
+void UtilsTest::readsPoints_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QPointF>("point");
+
+    QTest::newRow("whole numbers") << QByteArray("{12, 34}") << QPointF(12, 34);
+    QTest::newRow("no space") << QByteArray("{12,34}") << QPointF(12, 34);
+    QTest::newRow("fractions") << QByteArray("{12.5, 0.25}") << QPointF(12.5, 0.25);
+    QTest::newRow("negative") << QByteArray("{-1.5, -2}") << QPointF(-1.5, -2);
+    QTest::newRow("one number") << QByteArray("{12}") << QPointF(12, 0);
+    QTest::newRow("words") << QByteArray("left, top") << QPointF(0, 0);
+    QTest::newRow("braces alone") << QByteArray("{}") << QPointF(0, 0);
+    QTest::newRow("empty") << QByteArray("") << QPointF(0, 0);
+    QTest::newRow("absent") << QByteArray() << QPointF(0, 0);
+}
+
+void UtilsTest::readsPoints()
+{
+    QFETCH(QByteArray, value);
+    const PPDHandle ppd = value.isNull() ? PPDText().open() : ppdWithAttribute(value);
+    QVERIFY(ppd);
+    QTEST(Utils::originItem(ppd.get(), "KvTest"), "point");
+}
+
+void UtilsTest::listsChoicesInTheOrderOfThePPD()
+{
+    const PPDHandle ppd = ppdWithOption({"3/C", "1/A", "2/B"}, "1");
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QVERIFY(choices);
+    QCOMPARE(titles(*choices), QStringList({u"3"_qs, u"1"_qs, u"2"_qs}));
+    QCOMPARE((*choices)[1]->choice(), option(ppd)->choices + 1);
+}
+
+void UtilsTest::absentOptionHasNoList()
+{
+    QVERIFY(!Utils::arrayFromPPDOption(nullptr));
+}
+
+void UtilsTest::optionWithoutChoicesHasAnEmptyList()
+{
+    const PPDHandle ppd = ppdWithOption({}, {});
+    QVERIFY(ppd);
+    QVERIFY(option(ppd));
+    QCOMPARE(option(ppd)->num_choices, 0);
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QVERIFY(choices);
+    QCOMPARE(choices->size(), std::size_t(0));
+}
+
+void UtilsTest::findsAChoiceByKeyword()
+{
+    const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, "OFF");
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QCOMPARE(Utils::findChoiceForString(u"ON"_qs, *choices), (*choices)[1].get());
+    QVERIFY(!Utils::findChoiceForString(u"on"_qs, *choices));
+    QVERIFY(!Utils::findChoiceForString(u"On"_qs, *choices));
+    QVERIFY(!Utils::findChoiceForString(u""_qs, *choices));
+}
+
+void UtilsTest::findsTheFirstOfDuplicateKeywords()
+{
+    const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/First", "ON/Second"}, "OFF");
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QCOMPARE(Utils::findChoiceForString(u"ON"_qs, *choices), (*choices)[1].get());
+}
+
+void UtilsTest::findsTheDefaultWhenNoKeywordIsGiven()
+{
+    const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, "ON");
+    ppdMarkOption(ppd.get(), "KvTest", "OFF");
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QCOMPARE(Utils::findChoiceForString(QString(), *choices), (*choices)[1].get());
+}
+
+void UtilsTest::optionWithoutDefaultHasNoDefaultChoice()
+{
+    const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, {});
+    const auto choices = Utils::arrayFromPPDOption(option(ppd));
+    QVERIFY(!Utils::findChoiceForString(QString(), *choices));
+    QCOMPARE(Utils::findChoiceForString(u"OFF"_qs, *choices), (*choices)[0].get());
+}
+
+void UtilsTest::findsNothingInAnEmptyList()
+{
+    QVERIFY(!Utils::findChoiceForString(QString(), {}));
+    QVERIFY(!Utils::findChoiceForString(u"ON"_qs, {}));
+}
+
+void UtilsTest::titlesAreUTF8WhateverTheSystemEncoding()
+{
+    SystemEncoding::setName("ISO-8859-1");
+    const PPDHandle ppd = ppdWithOption({"ON/\xe3\x81\x82"}, "ON",
+                                        "Gr\xc3\xb6\xc3\x9f"
+                                        "e");
+    QCOMPARE(Utils::newOptionTitle(option(ppd)), u"Größe"_qs);
+    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u"あ"_qs);
+}
+
+void UtilsTest::emptyTitlesAreNotNull()
+{
+    const PPDHandle ppd = ppdWithOption({"ON/On"}, "ON", "Text");
+    option(ppd)->text[0] = '\0';
+    option(ppd)->choices[0].text[0] = '\0';
+    QVERIFY(!Utils::newOptionTitle(option(ppd)).isNull());
+    QCOMPARE(Utils::newOptionTitle(option(ppd)), u""_qs);
+    QVERIFY(!Utils::newChoiceTitle(option(ppd)->choices).isNull());
+    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u""_qs);
+}
+
+void UtilsTest::titlesThatAreNoUTF8AreNull_data()
+{
+    QTest::addColumn<QByteArray>("text");
+
+    QTest::newRow("Latin-1") << QByteArray("Gr\xf6\xdf"
+                                           "e");
+    QTest::newRow("stray byte") << QByteArray("a\xff");
+    QTest::newRow("cut off at the end") << QByteArray("a\xc3");
+    QTest::newRow("overlong") << QByteArray("\xc0\xaf");
+    QTest::newRow("cut off by the longest text")
+        << QByteArray(PPD_MAX_TEXT - 2, 'T') + QByteArray("\xe3\x81\x82");
+}
+
+void UtilsTest::titlesThatAreNoUTF8AreNull()
+{
+    QFETCH(QByteArray, text);
+    const PPDHandle ppd = ppdWithOption({"ON/" + text}, "ON", text);
+    QVERIFY(ppd);
+    QVERIFY(text.startsWith(option(ppd)->text));
+    QVERIFY(Utils::newOptionTitle(option(ppd)).isNull());
+    QVERIFY(Utils::newChoiceTitle(option(ppd)->choices).isNull());
+}
+
+void UtilsTest::dimsCaptions_data()
+{
+    QTest::addColumn<quint8>("flag");
+    QTest::addColumn<bool>("dimmed");
+
+    QTest::newRow("0") << quint8(0) << true;
+    QTest::newRow("1") << quint8(1) << false;
+    QTest::newRow("2") << quint8(2) << true;
+    QTest::newRow("255") << quint8(255) << true;
+}
+
+void UtilsTest::dimsCaptions()
+{
+    QFETCH(quint8, flag);
+    QFETCH(bool, dimmed);
+    const QColor enabled = textColor(QPalette::Active, QPalette::WindowText);
+    const QColor disabled = textColor(QPalette::Disabled, QPalette::WindowText);
+    QVERIFY(enabled != disabled);
+
+    QLabel label;
+    Utils::setEnabledForText(dimmed ? 1 : 0, &label);
+    Utils::setEnabledForText(flag, &label);
+    QCOMPARE(label.palette().color(label.foregroundRole()), dimmed ? disabled : enabled);
+    QCOMPARE(label.palette().color(QPalette::Inactive, QPalette::WindowText),
+             dimmed ? disabled : enabled);
+    QVERIFY(label.isEnabled());
+}
+
+void UtilsTest::dimsTextFields()
+{
+    QLineEdit field;
+    Utils::setEnabledForText(0, &field);
+    QCOMPARE(field.palette().color(field.foregroundRole()),
+             textColor(QPalette::Disabled, QPalette::Text));
+    Utils::setEnabledForText(1, &field);
+    QCOMPARE(field.palette().color(field.foregroundRole()),
+             textColor(QPalette::Active, QPalette::Text));
+}
+
+void UtilsTest::leavesOtherControlsAlone()
+{
+    QPushButton button;
+    const QPalette before = button.palette();
+    Utils::setEnabledForText(0, &button);
+    QCOMPARE(button.palette(), before);
+    Utils::setEnabledForText(0, nullptr);
+    QVERIFY(button.isEnabled());
+}
+
+QTEST_MAIN(UtilsTest)
+#include "tst_utils.moc"
