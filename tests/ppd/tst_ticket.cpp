@@ -179,7 +179,8 @@ void TicketTest::readsNumbersOfTheSession_data()
     QTest::newRow("largest") << QVariant(qlonglong(2147483647)) << 2147483647;
     QTest::newRow("smallest") << QVariant(qlonglong(-2147483648LL))
                               << std::numeric_limits<qint32>::min();
-    QTest::newRow("fraction") << QVariant(3.25) << 3;
+    QTest::newRow("fraction") << QVariant(3.75) << 3;
+    QTest::newRow("negative fraction") << QVariant(-3.75) << -3;
 }
 
 void TicketTest::readsNumbersOfTheSession()
