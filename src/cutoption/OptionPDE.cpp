@@ -9,11 +9,6 @@
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 
-namespace {
-const QString paperDidChangeNotification =
-    QStringLiteral("PMPrintDestinationPaperDidChangeNotification");
-} // namespace
-
 std::unique_ptr<OptionPDE13_v400_>
 OptionPDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
                                     std::shared_ptr<Bundle> bundle)
@@ -48,12 +43,12 @@ OptionPDE13_v400_::OptionPDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> 
         [this](const Notification &notification) {
             checkChangeSettingWhenPageSizeChanged(notification);
         },
-        paperDidChangeNotification);
+        kPaperDidChangeNotification);
 }
 
 OptionPDE13_v400_::~OptionPDE13_v400_()
 {
-    NotificationCenter::defaultCenter().removeObserver(this, paperDidChangeNotification, nullptr);
+    NotificationCenter::defaultCenter().removeObserver(this, kPaperDidChangeNotification, nullptr);
     delete mOptionView;
 }
 

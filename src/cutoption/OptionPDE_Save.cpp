@@ -8,7 +8,7 @@
 
 void OptionPDE13_v400_::saveSetting_CutLabel()
 {
-    if (!mCutEvery_Choices || !pmPrintSettings) {
+    if (!mCutEvery_Choices || mCutEvery_Choices->empty() || !pmPrintSettings) {
         return;
     }
     const OptionRow &row = OptionCatalogue::rows[OptionCatalogue::CutEvery];

@@ -6,10 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-const QString paperDidChange = QStringLiteral("PMPrintDestinationPaperDidChangeNotification");
-} // namespace
-
 PanelHost::PanelHost(Target target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
     , mCallback(std::make_shared<DialogCallback>(std::move(target.ppd), std::move(target.printer),
@@ -109,7 +105,7 @@ void PanelHost::applyRequests(PDEPanel &panel)
 void PanelHost::setPaper(const Paper &paper)
 {
     mCallback->pageFormat()->setPaper(paper);
-    NotificationCenter::defaultCenter().postNotification(paperDidChange, mCallback.get());
+    NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification, mCallback.get());
     Q_EMIT summaryChanged();
 }
 

@@ -13,6 +13,10 @@ class QWidget;
 /// The key of the summary's list of titles in the order of display.
 inline const QString kSummaryDisplayOrder = QStringLiteral("Summary Display Order");
 
+/// The name of the notification that the dialog posts when the user has picked another paper.
+inline const QString kPaperDidChangeNotification =
+    QStringLiteral("PMPrintDestinationPaperDidChangeNotification");
+
 /// The dynamic property with which a panel's control names the PPD option that it sets, so that a
 /// dialog can work the control.
 inline constexpr char kPPDOptionKeywordProperty[] = "PPDOptionKeyword";
