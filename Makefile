@@ -9,7 +9,8 @@ PREFIX ?= /usr/local
 # What has to be built for a user.
 all: deps
 	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS)
+	cmake --build --preset release --parallel $(JOBS) --target \
+		kvprint kvprint-demo KVMQRVOptions bundle_resources sample_printers
 
 # Prints a sample label through the dialog, at a scheduler of its own.
 run: all
@@ -30,7 +31,9 @@ test-release test-sanitize: test-%:
 	ctest --preset $* --parallel $(JOBS)
 
 # Measures how long the panel takes.
-bench: all
+bench: deps
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	build/release/bin/kvprint-bench
 
 # Installs the packages that are missing.

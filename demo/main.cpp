@@ -1,7 +1,10 @@
 #include "demo/Demonstration.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -12,8 +15,7 @@ bool hasDisplay()
 /// Writes what Qt has to say, but for what its platform without a display cannot do.
 void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &message)
 {
-    if (!message.contains(QLatin1String("propagateSizeHints")) &&
-        !message.contains(QLatin1String("XDG_RUNTIME_DIR"))) {
+    if (!message.contains(QLatin1String("propagateSizeHints"))) {
         std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
     }
 }
@@ -23,6 +25,12 @@ void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &
 int main(int argc, char **argv)
 {
     const bool isForUser = hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    const QTemporaryDir runtime;
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    }
+    // An interrupt ends kvprint, which gets it too; here the scheduler is yet to be stopped.
+    std::signal(SIGINT, [](int) {});
     // The user's dialog is another process: here nothing is shown.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(dropOffscreenRemarks);
