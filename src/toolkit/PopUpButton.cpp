@@ -1,5 +1,7 @@
 #include "toolkit/PopUpButton.h"
 
+#include <QAbstractItemView>
+#include <QMouseEvent>
 #include <QStandardItemModel>
 
 PopUpButton::PopUpButton(QWidget *parent)
@@ -79,7 +81,18 @@ void PopUpButton::validateItems()
 void PopUpButton::showPopup()
 {
     validateItems();
+    // In front of the list's own filter, which would choose the item highlighted before.
+    view()->viewport()->installEventFilter(this);
     QComboBox::showPopup();
+}
+
+bool PopUpButton::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonRelease && watched == view()->viewport()) {
+        const QModelIndex item = view()->indexAt(static_cast<QMouseEvent *>(event)->pos());
+        return item.isValid() && !item.flags().testFlag(Qt::ItemIsEnabled);
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 void PopUpButton::keyPressEvent(QKeyEvent *event)

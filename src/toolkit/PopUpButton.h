@@ -46,6 +46,8 @@ public:
     void validateItems();
 
     void showPopup() override;
+    /// Lets nothing be chosen by a click on a disabled item of the list.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

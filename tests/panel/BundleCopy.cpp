@@ -1,0 +1,79 @@
+#include "BundleCopy.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+namespace {
+bool copyFiles(const QString &from, const QString &to)
+{
+    const QDir source(from);
+    QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
+    bool copied = false;
+    while (files.hasNext()) {
+        const QString path = files.next();
+        const QString target = to + u'/' + source.relativeFilePath(path);
+        copied = QDir().mkpath(QFileInfo(target).path()) && QFile::copy(path, target);
+        if (!copied) {
+            return false;
+        }
+    }
+    return copied;
+}
+} // namespace
+
+BundleCopy::BundleCopy()
+    : mIsCopied(mFolder.isValid() && copyFiles(QStringLiteral(KV_BUNDLE_DIR), mFolder.path()))
+{
+}
+
+std::shared_ptr<Bundle> BundleCopy::open() const
+{
+    auto bundle = mIsCopied ? Bundle::open(mFolder.path()) : nullptr;
+    if (bundle) {
+        bundle->setLanguages({QStringLiteral("en")});
+    }
+    return bundle;
+}
+
+QString BundleCopy::resources() const
+{
+    return mFolder.filePath(QStringLiteral("Contents/Resources/"));
+}
+
+QString BundleCopy::nib() const
+{
+    QFile file(resources() + QStringLiteral("OptionPDE.ui"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+bool BundleCopy::writeNib(const QString &text) const
+{
+    QFile file(resources() + QStringLiteral("OptionPDE.ui"));
+    return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0;
+}
+
+bool BundleCopy::replaceInNib(const QString &text, const QString &by) const
+{
+    QString form = nib();
+    return form.contains(text) && writeNib(form.replace(text, by));
+}
+
+bool BundleCopy::removeOutlet(const QString &name) const
+{
+    if (name == u"kPDEView") {
+        return replaceInNib(QStringLiteral("name=\"kPDEView\""), QStringLiteral("name=\"form\""));
+    }
+    QString form = nib();
+    form.remove(QStringLiteral("<tabstop>%1</tabstop>").arg(name));
+    const qsizetype named = form.indexOf(QStringLiteral("name=\"%1\"").arg(name));
+    const qsizetype start = named < 0 ? -1 : form.lastIndexOf(QLatin1String("<widget"), named);
+    const QLatin1String end("</widget>");
+    const qsizetype stop = form.indexOf(end, named);
+    return start >= 0 && stop >= 0 && writeNib(form.remove(start, stop + end.size() - start));
+}
+
+bool BundleCopy::removeResource(const QString &fileName) const
+{
+    return QFile::remove(resources() + fileName);
+}

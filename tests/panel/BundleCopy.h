@@ -1,0 +1,31 @@
+#pragma once
+
+#include "printcore/Bundle.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// The built bundle in a folder of its own, where a test may spoil it.
+class BundleCopy
+{
+public:
+    BundleCopy();
+
+    /// Opens the copy with its English texts; null when copying has failed.
+    std::shared_ptr<Bundle> open() const;
+
+    /// Replaces a text of the nib everywhere. False when the nib does not have it.
+    bool replaceInNib(const QString &text, const QString &by) const;
+    /// Takes the control of that name out of the nib; the view itself gets another name instead.
+    bool removeOutlet(const QString &name) const;
+    /// Deletes a file of the resources.
+    bool removeResource(const QString &fileName) const;
+
+private:
+    QString resources() const;
+    QString nib() const;
+    bool writeNib(const QString &text) const;
+
+    QTemporaryDir mFolder;
+    bool mIsCopied = false;
+};

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "support/PanelProbe.h"
+#include "support/TestHost.h"
+
+#include <QMap>
+#include <QStringList>
+#include <QTest>
+
+using Option = OptionCatalogue::Option;
+
+/// The nine options in the catalogue's order.
+inline const QList<Option> everyOption = {
+    OptionCatalogue::CutEvery,    OptionCatalogue::CutAtEnd,       OptionCatalogue::Mirror,
+    OptionCatalogue::AutoCut,     OptionCatalogue::HalfCut,        OptionCatalogue::ChainPrint,
+    OptionCatalogue::SpecialTape, OptionCatalogue::RemoveBlkSpace, OptionCatalogue::CutMark,
+};
+
+/// What the tests know of an option, apart from the catalogue.
+struct OptionFacts
+{
+    const char *keyword;
+    const char *outlet;
+    const char *labelKey;
+    const char *summaryKey;
+    quint32 itemType;
+};
+
+const OptionFacts &factsOf(Option option);
+
+/// The options but one.
+QList<Option> everyOptionBut(Option missing);
+
+/// The keywords of the counts from the smallest to the largest.
+QByteArrayList countsFrom(int smallest, int largest);
+
+/// The printer that a test needs; all nine options, off, unless said otherwise.
+struct TestPrinter
+{
+    QList<Option> options = everyOption;
+    /// Whether auto cut has a check box of its own.
+    bool separateAutoCut = true;
+    bool labelSeries = false;
+    /// Default choices other than OFF, and other than "1" for the count.
+    QMap<Option, QByteArray> defaults = {};
+
+    /// The PPD, with the sizes 62x29, DC03, AV2055, FL30, C_62, HS058 and Custom.62x100.
+    PPDText text() const;
+};
+
+/// A panel that records which items it refreshes and which selections it re-reads.
+class RecordingPanel : public PanelProbe
+{
+    Q_OBJECT
+
+public:
+    using PanelProbe::PanelProbe;
+
+    void updateUIItem(quint32 itemType) override;
+    void updateMarkedSelections(quint32 itemType) override;
+
+    /// Makes a choice an option's selection.
+    void select(Option option, const PDEChoice *choice);
+
+    QList<quint32> refreshed;
+    QList<quint32> reread;
+};
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PaintCounter(QWidget *widget);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    int paints = 0;
+};
+
+/// A panel with its dialog, driven as a user does.
+class PanelFixture
+{
+public:
+    explicit PanelFixture(const TestPrinter &printer = {},
+                          std::shared_ptr<Bundle> panelBundle = testBundle());
+    explicit PanelFixture(const PPDText &text, std::shared_ptr<Bundle> panelBundle = testBundle());
+
+    /// Builds the panel.
+    void build();
+    /// Builds the panel and loads its view.
+    void load();
+    /// Does what the dialog does until the panel is on the screen, and forgets what was told.
+    void show();
+    /// Lets the panel restore what is marked in the PPD, and forgets what was told.
+    void restore();
+
+    /// The pairs told since the last call, as "Keyword=Choice".
+    QStringList takeTold();
+
+    CheckBox *box(Option option) const { return panel->box(option); }
+    bool isOn(Option option) const { return box(option)->isChecked(); }
+    void setOn(Option option, bool on) const { box(option)->setChecked(on); }
+    /// The options whose boxes are on.
+    QList<Option> optionsOn() const;
+    /// Clicks a check box with the mouse.
+    void click(Option option) const;
+    /// Types keys into the count field over what is selected in it: everything.
+    void type(const QString &keys) const;
+    /// Clicks an arrow of the stepper, "stepUp" or "stepDown".
+    void step(const char *arrow) const;
+
+    /// The tags of the menu's items in order.
+    QList<int> menuTags() const;
+    int selectedTag() const { return panel->mOptionPopUpButton->selectedTag().value_or(-1); }
+    /// Gives the menu one item for each of the tags instead of its own.
+    void replaceMenu(const QList<int> &tags) const;
+
+    /// Takes the mark from an option's marked choice, so that the option has none.
+    void unmark(const char *keyword) const;
+
+    std::shared_ptr<Bundle> bundle;
+    std::shared_ptr<TestHost> host;
+    std::unique_ptr<RecordingPanel> panel;
+};

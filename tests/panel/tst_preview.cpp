@@ -1,0 +1,411 @@
+#include "BundleCopy.h"
+#include "PanelFixture.h"
+
+#include <QPainter>
+
+#include <array>
+#include <bitset>
+
+/// The picture of the strip that will come out.
+class PreviewTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyCombinationHasItsPicture_data();
+    void everyCombinationHasItsPicture();
+    void pictureStandsInTheLowerLeftCorner_data();
+    void pictureStandsInTheLowerLeftCorner();
+    void hiddenBoxCountsAsOff_data();
+    void hiddenBoxCountsAsOff();
+    void missingPictureLeavesItsCombinationsBlank_data();
+    void missingPictureLeavesItsCombinationsBlank();
+    void unreadablePictureCountsAsMissing();
+    void picturesAreReadOnce();
+    void onlyThePrintersKindIsLoaded_data();
+    void onlyThePrintersKindIsLoaded();
+    void viewStartsWithoutBoxes();
+    void deletedBoxesCountAsOff();
+    void labelPrinterShowsCutEveryAndCutAtEndAsCutEvery();
+    void labelPrinterShowsAutoCutAsCutEvery();
+    void specialTapeShowsNoChainPrinting();
+    void tapePrinterShowsCutEveryAsAutoCut();
+    void cutMarkNeverChangesThePicture();
+    void clickIsShownInThePanel_data();
+    void clickIsShownInThePanel();
+};
+
+namespace {
+/// One bit for each option in the catalogue's order.
+using Boxes = std::bitset<9>;
+constexpr unsigned long long everyCombination = 1U << 9U;
+
+/// A preview with nine check boxes of its own, all shown.
+struct Preview
+{
+    Preview(bool isRV, const Bundle &bundle, const QSize &size = QSize(240, 92))
+        : view(OptionView13_v400_::initWithFrame(QRect(QPoint(7, 9), size), bundle, isRV))
+    {
+        for (auto &box : boxes) {
+            box = new QCheckBox(&panel);
+            box->show();
+        }
+        view->setCutEveryChkBx(boxes[OptionCatalogue::CutEvery]);
+        view->setCutAndEndChkBx(boxes[OptionCatalogue::CutAtEnd]);
+        view->setMirrorPrintChkBx(boxes[OptionCatalogue::Mirror]);
+        view->setAutoCutChkBx(boxes[OptionCatalogue::AutoCut]);
+        view->setHalfCutChkBx(boxes[OptionCatalogue::HalfCut]);
+        view->setChainPrintChkBx(boxes[OptionCatalogue::ChainPrint]);
+        view->setSpecialTapeChkBx(boxes[OptionCatalogue::SpecialTape]);
+        view->setRemoveBlkSpaceChkBx(boxes[OptionCatalogue::RemoveBlkSpace]);
+        view->setCutMarkChkBx(boxes[OptionCatalogue::CutMark]);
+    }
+
+    void setOn(const Boxes &on)
+    {
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+            boxes[i]->setChecked(on[i]);
+        }
+    }
+    QString name(std::initializer_list<Option> on)
+    {
+        Boxes states;
+        for (const Option option : on) {
+            states.set(option);
+        }
+        setOn(states);
+        return view->targetDrawImageName();
+    }
+
+    QWidget panel;
+    std::array<QCheckBox *, 9> boxes{};
+    std::unique_ptr<OptionView13_v400_> view;
+};
+
+QString word(bool on)
+{
+    return on ? u"On"_qs : u"Off"_qs;
+}
+
+/// The name of the picture for the boxes that are shown and on.
+QString expectedName(bool isRV, const Boxes &on)
+{
+    const bool special = on[OptionCatalogue::SpecialTape];
+    const bool mirror = on[OptionCatalogue::Mirror];
+    const bool cut = !special && (on[OptionCatalogue::CutEvery] || on[OptionCatalogue::AutoCut]);
+    if (isRV) {
+        return u"EveryEndMirror"_qs + word(cut) + word(on[OptionCatalogue::CutAtEnd] && !cut) +
+               word(mirror);
+    }
+    if (special) {
+        return u"SPMROn"_qs + word(mirror);
+    }
+    return u"AHCM"_qs + word(cut) + word(on[OptionCatalogue::HalfCut]) +
+           word(on[OptionCatalogue::ChainPrint]) + word(mirror);
+}
+
+QImage imageOf(QWidget *widget)
+{
+    return widget->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+/// What a view of that size looks like with no picture.
+QImage blank(const QSize &size)
+{
+    QWidget plain;
+    plain.resize(size);
+    return imageOf(&plain);
+}
+
+/// What a view of that size looks like with the picture in its lower left corner.
+QImage withPicture(const QSize &size, const QString &name)
+{
+    QImage image = blank(size);
+    const QPixmap picture(QStringLiteral(KV_BUNDLE_DIR "/Contents/Resources/") + name + u".png"_qs);
+    QPainter painter(&image);
+    painter.drawPixmap(0, size.height() - picture.height(), picture);
+    return image;
+}
+
+void addKindRows()
+{
+    QTest::addColumn<bool>("isRV");
+    QTest::newRow("label printer") << true;
+    QTest::newRow("tape printer") << false;
+}
+} // namespace
+
+void PreviewTest::everyCombinationHasItsPicture_data()
+{
+    addKindRows();
+}
+
+void PreviewTest::everyCombinationHasItsPicture()
+{
+    QFETCH(bool, isRV);
+    Preview preview(isRV, *testBundle());
+    QMap<QString, QImage> pictures;
+    for (unsigned long long on = 0; on < everyCombination; ++on) {
+        const QString name = expectedName(isRV, on);
+        preview.setOn(on);
+        QCOMPARE(preview.view->targetDrawImageName(), name);
+        if (!pictures.contains(name)) {
+            pictures.insert(name, withPicture(preview.view->size(), name));
+        }
+        QCOMPARE(imageOf(preview.view.get()), pictures.value(name));
+    }
+    QCOMPARE(pictures.size(), isRV ? 6 : 18);
+    // No two of them look the same, and none is empty.
+    pictures.insert(u"none"_qs, blank(preview.view->size()));
+    const QList<QImage> images = pictures.values();
+    for (qsizetype i = 0; i < images.size(); ++i) {
+        QCOMPARE(images.indexOf(images.at(i)), i);
+    }
+}
+
+void PreviewTest::pictureStandsInTheLowerLeftCorner_data()
+{
+    QTest::addColumn<bool>("isRV");
+    QTest::addColumn<QSize>("size");
+    for (const bool isRV : {true, false}) {
+        const char *kind = isRV ? "label" : "tape";
+        QTest::addRow("%s printer, of the picture's size", kind) << isRV << QSize(240, 92);
+        QTest::addRow("%s printer, larger", kind) << isRV << QSize(301, 151);
+        QTest::addRow("%s printer, smaller", kind) << isRV << QSize(101, 53);
+        QTest::addRow("%s printer, higher and narrower", kind) << isRV << QSize(100, 200);
+    }
+}
+
+void PreviewTest::pictureStandsInTheLowerLeftCorner()
+{
+    QFETCH(bool, isRV);
+    QFETCH(QSize, size);
+    Preview preview(isRV, *testBundle(), size);
+    QCOMPARE(preview.view->geometry(), QRect(QPoint(7, 9), size));
+    QVERIFY(!preview.view->isFlipped());
+    for (const unsigned long long on : {0ULL, 1ULL, 4ULL, 0x1FULL, 0x44ULL}) {
+        preview.setOn(on);
+        const QImage expected = withPicture(size, expectedName(isRV, on));
+        QCOMPARE(imageOf(preview.view.get()), expected);
+        QVERIFY(expected != blank(size));
+    }
+}
+
+void PreviewTest::hiddenBoxCountsAsOff_data()
+{
+    addKindRows();
+}
+
+void PreviewTest::hiddenBoxCountsAsOff()
+{
+    QFETCH(bool, isRV);
+    Preview preview(isRV, *testBundle());
+    for (const Option hidden : everyOption) {
+        preview.boxes.at(hidden)->hide();
+        for (unsigned long long on = 0; on < everyCombination; ++on) {
+            preview.setOn(on);
+            Boxes counted = on;
+            counted[hidden] = false;
+            QCOMPARE(preview.view->targetDrawImageName(), expectedName(isRV, counted));
+        }
+        preview.boxes.at(hidden)->show();
+    }
+}
+
+void PreviewTest::missingPictureLeavesItsCombinationsBlank_data()
+{
+    QTest::addColumn<bool>("isRV");
+    QTest::addColumn<QString>("name");
+    for (const bool isRV : {true, false}) {
+        QStringList names;
+        for (unsigned long long on = 0; on < everyCombination; ++on) {
+            names.append(expectedName(isRV, on));
+        }
+        names.removeDuplicates();
+        for (const QString &name : std::as_const(names)) {
+            QTest::newRow(qPrintable(name)) << isRV << name;
+        }
+    }
+}
+
+void PreviewTest::missingPictureLeavesItsCombinationsBlank()
+{
+    QFETCH(bool, isRV);
+    QFETCH(QString, name);
+    BundleCopy copy;
+    QVERIFY(copy.removeResource(name + u".png"_qs));
+    QVERIFY(copy.removeResource(name + u"@2x.png"_qs));
+    Preview preview(isRV, *copy.open());
+    int blanks = 0;
+    for (unsigned long long on = 0; on < everyCombination; ++on) {
+        preview.setOn(on);
+        const QString expected = expectedName(isRV, on);
+        const bool missing = expected == name;
+        QCOMPARE(preview.view->targetDrawImage() == nullptr, missing);
+        QCOMPARE(preview.view->targetDrawImageName(), missing ? QString() : expected);
+        if (missing && blanks++ == 0) {
+            QCOMPARE(imageOf(preview.view.get()), blank(preview.view->size()));
+        }
+    }
+    QVERIFY(blanks > 0);
+}
+
+void PreviewTest::unreadablePictureCountsAsMissing()
+{
+    BundleCopy copy;
+    const auto bundle = copy.open();
+    QFile picture(bundle->pathForImageResource(u"AHCMOffOffOffOff"_qs));
+    QVERIFY(picture.open(QIODevice::WriteOnly));
+    picture.write("no picture");
+    picture.close();
+    Preview preview(false, *bundle);
+    QVERIFY(!preview.view->targetDrawImage());
+    QCOMPARE(imageOf(preview.view.get()), blank(preview.view->size()));
+    QCOMPARE(preview.name({OptionCatalogue::HalfCut}), u"AHCMOffOnOffOff"_qs);
+}
+
+void PreviewTest::picturesAreReadOnce()
+{
+    auto copy = std::make_unique<BundleCopy>();
+    Preview preview(false, *copy->open());
+    copy.reset();
+    preview.setOn(0);
+    QCOMPARE(imageOf(preview.view.get()),
+             withPicture(preview.view->size(), u"AHCMOffOffOffOff"_qs));
+}
+
+void PreviewTest::onlyThePrintersKindIsLoaded_data()
+{
+    addKindRows();
+}
+
+void PreviewTest::onlyThePrintersKindIsLoaded()
+{
+    QFETCH(bool, isRV);
+    Preview preview(isRV, *testBundle());
+    QCOMPARE(preview.view->isRV(), isRV);
+    preview.view->setIsRV(!isRV);
+    QCOMPARE(preview.view->isRV(), !isRV);
+    for (unsigned long long on = 0; on < everyCombination; ++on) {
+        preview.setOn(on);
+        QVERIFY(!preview.view->targetDrawImage());
+    }
+}
+
+void PreviewTest::viewStartsWithoutBoxes()
+{
+    for (const bool isRV : {true, false}) {
+        const auto view =
+            OptionView13_v400_::initWithFrame(QRect(0, 0, 240, 92), *testBundle(), isRV);
+        for (const QAbstractButton *box :
+             {view->cutEveryChkBx(), view->cutAndEndChkBx(), view->mirrorPrintChkBx(),
+              view->autoCutChkBx(), view->halfCutChkBx(), view->chainPrintChkBx(),
+              view->specialTapeChkBx(), view->removeBlkSpaceChkBx()}) {
+            QVERIFY(!box);
+        }
+        QCOMPARE(view->targetDrawImageName(),
+                 isRV ? u"EveryEndMirrorOffOffOff"_qs : u"AHCMOffOffOffOff"_qs);
+    }
+}
+
+void PreviewTest::deletedBoxesCountAsOff()
+{
+    Preview preview(false, *testBundle());
+    preview.setOn(everyCombination - 1);
+    QCOMPARE(preview.view->targetDrawImageName(), u"SPMROnOn"_qs);
+    delete preview.boxes.at(OptionCatalogue::SpecialTape);
+    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOn"_qs);
+    delete preview.boxes.at(OptionCatalogue::Mirror);
+    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOff"_qs);
+}
+
+void PreviewTest::labelPrinterShowsCutEveryAndCutAtEndAsCutEvery()
+{
+    Preview preview(true, *testBundle());
+    QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd}),
+             u"EveryEndMirrorOnOffOff"_qs);
+    QCOMPARE(preview.name(
+                 {OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd, OptionCatalogue::Mirror}),
+             u"EveryEndMirrorOnOffOn"_qs);
+}
+
+void PreviewTest::labelPrinterShowsAutoCutAsCutEvery()
+{
+    Preview preview(true, *testBundle());
+    QCOMPARE(preview.name({OptionCatalogue::AutoCut}), u"EveryEndMirrorOnOffOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::AutoCut, OptionCatalogue::SpecialTape}),
+             u"EveryEndMirrorOffOffOff"_qs);
+}
+
+void PreviewTest::specialTapeShowsNoChainPrinting()
+{
+    Preview preview(false, *testBundle());
+    QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint}),
+             u"SPMROnOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint,
+                           OptionCatalogue::Mirror}),
+             u"SPMROnOn"_qs);
+}
+
+void PreviewTest::tapePrinterShowsCutEveryAsAutoCut()
+{
+    Preview preview(false, *testBundle());
+    QCOMPARE(preview.name({OptionCatalogue::CutEvery}), u"AHCMOnOffOffOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::HalfCut}),
+             u"AHCMOnOnOffOff"_qs);
+}
+
+void PreviewTest::cutMarkNeverChangesThePicture()
+{
+    for (const bool isRV : {true, false}) {
+        Preview preview(isRV, *testBundle());
+        for (unsigned long long on = 0; on < everyCombination; ++on) {
+            preview.setOn(on);
+            const QPixmap *picture = preview.view->targetDrawImage();
+            preview.boxes.at(OptionCatalogue::CutMark)->toggle();
+            QVERIFY(picture);
+            QCOMPARE(preview.view->targetDrawImage(), picture);
+        }
+    }
+}
+
+void PreviewTest::clickIsShownInThePanel_data()
+{
+    QTest::addColumn<bool>("labelSeries");
+    QTest::addColumn<int>("clicked");
+    QTest::addColumn<QString>("name");
+    const auto row = [](bool labelSeries, Option clicked, const QString &name) {
+        QTest::addRow("%s printer, %s", labelSeries ? "label" : "tape", factsOf(clicked).keyword)
+            << labelSeries << int(clicked) << name;
+    };
+    // Cut every starts off.
+    row(true, OptionCatalogue::CutEvery, u"EveryEndMirrorOnOffOff"_qs);
+    row(true, OptionCatalogue::CutAtEnd, u"EveryEndMirrorOffOnOff"_qs);
+    row(true, OptionCatalogue::Mirror, u"EveryEndMirrorOffOffOn"_qs);
+    row(true, OptionCatalogue::RemoveBlkSpace, u"EveryEndMirrorOffOffOff"_qs);
+    row(false, OptionCatalogue::CutEvery, u"AHCMOnOffOffOff"_qs);
+    row(false, OptionCatalogue::AutoCut, u"AHCMOnOffOffOff"_qs);
+    row(false, OptionCatalogue::HalfCut, u"AHCMOffOnOffOff"_qs);
+    row(false, OptionCatalogue::ChainPrint, u"AHCMOffOffOnOff"_qs);
+    row(false, OptionCatalogue::Mirror, u"AHCMOffOffOffOn"_qs);
+    row(false, OptionCatalogue::SpecialTape, u"SPMROnOff"_qs);
+    row(false, OptionCatalogue::CutMark, u"AHCMOffOffOffOff"_qs);
+}
+
+void PreviewTest::clickIsShownInThePanel()
+{
+    QFETCH(bool, labelSeries);
+    QFETCH(int, clicked);
+    QFETCH(QString, name);
+    PanelFixture fixture(
+        {.labelSeries = labelSeries, .defaults = {{OptionCatalogue::CutEvery, "7"}}});
+    fixture.show();
+    OptionView13_v400_ *preview = fixture.panel->mOptionView;
+    QCOMPARE(preview->targetDrawImageName(), expectedName(labelSeries, 0));
+    fixture.click(Option(clicked));
+    QCOMPARE(preview->targetDrawImageName(), name);
+    QCOMPARE(imageOf(preview), withPicture(preview->size(), name));
+}
+
+QTEST_MAIN(PreviewTest)
+#include "tst_preview.moc"

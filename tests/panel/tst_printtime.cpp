@@ -1,0 +1,235 @@
+#include "PanelFixture.h"
+
+/// What happens besides the user's actions: printing, choices from elsewhere, another paper.
+class PrintTimeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void printingGivesUnmarkedOptionsTheirDefault();
+    void printingLeavesMarkedOptionsAlone();
+    void printingToleratesOptionsWithoutDefault();
+    void choiceFromElsewhereBecomesTheSelection_data();
+    void choiceFromElsewhereBecomesTheSelection();
+    void choiceThatTheOptionLacksClearsTheSelection();
+    void unknownKeywordChangesNothing_data();
+    void unknownKeywordChangesNothing();
+    void choiceForAnAbsentOptionIsIgnored();
+    void heatShrinkTubeTurnsAutoCutOff_data();
+    void heatShrinkTubeTurnsAutoCutOff();
+    void paperChangeRefreshesEverythingAndAppliesTheRules();
+    void paperChangeToHeatShrinkTubeUnticksCutEvery();
+};
+
+namespace {
+const QStringList allDefaults = {
+    u"KvCutLabel=7"_qs,      u"KvCutAtEnd=OFF"_qs,       u"KvMirror=ON"_qs,
+    u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,        u"KvChainPrint=OFF"_qs,
+    u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=ON"_qs};
+
+TestPrinter printer()
+{
+    return {.defaults = {{OptionCatalogue::CutEvery, "7"},
+                         {OptionCatalogue::Mirror, "ON"},
+                         {OptionCatalogue::CutMark, "ON"}}};
+}
+
+QList<const PDEChoice *> selections(const PanelFixture &fixture)
+{
+    QList<const PDEChoice *> selections;
+    for (const Option option : everyOption) {
+        selections.append(fixture.panel->selection(option));
+    }
+    return selections;
+}
+} // namespace
+
+void PrintTimeTest::printingGivesUnmarkedOptionsTheirDefault()
+{
+    PanelFixture fixture(printer());
+    fixture.build();
+    for (const Option option : everyOption) {
+        fixture.unmark(factsOf(option).keyword);
+        QVERIFY(fixture.host->marked(factsOf(option).keyword).isNull());
+    }
+    QVERIFY(fixture.panel->shouldPrint());
+    QCOMPARE(fixture.takeTold(), allDefaults);
+    QVERIFY(fixture.panel->shouldPrint());
+    QCOMPARE(fixture.takeTold(), QStringList());
+}
+
+void PrintTimeTest::printingLeavesMarkedOptionsAlone()
+{
+    PanelFixture fixture(printer());
+    fixture.show();
+    QVERIFY(fixture.panel->shouldPrint());
+    QCOMPARE(fixture.takeTold(), QStringList());
+
+    fixture.unmark("KvMirror");
+    fixture.host->mark("KvHalfCut", "ON");
+    QVERIFY(fixture.panel->shouldPrint());
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvMirror=ON"_qs});
+    QCOMPARE(fixture.host->marked("KvHalfCut"), u"ON"_qs);
+}
+
+void PrintTimeTest::printingToleratesOptionsWithoutDefault()
+{
+    PPDText text = TestPrinter{.options = {OptionCatalogue::HalfCut}}.text();
+    text.option("KvMirror", {}, {}).option("KvCutMark", {"A", "B"}, "A");
+    PanelFixture fixture(text);
+    fixture.build();
+    fixture.unmark("KvHalfCut");
+    fixture.unmark("KvCutMark");
+    qstrncpy(fixture.panel->option(OptionCatalogue::CutMark)->defchoice, "none", PPD_MAX_NAME);
+    QVERIFY(fixture.panel->shouldPrint());
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=OFF"_qs});
+}
+
+void PrintTimeTest::choiceFromElsewhereBecomesTheSelection_data()
+{
+    QTest::addColumn<int>("option");
+    for (const Option option : everyOption) {
+        QTest::newRow(factsOf(option).keyword) << int(option);
+    }
+}
+
+void PrintTimeTest::choiceFromElsewhereBecomesTheSelection()
+{
+    QFETCH(int, option);
+    const auto changed = Option(option);
+    const QString keyword = QLatin1String(factsOf(changed).keyword);
+    PanelFixture fixture;
+    fixture.load();
+    const QList<Option> on = fixture.optionsOn();
+    for (const std::size_t index : {1, 0}) {
+        const PDEChoice *choice = fixture.panel->choices(changed)->at(index).get();
+        fixture.panel->PPDOptionKeyValueDidChange(keyword, choice->ppdTitle());
+        QCOMPARE(fixture.panel->selection(changed), choice);
+        for (const Option other : everyOptionBut(changed)) {
+            QVERIFY(!fixture.panel->selection(other));
+        }
+    }
+    QVERIFY(!fixture.panel->mAutoCut_CutEvery_Selection);
+    QCOMPARE(fixture.optionsOn(), on);
+    QCOMPARE(fixture.takeTold(), QStringList());
+}
+
+void PrintTimeTest::choiceThatTheOptionLacksClearsTheSelection()
+{
+    PanelFixture fixture;
+    fixture.build();
+    for (const QString &choice : {u"on"_qs, u"MAYBE"_qs, u""_qs}) {
+        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+        QVERIFY(fixture.panel->selection(OptionCatalogue::Mirror));
+        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, choice);
+        QVERIFY(!fixture.panel->selection(OptionCatalogue::Mirror));
+    }
+}
+
+void PrintTimeTest::unknownKeywordChangesNothing_data()
+{
+    QTest::addColumn<QString>("keyword");
+    QTest::addColumn<QString>("choice");
+    QTest::newRow("another option") << u"PageSize"_qs << u"ON"_qs;
+    QTest::newRow("lower case") << u"kvmirror"_qs << u"ON"_qs;
+    QTest::newRow("longer") << u"KvMirrors"_qs << u"ON"_qs;
+    QTest::newRow("shorter") << u"KvMirro"_qs << u"ON"_qs;
+    QTest::newRow("empty") << u""_qs << u"ON"_qs;
+    QTest::newRow("no keyword") << QString() << u"ON"_qs;
+    QTest::newRow("no choice") << u"KvMirror"_qs << QString();
+}
+
+void PrintTimeTest::unknownKeywordChangesNothing()
+{
+    QFETCH(QString, keyword);
+    QFETCH(QString, choice);
+    PanelFixture fixture;
+    fixture.show();
+    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+    const QList<const PDEChoice *> before = selections(fixture);
+    QVERIFY(!before.contains(nullptr));
+    fixture.panel->PPDOptionKeyValueDidChange(keyword, choice);
+    QCOMPARE(selections(fixture), before);
+    QCOMPARE(fixture.takeTold(), QStringList());
+}
+
+void PrintTimeTest::choiceForAnAbsentOptionIsIgnored()
+{
+    PanelFixture fixture({.options = everyOptionBut(OptionCatalogue::Mirror)});
+    fixture.show();
+    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+    QVERIFY(!fixture.panel->selection(OptionCatalogue::Mirror));
+}
+
+void PrintTimeTest::heatShrinkTubeTurnsAutoCutOff_data()
+{
+    QTest::addColumn<QString>("paper");
+    QTest::addColumn<QString>("marked");
+    QTest::newRow("HS058") << u"HS058"_qs << u"OFF"_qs;
+    QTest::newRow("HS alone") << u"HS"_qs << u"OFF"_qs;
+    QTest::newRow("name in the ticket") << QString() << u"OFF"_qs;
+    QTest::newRow("lower case") << u"hs058"_qs << u"ON"_qs;
+    QTest::newRow("H") << u"H"_qs << u"ON"_qs;
+    QTest::newRow("standard") << u"62x29"_qs << u"ON"_qs;
+    QTest::newRow("FL") << u"FL30"_qs << u"ON"_qs;
+    QTest::newRow("DC") << u"DC03"_qs << u"ON"_qs;
+}
+
+void PrintTimeTest::heatShrinkTubeTurnsAutoCutOff()
+{
+    QFETCH(QString, paper);
+    QFETCH(QString, marked);
+    for (const bool separate : {true, false}) {
+        PanelFixture fixture(
+            {.separateAutoCut = separate, .defaults = {{OptionCatalogue::AutoCut, "ON"}}});
+        fixture.show();
+        fixture.host->mark("KvAutoTapeCut", "ON");
+        fixture.host->setTicket({{u"MqPaperName2"_qs, u"HS12"_qs}});
+        fixture.host->changePaper(paper);
+        QCOMPARE(fixture.host->marked("KvAutoTapeCut"), marked);
+        QCOMPARE(fixture.takeTold(), QStringList());
+    }
+}
+
+void PrintTimeTest::paperChangeRefreshesEverythingAndAppliesTheRules()
+{
+    const QList<quint32> everyItem = {0x100,  0x200,  0x400,   0x800,   0x1000,
+                                      0x2000, 0x4000, 0x10000, 0x80000, 0x40000};
+    PanelFixture fixture;
+    fixture.show();
+    for (const auto &[paper, reread] :
+         {std::pair(u"FL30"_qs, QList<quint32>()), std::pair(u"HS058"_qs, QList<quint32>{0x100}),
+          std::pair(u"62x29"_qs, QList<quint32>())}) {
+        fixture.panel->refreshed.clear();
+        fixture.panel->reread.clear();
+        PaintCounter preview(fixture.panel->mOptionView);
+        fixture.host->changePaper(paper);
+        QCOMPARE(fixture.panel->refreshed, everyItem);
+        QCOMPARE(fixture.panel->reread, reread);
+        QTRY_VERIFY(preview.paints > 0);
+        const bool isFL = paper == u"FL30";
+        QCOMPARE(fixture.box(OptionCatalogue::HalfCut)->isEnabled(), !isFL);
+        QCOMPARE(fixture.box(OptionCatalogue::SpecialTape)->isEnabled(), !isFL);
+        QCOMPARE(fixture.box(OptionCatalogue::RemoveBlkSpace)->isEnabled(), !isFL);
+    }
+}
+
+void PrintTimeTest::paperChangeToHeatShrinkTubeUnticksCutEvery()
+{
+    PanelFixture fixture({.defaults = {{OptionCatalogue::AutoCut, "ON"}}});
+    fixture.show();
+    fixture.click(OptionCatalogue::CutEvery);
+    fixture.click(OptionCatalogue::CutEvery);
+    QVERIFY(fixture.isOn(OptionCatalogue::CutEvery));
+    QVERIFY(fixture.panel->mCutEveryTxBx->isEnabled());
+    fixture.takeTold();
+
+    fixture.host->changePaper(u"HS058"_qs);
+    QVERIFY(!fixture.isOn(OptionCatalogue::CutEvery));
+    QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
+    QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), u"OFF"_qs);
+    QCOMPARE(fixture.takeTold(), QStringList());
+}
+
+QTEST_MAIN(PrintTimeTest)
+#include "tst_printtime.moc"
