@@ -71,11 +71,12 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
     }
     const QStringList given = parser.values(option);
     for (const QString &argument : given) {
-        const auto before = line.options.pairs().size();
-        line.options.parse(argument);
-        if (argument.isEmpty() || (before == 0 && line.options.pairs().isEmpty())) {
+        JobOptions parsed;
+        parsed.parse(argument);
+        if (parsed.pairs().isEmpty()) {
             return refuse(QStringLiteral("-o %1: an option is KEY=VALUE.").arg(argument));
         }
+        line.options.merge(parsed);
     }
     return line;
 }

@@ -13,6 +13,10 @@ QString JobSubmission::faultOf(const QString &file)
     if (info.isDir()) {
         return QStringLiteral("%1: is a folder").arg(file);
     }
+    // What a pipe holds could be read only once.
+    if (info.exists() && !info.isFile()) {
+        return QStringLiteral("%1: is no regular file").arg(file);
+    }
     QFile readable(file);
     if (!readable.open(QIODevice::ReadOnly)) {
         return QStringLiteral("%1: %2").arg(file, readable.errorString());

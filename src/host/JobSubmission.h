@@ -9,8 +9,8 @@
 class JobSubmission
 {
 public:
-    /// What is wrong with a file that is to be printed: missing, a folder, unreadable or empty;
-    /// null when nothing is.
+    /// What is wrong with a file that is to be printed: missing, a folder, a device or pipe,
+    /// unreadable or empty; null when nothing is.
     static QString faultOf(const QString &file);
 
     /**

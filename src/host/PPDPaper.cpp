@@ -5,6 +5,7 @@
 #include <QSizeF>
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 
 namespace {
@@ -28,6 +29,13 @@ Paper paperOf(const ppd_size_t &size)
 {
     return Paper(QString::fromUtf8(size.name), double(size.length));
 }
+
+/// In millimetres, to the hundredth.
+double millimetresOf(float points)
+{
+    constexpr double hundredthsPerPoint = 2540.0 / 72.0;
+    return std::round(double(points) * hundredthsPerPoint) / 100.0;
+}
 } // namespace
 
 Paper paperIn(const PPDFile &ppd, const QPageSize &size)
@@ -42,4 +50,16 @@ Paper paperIn(const PPDFile &ppd, const QPageSize &size)
     const bool custom = listedSize(ppd.get(), "Custom");
     return Paper(custom ? QStringLiteral("Custom") : size.key(),
                  size.size(QPageSize::Point).height());
+}
+
+QPageSize customPageSizeIn(const PPDFile &ppd, const QString &name)
+{
+    const ppd_size_t *size = name.startsWith(QLatin1String("Custom."))
+                                 ? ppdPageSize(ppd.get(), name.toUtf8().constData())
+                                 : nullptr;
+    if (!size || size->width <= 0.0F || size->length <= 0.0F) {
+        return {};
+    }
+    return QPageSize(QSizeF(millimetresOf(size->width), millimetresOf(size->length)),
+                     QPageSize::Millimeter, QString(), QPageSize::ExactMatch);
 }

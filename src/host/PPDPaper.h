@@ -3,6 +3,7 @@
 #include "printcore/Paper.h"
 
 #include <QPageSize>
+#include <QString>
 
 class PPDFile;
 
@@ -14,3 +15,7 @@ class PPDFile;
  * stands for the size that is marked in the PPD; without one the paper has no name and no height.
  */
 Paper paperIn(const PPDFile &ppd, const QPageSize &size);
+
+/// The page size that a name for a custom size ("Custom.24x80mm") stands for; an invalid one for
+/// any other name and where the PPD allows no custom sizes.
+QPageSize customPageSizeIn(const PPDFile &ppd, const QString &name);

@@ -5,6 +5,53 @@
 
 #include <QDir>
 #include <QImageReader>
+#include <QXmlStreamReader>
+
+namespace {
+/// What is wrong with a picture; null when nothing is.
+QString pictureFault(const QString &path)
+{
+    return QImageReader(path).read().isNull() ? QStringLiteral("is no picture") : QString();
+}
+
+/// What is wrong with a form of Qt Designer's; null when nothing is.
+QString formFault(const QString &path)
+{
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    QXmlStreamReader form(&file);
+    while (!form.atEnd()) {
+        form.readNext();
+    }
+    return form.hasError() ? QStringLiteral("is no form: line %1: %2")
+                                 .arg(form.lineNumber())
+                                 .arg(form.errorString())
+                           : QString();
+}
+
+struct ResourceKind
+{
+    QLatin1String suffix;
+    QString (*fault)(const QString &path);
+};
+
+const ResourceKind checkedKinds[] = {
+    {QLatin1String(".png"), pictureFault},
+    {QLatin1String(".ui"), formFault},
+};
+
+/// Why a library is no panel's plug-in, with its file's name.
+QString loadFault(const QString &path, const QPluginLoader &loader)
+{
+    const QFileInfo library(path);
+    if (!library.exists()) {
+        return QStringLiteral("%1 is missing").arg(library.fileName());
+    }
+    return loader.isLoaded()
+               ? QStringLiteral("%1 is no print dialog plug-in").arg(library.fileName())
+               : loader.errorString();
+}
+} // namespace
 
 std::vector<std::unique_ptr<PanelBundle>> PanelBundle::loadAll(const QString &folder,
                                                                ProblemReporter &reporter)
@@ -35,10 +82,8 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &path, ProblemRepor
     loaded->mLoader.setFileName(loaded->mBundle->libraryPath());
     loaded->mFactory = qobject_cast<PDEPlugInFactory *>(loaded->mLoader.instance());
     if (!loaded->mFactory) {
-        const QString reason = loaded->mLoader.isLoaded()
-                                   ? QStringLiteral("the library is no print dialog plug-in")
-                                   : loaded->mLoader.errorString();
-        reporter.report(QStringLiteral("%1: %2").arg(loaded->name(), reason));
+        reporter.report(QStringLiteral("%1: %2").arg(
+            loaded->name(), loadFault(loaded->mBundle->libraryPath(), loaded->mLoader)));
         return nullptr;
     }
     for (const QString &problem : loaded->mBundle->problems()) {
@@ -65,15 +110,17 @@ QString PanelBundle::name() const
     return QDir(mBundle->bundlePath()).dirName();
 }
 
-void PanelBundle::checkPictures(ProblemReporter &reporter) const
+void PanelBundle::checkResources(ProblemReporter &reporter) const
 {
     const QDir resources(mBundle->resourcePath());
     for (const QString &file : mBundle->declaredResources()) {
-        if (!file.endsWith(QLatin1String(".png")) || !resources.exists(file)) {
-            continue;
-        }
-        if (QImageReader(resources.filePath(file)).read().isNull()) {
-            reporter.report(QStringLiteral("%1: %2 is no picture").arg(name(), file));
+        for (const ResourceKind &kind : checkedKinds) {
+            const bool isChecked =
+                file.endsWith(kind.suffix) && QFileInfo(resources.filePath(file)).isReadable();
+            const QString fault = isChecked ? kind.fault(resources.filePath(file)) : QString();
+            if (!fault.isNull()) {
+                reporter.report(QStringLiteral("%1: %2 %3").arg(name(), file, fault));
+            }
         }
     }
 }

@@ -33,9 +33,9 @@ public:
     /// The bundle's folder name, for messages.
     QString name() const;
 
-    /// Tells of each declared picture that cannot be read. Reads them all, so call it when there
-    /// is time.
-    void checkPictures(ProblemReporter &reporter) const;
+    /// Tells of each declared picture and form that cannot be read. Reads them all, so call it when
+    /// there is time.
+    void checkResources(ProblemReporter &reporter) const;
 
 private:
     PanelBundle() = default;

@@ -28,12 +28,14 @@ PanelHost::~PanelHost() = default;
 
 void PanelHost::addPanels(const PanelBundle &bundle)
 {
-    mPlugIns.push_back(bundle.makePlugIn());
-    const auto list = mPlugIns.back()->PDEPanelsForType(kPrinterModuleDialogType, mCallback);
+    auto plugIn = bundle.makePlugIn();
+    const auto list =
+        plugIn ? plugIn->PDEPanelsForType(kPrinterModuleDialogType, mCallback) : nullptr;
     if (!list) {
         mReporter.report(QStringLiteral("%1: could not make its panel").arg(bundle.name()));
         return;
     }
+    mPlugIns.push_back(std::move(plugIn));
     for (const auto &panel : *list) {
         mPanels.push_back(panel.get());
         const QStringList *keys = panel->supportedPPDOptionKeys();
@@ -86,15 +88,20 @@ void PanelHost::show(PDEPanel &panel)
 
 void PanelHost::applyRequests(PDEPanel &panel)
 {
-    QWidget *view = panel.panelView();
     const QStringList *keys = panel.supportedPPDOptionKeys();
+    const bool isAsked =
+        std::ranges::any_of(*keys, [this](const QString &key) { return mRequests.contains(key); });
+    QWidget *view = isAsked ? panel.panelView() : nullptr;
+    if (!view) {
+        return;
+    }
     for (const QString &key : *keys) {
         const QString choice = mRequests.value(key);
         if (choice.isNull()) {
             continue;
         }
         const int index = int(ppd().choices(key).indexOf(choice));
-        if (!view || !PanelControls(view).choose(key, index, choice)) {
+        if (!PanelControls(view).choose(key, index, choice)) {
             mReporter.report(QStringLiteral("%1=%2 cannot be chosen with the other settings; it "
                                             "stays %3")
                                  .arg(key, choice, ppd().markedChoice(key)));
@@ -105,7 +112,8 @@ void PanelHost::applyRequests(PDEPanel &panel)
 void PanelHost::setPaper(const Paper &paper)
 {
     mCallback->pageFormat()->setPaper(paper);
-    NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification, mCallback.get());
+    NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification,
+                                                         mCallback.get());
     Q_EMIT summaryChanged();
 }
 

@@ -2,14 +2,13 @@
 
 #include "host/JobSubmission.h"
 #include "host/PPDFile.h"
+#include "host/PPDPaper.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/PrintQueue.h"
 
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinterInfo>
-
-#include <optional>
 
 namespace {
 /// The largest page number that the dialog offers: how many pages a file has is for CUPS to know.
@@ -26,10 +25,9 @@ void addCopies(const QPrinter &printer, JobOptions &options)
 
 void addPages(const QPrinter &printer, JobOptions &options)
 {
-    const QString ranges = QStringLiteral("page-ranges");
-    if (printer.printRange() == QPrinter::PageRange && !options.contains(ranges) &&
-        printer.fromPage() > 0) {
-        options.set(ranges, QStringLiteral("%1-%2").arg(printer.fromPage()).arg(printer.toPage()));
+    if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0) {
+        options.set(QStringLiteral("page-ranges"),
+                    QStringLiteral("%1-%2").arg(printer.fromPage()).arg(printer.toPage()));
     }
     if (printer.pageOrder() == QPrinter::LastPageFirst) {
         options.set(QStringLiteral("outputorder"), QStringLiteral("reverse"));
@@ -77,15 +75,14 @@ void addColors(const QPrinter &printer, const QPrinterInfo &info, JobOptions &op
     }
 }
 
-std::optional<QPageSize> pageSizeNamed(const QString &queue, const QString &name)
+/// Whether a choice is one of the PPD's, or stands for a value that the PPD lets the user make up.
+bool mayChoose(const PPDFile &ppd, const QString &key, const QString &choice)
 {
-    const auto sizes = QPrinterInfo::printerInfo(queue).supportedPageSizes();
-    for (const QPageSize &size : sizes) {
-        if (size.key() == name) {
-            return size;
-        }
+    if (ppd.hasChoice(key, choice)) {
+        return true;
     }
-    return std::nullopt;
+    return key == QLatin1String("PageSize") ? customPageSizeIn(ppd, choice).isValid()
+                                            : choice.startsWith(QLatin1String("Custom."));
 }
 } // namespace
 
@@ -136,10 +133,10 @@ QString PrintCommand::faultOfOptions(const QString &queue) const
         return {};
     }
     for (const auto &[key, value] : mCommandLine.options.pairs()) {
-        const bool custom = value.startsWith(QLatin1String("Custom."));
-        if (ppd->hasOption(key) && !custom && !ppd->hasChoice(key, value)) {
+        const QString option = key == QLatin1String("media") ? QStringLiteral("PageSize") : key;
+        if (ppd->hasOption(option) && !mayChoose(*ppd, option, value)) {
             return QStringLiteral("-o %1=%2: the choices of %1 are: %3")
-                .arg(key, value, ppd->choices(key).join(QStringLiteral(", ")));
+                .arg(key, value, ppd->choices(option).join(QStringLiteral(", ")));
         }
     }
     return {};
@@ -164,12 +161,6 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mPrinter->setPrinterName(queue);
     mPrinter->setDocName(QFileInfo(mCommandLine.files.first()).fileName());
     mPrinter->setCopyCount(std::max(mCommandLine.copies, 1));
-    for (const char *key : {"media", "PageSize"}) {
-        const QString name = mCommandLine.options.value(QLatin1String(key));
-        if (const auto size = pageSizeNamed(queue, name)) {
-            mPrinter->setPageSize(*size);
-        }
-    }
     mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
     mDialog->setMinMax(1, mostPages);
@@ -195,6 +186,10 @@ JobOptions PrintCommand::optionsOfJob() const
 
 ExitStatus PrintCommand::print()
 {
+    mJobId = 0;
+    if (mAttachment->isRefused()) {
+        return ExitStatus::NotPrinted;
+    }
     QString error;
     mJobId = JobSubmission::print(mPrinter->printerName(), mCommandLine.files, mPrinter->docName(),
                                   optionsOfJob(), &error);

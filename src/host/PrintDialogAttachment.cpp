@@ -57,7 +57,7 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
     followPrinter();
     QTimer::singleShot(0, this, [this] {
         for (const auto &bundle : mBundles) {
-            bundle->checkPictures(mReporter);
+            bundle->checkResources(mReporter);
         }
     });
 }
@@ -91,6 +91,7 @@ void PrintDialogAttachment::followPrinter()
     mQueue = queue;
     dropTabs();
     mHost.reset();
+    mRequestedPaper = QPageSize();
     buildHost(queue);
 }
 
@@ -103,13 +104,16 @@ void PrintDialogAttachment::buildHost(const QString &queue)
     QString error;
     auto ppd = PPDFile::ofQueue(queue, &error);
     mReporter.report(error);
+    mRequestedPaper = requestedPageSize(queue, ppd.get());
     if (!ppd) {
         return;
     }
     PanelHost::Target target{std::move(ppd), Printer(queue, known->deviceURI()),
                              Paper(QString(), 0.0), PrintSettings()};
     const PPDFile &openPPD = *target.ppd;
-    target.paper = paperIn(openPPD, pageSizeOfDialog(queue));
+    target.paper = paperIn(openPPD, mRequestedPaper.isValid()
+                                        ? mRequestedPaper
+                                        : QPrinterInfo::printerInfo(queue).defaultPageSize());
     JobOptions requests = known->options();
     requests.merge(mRequested);
 
@@ -146,12 +150,17 @@ void PrintDialogAttachment::dropTabs()
 
 void PrintDialogAttachment::watchProperties(QWidget *properties)
 {
+    if (mRequestedPaper.isValid()) {
+        choosePageSize(*properties, mRequestedPaper);
+    }
     if (mProperties == properties) {
         return;
     }
     mProperties = properties;
-    connect(static_cast<QDialog *>(properties), &QDialog::accepted, this,
-            [this, properties] { followPageSize(chosenPageSize(*properties)); });
+    connect(static_cast<QDialog *>(properties), &QDialog::accepted, this, [this, properties] {
+        mRequestedPaper = QPageSize();
+        followPageSize(chosenPageSize(*properties));
+    });
     if (mHost) {
         QStringList texts;
         for (const QString &key : mHost->keys()) {
@@ -172,26 +181,34 @@ void PrintDialogAttachment::followPageSize(const QPageSize &size)
     }
 }
 
-QPageSize PrintDialogAttachment::pageSizeOfDialog(const QString &queue) const
+QPageSize PrintDialogAttachment::requestedPageSize(const QString &queue, const PPDFile *ppd) const
 {
-    const QPageSize wanted = mDialog->printer()->pageLayout().pageSize();
-    const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
-    const auto offered = info.supportedPageSizes();
+    const QString media = mRequested.value(QStringLiteral("media"));
+    const QString name = media.isNull() ? mRequested.value(QStringLiteral("PageSize")) : media;
+    if (name.isNull()) {
+        return {};
+    }
+    const auto offered = QPrinterInfo::printerInfo(queue).supportedPageSizes();
     for (const QPageSize &size : offered) {
-        if (size.key() == wanted.key() || size.isEquivalentTo(wanted)) {
+        if (size.key() == name) {
             return size;
         }
     }
-    return info.defaultPageSize();
+    return ppd ? customPageSizeIn(*ppd, name) : QPageSize();
 }
 
 void PrintDialogAttachment::passChoicesToJob()
 {
+    if (mRequestedPaper.isValid()) {
+        mDialog->printer()->setPageSize(mRequestedPaper);
+    }
+    mIsRefused = false;
     if (!mHost) {
         return;
     }
     followPageSize(mDialog->printer()->pageLayout().pageSize());
     if (!mHost->accept()) {
+        mIsRefused = true;
         mReporter.report(
             QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
         return;

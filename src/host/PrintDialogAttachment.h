@@ -11,6 +11,7 @@
 #include <vector>
 
 class PanelHost;
+class PPDFile;
 class ProblemReporter;
 class QPrintDialog;
 
@@ -30,7 +31,8 @@ public:
      * @param dialog owns the attachment.
      * @param bundles must outlive the dialog, and so must the reporter.
      * @param requested choices that the user has made before; those that the printer's PPD lacks
-     *        are left alone.
+     *        are left alone. Its paper ("media" or "PageSize") holds until the user picks another,
+     *        where Qt's dialog would start from the printer's default.
      */
     PrintDialogAttachment(QPrintDialog *dialog, const PanelBundles &bundles,
                           ProblemReporter &reporter, const JobOptions &requested = {});
@@ -43,6 +45,9 @@ public:
     /// the dialog was accepted, the panels' choices are among them.
     JobOptions jobOptions() const;
 
+    /// Whether a panel has kept the accepted job from being printed.
+    bool isRefused() const { return mIsRefused; }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -53,7 +58,7 @@ private:
     void watchProperties(QWidget *properties);
     void followPageSize(const QPageSize &size);
     void passChoicesToJob();
-    QPageSize pageSizeOfDialog(const QString &queue) const;
+    QPageSize requestedPageSize(const QString &queue, const PPDFile *ppd) const;
 
     QPrintDialog *mDialog;
     const PanelBundles &mBundles;
@@ -63,4 +68,7 @@ private:
     std::unique_ptr<PanelHost> mHost;
     std::vector<QPointer<QWidget>> mTabs;
     QPointer<QWidget> mProperties;
+    /// Invalid once the user has picked a paper.
+    QPageSize mRequestedPaper;
+    bool mIsRefused = false;
 };

@@ -28,6 +28,11 @@ bool hideRows(const QGroupBox &group, const QStringList &labels)
     }
     return isAnyLeft;
 }
+
+QComboBox *pageSizesMenu(const QWidget &propertiesDialog)
+{
+    return propertiesDialog.findChild<QComboBox *>(QStringLiteral("pageSizeCombo"));
+}
 } // namespace
 
 QComboBox *printersMenu(const QPrintDialog &dialog)
@@ -37,8 +42,19 @@ QComboBox *printersMenu(const QPrintDialog &dialog)
 
 QPageSize chosenPageSize(const QWidget &propertiesDialog)
 {
-    const auto *menu = propertiesDialog.findChild<QComboBox *>(QStringLiteral("pageSizeCombo"));
+    const QComboBox *menu = pageSizesMenu(propertiesDialog);
     return menu ? menu->currentData().value<QPageSize>() : QPageSize();
+}
+
+void choosePageSize(const QWidget &propertiesDialog, const QPageSize &size)
+{
+    QComboBox *menu = pageSizesMenu(propertiesDialog);
+    for (int i = 0; menu && i < menu->count(); ++i) {
+        if (menu->itemData(i).value<QPageSize>().key() == size.key()) {
+            menu->setCurrentIndex(i);
+            return;
+        }
+    }
 }
 
 void hideListedOptions(const QWidget &propertiesDialog, const QStringList &texts)

@@ -24,6 +24,9 @@ QComboBox *printersMenu(const QPrintDialog &dialog);
 /// The paper that is chosen in a Properties dialog; an invalid one when there is none.
 QPageSize chosenPageSize(const QWidget &propertiesDialog);
 
+/// Chooses the paper in a Properties dialog; changes nothing when it is not on the menu.
+void choosePageSize(const QWidget &propertiesDialog, const QPageSize &size);
+
 /**
  * Takes options out of the list of PPD options that a Properties dialog shows, so that there is
  * one place to set them. Groups, and the list's tab, go with their last option.

@@ -1,0 +1,68 @@
+#include "AttachedDialog.h"
+
+#include "PanelUser.h"
+#include "demo/PrivateScheduler.h"
+#include "host/PrintDialogAttachment.h"
+
+#include <QPainter>
+#include <QTabWidget>
+
+namespace {
+JobOptions optionsOf(const QStringList &arguments)
+{
+    JobOptions options;
+    for (const QString &argument : arguments) {
+        options.parse(argument);
+    }
+    return options;
+}
+} // namespace
+
+AttachedDialog::AttachedDialog(const QString &printer, const QStringList &options,
+                               const QString &bundleFolder)
+    : mReporter([this](const QString &problem) { mProblems.append(problem); })
+    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+    , mPrinter(QPrinter::HighResolution)
+{
+    mPrinter.setPrinterName(printer);
+    mDialog = std::make_unique<QPrintDialog>(&mPrinter);
+    mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, optionsOf(options));
+    mUser = std::make_unique<DialogDriver>(*mDialog);
+}
+
+AttachedDialog::~AttachedDialog() = default;
+
+void AttachedDialog::destroyDialog()
+{
+    mUser.reset();
+    mDialog.reset();
+    mAttachment = nullptr;
+}
+
+bool AttachedDialog::openTab()
+{
+    return mUser->open() && PanelUser(*mUser).openTab();
+}
+
+int AttachedDialog::print(const PrivateScheduler &scheduler)
+{
+    const QList<int> before = scheduler.jobIds();
+    QPainter painter;
+    if (!mUser->print() || !painter.begin(&mPrinter)) {
+        return 0;
+    }
+    painter.drawLine(0, 0, 10, 10);
+    painter.end();
+    const QList<int> after = scheduler.jobIds();
+    return after.size() == before.size() + 1 ? after.last() : 0;
+}
+
+QStringList AttachedDialog::tabs() const
+{
+    const auto *tabs = mDialog->findChild<QTabWidget *>();
+    QStringList titles;
+    for (int i = 0; tabs && i < tabs->count(); ++i) {
+        titles.append(tabs->tabText(i));
+    }
+    return titles;
+}

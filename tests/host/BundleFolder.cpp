@@ -1,0 +1,65 @@
+#include "BundleFolder.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+BundleFolder::BundleFolder() = default;
+
+bool BundleFolder::add(const QString &name) const
+{
+    const QDir source(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde"));
+    const QDir target(mFolder.filePath(name));
+    QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
+    bool copied = false;
+    while (files.hasNext()) {
+        const QString file = source.relativeFilePath(files.next());
+        copied = target.mkpath(QFileInfo(file).path()) &&
+                 QFile::copy(source.filePath(file), target.filePath(file));
+        if (!copied) {
+            return false;
+        }
+    }
+    return copied;
+}
+
+bool BundleFolder::addOdd(const QString &name, const QString &kind) const
+{
+    const QDir bundle(mFolder.filePath(name));
+    QFile info(bundle.filePath(QStringLiteral("Contents/Info.json")));
+    const QString entries = QStringLiteral("{ \"identifier\": \"com.korvane.test.odd\", "
+                                           "\"version\": \"1\", \"principalClass\": \"%1\", "
+                                           "\"library\": \"libodd.so\", \"resources\": [] }");
+    return bundle.mkpath(QStringLiteral("Contents/Linux")) && info.open(QIODevice::WriteOnly) &&
+           info.write(entries.arg(kind).toUtf8()) > 0 &&
+           QFile::link(QStringLiteral(KV_ODD_PANELS),
+                       bundle.filePath(QStringLiteral("Contents/Linux/libodd.so")));
+}
+
+QString BundleFolder::path(const QString &file) const
+{
+    return mFolder.filePath(QStringLiteral("Spoilt.pde/") + file);
+}
+
+bool BundleFolder::remove(const QString &file) const
+{
+    return QFile::remove(path(file));
+}
+
+bool BundleFolder::overwrite(const QString &file, const QByteArray &bytes) const
+{
+    QFile target(path(file));
+    return target.exists() && target.open(QIODevice::WriteOnly) &&
+           target.write(bytes) == bytes.size();
+}
+
+bool BundleFolder::truncate(const QString &file, qint64 size) const
+{
+    QFile target(path(file));
+    return target.size() > size && target.resize(size);
+}
+
+bool BundleFolder::replace(const QString &file, const QString &by) const
+{
+    return remove(file) && QFile::copy(by, path(file));
+}

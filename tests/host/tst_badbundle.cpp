@@ -1,0 +1,255 @@
+#include "AttachedDialog.h"
+#include "BundleFolder.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+#include "SampleChoices.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLibraryInfo>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <functional>
+
+namespace {
+using Spoiling = std::function<bool(const BundleFolder &)>;
+
+const QString info = QStringLiteral("Contents/Info.json");
+const QString library = QStringLiteral("Contents/Linux/libKVMQRVOptions.so");
+const QString form = QStringLiteral("Contents/Resources/OptionPDE.ui");
+const QString texts = QStringLiteral("Contents/Resources/en.qm");
+const QString picture = QStringLiteral("Contents/Resources/AHCMOnOffOffOff.png");
+
+const QString ownLibrary = QStringLiteral(KV_BUNDLE_FOLDER "/../../libkvprintcore.so");
+
+QString otherPlugIn()
+{
+    return QLibraryInfo::path(QLibraryInfo::PluginsPath) +
+           QStringLiteral("/imageformats/libqgif.so");
+}
+
+Spoiling removing(const QString &file)
+{
+    return [file](const BundleFolder &folder) {
+        return folder.remove(file);
+    };
+}
+
+Spoiling overwriting(const QString &file, const QByteArray &bytes)
+{
+    return [file, bytes](const BundleFolder &folder) {
+        return folder.overwrite(file, bytes);
+    };
+}
+
+Spoiling truncating(const QString &file, qint64 size)
+{
+    return [file, size](const BundleFolder &folder) {
+        return folder.truncate(file, size);
+    };
+}
+
+Spoiling replacing(const QString &file, const QString &by)
+{
+    return [file, by](const BundleFolder &folder) {
+        return folder.replace(file, by);
+    };
+}
+
+/// Has the info file name another principal class.
+Spoiling naming(const QString &principalClass)
+{
+    return [principalClass](const BundleFolder &folder) {
+        QFile file(folder.path(info));
+        if (!file.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        QJsonObject entries = QJsonDocument::fromJson(file.readAll()).object();
+        const bool had = entries.contains(QStringLiteral("principalClass"));
+        entries.insert(QStringLiteral("principalClass"), principalClass);
+        return had && folder.overwrite(info, QJsonDocument(entries).toJson());
+    };
+}
+
+/// What the panel shows of itself.
+enum class Tab { None, Whole, Empty, Untitled };
+} // namespace
+
+Q_DECLARE_METATYPE(Tab)
+
+class tst_badbundle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void noBundle_data();
+    void noBundle();
+    void spoiltBundle_data();
+    void spoiltBundle();
+    void requestWithoutAForm();
+    void spoiltBundleBesideAWholeOne();
+    void problemsAreToldOnce();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    PrintingSite mSite;
+};
+
+void tst_badbundle::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_badbundle::noBundle_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("no folder") << mSite.path(QStringLiteral("nowhere"));
+    QVERIFY(QDir().mkpath(mSite.path(QStringLiteral("empty"))));
+    QTest::newRow("empty folder") << mSite.path(QStringLiteral("empty"));
+    QVERIFY(!mSite.file(QStringLiteral("a.pde"), "no folder").isNull());
+    QTest::newRow("a file of the bundle's name") << QFileInfo(mSite.path(u"a.pde"_qs)).path();
+}
+
+void tst_badbundle::noBundle()
+{
+    QFETCH(const QString, folder);
+    AttachedDialog dialog(QStringLiteral("tape"), {}, folder);
+    QVERIFY(dialog.user().open());
+    QCOMPARE(dialog.problems(),
+             QStringList{QStringLiteral("%1: there is no panel bundle").arg(folder)});
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), QStringList());
+}
+
+void tst_badbundle::spoiltBundle_data()
+{
+    QTest::addColumn<Spoiling>("spoil");
+    QTest::addColumn<Tab>("tab");
+    QTest::addColumn<QString>("problem");
+    const auto add = [](const char *name, const Spoiling &spoil, Tab tab, const char *problem) {
+        QTest::newRow(name) << spoil << tab << QString::fromLatin1(problem);
+    };
+    add("library missing", removing(library), Tab::None,
+        "^Spoilt\\.pde: libKVMQRVOptions\\.so is missing$");
+    add("library is a text", overwriting(library, "no library\n"), Tab::None,
+        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a valid ELF object");
+    add("library is empty", overwriting(library, ""), Tab::None,
+        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a valid Qt plugin");
+    add("library is cut short", truncating(library, 1000), Tab::None,
+        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* past the end of the file");
+    add("library is no plug-in", replacing(library, ownLibrary), Tab::None,
+        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a Qt plugin");
+    add("library is another plug-in", replacing(library, otherPlugIn()), Tab::None,
+        "^Spoilt\\.pde: libKVMQRVOptions\\.so is no print dialog plug-in$");
+    add("info file missing", removing(info), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: cannot be read: No such file or directory$");
+    add("info file is no JSON", overwriting(info, "{ \"identifier\": "), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: malformed JSON at offset ");
+    add("info file lacks an entry", overwriting(info, "{ \"identifier\": \"a.b\" }"), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: the entry \"version\" is missing$");
+    add("info file names another class", naming(QStringLiteral("OtherPlugIn")), Tab::None,
+        "^Spoilt\\.pde: the library has no class OtherPlugIn that works on this system$");
+    add("form missing", removing(form), Tab::Empty, "^Spoilt\\.pde: OptionPDE\\.ui is missing$");
+    add("form is no form", overwriting(form, "no form"), Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: ");
+    add("form is cut short", truncating(form, 900), Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line \\d+: ");
+    add("texts missing", removing(texts), Tab::Untitled, "^Spoilt\\.pde: en\\.qm is missing$");
+    add("texts are none", overwriting(texts, "no texts"), Tab::Untitled,
+        "^Spoilt\\.pde: en\\.qm is no string table$");
+    add("picture missing", removing(picture), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is missing$");
+    add("picture is no picture", overwriting(picture, "no picture"), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
+    add("picture is empty", overwriting(picture, ""), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
+    add("picture is cut short", truncating(picture, 300), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
+}
+
+void tst_badbundle::spoiltBundle()
+{
+    QFETCH(const Spoiling, spoil);
+    QFETCH(const Tab, tab);
+    QFETCH(const QString, problem);
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    QVERIFY(spoil(folder));
+    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    QVERIFY(dialog.user().open());
+    QVERIFY(dialog.user().showOptions());
+    QTest::qWait(0);
+
+    const QString title = tab == Tab::Untitled ? QStringLiteral("OP_PANEL_NAME") : kPanelTab;
+    QCOMPARE(dialog.user().showTab(title), tab != Tab::None);
+    const bool hasBoxes = tab == Tab::Whole || tab == Tab::Untitled;
+    PanelUser panel(dialog.user());
+    QCOMPARE(panel.boxes().size(), hasBoxes ? 6 : 0);
+    QCOMPARE(panel.click(QStringLiteral("mHalfCutChkBx")), hasBoxes);
+
+    QStringList choices = SampleChoices::defaults(QStringLiteral("tape"));
+    if (hasBoxes) {
+        choices = SampleChoices::replaced(choices, QStringLiteral("KvHalfCut=ON"));
+    }
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), tab == Tab::None ? QStringList() : choices);
+
+    QStringList problems = dialog.problems();
+    if (tab == Tab::Empty) {
+        QCOMPARE(problems.removeAll(u"the panel \"Cut Options\" could not make its view"), 1);
+    }
+    QCOMPARE(problems.size(), 1);
+    QVERIFY2(QRegularExpression(problem).match(problems.first()).hasMatch(),
+             qPrintable(problems.first()));
+}
+
+void tst_badbundle::requestWithoutAForm()
+{
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    QVERIFY(folder.remove(form));
+    AttachedDialog dialog(QStringLiteral("tape"), {QStringLiteral("KvMirror=ON")}, folder.path());
+    QVERIFY(dialog.openTab());
+    QCOMPARE(dialog.problemsWith(QStringLiteral("KvMirror")), 0);
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(mSite.choices(job).contains(u"KvMirror=ON"));
+}
+
+void tst_badbundle::spoiltBundleBesideAWholeOne()
+{
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    QVERIFY(folder.remove(library));
+    QVERIFY(folder.add(QStringLiteral("Whole.pde")));
+    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    QCOMPARE(dialog.problems().size(), 1);
+    QVERIFY(dialog.openTab());
+    QVERIFY(PanelUser(dialog.user()).click(QStringLiteral("mHalfCutChkBx")));
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"));
+}
+
+void tst_badbundle::problemsAreToldOnce()
+{
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    QVERIFY(folder.remove(form) && folder.remove(picture));
+    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    QVERIFY(dialog.openTab());
+    for (const char *printer : {"label", "tape", "plain", "follow"}) {
+        QVERIFY(dialog.user().pickPrinter(QLatin1String(printer)));
+        dialog.user().showTab(kPanelTab);
+    }
+    QVERIFY(dialog.print(mSite.scheduler()) > 0);
+    QCOMPARE(dialog.problemsWith(QStringLiteral("OptionPDE.ui")), 1);
+    QCOMPARE(dialog.problemsWith(QStringLiteral("AHCMOnOffOffOff.png")), 1);
+    QCOMPARE(dialog.problems().size(), 3);
+}
+
+QTEST_MAIN(tst_badbundle)
+#include "tst_badbundle.moc"

@@ -1,0 +1,404 @@
+#include "PrintingSite.h"
+#include "SampleChoices.h"
+#include "host/CommandLine.h"
+#include "host/PrintCommand.h"
+
+#include <QProcess>
+#include <QTest>
+
+using Action = CommandLine::Action;
+
+Q_DECLARE_METATYPE(CommandLine::Action)
+
+namespace {
+constexpr int runTimeoutMs = 30'000;
+
+/// "KEY=VALUE" of every option, in order.
+QStringList pairsOf(const JobOptions &options)
+{
+    QStringList pairs;
+    for (const auto &[key, value] : options.pairs()) {
+        pairs.append(key + u'=' + value);
+    }
+    return pairs;
+}
+
+CommandLine parse(const QStringList &arguments)
+{
+    return CommandLine::parse(QStringList{QStringLiteral("kvprint")} + arguments,
+                              QStringLiteral("1.2.3"));
+}
+
+/// How a kvprint process ended.
+struct Run
+{
+    int status = -1;
+    QString output;
+    QString errors;
+};
+
+Run runProgram(const QStringList &arguments,
+               const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+{
+    QProcess kvprint;
+    kvprint.setProcessEnvironment(environment);
+    kvprint.start(QStringLiteral(KV_PRINT_PROGRAM), arguments);
+    Run run;
+    if (kvprint.waitForFinished(runTimeoutMs) && kvprint.exitStatus() == QProcess::NormalExit) {
+        run.status = kvprint.exitCode();
+    } else {
+        kvprint.kill();
+        kvprint.waitForFinished();
+    }
+    run.output = QString::fromLocal8Bit(kvprint.readAllStandardOutput());
+    run.errors = QString::fromLocal8Bit(kvprint.readAllStandardError());
+    return run;
+}
+
+/// The environment of a process whose print dialog is worked by the plug-in of that name.
+QProcessEnvironment environmentWithUser(const QString &deed)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(KV_TEST_PLUGIN_FOLDER));
+    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"),
+                       QStringLiteral("dialoguser:") + deed);
+    return environment;
+}
+} // namespace
+
+class tst_commandline : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void acceptedArguments_data();
+    void acceptedArguments();
+    void refusedArguments_data();
+    void refusedArguments();
+    void help();
+    void version();
+
+    void options_data();
+    void options();
+    void optionsKeepTheirOrder();
+    void valueOfAnOption();
+    void optionsForCups();
+
+    void programHelpAndVersion();
+    void programStatus_data();
+    void programStatus();
+    void programWithoutScheduler();
+    void programWithoutDisplay();
+    void acceptedProgramPrints();
+    void cancelledProgramPrintsNothing();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    PrintingSite mSite;
+};
+
+void tst_commandline::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_commandline::acceptedArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<int>("copies");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QStringList>("files");
+    const QStringList file{u"a.pdf"_qs};
+    QTest::newRow("a file") << file << QString() << 0 << QStringList() << file;
+    QTest::newRow("files") << QStringList{u"b"_qs, u"a"_qs, u"b"_qs} << QString() << 0
+                           << QStringList() << QStringList{u"b"_qs, u"a"_qs, u"b"_qs};
+    QTest::newRow("printer") << QStringList{u"-d"_qs, u"tape"_qs, u"a.pdf"_qs} << u"tape"_qs << 0
+                             << QStringList() << file;
+    QTest::newRow("copies") << QStringList{u"-n"_qs, u"3"_qs, u"a.pdf"_qs} << QString() << 3
+                            << QStringList() << file;
+    QTest::newRow("most copies") << QStringList{u"-n9999"_qs, u"a.pdf"_qs} << QString() << 9999
+                                 << QStringList() << file;
+    QTest::newRow("options") << QStringList{u"-o"_qs,  u"B=1"_qs,   u"-o"_qs,
+                                            u"A=2"_qs, u"-oC=3"_qs, u"a.pdf"_qs}
+                             << QString() << 0 << QStringList{u"B=1"_qs, u"A=2"_qs, u"C=3"_qs}
+                             << file;
+    QTest::newRow("options at once")
+        << QStringList{u"-o"_qs, u"A=1 B=2 fit nolandscape"_qs, u"a.pdf"_qs} << QString() << 0
+        << QStringList{u"A=1"_qs, u"B=2"_qs, u"fit=true"_qs, u"landscape=false"_qs} << file;
+    QTest::newRow("option twice") << QStringList{u"-o"_qs, u"A=1"_qs, u"-o"_qs, u"A=2"_qs,
+                                                 u"a.pdf"_qs}
+                                  << QString() << 0 << QStringList{u"A=2"_qs} << file;
+    QTest::newRow("options behind the file")
+        << QStringList{u"a.pdf"_qs, u"-d"_qs, u"x"_qs, u"-n"_qs, u"2"_qs} << u"x"_qs << 2
+        << QStringList() << file;
+    QTest::newRow("file that looks like an option")
+        << QStringList{u"-d"_qs, u"x"_qs, u"--"_qs, u"-n"_qs} << u"x"_qs << 0 << QStringList()
+        << QStringList{u"-n"_qs};
+}
+
+void tst_commandline::acceptedArguments()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, printer);
+    QFETCH(const int, copies);
+    QFETCH(const QStringList, options);
+    QFETCH(const QStringList, files);
+    const CommandLine line = parse(arguments);
+    QCOMPARE(line.action, Action::Print);
+    QCOMPARE(line.message, QString());
+    QCOMPARE(line.printer, printer);
+    QCOMPARE(line.copies, copies);
+    QCOMPARE(pairsOf(line.options), options);
+    QCOMPARE(line.files, files);
+}
+
+void tst_commandline::refusedArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+    const QString copies = QStringLiteral("-n %1: the number of copies is 1 to 9999.");
+    const QString option = QStringLiteral("-o %1: an option is KEY=VALUE.");
+    const QString a = QStringLiteral("a.pdf");
+    QTest::newRow("nothing") << QStringList() << u"There is no file to print."_qs;
+    QTest::newRow("no file") << QStringList{u"-d"_qs, u"tape"_qs}
+                             << u"There is no file to print."_qs;
+    QTest::newRow("unknown option") << QStringList{u"-x"_qs, a} << u"Unknown option 'x'."_qs;
+    QTest::newRow("unknown long option")
+        << QStringList{u"--copies"_qs, a} << u"Unknown option 'copies'."_qs;
+    QTest::newRow("no printer's name") << QStringList{u"-d"_qs} << u"Missing value after '-d'."_qs;
+    QTest::newRow("empty printer's name")
+        << QStringList{u"-d"_qs, QString(), a} << u"-d needs the name of a printer."_qs;
+    QTest::newRow("no copies") << QStringList{u"-n"_qs, u"0"_qs, a} << copies.arg(u"0"_qs);
+    QTest::newRow("negative copies") << QStringList{u"-n"_qs, u"-1"_qs, a} << copies.arg(u"-1"_qs);
+    QTest::newRow("too many copies")
+        << QStringList{u"-n"_qs, u"10000"_qs, a} << copies.arg(u"10000"_qs);
+    QTest::newRow("far too many copies")
+        << QStringList{u"-n"_qs, u"99999999999"_qs, a} << copies.arg(u"99999999999"_qs);
+    QTest::newRow("copies that are no number")
+        << QStringList{u"-n"_qs, u"two"_qs, a} << copies.arg(u"two"_qs);
+    QTest::newRow("a part of a copy")
+        << QStringList{u"-n"_qs, u"1.5"_qs, a} << copies.arg(u"1.5"_qs);
+    QTest::newRow("empty option") << QStringList{u"-o"_qs, QString(), a} << option.arg(QString());
+    QTest::newRow("blank option") << QStringList{u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);
+    QTest::newRow("blank option behind another")
+        << QStringList{u"-o"_qs, u"A=1"_qs, u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);
+    QTest::newRow("option without a key")
+        << QStringList{u"-o"_qs, u"=ON"_qs, a} << option.arg(u"=ON"_qs);
+}
+
+void tst_commandline::refusedArguments()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, reason);
+    const CommandLine line = parse(arguments);
+    QCOMPARE(line.action, Action::Refuse);
+    QCOMPARE(line.message, reason + QStringLiteral("\nTry 'kvprint --help'."));
+}
+
+void tst_commandline::help()
+{
+    for (const char *argument : {"-h", "--help"}) {
+        const CommandLine line = parse({QLatin1String(argument)});
+        QCOMPARE(line.action, Action::ShowHelp);
+        for (const char *part : {"FILE...", "-h, --help", "-v, --version", "-d <PRINTER>",
+                                 "-n <COPIES>", "-o <KEY=VALUE>", "PDF"}) {
+            QVERIFY2(line.message.contains(QLatin1String(part)), part);
+        }
+    }
+}
+
+void tst_commandline::version()
+{
+    for (const char *argument : {"-v", "--version"}) {
+        const CommandLine line = parse({QLatin1String(argument)});
+        QCOMPARE(line.action, Action::ShowVersion);
+        QCOMPARE(line.message, QStringLiteral("kvprint 1.2.3\n"));
+    }
+}
+
+void tst_commandline::options_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QStringList>("pairs");
+    QTest::newRow("nothing") << QString() << QStringList();
+    QTest::newRow("a pair") << u"KvMirror=ON"_qs << QStringList{u"KvMirror=ON"_qs};
+    QTest::newRow("pairs") << u"A=1  B=2"_qs << QStringList{u"A=1"_qs, u"B=2"_qs};
+    QTest::newRow("flags") << u"fit nolandscape"_qs
+                           << QStringList{u"fit=true"_qs, u"landscape=false"_qs};
+    QTest::newRow("quotation marks")
+        << u"A='b c' D=\"e f\""_qs << QStringList{u"A=b c"_qs, u"D=e f"_qs};
+    QTest::newRow("empty value") << u"A= B=1"_qs << QStringList{u"A="_qs, u"B=1"_qs};
+    QTest::newRow("an equals sign in a value") << u"A=b=c"_qs << QStringList{u"A=b=c"_qs};
+    QTest::newRow("letters of all the world") << u"A=Größe"_qs << QStringList{u"A=Größe"_qs};
+    QTest::newRow("the same key twice") << u"A=1 B=2 A=3"_qs << QStringList{u"A=3"_qs, u"B=2"_qs};
+}
+
+void tst_commandline::options()
+{
+    QFETCH(const QString, argument);
+    QFETCH(const QStringList, pairs);
+    JobOptions options;
+    options.parse(argument);
+    QCOMPARE(pairsOf(options), pairs);
+}
+
+void tst_commandline::optionsKeepTheirOrder()
+{
+    JobOptions options;
+    options.set(u"B"_qs, u"1"_qs);
+    options.set(u"A"_qs, u"2"_qs);
+    options.set(u"B"_qs, u"3"_qs);
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"A=2"_qs}));
+
+    JobOptions others;
+    others.set(u"C"_qs, u"4"_qs);
+    others.set(u"A"_qs, u"5"_qs);
+    options.merge(others);
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"A=5"_qs, u"C=4"_qs}));
+    QCOMPARE(pairsOf(others), QStringList({u"C=4"_qs, u"A=5"_qs}));
+
+    options.remove(u"A"_qs);
+    options.remove(u"X"_qs);
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"C=4"_qs}));
+}
+
+void tst_commandline::valueOfAnOption()
+{
+    JobOptions options;
+    options.set(u"A"_qs, u"1"_qs);
+    options.set(u"Empty"_qs, u""_qs);
+    QCOMPARE(options.value(u"A"_qs), u"1"_qs);
+    QVERIFY(options.value(u"a"_qs).isNull());
+    QVERIFY(options.value(u"B"_qs).isNull());
+    QVERIFY(options.contains(u"A"_qs));
+    QVERIFY(options.contains(u"Empty"_qs));
+    QVERIFY(!options.contains(u"B"_qs));
+}
+
+void tst_commandline::optionsForCups()
+{
+    JobOptions options;
+    QCOMPARE(CupsOptions(options).count(), 0);
+    options.set(u"KvMirror"_qs, u"ON"_qs);
+    options.set(u"title"_qs, u"Größe 1"_qs);
+    const CupsOptions cups(options);
+    QCOMPARE(cups.count(), 2);
+    QCOMPARE(cupsGetOption("KvMirror", cups.count(), cups.data()), "ON");
+    QCOMPARE(cupsGetOption("title", cups.count(), cups.data()), "Gr\xc3\xb6\xc3\x9f"
+                                                                "e 1");
+    QVERIFY(!cupsGetOption("KvHalfCut", cups.count(), cups.data()));
+}
+
+void tst_commandline::programHelpAndVersion()
+{
+    const Run help = runProgram({QStringLiteral("--help")});
+    QCOMPARE(help.status, 0);
+    QVERIFY(help.output.startsWith(u"Usage: "));
+    QCOMPARE(help.errors, QString());
+
+    const Run version = runProgram({QStringLiteral("--version")});
+    QCOMPARE(version.status, 0);
+    QCOMPARE(version.output, QStringLiteral("kvprint " KV_VERSION "\n"));
+    QCOMPARE(version.errors, QString());
+}
+
+void tst_commandline::programStatus_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("error");
+    const QString file = mSite.document();
+    const QString folder = QFileInfo(file).path();
+    const QString empty = mSite.file(QStringLiteral("empty.txt"), {});
+    const auto add = [](const char *name, const QStringList &arguments, int status,
+                        const QString &error) {
+        QTest::newRow(name) << arguments << status << error;
+    };
+    add("no file", {}, 2, u"There is no file to print."_qs);
+    add("no copies", {u"-n"_qs, u"0"_qs, file}, 2, u"-n 0: the number of copies is 1 to 9999."_qs);
+    add("unknown option", {u"--frobnicate"_qs, file}, 2, u"Unknown option 'frobnicate'."_qs);
+    add("missing file", {u"/nowhere/a.pdf"_qs}, 3, u"/nowhere/a.pdf: No such file or directory"_qs);
+    add("second file missing", {file, u"/nowhere/a.pdf"_qs}, 3,
+        u"/nowhere/a.pdf: No such file or directory"_qs);
+    add("empty file", {empty}, 3, empty + u": is empty"_qs);
+    add("folder", {folder}, 3, folder + u": is a folder"_qs);
+    add("unknown printer", {u"-d"_qs, u"nowhere"_qs, file}, 3,
+        u"there is no printer nowhere; the printers are: all, follow, label, mark, plain, tape"_qs);
+    add("choice that the printer lacks",
+        {u"-d"_qs, u"tape"_qs, u"-o"_qs, u"KvHalfCut=MAYBE"_qs, file}, 2,
+        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs);
+    add("paper that the printer lacks", {u"-d"_qs, u"mark"_qs, u"-o"_qs, u"media=A4"_qs, file}, 2,
+        u"-o media=A4: the choices of media are: T12x100, T6x100, T9x100, T18x100, T24x100, "
+        "FL21x45, FL24x60"_qs);
+    add("own paper size at a printer with fixed ones",
+        {u"-d"_qs, u"mark"_qs, u"-o"_qs, u"PageSize=Custom.20x50mm"_qs, file}, 2,
+        u"-o PageSize=Custom.20x50mm: the choices of PageSize are: T12x100, "_qs);
+}
+
+void tst_commandline::programStatus()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const int, status);
+    QFETCH(const QString, error);
+    const QList<int> before = mSite.scheduler().jobIds();
+    const Run run = runProgram(arguments);
+    QCOMPARE(run.status, status);
+    QVERIFY2(run.errors.contains(QStringLiteral("kvprint: ") + error), qPrintable(run.errors));
+    QCOMPARE(run.errors.count(u"kvprint: "), 1);
+    QCOMPARE(run.output, QString());
+    QCOMPARE(mSite.scheduler().jobIds(), before);
+}
+
+void tst_commandline::programWithoutScheduler()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("CUPS_SERVER"), QStringLiteral("127.0.0.1:9"));
+    const Run run = runProgram({mSite.document()}, environment);
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(u"kvprint: no print scheduler answers at 127.0.0.1 (port 9): "),
+             qPrintable(run.errors));
+}
+
+void tst_commandline::programWithoutDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        environment.remove(QLatin1String(variable));
+    }
+    const Run run = runProgram({mSite.document()}, environment);
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(u"kvprint: there is no display to open the dialog on\n"),
+             qPrintable(run.errors));
+    // Neither help nor a refusal needs one.
+    QCOMPARE(runProgram({QStringLiteral("--help")}, environment).status, 0);
+    QCOMPARE(runProgram({}, environment).status, 2);
+}
+
+void tst_commandline::acceptedProgramPrints()
+{
+    const qsizetype before = mSite.scheduler().jobIds().size();
+    const Run run = runProgram({u"-d"_qs, u"tape"_qs, u"-n"_qs, u"2"_qs, u"-o"_qs,
+                                u"KvChainPrint=ON"_qs, mSite.document()},
+                               environmentWithUser(QStringLiteral("accept")));
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    const QList<int> jobs = mSite.scheduler().jobIds();
+    QCOMPARE(jobs.size(), before + 1);
+    QCOMPARE(mSite.choices(jobs.last()),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
+                                     QStringLiteral("KvHalfCut=ON KvChainPrint=ON")));
+    QCOMPARE(mSite.job(jobs.last()).value(QStringLiteral("copies")), QStringLiteral("2"));
+}
+
+void tst_commandline::cancelledProgramPrintsNothing()
+{
+    const QList<int> before = mSite.scheduler().jobIds();
+    const Run run = runProgram({u"-d"_qs, u"tape"_qs, mSite.document()},
+                               environmentWithUser(QStringLiteral("cancel")));
+    QVERIFY2(run.status == 1, qPrintable(run.errors));
+    QCOMPARE(mSite.scheduler().jobIds(), before);
+}
+
+QTEST_MAIN(tst_commandline)
+#include "tst_commandline.moc"

@@ -1,0 +1,411 @@
+#include "CommandRun.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+#include "SampleChoices.h"
+
+#include <QTest>
+
+namespace {
+struct Row
+{
+    const char *printer;
+    const char *control;
+    const char *changes;
+};
+
+constexpr Row clicks[] = {
+    {"tape", "mAutoCutChkBx", "KvAutoTapeCut=OFF"},
+    {"tape", "mHalfCutChkBx", "KvHalfCut=ON"},
+    {"tape", "mChainPrintChkBx", "KvChainPrint=ON"},
+    {"tape", "mSpecialTapeChkBx", "KvSpecialTape=ON KvAutoTapeCut=OFF"},
+    {"tape", "mMirrorPrintChkBx", "KvMirror=ON"},
+    {"tape", "mRemoveBlkSpaceChkBx", "KvRemoveBlkSpace=ON"},
+    {"follow", "mCutEveryChkBx", "KvAutoTapeCut=OFF"},
+    {"follow", "mHalfCutChkBx", "KvHalfCut=ON"},
+    {"follow", "mChainPrintChkBx", "KvChainPrint=ON"},
+    {"follow", "mMirrorPrintChkBx", "KvMirror=ON"},
+    {"mark", "mCutMarkChkBx", "KvCutMark=ON"},
+    {"mark", "mAutoCutChkBx", "KvAutoTapeCut=ON"},
+    {"mark", "mChainPrintChkBx", "KvChainPrint=ON"},
+    {"mark", "mMirrorPrintChkBx", "KvMirror=ON"},
+    // With an auto-cut box of its own the cut-every box decides nothing.
+    {"all", "mCutEveryChkBx", ""},
+    {"all", "mCutAndEndChkBx", "KvCutAtEnd=ON"},
+    {"all", "mMirrorPrintChkBx", "KvMirror=ON"},
+    {"all", "mAutoCutChkBx", "KvAutoTapeCut=ON"},
+    {"all", "mHalfCutChkBx", "KvHalfCut=ON"},
+    {"all", "mChainPrintChkBx", "KvChainPrint=ON"},
+    {"all", "mSpecialTapeChkBx", "KvSpecialTape=ON"},
+    {"all", "mRemoveBlkSpaceChkBx", "KvRemoveBlkSpace=ON"},
+    {"all", "mCutMarkChkBx", "KvCutMark=ON"},
+    // Nor does it where there is no auto cut at all.
+    {"label", "mCutEveryChkBx", ""},
+    {"label", "mCutAndEndChkBx", "KvCutAtEnd=ON"},
+    {"label", "mMirrorPrintChkBx", "KvMirror=ON"},
+};
+
+struct PresetRow
+{
+    const char *printer;
+    int tag;
+    const char *changes;
+};
+
+constexpr PresetRow presets[] = {
+    {"tape", 5, "KvAutoTapeCut=OFF"},
+    {"tape", 6, "KvAutoTapeCut=OFF KvChainPrint=ON"},
+    {"tape", 7, "KvAutoTapeCut=OFF KvHalfCut=ON"},
+    {"tape", 8, "KvAutoTapeCut=OFF KvHalfCut=ON KvChainPrint=ON"},
+    {"tape", 9, ""},
+    {"tape", 10, "KvChainPrint=ON"},
+    {"tape", 11, "KvHalfCut=ON"},
+    {"tape", 12, "KvHalfCut=ON KvChainPrint=ON"},
+    {"tape", 13, "KvSpecialTape=ON KvAutoTapeCut=OFF"},
+    {"follow", 4, ""},
+    {"follow", 5, "KvAutoTapeCut=OFF"},
+    {"follow", 6, "KvAutoTapeCut=OFF KvChainPrint=ON"},
+    {"follow", 7, "KvAutoTapeCut=OFF KvHalfCut=ON"},
+    {"follow", 8, "KvAutoTapeCut=OFF KvHalfCut=ON KvChainPrint=ON"},
+    {"mark", 9, "KvAutoTapeCut=ON"},
+    {"mark", 14, "KvCutMark=ON"},
+    {"mark", 15, "KvCutMark=ON KvChainPrint=ON"},
+    {"mark", 16, "KvChainPrint=ON"},
+    {"mark", 17, ""},
+    {"all", 4, "KvCutAtEnd=ON"},
+    {"all", 7, "KvHalfCut=ON"},
+    {"all", 9, "KvAutoTapeCut=ON"},
+    {"all", 11, "KvAutoTapeCut=ON KvHalfCut=ON"},
+    {"all", 13, "KvSpecialTape=ON"},
+    {"all", 14, "KvCutMark=ON"},
+    {"all", 15, "KvCutMark=ON KvChainPrint=ON"},
+    {"all", 16, "KvChainPrint=ON"},
+    {"all", 17, ""},
+    {"label", 1, ""},
+    {"label", 2, "KvCutAtEnd=ON"},
+    {"label", 3, ""},
+    {"label", 4, "KvCutAtEnd=ON"},
+};
+} // namespace
+
+class tst_dialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void unopenedTabPrintsTheDefaults_data() { addPrinters(); }
+    void unopenedTabPrintsTheDefaults();
+    void openedTabPrintsTheDefaults_data() { addPrinters(); }
+    void openedTabPrintsTheDefaults();
+    void everyShownBoxIsTested_data() { addPrinters(); }
+    void everyShownBoxIsTested();
+    void clickedBoxReachesTheJob_data();
+    void clickedBoxReachesTheJob();
+    void boxClickedTwiceIsBack_data() { clickedBoxReachesTheJob_data(); }
+    void boxClickedTwiceIsBack();
+    void specialTapeTurnsTheOthersOff();
+    void specialTapeTurnedOffBringsTheOthersBack();
+    void countReachesTheJob_data();
+    void countReachesTheJob();
+    void countNeedsTheTickedBox();
+    void countBesideASeparateAutoCut();
+    void firstCountUnticksTheBoxBesideAutoCut();
+    void everyOfferedPresetIsTested_data() { addPrinters(); }
+    void everyOfferedPresetIsTested();
+    void presetReachesTheJob_data();
+    void presetReachesTheJob();
+    void presetTurnsMirrorPrintingOff();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    static void addPrinters();
+    QStringList documents() const { return {mSite.document()}; }
+
+    PrintingSite mSite;
+};
+
+void tst_dialog::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_dialog::addPrinters()
+{
+    QTest::addColumn<QString>("printer");
+    for (const QString &printer : PrintingSite::printers()) {
+        QTest::newRow(qPrintable(printer)) << printer;
+    }
+}
+
+void tst_dialog::unopenedTabPrintsTheDefaults()
+{
+    QFETCH(const QString, printer);
+    CommandRun run(printer, documents());
+    QVERIFY(run.open());
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::defaults(printer));
+}
+
+void tst_dialog::openedTabPrintsTheDefaults()
+{
+    QFETCH(const QString, printer);
+    CommandRun run(printer, documents());
+    const bool hasTab = printer != u"plain";
+    QCOMPARE(run.openTab(), hasTab);
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::seen(printer));
+}
+
+void tst_dialog::everyShownBoxIsTested()
+{
+    QFETCH(const QString, printer);
+    QStringList tested;
+    for (const Row &row : clicks) {
+        if (printer == QLatin1String(row.printer)) {
+            tested.append(QLatin1String(row.control));
+        }
+    }
+    tested.sort();
+    CommandRun run(printer, documents());
+    QCOMPARE(run.openTab(), !tested.isEmpty());
+    QCOMPARE(PanelUser(run.user()).boxes(), tested);
+}
+
+void tst_dialog::clickedBoxReachesTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("changes");
+    for (const Row &row : clicks) {
+        QTest::addRow("%s %s", row.printer, row.control)
+            << QString::fromLatin1(row.printer) << QString::fromLatin1(row.control)
+            << QString::fromLatin1(row.changes);
+    }
+}
+
+void tst_dialog::clickedBoxReachesTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, box);
+    QFETCH(const QString, changes);
+    CommandRun run(printer, documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    const bool before = panel.isTicked(box);
+    QVERIFY(panel.click(box));
+    QCOMPARE(panel.isTicked(box), !before);
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), changes));
+}
+
+void tst_dialog::boxClickedTwiceIsBack()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, box);
+    CommandRun run(printer, documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.click(box));
+    QVERIFY(panel.click(box));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::seen(printer));
+}
+
+void tst_dialog::specialTapeTurnsTheOthersOff()
+{
+    CommandRun run(QStringLiteral("all"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    for (const char *box :
+         {"mAutoCutChkBx", "mHalfCutChkBx", "mChainPrintChkBx", "mCutMarkChkBx", "mCutAndEndChkBx",
+          "mMirrorPrintChkBx", "mRemoveBlkSpaceChkBx", "mSpecialTapeChkBx"}) {
+        QVERIFY2(panel.click(QLatin1String(box)), box);
+    }
+    for (const char *box : {"mAutoCutChkBx", "mHalfCutChkBx", "mChainPrintChkBx", "mCutEveryChkBx",
+                            "mCutEveryTxBx", "mCutEveryStpr"}) {
+        QVERIFY2(!panel.isEnabled(QLatin1String(box)), box);
+    }
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("all")),
+                                     QStringLiteral("KvSpecialTape=ON KvCutAtEnd=ON "
+                                                    "KvMirror=ON KvRemoveBlkSpace=ON")));
+}
+
+void tst_dialog::specialTapeTurnedOffBringsTheOthersBack()
+{
+    CommandRun run(QStringLiteral("tape"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
+    QVERIFY(panel.click(QStringLiteral("mSpecialTapeChkBx")));
+    QVERIFY(!panel.click(QStringLiteral("mHalfCutChkBx")));
+    QVERIFY(panel.click(QStringLiteral("mSpecialTapeChkBx")));
+    QVERIFY(panel.isEnabled(QStringLiteral("mHalfCutChkBx")));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
+                                     QStringLiteral("KvHalfCut=ON")));
+}
+
+void tst_dialog::countReachesTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<QString>("count");
+    for (const char *printer : {"label", "follow"}) {
+        const QString name = QLatin1String(printer);
+        QTest::addRow("%s typed", printer) << name << QStringLiteral("7") << 0 << u"7"_qs;
+        QTest::addRow("%s typed two digits", printer) << name << u"42"_qs << 0 << u"42"_qs;
+        QTest::addRow("%s typed, raised", printer) << name << u"7"_qs << 2 << u"9"_qs;
+        QTest::addRow("%s typed, lowered", printer) << name << u"7"_qs << -1 << u"6"_qs;
+        QTest::addRow("%s raised", printer) << name << QString() << 3 << u"4"_qs;
+        QTest::addRow("%s lowered below the least", printer) << name << QString() << -1 << u"1"_qs;
+        QTest::addRow("%s raised above the most", printer) << name << u"99"_qs << 1 << u"99"_qs;
+        QTest::addRow("%s too much typed", printer) << name << u"150"_qs << 0 << u"99"_qs;
+        QTest::addRow("%s nought typed", printer) << name << u"0"_qs << 0 << u"1"_qs;
+        QTest::addRow("%s letters typed", printer) << name << u"ab"_qs << 0 << u"1"_qs;
+    }
+}
+
+void tst_dialog::countReachesTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, typed);
+    QFETCH(const int, steps);
+    QFETCH(const QString, count);
+    CommandRun run(printer, documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QCOMPARE(panel.count(), QStringLiteral("1"));
+    if (!typed.isEmpty()) {
+        QVERIFY(panel.typeCount(typed));
+    }
+    for (int i = 0; i < std::abs(steps); ++i) {
+        QVERIFY(panel.step(steps > 0));
+    }
+    QCOMPARE(panel.count(), count);
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::seen(printer), u"KvCutLabel="_qs + count));
+}
+
+void tst_dialog::countNeedsTheTickedBox()
+{
+    CommandRun run(QStringLiteral("follow"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.typeCount(QStringLiteral("5")));
+    QVERIFY(panel.click(QStringLiteral("mCutEveryChkBx")));
+    QVERIFY(!panel.typeCount(QStringLiteral("6")));
+    QVERIFY(!panel.step(true));
+    QCOMPARE(panel.count(), QStringLiteral("5"));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("follow")),
+                                     QStringLiteral("KvAutoTapeCut=OFF KvCutLabel=5")));
+}
+
+void tst_dialog::countBesideASeparateAutoCut()
+{
+    // The cut-every box shows the auto cut that it has set itself, and the count needs the box.
+    CommandRun run(QStringLiteral("all"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    const QString box = QStringLiteral("mCutEveryChkBx");
+    QVERIFY(panel.isTicked(box));
+    QVERIFY(panel.click(box));
+    QVERIFY(panel.click(box));
+    QVERIFY(panel.typeCount(QStringLiteral("42")));
+    QVERIFY(panel.step(true));
+    QVERIFY(panel.isTicked(box));
+    QCOMPARE(panel.count(), QStringLiteral("43"));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("all")),
+                                     QStringLiteral("KvCutLabel=43")));
+}
+
+void tst_dialog::firstCountUnticksTheBoxBesideAutoCut()
+{
+    // The count makes the cut-every box show the choice of auto cut, which is off.
+    CommandRun run(QStringLiteral("all"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.step(true));
+    QVERIFY(!panel.isTicked(QStringLiteral("mCutEveryChkBx")));
+    QVERIFY(!panel.step(true));
+    QCOMPARE(panel.count(), QStringLiteral("2"));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::defaults(u"all"_qs),
+                                                         QStringLiteral("KvCutLabel=2")));
+}
+
+void tst_dialog::everyOfferedPresetIsTested()
+{
+    QFETCH(const QString, printer);
+    QList<int> tested;
+    for (const PresetRow &row : presets) {
+        if (printer == QLatin1String(row.printer)) {
+            tested.append(row.tag);
+        }
+    }
+    CommandRun run(printer, documents());
+    QCOMPARE(run.openTab(), !tested.isEmpty());
+    QCOMPARE(PanelUser(run.user()).presets(), tested);
+}
+
+void tst_dialog::presetReachesTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<int>("tag");
+    QTest::addColumn<QString>("changes");
+    for (const PresetRow &row : presets) {
+        QTest::addRow("%s %d", row.printer, row.tag)
+            << QString::fromLatin1(row.printer) << row.tag << QString::fromLatin1(row.changes);
+    }
+}
+
+void tst_dialog::presetReachesTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const int, tag);
+    QFETCH(const QString, changes);
+    CommandRun run(printer, documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.pickPreset(tag));
+    QCOMPARE(panel.selectedPreset(), tag);
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), changes));
+}
+
+void tst_dialog::presetTurnsMirrorPrintingOff()
+{
+    CommandRun run(QStringLiteral("tape"), documents());
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(panel.pickPreset(11));
+    QVERIFY(!panel.isTicked(QStringLiteral("mMirrorPrintChkBx")));
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
+                                     QStringLiteral("KvHalfCut=ON")));
+}
+
+QTEST_MAIN(tst_dialog)
+#include "tst_dialog.moc"

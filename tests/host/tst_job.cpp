@@ -1,0 +1,317 @@
+#include "CommandRun.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+#include "SampleChoices.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QPrintDialog>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+/// Does something with the print dialog that a run opens by itself.
+template <typename Action>
+void whenDialogOpens(Action action)
+{
+    QTimer::singleShot(0, qApp, [action] {
+        auto *dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        DialogDriver user(*dialog);
+        const bool done = action(user);
+        if (!done) {
+            dialog->reject();
+        }
+        QVERIFY(done);
+    });
+}
+} // namespace
+
+class tst_job : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void cancelSendsNoJob_data();
+    void cancelSendsNoJob();
+    void acceptedRunSendsOneJob();
+    void requestedChoiceReachesTheJob_data();
+    void requestedChoiceReachesTheJob();
+    void requestedCopies();
+    void copiesOfTheDialog();
+    void severalFilesAreOneJob();
+    void paperOfTheDialog_data();
+    void paperOfTheDialog();
+    void requestedPaper_data();
+    void requestedPaper();
+    void paperOfThePropertiesDialog_data();
+    void paperOfThePropertiesDialog();
+    void pageRangeOfTheDialog_data();
+    void pageRangeOfTheDialog();
+    void requestedPageRange();
+    void reversedPages();
+    void jobIsCompleted();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    QStringList documents() const { return {mSite.document()}; }
+
+    PrintingSite mSite;
+};
+
+void tst_job::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_job::cancelSendsNoJob_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Cancel button") << false;
+    QTest::newRow("Escape key") << true;
+}
+
+void tst_job::cancelSendsNoJob()
+{
+    QFETCH(const bool, byKey);
+    const QList<int> before = mSite.scheduler().jobIds();
+    CommandRun run(QStringLiteral("tape"), documents());
+    whenDialogOpens([byKey](DialogDriver &user) {
+        PanelUser panel(user);
+        if (!panel.openTab() || !panel.click(QStringLiteral("mHalfCutChkBx"))) {
+            return false;
+        }
+        if (byKey) {
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+            return true;
+        }
+        return user.cancel();
+    });
+    QCOMPARE(run.command().run(), ExitStatus::Cancelled);
+    QCOMPARE(run.command().jobId(), 0);
+    QCOMPARE(mSite.scheduler().jobIds(), before);
+}
+
+void tst_job::acceptedRunSendsOneJob()
+{
+    const qsizetype before = mSite.scheduler().jobIds().size();
+    CommandRun run(QStringLiteral("tape"), documents());
+    whenDialogOpens([](DialogDriver &user) {
+        PanelUser panel(user);
+        return panel.openTab() && panel.click(QStringLiteral("mHalfCutChkBx")) && user.print();
+    });
+    QCOMPARE(run.command().run(), ExitStatus::Printed);
+    const QList<int> jobs = mSite.scheduler().jobIds();
+    QCOMPARE(jobs.size(), before + 1);
+    QCOMPARE(run.command().jobId(), jobs.last());
+    QCOMPARE(mSite.choices(jobs.last()),
+             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
+                                     QStringLiteral("KvHalfCut=ON")));
+}
+
+void tst_job::requestedChoiceReachesTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QString>("unopened");
+    QTest::addColumn<QString>("opened");
+    const auto add = [](const char *printer, const char *request, const char *unopened,
+                        const char *opened) {
+        QTest::addRow("%s %s", printer, request)
+            << QString::fromLatin1(printer) << QString::fromLatin1(request)
+            << QString::fromLatin1(unopened) << QString::fromLatin1(opened);
+    };
+    for (const char *printer : {"tape", "follow", "mark", "all", "label"}) {
+        add(printer, "KvMirror=ON", "KvMirror=ON", "KvMirror=ON");
+    }
+    add("tape", "KvAutoTapeCut=OFF", "KvAutoTapeCut=OFF", "KvAutoTapeCut=OFF");
+    add("tape", "KvHalfCut=ON KvChainPrint=ON", "KvHalfCut=ON KvChainPrint=ON",
+        "KvHalfCut=ON KvChainPrint=ON");
+    add("tape", "KvSpecialTape=ON", "KvSpecialTape=ON", "KvSpecialTape=ON KvAutoTapeCut=OFF");
+    add("follow", "KvCutLabel=12", "KvCutLabel=12", "KvCutLabel=12");
+    add("follow", "KvAutoTapeCut=ON", "KvAutoTapeCut=ON", "KvAutoTapeCut=ON");
+    add("follow", "KvAutoTapeCut=OFF", "KvAutoTapeCut=OFF", "KvAutoTapeCut=OFF");
+    add("mark", "KvCutMark=ON", "KvCutMark=ON", "KvCutMark=ON");
+    add("all", "KvRemoveBlkSpace=ON KvCutLabel=99", "KvRemoveBlkSpace=ON KvCutLabel=99",
+        "KvRemoveBlkSpace=ON KvCutLabel=99");
+    add("label", "KvCutAtEnd=ON KvCutLabel=2", "KvCutAtEnd=ON KvCutLabel=2",
+        "KvCutAtEnd=ON KvCutLabel=2");
+    add("plain", "KvDensity=Dark", "KvDensity=Dark", "KvDensity=Dark");
+}
+
+void tst_job::requestedChoiceReachesTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, request);
+    QFETCH(const QString, unopened);
+    QFETCH(const QString, opened);
+    CommandRun unseen(printer, documents(), {request});
+    QVERIFY(unseen.open());
+    int job = unseen.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::defaults(printer), unopened));
+
+    CommandRun seen(printer, documents(), {request});
+    QCOMPARE(seen.openTab(), printer != u"plain");
+    job = seen.print();
+    QVERIFY(job > 0);
+    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), opened));
+}
+
+void tst_job::requestedCopies()
+{
+    CommandRun run(QStringLiteral("tape"), documents(), {}, 3);
+    QVERIFY(run.open());
+    const int job = run.print();
+    QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("3"));
+
+    CommandRun once(QStringLiteral("tape"), documents());
+    QVERIFY(once.open());
+    const int other = once.print();
+    QVERIFY(other > job);
+    QCOMPARE(mSite.job(other).value(QStringLiteral("copies"), QStringLiteral("1")),
+             QStringLiteral("1"));
+}
+
+void tst_job::copiesOfTheDialog()
+{
+    CommandRun run(QStringLiteral("plain"), documents(), {}, 3);
+    QVERIFY(run.open());
+    auto *copies = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("copies")));
+    QVERIFY(copies);
+    QCOMPARE(copies->value(), 3);
+    copies->setValue(5);
+    const int job = run.print();
+    QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("5"));
+}
+
+void tst_job::severalFilesAreOneJob()
+{
+    const qsizetype before = mSite.scheduler().jobIds().size();
+    CommandRun run(QStringLiteral("tape"),
+                   {mSite.document(u"first.txt"_qs), mSite.document(u"second.txt"_qs),
+                    mSite.document(u"third.txt"_qs)});
+    QVERIFY(run.open());
+    const int job = run.print();
+    QCOMPARE(mSite.scheduler().jobIds().size(), before + 1);
+    const auto attributes = mSite.job(job);
+    QCOMPARE(attributes.value(QStringLiteral("number-of-documents")), QStringLiteral("3"));
+    QCOMPARE(attributes.value(QStringLiteral("job-name")), QStringLiteral("first.txt"));
+    QCOMPARE(mSite.choices(job), SampleChoices::defaults(QStringLiteral("tape")));
+}
+
+void tst_job::paperOfTheDialog_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("media");
+    QTest::newRow("tape") << u"tape"_qs << u"T12x100"_qs;
+    QTest::newRow("label") << u"label"_qs << u"62x29"_qs;
+    QTest::newRow("plain") << u"plain"_qs << u"62x29"_qs;
+}
+
+void tst_job::paperOfTheDialog()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, media);
+    CommandRun run(printer, documents());
+    QVERIFY(run.open());
+    const int job = run.print();
+    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), media);
+}
+
+void tst_job::requestedPaper_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("media");
+    QTest::newRow("media") << u"media=T24x100"_qs << u"T24x100"_qs;
+    QTest::newRow("PageSize") << u"PageSize=HS12x100"_qs << u"HS12x100"_qs;
+    QTest::newRow("custom") << u"media=Custom.20x50mm"_qs << u"Custom.20x50mm"_qs;
+}
+
+void tst_job::requestedPaper()
+{
+    QFETCH(const QString, option);
+    QFETCH(const QString, media);
+    CommandRun run(QStringLiteral("tape"), documents(), {option});
+    QVERIFY(run.open());
+    const auto attributes = mSite.job(run.print());
+    QCOMPARE(attributes.value(QStringLiteral("media")), media);
+    QVERIFY(!attributes.contains(QStringLiteral("PageSize")));
+}
+
+void tst_job::paperOfThePropertiesDialog_data()
+{
+    QTest::addColumn<bool>("accept");
+    QTest::addColumn<QString>("media");
+    QTest::newRow("accepted") << true << u"T18x100"_qs;
+    QTest::newRow("cancelled") << false << u"T12x100"_qs;
+}
+
+void tst_job::paperOfThePropertiesDialog()
+{
+    QFETCH(const bool, accept);
+    QFETCH(const QString, media);
+    CommandRun run(QStringLiteral("tape"), documents());
+    QVERIFY(run.open());
+    QVERIFY(run.user().pickPaper(QStringLiteral("T18x100"), accept));
+    const auto attributes = mSite.job(run.print());
+    QCOMPARE(attributes.value(QStringLiteral("media")), media);
+}
+
+void tst_job::pageRangeOfTheDialog_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("nothing requested") << QStringList();
+    QTest::newRow("other pages requested") << QStringList{u"page-ranges=7-9"_qs};
+}
+
+void tst_job::pageRangeOfTheDialog()
+{
+    QFETCH(const QStringList, options);
+    CommandRun run(QStringLiteral("tape"), documents(), options);
+    QVERIFY(run.open());
+    auto *range = qobject_cast<QRadioButton *>(run.user().widget(QStringLiteral("printRange")));
+    auto *from = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("from")));
+    auto *to = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("to")));
+    QVERIFY(range && from && to);
+    range->click();
+    to->setValue(4);
+    from->setValue(2);
+    const auto attributes = mSite.job(run.print());
+    QCOMPARE(attributes.value(QStringLiteral("page-ranges")), QStringLiteral("2-4"));
+}
+
+void tst_job::requestedPageRange()
+{
+    CommandRun run(QStringLiteral("tape"), documents(), {QStringLiteral("page-ranges=2-3")});
+    QVERIFY(run.open());
+    const auto attributes = mSite.job(run.print());
+    QCOMPARE(attributes.value(QStringLiteral("page-ranges")), QStringLiteral("2-3"));
+}
+
+void tst_job::reversedPages()
+{
+    CommandRun run(QStringLiteral("tape"), documents());
+    QVERIFY(run.open());
+    auto *reverse = qobject_cast<QCheckBox *>(run.user().widget(QStringLiteral("reverse")));
+    QVERIFY(reverse);
+    reverse->click();
+    const auto attributes = mSite.job(run.print());
+    QCOMPARE(attributes.value(QStringLiteral("outputorder")), QStringLiteral("reverse"));
+}
+
+void tst_job::jobIsCompleted()
+{
+    CommandRun run(QStringLiteral("tape"), documents());
+    QVERIFY(run.openTab());
+    const int job = run.print();
+    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
+    QVERIFY(QFileInfo(mSite.scheduler().outputPath(QStringLiteral("tape"))).size() > 0);
+}
+
+QTEST_MAIN(tst_job)
+#include "tst_job.moc"
