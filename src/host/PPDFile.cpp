@@ -72,6 +72,7 @@ std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error)
 PPDFile::PPDFile(ppd_file_t *ppd)
     : mPPD(ppd)
 {
+    ppdLocalize(mPPD);
     ppdMarkDefaults(mPPD);
 }
 

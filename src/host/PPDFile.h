@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// An open PPD with its defaults marked.
+/// An open PPD with its defaults marked and its texts in the user's language.
 class PPDFile
 {
 public:

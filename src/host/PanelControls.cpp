@@ -5,21 +5,47 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+namespace {
+QString keyOf(const QWidget *control)
+{
+    return control->property(kPPDOptionKeywordProperty).toString();
+}
+} // namespace
+
 PanelControls::PanelControls(QWidget *view)
     : mView(view)
 {
 }
 
+QList<QWidget *> PanelControls::controls() const
+{
+    QList<QWidget *> controls = mView->findChildren<QWidget *>();
+    controls.removeIf(
+        [](const QWidget *control) { return control->isHidden() || keyOf(control).isEmpty(); });
+    return controls;
+}
+
 QWidget *PanelControls::controlOf(const QString &key) const
 {
-    const auto controls = mView->findChildren<QWidget *>();
-    for (QWidget *control : controls) {
-        if (!control->isHidden() &&
-            control->property(kPPDOptionKeywordProperty).toString() == key) {
+    for (QWidget *control : controls()) {
+        if (keyOf(control) == key) {
             return control;
         }
     }
     return nullptr;
+}
+
+QList<PanelControls::Shown> PanelControls::shown() const
+{
+    QList<Shown> all;
+    for (const QWidget *control : controls()) {
+        if (const auto *box = qobject_cast<const QAbstractButton *>(control)) {
+            all.append({keyOf(control), int(box->isChecked()), QString()});
+        } else if (const auto *field = qobject_cast<const QLineEdit *>(control)) {
+            all.append({keyOf(control), 0, field->text()});
+        }
+    }
+    return all;
 }
 
 bool PanelControls::choose(const QString &key, int index, const QString &choice)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 class QWidget;
@@ -8,8 +9,21 @@ class QWidget;
 class PanelControls
 {
 public:
+    /// What a control shows: the choice of a PPD option.
+    struct Shown
+    {
+        QString key;
+        /// Index of the choice in the PPD's order, for a check box.
+        int index;
+        /// Keyword of the choice, for a text field.
+        QString choice;
+    };
+
     /// @param view the panel's; must outlive this object.
     explicit PanelControls(QWidget *view);
+
+    /// What every control shows that is not hidden, in the view's order.
+    QList<Shown> shown() const;
 
     /**
      * Sets the control of a PPD option to a choice.
@@ -21,6 +35,7 @@ public:
     bool choose(const QString &key, int index, const QString &choice);
 
 private:
+    QList<QWidget *> controls() const;
     QWidget *controlOf(const QString &key) const;
 
     QWidget *mView;

@@ -78,12 +78,36 @@ QWidget *PanelHost::view(PDEPanel &panel)
 
 void PanelHost::show(PDEPanel &panel)
 {
-    panel.willShow();
-    if (std::find(mShown.begin(), mShown.end(), &panel) == mShown.end()) {
+    const bool isFirst = std::find(mShown.begin(), mShown.end(), &panel) == mShown.end();
+    if (isFirst) {
         mShown.push_back(&panel);
+        panel.willShow();
         applyRequests(panel);
+    } else if (QWidget *view = panel.panelView()) {
+        // A panel that is shown again starts from the marked choices, and from the combination
+        // that its menu has selected, and knows no more of what the user had set besides.
+        const auto shown = PanelControls(view).shown();
+        panel.willShow();
+        for (const PanelControls::Shown &control : shown) {
+            PanelControls(view).choose(control.key, control.index, control.choice);
+        }
     }
     Q_EMIT summaryChanged();
+}
+
+void PanelHost::hide(PDEPanel &panel)
+{
+    panel.shouldHide();
+    save(panel);
+    Q_EMIT summaryChanged();
+}
+
+void PanelHost::save(PDEPanel &panel)
+{
+    QString error;
+    if (!panel.saveValuesAndReturnError(&error)) {
+        mReporter.report(error);
+    }
 }
 
 void PanelHost::applyRequests(PDEPanel &panel)
@@ -125,10 +149,7 @@ const Paper &PanelHost::paper() const
 bool PanelHost::accept()
 {
     return std::ranges::all_of(mPanels, [this](PDEPanel *panel) {
-        QString error;
-        if (!panel->saveValuesAndReturnError(&error)) {
-            mReporter.report(error);
-        }
+        save(*panel);
         return panel->shouldPrint();
     });
 }

@@ -58,8 +58,11 @@ public:
     /// The panel's view, owned by the panel; null, and reported, when it cannot be made.
     QWidget *view(PDEPanel &panel);
 
-    /// The panel's tab is about to be seen.
+    /// The panel's tab is about to be seen. What the user has set in it stays set.
     void show(PDEPanel &panel);
+
+    /// The panel's tab is not seen any more: its choices are taken over.
+    void hide(PDEPanel &panel);
 
     /// The user has picked another paper.
     void setPaper(const Paper &paper);
@@ -87,6 +90,7 @@ private:
     void addPanels(const PanelBundle &bundle);
     void tellPanels(const QString &key, const QString &choice);
     void applyRequests(PDEPanel &panel);
+    void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
     std::shared_ptr<DialogCallback> mCallback;

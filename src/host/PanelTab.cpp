@@ -55,3 +55,12 @@ void PanelTab::showEvent(QShowEvent *event)
     }
     mHost->show(mPanel);
 }
+
+void PanelTab::hideEvent(QHideEvent *event)
+{
+    QScrollArea::hideEvent(event);
+    const bool isOtherTabShown = window()->isVisible() && !event->spontaneous();
+    if (mHost && widget() && isOtherTabShown) {
+        mHost->hide(mPanel);
+    }
+}

@@ -14,6 +14,18 @@ namespace {
 /// The largest page number that the dialog offers: how many pages a file has is for CUPS to know.
 constexpr int mostPages = 9999;
 
+/// What Qt's dialog says of a job's options that the user has not touched in it.
+JobOptions untouchedJobOptions()
+{
+    JobOptions options;
+    options.set(QStringLiteral("job-billing"), QStringLiteral(""));
+    options.set(QStringLiteral("job-priority"), QStringLiteral("50"));
+    options.set(QStringLiteral("job-sheets"), QStringLiteral("none,none"));
+    options.set(QStringLiteral("number-up"), QStringLiteral("1"));
+    options.set(QStringLiteral("number-up-layout"), QStringLiteral("lrtb"));
+    return options;
+}
+
 void addCopies(const QPrinter &printer, JobOptions &options)
 {
     if (printer.copyCount() > 1) {
@@ -38,7 +50,6 @@ void addPaper(const QPrinter &printer, JobOptions &options)
 {
     const QPageLayout layout = printer.pageLayout();
     if (layout.pageSize().isValid()) {
-        options.remove(QStringLiteral("PageSize"));
         options.set(QStringLiteral("media"), layout.pageSize().key());
     }
     if (layout.orientation() == QPageLayout::Landscape) {
@@ -160,7 +171,9 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
     mPrinter->setPrinterName(queue);
     mPrinter->setDocName(QFileInfo(mCommandLine.files.first()).fileName());
-    mPrinter->setCopyCount(std::max(mCommandLine.copies, 1));
+    mPrinter->setCopyCount(takeCopies());
+    mOptionsAtStart = untouchedJobOptions();
+    mOptionsAtStart.merge(optionsOfPrinter());
     mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
     mDialog->setMinMax(1, mostPages);
@@ -171,16 +184,40 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     return mDialog.get();
 }
 
-JobOptions PrintCommand::optionsOfJob() const
+int PrintCommand::takeCopies()
+{
+    const QString key = QStringLiteral("copies");
+    const int asked = mCommandLine.options.value(key).toInt();
+    mCommandLine.options.remove(key);
+    return std::max(mCommandLine.copies > 0 ? mCommandLine.copies : asked, 1);
+}
+
+JobOptions PrintCommand::optionsOfPrinter() const
 {
     const QPrinterInfo info(*mPrinter);
-    JobOptions options = mCommandLine.options;
-    options.merge(mAttachment->jobOptions());
+    JobOptions options;
     addCopies(*mPrinter, options);
     addPages(*mPrinter, options);
     addPaper(*mPrinter, options);
     addSides(*mPrinter, info, options);
     addColors(*mPrinter, info, options);
+    return options;
+}
+
+JobOptions PrintCommand::optionsOfJob() const
+{
+    JobOptions options = mCommandLine.options;
+    JobOptions ofDialog = mAttachment->jobOptions();
+    ofDialog.merge(optionsOfPrinter());
+    for (const auto &[key, value] : ofDialog.pairs()) {
+        // What the user asked for holds until the dialog says otherwise.
+        if (!mCommandLine.options.contains(key) || mOptionsAtStart.value(key) != value) {
+            options.set(key, value);
+        }
+    }
+    if (options.contains(QStringLiteral("media"))) {
+        options.remove(QStringLiteral("PageSize"));
+    }
     return options;
 }
 

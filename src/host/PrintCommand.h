@@ -45,6 +45,10 @@ private:
     QString faultOfFiles() const;
     QString chooseQueue(QString *fault) const;
     QString faultOfOptions(const QString &queue) const;
+    /// The number of copies asked for, which is the dialog's business from then on.
+    int takeCopies();
+    /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.
+    JobOptions optionsOfPrinter() const;
     JobOptions optionsOfJob() const;
 
     CommandLine mCommandLine;
@@ -54,5 +58,7 @@ private:
     std::unique_ptr<QPrinter> mPrinter;
     std::unique_ptr<QPrintDialog> mDialog;
     PrintDialogAttachment *mAttachment = nullptr;
+    /// What the dialog says as long as the user has not touched it.
+    JobOptions mOptionsAtStart;
     int mJobId = 0;
 };

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void panelIsSeenWhole_data();
     void panelIsSeenWhole();
 
+    void choicesStayWhenTabsAreTurned();
+
     void shrinkTubeTurnsAutoCutOff();
     void shrinkTubeUnmarksASeparateAutoCut();
     void cancelledPaperChangesNothing();
@@ -59,6 +61,7 @@ private Q_SLOTS:
 
     void summaryListsEveryLine();
     void summaryFollowsAClick();
+    void summaryFollowsAPreset();
     void summaryFollowsThePaper();
     void summaryWithoutASeenTab();
 
@@ -321,6 +324,40 @@ void tst_attachment::summaryFollowsAClick()
              QStringList({u"Cut Every: No"_qs, u"Half Cut: Yes"_qs, u"Chain Printing: No"_qs,
                           u"Mirror Printing: Yes"_qs}));
     QCOMPARE(summaryOf(dialog), linesOfPanels(*dialog.attachment().host()));
+}
+
+void tst_attachment::summaryFollowsAPreset()
+{
+    AttachedDialog dialog(QStringLiteral("tape"));
+    QVERIFY(dialog.openTab());
+    PanelUser panel(dialog.user());
+    QVERIFY(panel.pickPreset(8));
+    QVERIFY(dialog.user().showTab(kSummaryTab));
+    QCOMPARE(summaryOf(dialog).mid(0, 4),
+             QStringList({u"Auto Cut: No"_qs, u"Half Cut: Yes"_qs, u"Special Tape: No"_qs,
+                          u"Chain Printing: Yes"_qs}));
+}
+
+void tst_attachment::choicesStayWhenTabsAreTurned()
+{
+    AttachedDialog dialog(QStringLiteral("tape"));
+    QVERIFY(dialog.openTab());
+    PanelUser panel(dialog.user());
+    QVERIFY(panel.pickPreset(11));
+    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    for (int turn = 0; turn < 2; ++turn) {
+        QVERIFY(dialog.user().showTab(kSummaryTab));
+        QVERIFY(panel.openTab());
+        QVERIFY(panel.isTicked(QStringLiteral("mAutoCutChkBx")));
+        QVERIFY(panel.isTicked(QStringLiteral("mHalfCutChkBx")));
+        QVERIFY(panel.isTicked(QStringLiteral("mMirrorPrintChkBx")));
+        QCOMPARE(panel.selectedPreset(), 11);
+    }
+    const QStringList choices = mSite.choices(dialog.print(mSite.scheduler()));
+    QVERIFY(choices.contains(u"KvAutoTapeCut=ON"_qs));
+    QVERIFY(choices.contains(u"KvHalfCut=ON"_qs));
+    QVERIFY(choices.contains(u"KvMirror=ON"_qs));
+    QVERIFY(choices.contains(u"KvChainPrint=OFF"_qs));
 }
 
 void tst_attachment::summaryFollowsThePaper()

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void requestedChoiceReachesTheJob_data();
     void requestedChoiceReachesTheJob();
     void requestedCopies();
+    void requestedOptionsOfThePrinterStay();
     void copiesOfTheDialog();
     void severalFilesAreOneJob();
     void paperOfTheDialog_data();
@@ -169,12 +170,31 @@ void tst_job::requestedCopies()
     const int job = run.print();
     QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("3"));
 
+    CommandRun byOption(QStringLiteral("tape"), documents(), {u"copies=4"_qs});
+    QVERIFY(byOption.open());
+    QCOMPARE(qobject_cast<QSpinBox *>(byOption.user().widget(u"copies"_qs))->value(), 4);
+    const int byOptionJob = byOption.print();
+    QCOMPARE(mSite.job(byOptionJob).value(QStringLiteral("copies")), QStringLiteral("4"));
+
     CommandRun once(QStringLiteral("tape"), documents());
     QVERIFY(once.open());
     const int other = once.print();
-    QVERIFY(other > job);
+    QVERIFY(other > byOptionJob);
     QCOMPARE(mSite.job(other).value(QStringLiteral("copies"), QStringLiteral("1")),
              QStringLiteral("1"));
+}
+
+void tst_job::requestedOptionsOfThePrinterStay()
+{
+    CommandRun run(QStringLiteral("plain"), documents(),
+                   {u"sides=two-sided-long-edge orientation-requested=4"_qs, u"job-priority=70"_qs,
+                    u"x-note=kept"_qs});
+    QVERIFY(run.open());
+    const auto job = mSite.job(run.print());
+    QCOMPARE(job.value(u"sides"_qs), u"two-sided-long-edge"_qs);
+    QCOMPARE(job.value(u"orientation-requested"_qs), u"landscape"_qs);
+    QCOMPARE(job.value(u"x-note"_qs), u"kept"_qs);
+    QCOMPARE(job.value(u"job-priority"_qs), u"70"_qs);
 }
 
 void tst_job::copiesOfTheDialog()
