@@ -83,16 +83,22 @@ void PanelHost::show(PDEPanel &panel)
         mShown.push_back(&panel);
         panel.willShow();
         applyRequests(panel);
-    } else if (QWidget *view = panel.panelView()) {
-        // A panel that is shown again starts from the marked choices, and from the combination
-        // that its menu has selected, and knows no more of what the user had set besides.
-        const auto shown = PanelControls(view).shown();
-        panel.willShow();
-        for (const PanelControls::Shown &control : shown) {
-            PanelControls(view).choose(control.key, control.index, control.choice);
-        }
+    } else {
+        showAgain(panel);
     }
     Q_EMIT summaryChanged();
+}
+
+void PanelHost::showAgain(PDEPanel &panel)
+{
+    // A panel starts from the marked choices and from the combination that its menu has selected,
+    // and knows no more of what the user had set besides.
+    QWidget *view = panel.panelView();
+    const auto shown = view ? PanelControls(view).shown() : QList<PanelControls::Shown>();
+    panel.willShow();
+    for (const PanelControls::Shown &control : shown) {
+        PanelControls(view).choose(control.key, control.index, control.choice);
+    }
 }
 
 void PanelHost::hide(PDEPanel &panel)

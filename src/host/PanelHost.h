@@ -89,6 +89,7 @@ Q_SIGNALS:
 private:
     void addPanels(const PanelBundle &bundle);
     void tellPanels(const QString &key, const QString &choice);
+    void showAgain(PDEPanel &panel);
     void applyRequests(PDEPanel &panel);
     void save(PDEPanel &panel);
 
