@@ -30,11 +30,11 @@ constexpr int connectTimeoutMs = 5'000;
 constexpr int removeTimeoutMs = 2'000;
 constexpr int pollMs = 20;
 
-const QString schedulerFile = QStringLiteral("root/cupsd.conf");
-const QString filesFile = QStringLiteral("root/cups-files.conf");
+const QString schedulerFile = QStringLiteral("etc/cupsd.conf");
+const QString filesFile = QStringLiteral("etc/cups-files.conf");
 const QString logFile = QStringLiteral("log/error_log");
 const QString outputFile = QStringLiteral("log/cupsd");
-constexpr std::array folders = {"root", "state", "cache", "spool", "spool/tmp", "log", "out"};
+constexpr std::array folders = {"etc", "state", "cache", "spool", "spool/tmp", "log", "out"};
 
 struct HttpCloser
 {
@@ -87,7 +87,7 @@ PreserveJobFiles No
 // %1 the folder.
 QString filesConfiguration()
 {
-    return QStringLiteral(R"(ServerRoot %1/root
+    return QStringLiteral(R"(ServerRoot %1/etc
 StateDir %1/state
 CacheDir %1/cache
 RequestRoot %1/spool

@@ -14,6 +14,7 @@
 #include <QPrintEngine>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTabWidget>
 #include <QTimer>
 
 namespace {
@@ -89,10 +90,15 @@ void PrintDialogAttachment::followPrinter()
         return;
     }
     mQueue = queue;
+    QTabWidget *tabs = optionTabs(*mDialog);
+    const int shownTab = tabs ? tabs->currentIndex() : -1;
     dropTabs();
     mHost.reset();
     mRequestedPaper = QPageSize();
     buildHost(queue);
+    if (tabs && shownTab < tabs->count()) {
+        tabs->setCurrentIndex(shownTab);
+    }
 }
 
 void PrintDialogAttachment::buildHost(const QString &queue)

@@ -40,6 +40,11 @@ QComboBox *printersMenu(const QPrintDialog &dialog)
     return dialog.findChild<QComboBox *>(QLatin1String(kPrintersMenuName));
 }
 
+QTabWidget *optionTabs(const QPrintDialog &dialog)
+{
+    return dialog.findChild<QTabWidget *>();
+}
+
 QPageSize chosenPageSize(const QWidget &propertiesDialog)
 {
     const QComboBox *menu = pageSizesMenu(propertiesDialog);

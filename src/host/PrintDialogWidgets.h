@@ -5,6 +5,7 @@
 
 class QComboBox;
 class QPrintDialog;
+class QTabWidget;
 class QWidget;
 
 /**
@@ -20,6 +21,9 @@ inline constexpr char kPropertiesDialogClass[] = "QPrintPropertiesDialog";
 
 /// The menu of printers; null when the dialog has none.
 QComboBox *printersMenu(const QPrintDialog &dialog);
+
+/// The tabs of the dialog; null when it has none.
+QTabWidget *optionTabs(const QPrintDialog &dialog);
 
 /// The paper that is chosen in a Properties dialog; an invalid one when there is none.
 QPageSize chosenPageSize(const QWidget &propertiesDialog);

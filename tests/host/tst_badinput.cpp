@@ -178,7 +178,7 @@ void tst_badinput::printerWhosePPDIsBroken()
 {
     const QString name = QStringLiteral("spoilt");
     QVERIFY(addPrinter(name, ppdOf(QStringLiteral("tape"))));
-    QFile ppd(mSite.scheduler().folder() + QStringLiteral("/root/ppd/spoilt.ppd"));
+    QFile ppd(mSite.scheduler().folder() + QStringLiteral("/etc/ppd/spoilt.ppd"));
     QVERIFY(ppd.open(QIODevice::ReadWrite));
     QVERIFY(ppd.resize(0));
     QCOMPARE(ppd.write("*PPD-Adobe: \"4.3\"\nno PPD\n"), 25);
