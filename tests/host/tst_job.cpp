@@ -70,19 +70,24 @@ void tst_job::initTestCase()
 
 void tst_job::cancelSendsNoJob_data()
 {
+    QTest::addColumn<QString>("printer");
     QTest::addColumn<bool>("byKey");
-    QTest::newRow("Cancel button") << false;
-    QTest::newRow("Escape key") << true;
+    for (const QString &printer : PrintingSite::printers()) {
+        QTest::addRow("Cancel button, %s", qPrintable(printer)) << printer << false;
+        QTest::addRow("Escape key, %s", qPrintable(printer)) << printer << true;
+    }
 }
 
 void tst_job::cancelSendsNoJob()
 {
+    QFETCH(const QString, printer);
     QFETCH(const bool, byKey);
     const QList<int> before = mSite.scheduler().jobIds();
-    CommandRun run(QStringLiteral("tape"), documents());
-    whenDialogOpens([byKey](DialogDriver &user) {
+    CommandRun run(printer, documents());
+    whenDialogOpens([printer, byKey](DialogDriver &user) {
         PanelUser panel(user);
-        if (!panel.openTab() || !panel.click(QStringLiteral("mHalfCutChkBx"))) {
+        const bool hasPanel = printer != QLatin1String("plain");
+        if (hasPanel && (!panel.openTab() || !panel.click(QStringLiteral("mMirrorPrintChkBx")))) {
             return false;
         }
         if (byKey) {
