@@ -32,7 +32,8 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
                                          QStringLiteral("Show the version."));
     const QCommandLineOption printer(
         QStringLiteral("d"), QStringLiteral("Start with this printer."), QStringLiteral("PRINTER"));
-    const QCommandLineOption copies(QStringLiteral("n"), QStringLiteral("Start with that many."),
+    const QCommandLineOption copies(QStringLiteral("n"),
+                                    QStringLiteral("Start with that many copies."),
                                     QStringLiteral("COPIES"));
     const QCommandLineOption option(QStringLiteral("o"),
                                     QStringLiteral("Start with this option; may be repeated."),
@@ -45,7 +46,10 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
         return refuse(parser.errorText());
     }
     if (parser.isSet(help)) {
-        return answer(Action::ShowHelp, parser.helpText());
+        // Without an application object Qt does not know the program's name.
+        return answer(Action::ShowHelp,
+                      parser.helpText().replace(QLatin1String("<executable_name>"),
+                                                QLatin1String("kvprint")));
     }
     if (parser.isSet(showVersion)) {
         return answer(Action::ShowVersion, QStringLiteral("kvprint %1\n").arg(version));
