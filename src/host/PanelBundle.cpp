@@ -7,6 +7,8 @@
 #include <QImageReader>
 #include <QXmlStreamReader>
 
+#include <utility>
+
 namespace {
 /// What is wrong with a picture; null when nothing is.
 QString pictureFault(const QString &path)
@@ -110,8 +112,11 @@ QString PanelBundle::name() const
     return QDir(mBundle->bundlePath()).dirName();
 }
 
-void PanelBundle::checkResources(ProblemReporter &reporter) const
+void PanelBundle::checkResources(ProblemReporter &reporter)
 {
+    if (std::exchange(mIsChecked, true)) {
+        return;
+    }
     const QDir resources(mBundle->resourcePath());
     for (const QString &file : mBundle->declaredResources()) {
         for (const ResourceKind &kind : checkedKinds) {

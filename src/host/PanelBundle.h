@@ -33,9 +33,9 @@ public:
     /// The bundle's folder name, for messages.
     QString name() const;
 
-    /// Tells of each declared picture and form that cannot be read. Reads them all, so call it when
-    /// there is time.
-    void checkResources(ProblemReporter &reporter) const;
+    /// Tells of each declared picture and form that cannot be read. Reads them all, on the first
+    /// call alone, so call it when there is time.
+    void checkResources(ProblemReporter &reporter);
 
 private:
     PanelBundle() = default;
@@ -45,6 +45,7 @@ private:
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;
     PDEPlugInFactory *mFactory = nullptr;
+    bool mIsChecked = false;
 };
 
 /// The bundles of a dialog.
