@@ -277,7 +277,7 @@ void tst_badinput::longDeviceURI()
     QFETCH(const int, length);
     const QString name = QStringLiteral("far");
     QVERIFY(addPrinter(name, ppdOf(QStringLiteral("tape"))));
-    const QByteArray uri = QByteArray("socket://127.0.0.1:9/?").leftJustified(length, 'x');
+    const QByteArray uri = QByteArray("ipp://127.0.0.1:9/?").leftJustified(length, 'x');
     ipp_t *request = ippNewRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
                  "ipp://localhost/printers/far");

@@ -1,5 +1,5 @@
-#include "BundleCopy.h"
 #include "PanelFixture.h"
+#include "support/BundleCopy.h"
 
 /// A nib that lacks a control: the panel goes on with the others, and loses no choice.
 class OutletsTest : public QObject

@@ -1,5 +1,5 @@
-#include "BundleCopy.h"
 #include "PanelFixture.h"
+#include "support/BundleCopy.h"
 
 #include <QPainter>
 

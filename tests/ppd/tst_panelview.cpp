@@ -1,13 +1,11 @@
 #include "RecordingPanel.h"
 #include "printcore/NotificationCenter.h"
+#include "support/BundleCopy.h"
 #include "support/PanelProbe.h"
 #include "support/TestHost.h"
 #include "toolkit/TrackingArea.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 /// A panel's view: its nib, whole and damaged, and its size in the dialog's window.
@@ -37,64 +35,9 @@ private Q_SLOTS:
 };
 
 namespace {
-const QString nibName = QStringLiteral("OptionPDE.ui");
 constexpr int viewHeight = 200;
 /// What a window must be taller than the view by.
 constexpr int spare = 96;
-
-/// Copies a folder with all that is in it.
-bool copyFolder(const QString &from, const QString &to)
-{
-    const QDir source(from);
-    if (!QDir().mkpath(to)) {
-        return false;
-    }
-    bool copied = true;
-    for (const QFileInfo &entry : source.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-        const QString target = to + u'/' + entry.fileName();
-        copied = copied && (entry.isDir() ? copyFolder(entry.filePath(), target)
-                                          : QFile::copy(entry.filePath(), target));
-    }
-    return copied;
-}
-
-/// A copy of the built bundle, to be damaged.
-class BundleCopy
-{
-public:
-    BundleCopy()
-    {
-        const QString path = mFolder.filePath(u"Copy.pde"_qs);
-        if (copyFolder(QStringLiteral(KV_BUNDLE_DIR), path)) {
-            bundle = Bundle::open(path);
-        }
-        if (bundle) {
-            bundle->setLanguages({u"en"_qs});
-        }
-    }
-
-    QString nibPath() const { return bundle->resourcePath() + u'/' + nibName; }
-    QByteArray nib() const
-    {
-        QFile file(nibPath());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    /// Writes another nib; a null one takes the nib away.
-    bool setNib(const QByteArray &text) const
-    {
-        QFile file(nibPath());
-        if (text.isNull()) {
-            return file.remove();
-        }
-        return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-               file.write(text) == text.size();
-    }
-
-    std::shared_ptr<Bundle> bundle;
-
-private:
-    QTemporaryDir mFolder;
-};
 
 /// The nib with the view's name taken from its widget.
 QByteArray withoutView(QByteArray nib)
@@ -202,9 +145,9 @@ void PanelViewTest::damagedNibMakesNoView()
 {
     QFETCH(QByteArray, nib);
     const BundleCopy copy;
-    QVERIFY(copy.bundle);
+    QVERIFY(copy.open());
     QVERIFY(copy.setNib(nib));
-    Dialog dialog(copy.bundle);
+    Dialog dialog(copy.open());
     QVERIFY(!dialog.panel->panelView());
     QVERIFY(!dialog.panel->panelView());
     dialog.panel->calls.clear();
@@ -223,10 +166,10 @@ void PanelViewTest::panelWithoutViewStillSaves()
 {
     QFETCH(QByteArray, nib);
     const BundleCopy copy;
-    QVERIFY(copy.bundle);
+    QVERIFY(copy.open());
     QVERIFY(copy.setNib(nib));
     const auto host = std::make_shared<TestHost>(PPDText().allNine().open());
-    PanelProbe panel(host, copy.bundle);
+    PanelProbe panel(host, copy.open());
     host->panel = &panel;
     QVERIFY(!panel.panelView());
     QVERIFY(!panel.panelView());
@@ -254,7 +197,7 @@ void PanelViewTest::viewMayBeInsideAnotherWidget()
     const BundleCopy copy;
     QVERIFY(copy.setNib(R"(<?xml version="1.0"?><ui version="4.0"><class>outer</class>
 <widget class="QWidget" name="outer"><widget class="QWidget" name="kPDEView"/></widget></ui>)"));
-    Dialog dialog(copy.bundle);
+    Dialog dialog(copy.open());
     const QPointer<QWidget> view = dialog.panel->panelView();
     QVERIFY(view);
     QCOMPARE(view->objectName(), u"kPDEView"_qs);
@@ -270,7 +213,7 @@ void PanelViewTest::mendedNibMakesTheView()
     const BundleCopy copy;
     const QByteArray whole = copy.nib();
     QVERIFY(copy.setNib(withoutView(whole)));
-    Dialog dialog(copy.bundle);
+    Dialog dialog(copy.open());
     QVERIFY(!dialog.panel->panelView());
     QVERIFY(copy.setNib(whole));
     QVERIFY(dialog.panel->panelView());

@@ -1,4 +1,4 @@
-#include "BundleCopy.h"
+#include "support/BundleCopy.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -41,22 +41,30 @@ QString BundleCopy::resources() const
     return mFolder.filePath(QStringLiteral("Contents/Resources/"));
 }
 
-QString BundleCopy::nib() const
+QString BundleCopy::nibPath() const
 {
-    QFile file(resources() + QStringLiteral("OptionPDE.ui"));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return resources() + QStringLiteral("OptionPDE.ui");
 }
 
-bool BundleCopy::writeNib(const QString &text) const
+QByteArray BundleCopy::nib() const
 {
-    QFile file(resources() + QStringLiteral("OptionPDE.ui"));
-    return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0;
+    QFile file(nibPath());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool BundleCopy::setNib(const QByteArray &form) const
+{
+    QFile file(nibPath());
+    if (form.isNull()) {
+        return file.remove();
+    }
+    return file.open(QIODevice::WriteOnly) && file.write(form) == form.size();
 }
 
 bool BundleCopy::replaceInNib(const QString &text, const QString &by) const
 {
-    QString form = nib();
-    return form.contains(text) && writeNib(form.replace(text, by));
+    QString form = QString::fromUtf8(nib());
+    return form.contains(text) && setNib(form.replace(text, by).toUtf8());
 }
 
 bool BundleCopy::removeOutlet(const QString &name) const
@@ -64,13 +72,14 @@ bool BundleCopy::removeOutlet(const QString &name) const
     if (name == u"kPDEView") {
         return replaceInNib(QStringLiteral("name=\"kPDEView\""), QStringLiteral("name=\"form\""));
     }
-    QString form = nib();
+    QString form = QString::fromUtf8(nib());
     form.remove(QStringLiteral("<tabstop>%1</tabstop>").arg(name));
     const qsizetype named = form.indexOf(QStringLiteral("name=\"%1\"").arg(name));
     const qsizetype start = named < 0 ? -1 : form.lastIndexOf(QLatin1String("<widget"), named);
     const QLatin1String end("</widget>");
     const qsizetype stop = form.indexOf(end, named);
-    return start >= 0 && stop >= 0 && writeNib(form.remove(start, stop + end.size() - start));
+    return start >= 0 && stop >= 0 &&
+           setNib(form.remove(start, stop + end.size() - start).toUtf8());
 }
 
 bool BundleCopy::removeResource(const QString &fileName) const

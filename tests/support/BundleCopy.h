@@ -14,6 +14,11 @@ public:
     /// Opens the copy with its English texts; null when copying has failed.
     std::shared_ptr<Bundle> open() const;
 
+    /// The nib's form; null when it cannot be read.
+    QByteArray nib() const;
+    /// Writes another form; a null one takes the nib away.
+    bool setNib(const QByteArray &form) const;
+
     /// Replaces a text of the nib everywhere. False when the nib does not have it.
     bool replaceInNib(const QString &text, const QString &by) const;
     /// Takes the control of that name out of the nib; the view itself gets another name instead.
@@ -23,8 +28,7 @@ public:
 
 private:
     QString resources() const;
-    QString nib() const;
-    bool writeNib(const QString &text) const;
+    QString nibPath() const;
 
     QTemporaryDir mFolder;
     bool mIsCopied = false;
