@@ -2,16 +2,29 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 
 namespace {
-bool hasDisplay()
+constexpr char probeArgument[] = "--probe-display";
+
+/// Whether a display answers. Another process asks, since Qt ends one that finds none.
+bool hasDisplay(const char *program)
 {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM") ||
+        !(qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))) {
+        return false;
+    }
+    QProcess probe;
+    probe.start(QString::fromLocal8Bit(program), {QLatin1String(probeArgument)});
+    return probe.waitForFinished() && probe.exitStatus() == QProcess::NormalExit &&
+           probe.exitCode() == 0;
 }
+
 /// Writes what Qt has to say, but for what its platform without a display cannot do.
 void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &message)
 {
@@ -24,7 +37,11 @@ void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &
 /// Usage: kvprint-demo RESULT-FOLDER
 int main(int argc, char **argv)
 {
-    const bool isForUser = hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (argc == 2 && std::strcmp(argv[1], probeArgument) == 0) {
+        const QGuiApplication probe(argc, argv);
+        return 0;
+    }
+    const bool isForUser = hasDisplay(argv[0]);
     const QTemporaryDir runtime;
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
