@@ -2,9 +2,22 @@
 
 #include "host/PanelControls.h"
 #include "host/ProblemReporter.h"
+#include "printcore/Beep.h"
 #include "printcore/NotificationCenter.h"
 
+#include <QApplication>
+
 #include <algorithm>
+
+namespace {
+/// Lets panels beep, unless somebody else has seen to that.
+void offerBeep()
+{
+    if (Beeper former = setBeeper(QApplication::beep)) {
+        setBeeper(std::move(former));
+    }
+}
+} // namespace
 
 PanelHost::PanelHost(Target target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
@@ -19,6 +32,7 @@ PanelHost::PanelHost(Target target, const PanelBundles &bundles, ProblemReporter
                 mReporter.report(
                     QStringLiteral("the printer's PPD has no choice %1=%2").arg(key, choice));
             });
+    offerBeep();
     for (const auto &bundle : bundles) {
         addPanels(*bundle);
     }
