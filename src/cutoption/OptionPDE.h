@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugin/BasePDE.h"
+#include "plugin/PDEPanelAutomation.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -24,7 +25,7 @@ struct TapeInfo;
  * keyword), `_Choices` its choices (null likewise), and `_Selection` the one of them that is in
  * force (null before any is known). What the nine options have in common is in OptionCatalogue.
  */
-class OptionPDE13_v400_ : public BasePDE13_v400_
+class OptionPDE13_v400_ : public BasePDE13_v400_, public PDEPanelAutomation
 {
     Q_OBJECT
 
@@ -91,6 +92,12 @@ public:
     void PPDOptionKeyValueDidChange(const QString &key, const QString &ppdChoice) override;
     /// One line for each option that has a selection.
     std::optional<QVariantMap> summaryInfo() override;
+
+    PDEPanelAutomation *automation() override { return this; }
+    bool isRVPrinter() const override { return BasePDE13_v400_::isRVPrinter(); }
+    QList<PDEPreset> presets() const override;
+    bool choosePreset(const QString &identifier) override;
+    QJsonObject state() const override;
 
     /// Initialises and saves every option, once.
     void initUI() override;
@@ -221,4 +228,10 @@ private:
 
     QString yesNoSummary(const OptionRow &row) const;
     QString cutEverySummary() const;
+
+    QJsonObject stateOfControls() const;
+    QJsonObject stateOfPopUp() const;
+    QJsonObject stateOfSelections() const;
+    QJsonObject stateOfMarks() const;
+    QJsonObject stateOfFlags() const;
 };

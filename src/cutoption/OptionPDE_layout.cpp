@@ -205,6 +205,7 @@ void OptionPDE13_v400_::describeControls()
             const QString identifier = popUp->itemText(i);
             const QString picture =
                 nsPDEBundle->pathForImageResource(QStringLiteral("Preset") + identifier);
+            popUp->setItemIdentifier(i, identifier);
             popUp->setItemIcon(i, QIcon(picture));
             popUp->setItemName(
                 i, nsPDEBundle->localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));

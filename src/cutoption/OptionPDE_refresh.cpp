@@ -29,7 +29,7 @@ constexpr OptionCatalogue::Option presetColumns[] = {
 };
 
 /// One row per tag, from firstTag on. Every preset turns mirror printing off besides.
-constexpr Setting presets[lastTag][std::size(presetColumns)] = {
+constexpr Setting presetSettings[lastTag][std::size(presetColumns)] = {
     // auto, every, end, half, chain, special, mark
     {Keep, Off, Off, Keep, Keep, Keep, Keep}, {Keep, Off, On, Keep, Keep, Keep, Keep},
     {Keep, On, Off, Keep, Keep, Keep, Keep},  {Keep, On, On, Keep, Keep, Keep, Keep},
@@ -174,7 +174,7 @@ void OptionPDE13_v400_::applyPreset(int tag)
     if (tag < firstTag || tag > lastTag) {
         return;
     }
-    const auto &settings = presets[tag - firstTag];
+    const auto &settings = presetSettings[tag - firstTag];
     for (std::size_t i = 0; i < std::size(presetColumns); ++i) {
         if (settings[i] != Keep) {
             setState(this->*OptionCatalogue::rows[presetColumns[i]].checkBox, settings[i] == On);

@@ -1,11 +1,13 @@
 #include "host/DialogCallback.h"
 
-DialogCallback::DialogCallback(std::unique_ptr<PPDFile> ppd, Printer printer, Paper paper,
-                               PrintSettings settings)
-    : mPPD(std::move(ppd))
-    , mSettings(std::move(settings))
-    , mPageFormat(std::move(paper))
-    , mPrinter(std::move(printer))
+#include "plugin/PDEPanel.h"
+#include "printcore/NotificationCenter.h"
+
+DialogCallback::DialogCallback(PanelTarget target)
+    : mPPD(std::move(target.ppd))
+    , mSettings(std::move(target.settings))
+    , mPageFormat(std::move(target.paper))
+    , mPrinter(std::move(target.printer))
 {
 }
 
@@ -21,4 +23,10 @@ void DialogCallback::willChangePPDOptionKeyValue(const QString &key, const QStri
 void DialogCallback::panelViewDidResize()
 {
     Q_EMIT viewResized();
+}
+
+void DialogCallback::changePaper(const Paper &paper)
+{
+    mPageFormat.setPaper(paper);
+    NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification, this);
 }

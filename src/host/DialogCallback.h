@@ -1,11 +1,9 @@
 #pragma once
 
-#include "host/PPDFile.h"
+#include "host/PanelTarget.h"
 #include "plugin/PDEPluginCallback.h"
 #include "printcore/PageFormat.h"
 #include "printcore/PrintSession.h"
-#include "printcore/PrintSettings.h"
-#include "printcore/Printer.h"
 
 #include <QObject>
 
@@ -20,9 +18,7 @@ class DialogCallback : public QObject, public PDEPluginCallback13_v400_
     Q_OBJECT
 
 public:
-    /// @param ppd the printer's, never null.
-    DialogCallback(std::unique_ptr<PPDFile> ppd, Printer printer, Paper paper,
-                   PrintSettings settings);
+    explicit DialogCallback(PanelTarget target);
 
     PMPrintSession printSession() override { return &mSession; }
     PMPrintSettings printSettings() override { return &mSettings; }
@@ -34,6 +30,10 @@ public:
     void panelViewDidResize() override;
 
     PPDFile &ppd() const { return *mPPD; }
+
+    const Paper &paper() const { return *mPageFormat.paper(); }
+    /// Puts another paper into the page format, and tells the panels so.
+    void changePaper(const Paper &paper);
 
 Q_SIGNALS:
     /// A choice has been marked in the PPD.

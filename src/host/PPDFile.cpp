@@ -1,5 +1,7 @@
 #include "host/PPDFile.h"
 
+#include "host/JobOptions.h"
+
 #include <QFile>
 #include <QStringList>
 
@@ -43,13 +45,13 @@ ppd_file_t *openPPD(const QByteArray &path, const QString &shownName, QString *e
 }
 } // namespace
 
-std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error)
+std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error, Marks marks)
 {
     ppd_file_t *ppd = openPPD(QFile::encodeName(path), path, error);
-    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd)) : nullptr;
+    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
 }
 
-std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error)
+std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error, Marks marks)
 {
     time_t modified = 0;
     char path[1024] = {};
@@ -66,14 +68,16 @@ std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error)
     }
     ppd_file_t *ppd = openPPD(path, shownName, error);
     QFile::remove(QFile::decodeName(path));
-    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd)) : nullptr;
+    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
 }
 
-PPDFile::PPDFile(ppd_file_t *ppd)
+PPDFile::PPDFile(ppd_file_t *ppd, Marks marks)
     : mPPD(ppd)
 {
     ppdLocalize(mPPD);
-    ppdMarkDefaults(mPPD);
+    if (marks == Marks::Defaults) {
+        ppdMarkDefaults(mPPD);
+    }
 }
 
 PPDFile::~PPDFile()
@@ -126,4 +130,10 @@ bool PPDFile::mark(const QString &key, const QString &choice)
     }
     ppdMarkOption(mPPD, key.toUtf8().constData(), choice.toUtf8().constData());
     return true;
+}
+
+void PPDFile::mark(const JobOptions &options)
+{
+    const CupsOptions given(options);
+    cupsMarkOptions(mPPD, given.count(), given.data());
 }

@@ -6,16 +6,25 @@
 
 #include <memory>
 
-/// An open PPD with its defaults marked and its texts in the user's language.
+class JobOptions;
+
+/// An open PPD with its texts in the user's language.
 class PPDFile
 {
 public:
+    /// Which choices are marked from the start.
+    enum class Marks {
+        Defaults,
+        None,
+    };
+
     /**
      * Opens a PPD.
      *
      * @param error set to the file's name, the line and the reason when the result is null.
      */
-    static std::unique_ptr<PPDFile> open(const QString &path, QString *error);
+    static std::unique_ptr<PPDFile> open(const QString &path, QString *error,
+                                         Marks marks = Marks::Defaults);
 
     /**
      * Opens the PPD that the scheduler has for a queue.
@@ -23,7 +32,8 @@ public:
      * @param error set as for open() when the result is null; left null when the queue just has no
      *        PPD.
      */
-    static std::unique_ptr<PPDFile> ofQueue(const QString &queue, QString *error);
+    static std::unique_ptr<PPDFile> ofQueue(const QString &queue, QString *error,
+                                            Marks marks = Marks::Defaults);
 
     ~PPDFile();
     PPDFile(const PPDFile &) = delete;
@@ -44,9 +54,11 @@ public:
     QString markedChoice(const QString &key) const;
     /// Marks the choice; false, with nothing marked, when the PPD lacks it.
     bool mark(const QString &key, const QString &choice);
+    /// Marks what the options of a job stand for in the PPD; options that it lacks are left out.
+    void mark(const JobOptions &options);
 
 private:
-    explicit PPDFile(ppd_file_t *ppd);
+    PPDFile(ppd_file_t *ppd, Marks marks);
 
     ppd_option_t *option(const QString &key) const;
 

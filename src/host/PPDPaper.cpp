@@ -38,11 +38,26 @@ double millimetresOf(float points)
 }
 } // namespace
 
+Paper paperNamed(const PPDFile &ppd, const QString &name)
+{
+    const ppd_size_t *listed = listedSize(ppd.get(), name.toUtf8());
+    return listed ? paperOf(*listed) : Paper(name, 0.0);
+}
+
+Paper markedPaper(const PPDFile &ppd)
+{
+    if (const ppd_size_t *marked = markedSize(ppd.get())) {
+        return paperOf(*marked);
+    }
+    const ppd_option_t *sizes = ppdFindOption(ppd.get(), "PageSize");
+    const ppd_size_t *byDefault = sizes ? listedSize(ppd.get(), sizes->defchoice) : nullptr;
+    return byDefault ? paperOf(*byDefault) : Paper(QString(), 0.0);
+}
+
 Paper paperIn(const PPDFile &ppd, const QPageSize &size)
 {
     if (!size.isValid()) {
-        const ppd_size_t *marked = markedSize(ppd.get());
-        return marked ? paperOf(*marked) : Paper(QString(), 0.0);
+        return markedPaper(ppd);
     }
     if (const ppd_size_t *listed = listedSize(ppd.get(), size.key().toUtf8())) {
         return paperOf(*listed);

@@ -101,6 +101,11 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &path, ProblemRepor
 
 PanelBundle::~PanelBundle() = default;
 
+void PanelBundle::setLanguages(const QStringList &languages)
+{
+    mBundle->setLanguages(languages);
+}
+
 std::unique_ptr<PDEPlugIn> PanelBundle::makePlugIn() const
 {
     auto plugIn = mFactory->makePlugIn(mBundle->principalClass());

@@ -24,9 +24,15 @@ public:
     static std::vector<std::unique_ptr<PanelBundle>> loadAll(const QString &folder,
                                                              ProblemReporter &reporter);
 
+    /// Loads one bundle; null, and reported, when it cannot be loaded.
+    static std::unique_ptr<PanelBundle> load(const QString &path, ProblemReporter &reporter);
+
     ~PanelBundle();
     PanelBundle(const PanelBundle &) = delete;
     PanelBundle &operator=(const PanelBundle &) = delete;
+
+    /// Shows the panels in these languages, as Bundle::setLanguages() says.
+    void setLanguages(const QStringList &languages);
 
     /// A plug-in object for one dialog.
     std::unique_ptr<PDEPlugIn> makePlugIn() const;
@@ -39,8 +45,6 @@ public:
 
 private:
     PanelBundle() = default;
-
-    static std::unique_ptr<PanelBundle> load(const QString &path, ProblemReporter &reporter);
 
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;

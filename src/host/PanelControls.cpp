@@ -52,10 +52,14 @@ bool PanelControls::choose(const QString &key, int index, const QString &choice)
 {
     QWidget *control = controlOf(key);
     if (auto *box = qobject_cast<QAbstractButton *>(control)) {
-        if (box->isChecked() != (index != 0)) {
+        const bool on = index != 0;
+        if (on && !box->isEnabledTo(mView)) {
+            return false;
+        }
+        if (box->isChecked() != on) {
             box->click();
         }
-        return box->isChecked() == (index != 0);
+        return box->isChecked() == on;
     }
     if (auto *field = qobject_cast<QLineEdit *>(control)) {
         if (field->text() != choice && field->isEnabledTo(mView)) {

@@ -29,8 +29,8 @@ public:
      * Sets the control of a PPD option to a choice.
      *
      * @param index of the choice in the PPD's order, which is also a check box's state.
-     * @return whether there is such a control and it now shows the choice: hidden and disabled ones
-     *         take none.
+     * @return whether there is such a control and it now shows the choice. Hidden and disabled ones
+     *         take none, and a disabled box counts as off.
      */
     bool choose(const QString &key, int index, const QString &choice);
 

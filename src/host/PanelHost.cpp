@@ -2,8 +2,8 @@
 
 #include "host/PanelControls.h"
 #include "host/ProblemReporter.h"
+#include "plugin/PDEPanelAutomation.h"
 #include "printcore/Beep.h"
-#include "printcore/NotificationCenter.h"
 
 #include <QApplication>
 
@@ -19,11 +19,9 @@ void offerBeep()
 }
 } // namespace
 
-PanelHost::PanelHost(Target target, const PanelBundles &bundles, ProblemReporter &reporter)
+PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
-    , mCallback(std::make_shared<DialogCallback>(std::move(target.ppd), std::move(target.printer),
-                                                 std::move(target.paper),
-                                                 std::move(target.settings)))
+    , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     connect(mCallback.get(), &DialogCallback::choiceChanged, this, &PanelHost::tellPanels);
     connect(mCallback.get(), &DialogCallback::viewResized, this, &PanelHost::viewResized);
@@ -96,6 +94,7 @@ void PanelHost::show(PDEPanel &panel)
     if (isFirst) {
         mShown.push_back(&panel);
         panel.willShow();
+        applyPreset(panel);
         applyRequests(panel);
     } else {
         showAgain(panel);
@@ -130,40 +129,79 @@ void PanelHost::save(PDEPanel &panel)
     }
 }
 
+void PanelHost::requestPreset(const QString &identifier)
+{
+    mPreset = identifier;
+}
+
+void PanelHost::applyPreset(PDEPanel &panel)
+{
+    PDEPanelAutomation *automation = mPreset.isNull() ? nullptr : panel.automation();
+    if (automation && automation->choosePreset(mPreset)) {
+        mPreset = QString();
+    }
+}
+
 void PanelHost::applyRequests(PDEPanel &panel)
 {
-    const QStringList *keys = panel.supportedPPDOptionKeys();
-    const bool isAsked =
-        std::ranges::any_of(*keys, [this](const QString &key) { return mRequests.contains(key); });
-    QWidget *view = isAsked ? panel.panelView() : nullptr;
+    QStringList keys = *panel.supportedPPDOptionKeys();
+    keys.removeIf([this](const QString &key) { return !mRequests.contains(key); });
+    QWidget *view = keys.isEmpty() ? nullptr : panel.panelView();
     if (!view) {
         return;
     }
-    for (const QString &key : *keys) {
+    // One choice may be what makes room for another.
+    for (QStringList left = choose(view, keys); left.size() < keys.size();
+         left = choose(view, keys)) {
+        keys = left;
+    }
+    for (const QString &key : keys) {
+        mRefusedKeys.append(key);
+        mReporter.report(refusal(key, mRequests.value(key)));
+    }
+}
+
+QStringList PanelHost::choose(QWidget *view, QStringList keys)
+{
+    keys.removeIf([this, view](const QString &key) {
         const QString choice = mRequests.value(key);
-        if (choice.isNull()) {
-            continue;
-        }
-        const int index = int(ppd().choices(key).indexOf(choice));
-        if (!PanelControls(view).choose(key, index, choice)) {
-            mReporter.report(QStringLiteral("%1=%2 cannot be chosen with the other settings; it "
-                                            "stays %3")
-                                 .arg(key, choice, ppd().markedChoice(key)));
+        return PanelControls(view).choose(key, int(ppd().choices(key).indexOf(choice)), choice);
+    });
+    return keys;
+}
+
+JobOptions PanelHost::unmetRequests() const
+{
+    JobOptions unmet;
+    for (const auto &[key, choice] : mRequests.pairs()) {
+        if (mRefusedKeys.contains(key) || ppd().markedChoice(key) != choice) {
+            unmet.set(key, choice);
         }
     }
+    return unmet;
+}
+
+QString PanelHost::refusal(const QString &key, const QString &choice) const
+{
+    const QString name = paper().ppdPaperName();
+    const QString onPaper =
+        name.isEmpty() ? QString() : QStringLiteral(" on the paper %1").arg(name);
+    const QString marked = ppd().markedChoice(key);
+    const QString outcome =
+        marked == choice ? QString() : QStringLiteral("; it stays %1").arg(marked);
+    return QStringLiteral("%1=%2 cannot be chosen%3 with the other settings%4")
+        .arg(key, choice, onPaper, outcome);
 }
 
 void PanelHost::setPaper(const Paper &paper)
 {
-    mCallback->pageFormat()->setPaper(paper);
-    NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification,
-                                                         mCallback.get());
+    mCallback->changePaper(paper);
     Q_EMIT summaryChanged();
 }
 
 const Paper &PanelHost::paper() const
 {
-    return *mCallback->pageFormat()->paper();
+    return mCallback->paper();
 }
 
 bool PanelHost::accept()

@@ -3,6 +3,7 @@
 #include "host/DialogCallback.h"
 #include "host/JobOptions.h"
 #include "host/PanelBundle.h"
+#include "host/PanelTarget.h"
 
 #include <QObject>
 #include <QStringList>
@@ -23,16 +24,6 @@ class PanelHost : public QObject
     Q_OBJECT
 
 public:
-    /// What the panels are about.
-    struct Target
-    {
-        /// The printer's, with the choices marked that the panels start from; never null.
-        std::unique_ptr<PPDFile> ppd;
-        Printer printer;
-        Paper paper;
-        PrintSettings settings;
-    };
-
     /// One line of the summary.
     struct SummaryLine
     {
@@ -41,7 +32,7 @@ public:
     };
 
     /// @param bundles and @param reporter must outlive the host.
-    PanelHost(Target target, const PanelBundles &bundles, ProblemReporter &reporter);
+    PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter);
     ~PanelHost() override;
 
     /// The panels in the bundles' order, owned by the host.
@@ -54,6 +45,17 @@ public:
      * controls when they are first shown, since a panel then starts from the PPD's defaults.
      */
     void request(const QString &key, const QString &choice);
+
+    /// A preset that the user has asked for: chosen when the panel is first shown, before the
+    /// requested choices.
+    void requestPreset(const QString &identifier);
+
+    /// The requested choices that the panels' controls have not taken, or that are not marked now.
+    JobOptions unmetRequests() const;
+    /// Whether a requested preset could not be chosen.
+    bool isPresetUnmet() const { return !mPreset.isNull(); }
+    /// What to tell the user of a choice that cannot be made.
+    QString refusal(const QString &key, const QString &choice) const;
 
     /// The panel's view, owned by the panel; null, and reported, when it cannot be made.
     QWidget *view(PDEPanel &panel);
@@ -90,7 +92,10 @@ private:
     void addPanels(const PanelBundle &bundle);
     void tellPanels(const QString &key, const QString &choice);
     void showAgain(PDEPanel &panel);
+    void applyPreset(PDEPanel &panel);
     void applyRequests(PDEPanel &panel);
+    /// Those of the keys whose requested choice a control of the view does not take.
+    QStringList choose(QWidget *view, QStringList keys);
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
@@ -100,4 +105,8 @@ private:
     std::vector<PDEPanel *> mShown;
     QStringList mKeys;
     JobOptions mRequests;
+    /// Keys of requests that no control took.
+    QStringList mRefusedKeys;
+    /// The requested preset until it has been chosen.
+    QString mPreset;
 };

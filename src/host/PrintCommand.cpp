@@ -1,8 +1,8 @@
 #include "host/PrintCommand.h"
 
 #include "host/JobSubmission.h"
+#include "host/OptionCheck.h"
 #include "host/PPDFile.h"
-#include "host/PPDPaper.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/PrintQueue.h"
 
@@ -85,16 +85,6 @@ void addColors(const QPrinter &printer, const QPrinterInfo &info, JobOptions &op
         options.set(QStringLiteral("print-color-mode"), QStringLiteral("monochrome"));
     }
 }
-
-/// Whether a choice is one of the PPD's, or stands for a value that the PPD lets the user make up.
-bool mayChoose(const PPDFile &ppd, const QString &key, const QString &choice)
-{
-    if (ppd.hasChoice(key, choice)) {
-        return true;
-    }
-    return key == QLatin1String("PageSize") ? customPageSizeIn(ppd, choice).isValid()
-                                            : choice.startsWith(QLatin1String("Custom."));
-}
 } // namespace
 
 PrintCommand::PrintCommand(CommandLine commandLine, QString bundleFolder)
@@ -115,49 +105,18 @@ QString PrintCommand::faultOfFiles() const
     return {};
 }
 
-QString PrintCommand::chooseQueue(QString *fault) const
-{
-    if (!PrintQueue::schedulerAnswers(fault)) {
-        return {};
-    }
-    const QStringList names = PrintQueue::names();
-    if (names.isEmpty()) {
-        *fault = QStringLiteral("the print scheduler has no printer");
-        return {};
-    }
-    if (mCommandLine.printer.isNull() || mCommandLine.printer.isEmpty()) {
-        const QString byDefault = PrintQueue::defaultName();
-        return byDefault.isNull() ? names.first() : byDefault;
-    }
-    if (!names.contains(mCommandLine.printer)) {
-        *fault = QStringLiteral("there is no printer %1; the printers are: %2")
-                     .arg(mCommandLine.printer, names.join(QStringLiteral(", ")));
-        return {};
-    }
-    return mCommandLine.printer;
-}
-
 QString PrintCommand::faultOfOptions(const QString &queue) const
 {
     const auto ppd = PPDFile::ofQueue(queue, nullptr);
-    if (!ppd) {
-        return {};
-    }
-    for (const auto &[key, value] : mCommandLine.options.pairs()) {
-        const QString option = key == QLatin1String("media") ? QStringLiteral("PageSize") : key;
-        if (ppd->hasOption(option) && !mayChoose(*ppd, option, value)) {
-            return QStringLiteral("-o %1=%2: the choices of %1 are: %3")
-                .arg(key, value, ppd->choices(option).join(QStringLiteral(", ")));
-        }
-    }
-    return {};
+    return ppd ? ::faultOfOptions(*ppd, mCommandLine.options) : QString();
 }
 
 QPrintDialog *PrintCommand::prepare(ExitStatus *status)
 {
     *status = ExitStatus::NotPrinted;
     QString fault = faultOfFiles();
-    const QString queue = fault.isNull() ? chooseQueue(&fault) : QString();
+    const QString queue =
+        fault.isNull() ? PrintQueue::choose(mCommandLine.printer, &fault) : QString();
     if (queue.isNull()) {
         mReporter.report(fault);
         return nullptr;

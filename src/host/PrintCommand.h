@@ -17,6 +17,8 @@ enum class ExitStatus {
     Cancelled = 1,
     Usage = 2,
     NotPrinted = 3,
+    /// A line of a script was faulty.
+    ScriptFailed = 4,
 };
 
 /// One run of kvprint: opens the print dialog for the files and prints them.
@@ -43,7 +45,6 @@ public:
 
 private:
     QString faultOfFiles() const;
-    QString chooseQueue(QString *fault) const;
     QString faultOfOptions(const QString &queue) const;
     /// The number of copies asked for, which is the dialog's business from then on.
     int takeCopies();

@@ -114,8 +114,8 @@ void PrintDialogAttachment::buildHost(const QString &queue)
     if (!ppd) {
         return;
     }
-    PanelHost::Target target{std::move(ppd), Printer(queue, known->deviceURI()),
-                             Paper(QString(), 0.0), PrintSettings()};
+    PanelTarget target{std::move(ppd), Printer(queue, known->deviceURI()), Paper(QString(), 0.0),
+                       PrintSettings(), JobOptions()};
     const PPDFile &openPPD = *target.ppd;
     target.paper = paperIn(openPPD, mRequestedPaper.isValid()
                                         ? mRequestedPaper

@@ -62,6 +62,28 @@ QString PrintQueue::defaultName()
     return {};
 }
 
+QString PrintQueue::choose(const QString &asked, QString *error)
+{
+    if (!schedulerAnswers(error)) {
+        return {};
+    }
+    const QStringList known = names();
+    if (known.isEmpty()) {
+        *error = QStringLiteral("the print scheduler has no printer");
+        return {};
+    }
+    if (asked.isEmpty()) {
+        const QString byDefault = defaultName();
+        return byDefault.isNull() ? known.first() : byDefault;
+    }
+    if (!known.contains(asked)) {
+        *error = QStringLiteral("there is no printer %1; the printers are: %2")
+                     .arg(asked, known.join(QStringLiteral(", ")));
+        return {};
+    }
+    return asked;
+}
+
 std::optional<PrintQueue> PrintQueue::find(const QString &name)
 {
     const QByteArray wanted = name.toUtf8();

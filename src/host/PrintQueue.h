@@ -18,6 +18,9 @@ public:
     static QStringList names();
     /// The user's default queue; null when there is none.
     static QString defaultName();
+    /// The name of the queue that a user means: the one that is @p asked for, else the default one,
+    /// else the first. Null, with the reason in @p error, when there is none.
+    static QString choose(const QString &asked, QString *error);
     /// The queue of that name; nothing when the scheduler has none.
     static std::optional<PrintQueue> find(const QString &name);
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+class PDEPanelAutomation;
 class QWidget;
 
 /// The key of the summary's list of titles in the order of display.
@@ -57,6 +58,9 @@ public:
     /// The lines of the dialog's summary: a text for each title, and under kSummaryDisplayOrder
     /// the titles (QStringList) in order; nothing when the panel has no summary.
     virtual std::optional<QVariantMap> summaryInfo() = 0;
+
+    /// What the panel offers to automation, owned by the panel; null for nothing.
+    virtual PDEPanelAutomation *automation() { return nullptr; }
 };
 
 /// The panels that one call of a plug-in's built.

@@ -20,13 +20,16 @@ QString stringWithUTF8String(const char *bytes)
     return string.isNull() ? QStringLiteral("") : string;
 }
 
-void setTextColor(QWidget *control, QPalette::ColorRole role, QPalette::ColorGroup group)
+/// The palette's role of a control's text; nothing for a control that has no text of its own.
+std::optional<QPalette::ColorRole> textRoleOf(const QWidget *control)
 {
-    const QColor color = QGuiApplication::palette().color(group, role);
-    QPalette palette = control->palette();
-    palette.setColor(QPalette::Active, role, color);
-    palette.setColor(QPalette::Inactive, role, color);
-    control->setPalette(palette);
+    if (qobject_cast<const QLabel *>(control)) {
+        return QPalette::WindowText;
+    }
+    if (qobject_cast<const QLineEdit *>(control)) {
+        return QPalette::Text;
+    }
+    return std::nullopt;
 }
 } // namespace
 
@@ -127,10 +130,19 @@ QString PDEUtilsMethod13::newChoiceTitle(const ppd_choice_t *choice)
 
 void PDEUtilsMethod13::setEnabledForText(quint8 flag, QWidget *control)
 {
-    const QPalette::ColorGroup group = flag == 1 ? QPalette::Active : QPalette::Disabled;
-    if (qobject_cast<QLabel *>(control)) {
-        setTextColor(control, QPalette::WindowText, group);
-    } else if (qobject_cast<QLineEdit *>(control)) {
-        setTextColor(control, QPalette::Text, group);
+    if (const auto role = textRoleOf(control)) {
+        const QColor color = QGuiApplication::palette().color(
+            flag == 1 ? QPalette::Active : QPalette::Disabled, *role);
+        QPalette palette = control->palette();
+        palette.setColor(QPalette::Active, *role, color);
+        palette.setColor(QPalette::Inactive, *role, color);
+        control->setPalette(palette);
     }
+}
+
+bool PDEUtilsMethod13::isTextDimmed(const QWidget *control)
+{
+    const auto role = textRoleOf(control);
+    return role && control->palette().color(QPalette::Active, *role) ==
+                       QGuiApplication::palette().color(QPalette::Disabled, *role);
 }

@@ -65,4 +65,6 @@ public:
     /// Shows the text of a label or text field as enabled when the flag is exactly 1, dimmed for
     /// any other value; other controls, and null, are left alone.
     static void setEnabledForText(quint8 flag, QWidget *control);
+    /// Whether setEnabledForText() has dimmed a label or a text field; false for another control.
+    static bool isTextDimmed(const QWidget *control);
 };

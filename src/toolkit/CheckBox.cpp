@@ -20,7 +20,7 @@ CheckBox::CheckBox(QWidget *parent)
 
 void CheckBox::setTitle(const QString &title)
 {
-    mTitle = title;
+    mTitle = title.isNull() ? QStringLiteral("") : title;
     setText(withoutMnemonic(title));
     setAccessibleName(title);
 }
@@ -28,7 +28,7 @@ void CheckBox::setTitle(const QString &title)
 bool CheckBox::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        const QString text = elidedTitle() == mTitle ? QString() : mTitle;
+        const QString text = elidedTitle() == title() ? QString() : title();
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text, this);
         return true;
     }
@@ -49,5 +49,5 @@ QString CheckBox::elidedTitle() const
     QStyleOptionButton option;
     initStyleOption(&option);
     const int width = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this).width();
-    return fontMetrics().elidedText(mTitle, Qt::ElideRight, width);
+    return fontMetrics().elidedText(title(), Qt::ElideRight, width);
 }

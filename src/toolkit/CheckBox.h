@@ -13,8 +13,8 @@ class CheckBox : public QCheckBox
 public:
     explicit CheckBox(QWidget *parent = nullptr);
 
-    /// The title as it was set, with no mnemonic.
-    QString title() const { return mTitle; }
+    /// The title as it was set, with no mnemonic; before that the nib's.
+    QString title() const { return mTitle.isNull() ? text() : mTitle; }
     void setTitle(const QString &title);
 
 protected:

@@ -4,6 +4,11 @@
 #include <QMouseEvent>
 #include <QStandardItemModel>
 
+namespace {
+/// Behind the role that holds the tags.
+constexpr int identifierRole = Qt::UserRole + 1;
+} // namespace
+
 PopUpButton::PopUpButton(QWidget *parent)
     : QComboBox(parent)
 {
@@ -56,6 +61,16 @@ void PopUpButton::removeItemWithTitle(const QString &title)
     if (selected && count() > 0) {
         setCurrentIndex(0);
     }
+}
+
+QString PopUpButton::itemIdentifier(int index) const
+{
+    return itemData(index, identifierRole).toString();
+}
+
+void PopUpButton::setItemIdentifier(int index, const QString &identifier)
+{
+    setItemData(index, identifier, identifierRole);
 }
 
 void PopUpButton::setItemName(int index, const QString &name)

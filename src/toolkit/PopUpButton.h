@@ -37,6 +37,11 @@ public:
     /// selected one.
     void removeItemWithTitle(const QString &title);
 
+    /// What tells an item from the others in every language, kept besides its title; null when it
+    /// has not been set.
+    QString itemIdentifier(int index) const;
+    void setItemIdentifier(int index, const QString &identifier);
+
     /// Names an item for its tool tip and for people who do not see its picture.
     void setItemName(int index, const QString &name);
 

@@ -169,7 +169,7 @@ void tst_commandline::refusedArguments_data()
         << QStringList{u"--copies"_qs, a} << u"Unknown option 'copies'."_qs;
     QTest::newRow("no printer's name") << QStringList{u"-d"_qs} << u"Missing value after '-d'."_qs;
     QTest::newRow("empty printer's name")
-        << QStringList{u"-d"_qs, QString(), a} << u"-d needs the name of a printer."_qs;
+        << QStringList{u"-d"_qs, QString(), a} << u"-d needs a value: PRINTER."_qs;
     QTest::newRow("no copies") << QStringList{u"-n"_qs, u"0"_qs, a} << copies.arg(u"0"_qs);
     QTest::newRow("negative copies") << QStringList{u"-n"_qs, u"-1"_qs, a} << copies.arg(u"-1"_qs);
     QTest::newRow("too many copies")
@@ -180,7 +180,8 @@ void tst_commandline::refusedArguments_data()
         << QStringList{u"-n"_qs, u"two"_qs, a} << copies.arg(u"two"_qs);
     QTest::newRow("a part of a copy")
         << QStringList{u"-n"_qs, u"1.5"_qs, a} << copies.arg(u"1.5"_qs);
-    QTest::newRow("empty option") << QStringList{u"-o"_qs, QString(), a} << option.arg(QString());
+    QTest::newRow("empty option") << QStringList{u"-o"_qs, QString(), a}
+                                  << u"-o needs a value: KEY=VALUE."_qs;
     QTest::newRow("blank option") << QStringList{u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);
     QTest::newRow("blank option behind another")
         << QStringList{u"-o"_qs, u"A=1"_qs, u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);

@@ -105,7 +105,8 @@ void tst_oddpanel::panelIsToldOfARequest()
     QCOMPARE(view->text(), QStringLiteral("KvMirror=ON willShow"));
     // The panel has no control for the option.
     QCOMPARE(dialog.problems(),
-             QStringList{u"KvMirror=ON cannot be chosen with the other settings; it stays ON"_qs});
+             QStringList{
+                 u"KvMirror=ON cannot be chosen on the paper T12x100 with the other settings"_qs});
 }
 
 void tst_oddpanel::choiceThatThePrinterLacksIsReported()

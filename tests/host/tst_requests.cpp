@@ -220,16 +220,16 @@ void tst_requests::choiceThatCannotBeChosenIsReported_data()
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QString>("request");
     QTest::addColumn<QString>("problem");
-    const QString problem = QStringLiteral("%1 cannot be chosen with the other settings; it "
-                                           "stays %2");
+    const QString problem = QStringLiteral("%1 cannot be chosen on the paper %2 with the other "
+                                           "settings; it stays OFF");
     QTest::newRow("half cut on flag paper") << u"tape"_qs << u"KvHalfCut=ON media=FL24x60"_qs
-                                            << problem.arg(u"KvHalfCut=ON"_qs, u"OFF"_qs);
+                                            << problem.arg(u"KvHalfCut=ON"_qs, u"FL24x60"_qs);
     QTest::newRow("chain printing on flag paper")
         << u"all"_qs << u"KvChainPrint=ON media=FL21x45"_qs
-        << problem.arg(u"KvChainPrint=ON"_qs, u"OFF"_qs);
+        << problem.arg(u"KvChainPrint=ON"_qs, u"FL21x45"_qs);
     QTest::newRow("removing blank space of die-cut paper")
         << u"all"_qs << u"KvRemoveBlkSpace=ON media=DC24x24"_qs
-        << problem.arg(u"KvRemoveBlkSpace=ON"_qs, u"OFF"_qs);
+        << problem.arg(u"KvRemoveBlkSpace=ON"_qs, u"DC24x24"_qs);
     QTest::newRow("cut mark on tape") << u"all"_qs << u"KvCutMark=ON KvMirror=ON"_qs << QString();
 }
 

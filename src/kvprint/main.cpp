@@ -1,4 +1,9 @@
+#include "automation/DirectCommand.h"
+#include "automation/ListCommand.h"
+#include "automation/ScriptRunner.h"
+#include "host/CommandLine.h"
 #include "host/PrintCommand.h"
+#include "host/ProblemReporter.h"
 
 #include <QApplication>
 #include <QDir>
@@ -34,11 +39,42 @@ bool offerNoDisplay()
     qputenv(platformVariable, platforms);
     return true;
 }
+
+QString bundleFolder()
+{
+    return QDir::cleanPath(QDir(QCoreApplication::applicationDirPath())
+                               .absoluteFilePath(QStringLiteral(KV_BUNDLE_FOLDER)));
+}
+
+ExitStatus runScript(const CommandLine &line)
+{
+    ScriptRunner runner({bundleFolder(), line.ppd, line.printer});
+    QString error;
+    if (!runner.run(line.actionFile, &error)) {
+        ProblemReporter().report(error);
+        return ExitStatus::NotPrinted;
+    }
+    return runner.hasFailed() ? ExitStatus::ScriptFailed : ExitStatus::Printed;
+}
+
+/// An action that needs neither a display nor a user.
+ExitStatus runUnattended(const CommandLine &line)
+{
+    switch (line.action) {
+    case CommandLine::Action::RunScript:
+        return runScript(line);
+    case CommandLine::Action::List:
+        return ListCommand(line, bundleFolder()).run();
+    default:
+        return DirectCommand(line, bundleFolder()).run();
+    }
+}
 } // namespace
 
 int main(int argc, char **argv)
 {
-    CommandLine line = CommandLine::parse(argumentsOf(argc, argv), QStringLiteral(KV_VERSION));
+    const CommandLine line =
+        CommandLine::parse(argumentsOf(argc, argv), QStringLiteral(KV_VERSION));
     switch (line.action) {
     case CommandLine::Action::ShowHelp:
     case CommandLine::Action::ShowVersion:
@@ -47,8 +83,13 @@ int main(int argc, char **argv)
     case CommandLine::Action::Refuse:
         write(stderr, QStringLiteral("kvprint: %1\n").arg(line.message));
         return int(ExitStatus::Usage);
-    case CommandLine::Action::Print:
+    default:
         break;
+    }
+    if (line.action != CommandLine::Action::Print) {
+        qputenv(platformVariable, "offscreen");
+        const QApplication application(argc, argv);
+        return int(runUnattended(line));
     }
 
     const bool mayLackDisplay = offerNoDisplay();
@@ -57,7 +98,5 @@ int main(int argc, char **argv)
         write(stderr, QStringLiteral("kvprint: there is no display to open the dialog on\n"));
         return int(ExitStatus::NotPrinted);
     }
-    const QString bundles = QDir(QCoreApplication::applicationDirPath())
-                                .absoluteFilePath(QStringLiteral(KV_BUNDLE_FOLDER));
-    return int(PrintCommand(std::move(line), QDir::cleanPath(bundles)).run());
+    return int(PrintCommand(line, bundleFolder()).run());
 }

@@ -1,0 +1,127 @@
+#include "automation/DirectCommand.h"
+
+#include "automation/LpCommand.h"
+#include "host/JobSubmission.h"
+#include "host/PrintQueue.h"
+#include "plugin/PDEPanel.h"
+
+#include <QFileInfo>
+#include <QPixmap>
+#include <QWidget>
+
+#include <cstdio>
+
+namespace {
+void writeLine(const QString &line)
+{
+    std::puts(line.toLocal8Bit().constData());
+}
+} // namespace
+
+DirectCommand::DirectCommand(CommandLine commandLine, const QString &bundleFolder)
+    : mCommandLine(std::move(commandLine))
+    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+{
+    QObject::connect(&mEvents, &PanelEvents::alerted,
+                     [this](const QString &text) { mReporter.report(text); });
+}
+
+DirectCommand::~DirectCommand() = default;
+
+ExitStatus DirectCommand::fail(ExitStatus status, const QString &fault)
+{
+    mReporter.report(fault);
+    return status;
+}
+
+ExitStatus DirectCommand::run()
+{
+    const QString fault = faultOfFiles();
+    if (!fault.isNull()) {
+        mReporter.report(fault);
+        if (!mCommandLine.isDryRun) {
+            return ExitStatus::NotPrinted;
+        }
+    }
+    if (const ExitStatus status = setUp(); status != ExitStatus::Printed) {
+        return status;
+    }
+    if (mCommandLine.action == CommandLine::Action::Screenshot) {
+        return writePicture();
+    }
+    return mCommandLine.isDryRun ? tell() : print();
+}
+
+QString DirectCommand::faultOfFiles() const
+{
+    for (const QString &file : mCommandLine.files) {
+        if (QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
+            return fault;
+        }
+    }
+    return {};
+}
+
+ExitStatus DirectCommand::setUp()
+{
+    QString fault;
+    std::optional<PanelTarget> target;
+    if (mCommandLine.ppd.isNull()) {
+        mQueue = PrintQueue::choose(mCommandLine.printer, &fault);
+        target = mQueue.isNull() ? std::nullopt
+                                 : PanelTarget::ofQueue(mQueue, PPDFile::Marks::Defaults, &fault);
+    } else {
+        target = PanelTarget::ofPPD(mCommandLine.ppd, PPDFile::Marks::Defaults, &fault);
+    }
+    if (!fault.isNull()) {
+        return fail(ExitStatus::NotPrinted, fault);
+    }
+    if (!target) {
+        return mCommandLine.preset.isNull()
+                   ? ExitStatus::Printed
+                   : fail(ExitStatus::Usage,
+                          QStringLiteral("the printer %1 has no PPD, and so no presets")
+                              .arg(mQueue));
+    }
+    mSetup = std::make_unique<JobSetup>(std::move(*target), mBundles, mReporter);
+    fault = mSetup->apply({mCommandLine.preset, mCommandLine.options});
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::Usage, fault);
+}
+
+ExitStatus DirectCommand::print()
+{
+    JobOptions options = mSetup ? mSetup->jobOptions() : mCommandLine.options;
+    if (mCommandLine.copies > 0) {
+        options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
+    }
+    const QString title = QFileInfo(mCommandLine.files.first()).fileName();
+    QString error;
+    mJobId = JobSubmission::print(mQueue, mCommandLine.files, title, options, &error);
+    return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
+}
+
+ExitStatus DirectCommand::tell()
+{
+    const auto summary = mSetup ? mSetup->panels().summary() : QList<PanelHost::SummaryLine>();
+    for (const PanelHost::SummaryLine &line : summary) {
+        writeLine(QStringLiteral("%1: %2").arg(line.title, line.value));
+    }
+    const JobOptions options = mSetup ? mSetup->askedOptions() : mCommandLine.options;
+    writeLine(lpCommand(mQueue, mCommandLine.copies, options, mCommandLine.files));
+    return ExitStatus::Printed;
+}
+
+ExitStatus DirectCommand::writePicture()
+{
+    QWidget *view = nullptr;
+    if (mSetup && !mSetup->panels().panels().empty()) {
+        view = mSetup->panels().view(*mSetup->panels().panels().front());
+    }
+    if (!view) {
+        return fail(ExitStatus::NotPrinted, QStringLiteral("the printer has no panel"));
+    }
+    return view->grab().save(mCommandLine.actionFile, "PNG")
+               ? ExitStatus::Printed
+               : fail(ExitStatus::NotPrinted, QStringLiteral("%1: the picture could not be written")
+                                                  .arg(mCommandLine.actionFile));
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/PanelHost.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
+/**
+ * A job that is set up without a dialog: what the user asks for is put into the panels' controls,
+ * so that the panels' rules hold.
+ */
+class JobSetup
+{
+public:
+    /// What the user asks for.
+    struct Wish
+    {
+        /// The identifier of a preset, chosen before the options; null for none.
+        QString preset;
+        /// Of the panels and others.
+        JobOptions options;
+    };
+
+    /**
+     * @param bundles and @param reporter must outlive this object, and are told and asked as
+     *        PanelHost does.
+     */
+    JobSetup(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter);
+
+    /// Works the panels; what is refused, null when nothing is. Once only.
+    QString apply(const Wish &wish);
+
+    PanelHost &panels() const { return *mHost; }
+    PPDFile &ppd() const { return mHost->ppd(); }
+
+    /// What the user asked for, as the panels have it: what lp has to be told.
+    JobOptions askedOptions() const;
+    /// The options of the job, those included that the user has saved for the queue.
+    JobOptions jobOptions() const;
+
+private:
+    QString faultOfPreset(const QString &preset) const;
+    QString faultOfRequests(const JobOptions &options) const;
+
+    const PanelBundles &mBundles;
+    ProblemReporter &mReporter;
+    PanelTarget mTarget;
+    JobOptions mAsked;
+    JobOptions mSaved;
+    std::unique_ptr<PanelHost> mHost;
+};

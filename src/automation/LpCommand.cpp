@@ -1,0 +1,44 @@
+#include "automation/LpCommand.h"
+
+#include <QRegularExpression>
+
+namespace {
+/// A word as a shell takes it.
+QString quoted(const QString &word)
+{
+    static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9_@%+=:,./-]+$"));
+    if (plain.match(word).hasMatch()) {
+        return word;
+    }
+    QString inQuotes = word;
+    inQuotes.replace(QLatin1Char('\''), QLatin1String("'\\''"));
+    return QLatin1Char('\'') + inQuotes + QLatin1Char('\'');
+}
+
+/// A value as libcups reads it behind "-o", where spaces end it.
+QString escaped(QString value)
+{
+    static const QRegularExpression special(QStringLiteral(R"(([\s\\'"{}]))"));
+    return value.replace(special, QStringLiteral(R"(\\1)"));
+}
+} // namespace
+
+QString lpCommand(const QString &queue, int copies, const JobOptions &options,
+                  const QStringList &files)
+{
+    QStringList words{QStringLiteral("lp")};
+    if (!queue.isNull()) {
+        words << QStringLiteral("-d") << quoted(queue);
+    }
+    if (copies > 1) {
+        words << QStringLiteral("-n") << QString::number(copies);
+    }
+    for (const auto &[key, value] : options.pairs()) {
+        words << QStringLiteral("-o") << quoted(key + QLatin1Char('=') + escaped(value));
+    }
+    words << QStringLiteral("--");
+    for (const QString &file : files) {
+        words << quoted(file);
+    }
+    return words.join(QLatin1Char(' '));
+}

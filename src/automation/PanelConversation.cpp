@@ -1,0 +1,77 @@
+#include "automation/PanelConversation.h"
+
+#include "automation/PanelEvents.h"
+
+#include <QApplication>
+
+namespace {
+/// Makes the window the one that the user works with, as a dialog is that has just been opened.
+void activate(QWidget *window)
+{
+    window->show();
+    window->activateWindow();
+    QCoreApplication::processEvents();
+}
+} // namespace
+
+PanelConversation::PanelConversation(PanelTarget target, PanelBundles bundles, QWidget *window,
+                                     PanelEvents &events)
+    : mBundles(std::move(bundles))
+    , mWindow(window)
+    , mCallback(std::make_shared<DialogCallback>(std::move(target)))
+{
+    const auto record = [&events](const QString &key, const QString &choice) {
+        events.addChoice(key, choice);
+    };
+    QObject::connect(mCallback.get(), &DialogCallback::choiceChanged, record);
+    QObject::connect(mCallback.get(), &DialogCallback::choiceRefused, record);
+    QObject::connect(
+        mCallback.get(), &DialogCallback::choiceChanged,
+        [this](const QString &key, const QString &choice) { tellPanels(key, choice); });
+    QObject::connect(mCallback.get(), &DialogCallback::viewResized,
+                     [&events] { events.addResize(); });
+    for (const auto &bundle : mBundles) {
+        auto plugIn = bundle->makePlugIn();
+        const auto list =
+            plugIn ? plugIn->PDEPanelsForType(kPrinterModuleDialogType, mCallback) : nullptr;
+        if (!list) {
+            continue;
+        }
+        mPlugIns.push_back(std::move(plugIn));
+        for (const auto &panel : *list) {
+            mPanels.push_back(panel.get());
+        }
+    }
+}
+
+PanelConversation::~PanelConversation() = default;
+
+void PanelConversation::tellPanels(const QString &key, const QString &choice)
+{
+    for (PDEPanel *panel : mPanels) {
+        panel->PPDOptionKeyValueDidChange(key, choice);
+    }
+}
+
+QWidget *PanelConversation::makeView()
+{
+    if (QApplication::activeWindow() != mWindow) {
+        activate(mWindow);
+    }
+    QWidget *view = panel()->panelView();
+    if (view && view != mView) {
+        mView = view;
+        view->setParent(mWindow);
+        view->show();
+    }
+    return view;
+}
+
+bool PanelConversation::choose(const QString &key, const QString &choice)
+{
+    const bool isMarked = ppd().mark(key, choice);
+    if (isMarked) {
+        tellPanels(key, choice);
+    }
+    return isMarked;
+}

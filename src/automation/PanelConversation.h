@@ -1,0 +1,60 @@
+#pragma once
+
+#include "host/DialogCallback.h"
+#include "host/PanelBundle.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class PanelEvents;
+
+/**
+ * A dialog's conversation with a panel, one call at a time: unlike PanelHost it makes no call of
+ * its own accord.
+ *
+ * With several panels the conversation is with the first.
+ */
+class PanelConversation
+{
+public:
+    /**
+     * Builds the printing objects, the callback and the panels.
+     *
+     * @param bundles kept for as long as the panels live.
+     * @param window the dialog's, which takes the panel's view; must outlive this object, as must
+     *        @param events.
+     */
+    PanelConversation(PanelTarget target, PanelBundles bundles, QWidget *window,
+                      PanelEvents &events);
+    ~PanelConversation();
+    PanelConversation(const PanelConversation &) = delete;
+    PanelConversation &operator=(const PanelConversation &) = delete;
+
+    int panelCount() const { return int(mPanels.size()); }
+    /// The panel; null when the bundles offer none.
+    PDEPanel *panel() const { return mPanels.empty() ? nullptr : mPanels.front(); }
+    PPDFile &ppd() const { return mCallback->ppd(); }
+
+    /// Asks for the panel's view and puts it into the window; null when it cannot be made.
+    QWidget *makeView();
+    /// The view; null before makeView().
+    QWidget *view() const { return mView; }
+
+    void changePaper(const Paper &paper) { mCallback->changePaper(paper); }
+
+    /// Another part of the dialog changes a choice: marks it and tells the panels. False, with
+    /// nothing changed, when the PPD lacks it.
+    bool choose(const QString &key, const QString &choice);
+
+private:
+    void tellPanels(const QString &key, const QString &choice);
+
+    PanelBundles mBundles;
+    QWidget *mWindow;
+    std::shared_ptr<DialogCallback> mCallback;
+    std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
+    std::vector<PDEPanel *> mPanels;
+    QPointer<QWidget> mView;
+};

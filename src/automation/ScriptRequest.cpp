@@ -1,0 +1,104 @@
+#include "automation/ScriptRequest.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+constexpr char commandMember[] = "cmd";
+} // namespace
+
+ScriptRequest::ScriptRequest(const QByteArray &line)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(line, &error);
+    if (error.error != QJsonParseError::NoError) {
+        refuse(QStringLiteral("the line is no JSON: %1 at byte %2")
+                   .arg(error.errorString())
+                   .arg(error.offset));
+    } else if (!document.isObject()) {
+        refuse(QStringLiteral("the line is no JSON object"));
+    } else {
+        mMembers = document.object();
+        mCommand = text(commandMember);
+    }
+}
+
+void ScriptRequest::refuse(const QString &fault)
+{
+    if (mFault.isNull()) {
+        mFault = fault;
+    }
+}
+
+void ScriptRequest::refuseMember(const char *member, const QString &expected)
+{
+    refuse(QStringLiteral("\"%1\" has to be %2").arg(QLatin1String(member), expected));
+}
+
+void ScriptRequest::allow(std::initializer_list<const char *> members)
+{
+    for (auto it = mMembers.begin(); it != mMembers.end(); ++it) {
+        const auto isIt = [&it](const char *member) {
+            return it.key() == QLatin1String(member);
+        };
+        if (!isIt(commandMember) && std::ranges::none_of(members, isIt)) {
+            refuse(QStringLiteral("\"%1\" knows no \"%2\"").arg(mCommand, it.key()));
+        }
+    }
+}
+
+QString ScriptRequest::text(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    if (!value.isString()) {
+        refuseMember(member, QStringLiteral("a text"));
+        return {};
+    }
+    return value.toString();
+}
+
+QString ScriptRequest::optionalText(const char *member, bool mayBeNull)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    if (value.isUndefined() || (mayBeNull && value.isNull())) {
+        return {};
+    }
+    return text(member);
+}
+
+std::optional<double> ScriptRequest::optionalNumber(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    if (value.isUndefined()) {
+        return std::nullopt;
+    }
+    if (!value.isDouble()) {
+        refuseMember(member, QStringLiteral("a number"));
+    }
+    return value.toDouble();
+}
+
+int ScriptRequest::integer(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    const double number = value.toDouble(std::nan(""));
+    const bool fits = number >= std::numeric_limits<int>::min() &&
+                      number <= std::numeric_limits<int>::max() && std::trunc(number) == number;
+    if (!fits) {
+        refuseMember(member, QStringLiteral("a whole number"));
+        return 0;
+    }
+    return int(number);
+}
+
+bool ScriptRequest::flag(const char *member, bool otherwise)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    if (!value.isUndefined() && !value.isBool()) {
+        refuseMember(member, QStringLiteral("true or false"));
+    }
+    return value.toBool(otherwise);
+}

@@ -1,0 +1,361 @@
+#include "automation/ScriptSession.h"
+
+#include "automation/ControlHand.h"
+#include "automation/ScriptRequest.h"
+#include "host/PPDPaper.h"
+#include "plugin/PDEPanelAutomation.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QJsonDocument>
+
+namespace {
+// The panel's controls, by object name.
+const QString presetMenu = QStringLiteral("mOptionPopUpButton");
+const QString countField = QStringLiteral("mCutEveryTxBx");
+const QString countStepper = QStringLiteral("mCutEveryStpr");
+
+/// The window's size in pixels, wide and tall enough for any panel.
+constexpr QSize windowSize(1200, 1200);
+
+QJsonObject member(const char *name, const QJsonValue &value)
+{
+    return {{QLatin1String(name), value}};
+}
+
+/// A paper that a request names, else @p otherwise.
+Paper paperOf(ScriptRequest &request, const char *nameMember, const char *heightMember,
+              const PPDFile &ppd, const Paper &otherwise)
+{
+    Paper paper = otherwise;
+    if (request.has(nameMember)) {
+        const QString name = request.optionalText(nameMember, true);
+        paper = name.isNull() ? Paper(name, 0.0) : paperNamed(ppd, name);
+    }
+    return Paper(paper.ppdPaperName(),
+                 request.optionalNumber(heightMember).value_or(paper.height()));
+}
+
+PrintSettings settingsOf(ScriptRequest &request)
+{
+    const QString path = request.optionalText("settings");
+    if (path.isNull()) {
+        return {};
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        request.refuse(QStringLiteral("%1: %2").arg(path, file.errorString()));
+        return {};
+    }
+    QString error;
+    const auto settings = PrintSettings::fromData(file.readAll(), &error);
+    if (!settings) {
+        request.refuse(QStringLiteral("%1: %2").arg(path, error));
+    }
+    return settings.value_or(PrintSettings());
+}
+} // namespace
+
+const ScriptSession::Command ScriptSession::commands[] = {
+    {"open",
+     Stage::Closed,
+     {"ppd", "printer", "paper", "paperHeight", "settings", "deviceURI", "markDefaults", "locale",
+      "bundle"},
+     &ScriptSession::open},
+    {"close", Stage::Open, {}, &ScriptSession::close},
+    {"view", Stage::Open, {}, &ScriptSession::view},
+    {"show", Stage::Open, {}, &ScriptSession::show},
+    {"hide", Stage::Open, {}, &ScriptSession::hide},
+    {"click", Stage::Viewed, {"control"}, &ScriptSession::click},
+    {"preset", Stage::Viewed, {"tag"}, &ScriptSession::preset},
+    {"type", Stage::Viewed, {"text"}, &ScriptSession::type},
+    {"step", Stage::Viewed, {"by"}, &ScriptSession::step},
+    {"paper", Stage::Open, {"name", "height"}, &ScriptSession::paper},
+    {"choose", Stage::Open, {"key", "choice"}, &ScriptSession::choose},
+    {"save", Stage::Open, {}, &ScriptSession::save},
+    {"restore", Stage::Open, {}, &ScriptSession::restore},
+    {"keys", Stage::Open, {}, &ScriptSession::keys},
+    {"print", Stage::Open, {}, &ScriptSession::print},
+    {"summary", Stage::Open, {}, &ScriptSession::summary},
+    {"state", Stage::Open, {}, &ScriptSession::state},
+    {"screenshot", Stage::Viewed, {"file"}, &ScriptSession::screenshot},
+};
+
+ScriptSession::ScriptSession(Setup setup)
+    : mSetup(std::move(setup))
+{
+    mWindow.resize(windowSize);
+}
+
+ScriptSession::~ScriptSession() = default;
+
+QByteArray ScriptSession::answer(const QByteArray &line)
+{
+    ScriptRequest request(line);
+    QJsonObject answer = request.isFaulty() ? QJsonObject() : run(request);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (request.isFaulty()) {
+        mHasFailed = true;
+        answer = member("error", request.fault());
+    }
+    answer.insert(QStringLiteral("ok"), !request.isFaulty());
+    answer.insert(QStringLiteral("events"), mEvents.take());
+    return QJsonDocument(answer).toJson(QJsonDocument::Compact);
+}
+
+QJsonObject ScriptSession::run(ScriptRequest &request)
+{
+    for (const Command &command : commands) {
+        if (request.command() != QLatin1String(command.name)) {
+            continue;
+        }
+        if (const QString fault = faultOfStage(command.stage); !fault.isNull()) {
+            request.refuse(
+                QStringLiteral("\"%1\" is out of place: %2").arg(request.command(), fault));
+        }
+        request.allow(command.members);
+        return request.isFaulty() ? QJsonObject() : (this->*command.run)(request);
+    }
+    request.refuse(QStringLiteral("there is no command \"%1\"").arg(request.command()));
+    return {};
+}
+
+QString ScriptSession::faultOfStage(Stage stage) const
+{
+    switch (stage) {
+    case Stage::Closed:
+        return mConversation ? QStringLiteral("a panel is open") : QString();
+    case Stage::Open:
+        return mConversation ? QString() : QStringLiteral("no panel is open");
+    case Stage::Viewed:
+        break;
+    }
+    return mConversation && mConversation->view()
+               ? QString()
+               : QStringLiteral("no panel's view has been asked for");
+}
+
+std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
+{
+    QString ppd = request.optionalText("ppd");
+    QString printer = request.optionalText("printer");
+    const auto marks =
+        request.flag("markDefaults", true) ? PPDFile::Marks::Defaults : PPDFile::Marks::None;
+    if (ppd.isNull() && printer.isNull()) {
+        ppd = mSetup.ppd;
+        printer = mSetup.printer;
+    }
+    if (ppd.isNull() == printer.isNull()) {
+        request.refuse(QStringLiteral("\"open\" needs either \"ppd\" or \"printer\""));
+    }
+    const QString uri = request.optionalText("deviceURI");
+    PrintSettings settings = settingsOf(request);
+    if (request.isFaulty()) {
+        return std::nullopt;
+    }
+    QString error;
+    auto target = printer.isNull() ? PanelTarget::ofPPD(ppd, marks, &error)
+                                   : PanelTarget::ofQueue(printer, marks, &error);
+    if (!target) {
+        request.refuse(error.isNull() ? QStringLiteral("the printer %1 has no PPD").arg(printer)
+                                      : error);
+        return std::nullopt;
+    }
+    target->settings = std::move(settings);
+    target->paper = paperOf(request, "paper", "paperHeight", *target->ppd, target->paper);
+    if (!uri.isNull()) {
+        target->printer = Printer(target->printer.name(), uri);
+    }
+    return target;
+}
+
+PanelBundles ScriptSession::bundlesOf(ScriptRequest &request)
+{
+    const QString path = request.optionalText("bundle");
+    const QString locale = request.optionalText("locale");
+    if (request.isFaulty()) {
+        return {};
+    }
+    QStringList problems;
+    ProblemReporter reporter([this, &problems](const QString &problem) {
+        problems.append(problem);
+        mReporter.report(problem);
+    });
+    PanelBundles bundles;
+    if (path.isNull()) {
+        bundles = PanelBundle::loadAll(mSetup.bundleFolder, reporter);
+    } else if (auto bundle = PanelBundle::load(path, reporter)) {
+        bundles.push_back(std::move(bundle));
+    }
+    if (bundles.empty()) {
+        request.refuse(problems.join(QStringLiteral("; ")));
+    }
+    if (!locale.isNull()) {
+        const QStringList languages =
+            locale == QLatin1String("none") ? QStringList() : QStringList(locale);
+        for (const auto &bundle : bundles) {
+            bundle->setLanguages(languages);
+        }
+    }
+    return bundles;
+}
+
+QJsonObject ScriptSession::open(ScriptRequest &request)
+{
+    auto target = targetOf(request);
+    PanelBundles bundles = target ? bundlesOf(request) : PanelBundles();
+    if (request.isFaulty()) {
+        return {};
+    }
+    mConversation = std::make_unique<PanelConversation>(std::move(*target), std::move(bundles),
+                                                        &mWindow, mEvents);
+    QJsonObject answer = member("panels", mConversation->panelCount());
+    PDEPanel *panel = mConversation->panel();
+    PDEPanelAutomation *automation = panel ? panel->automation() : nullptr;
+    const QJsonObject flags =
+        automation ? automation->state().value(QLatin1String("flags")).toObject() : QJsonObject();
+    answer.insert(QStringLiteral("name"), panel ? QJsonValue(panel->panelName()) : QJsonValue());
+    answer.insert(QStringLiteral("kind"), panel ? QJsonValue(panel->panelKind()) : QJsonValue());
+    answer.insert(QStringLiteral("isRV"), automation && automation->isRVPrinter());
+    answer.insert(QStringLiteral("usb"), flags.value(QLatin1String("usb_dec")).toInt() == 1);
+    if (!panel) {
+        mConversation.reset();
+    }
+    return answer;
+}
+
+QJsonObject ScriptSession::close(ScriptRequest &)
+{
+    mConversation.reset();
+    return {};
+}
+
+QJsonObject ScriptSession::view(ScriptRequest &request)
+{
+    if (!mConversation->makeView()) {
+        request.refuse(QStringLiteral("the panel could not make its view"));
+        return {};
+    }
+    PDEPanelAutomation *automation = panel().automation();
+    return automation ? automation->state().value(QLatin1String("view")).toObject() : QJsonObject();
+}
+
+QJsonObject ScriptSession::show(ScriptRequest &)
+{
+    panel().willShow();
+    return {};
+}
+
+QJsonObject ScriptSession::hide(ScriptRequest &)
+{
+    return member("answer", panel().shouldHide());
+}
+
+QJsonObject ScriptSession::click(ScriptRequest &request)
+{
+    const QString control = request.text("control");
+    if (request.isFaulty()) {
+        return {};
+    }
+    return member("delivered", ControlHand(mConversation->view()).click(control));
+}
+
+QJsonObject ScriptSession::preset(ScriptRequest &request)
+{
+    const int tag = request.integer("tag");
+    if (request.isFaulty()) {
+        return {};
+    }
+    return member("delivered", ControlHand(mConversation->view()).pick(presetMenu, tag));
+}
+
+QJsonObject ScriptSession::type(ScriptRequest &request)
+{
+    const QString text = request.text("text");
+    if (request.isFaulty()) {
+        return {};
+    }
+    return member("delivered", ControlHand(mConversation->view()).type(countField, text));
+}
+
+QJsonObject ScriptSession::step(ScriptRequest &request)
+{
+    const int by = request.integer("by");
+    if (by != 1 && by != -1) {
+        request.refuse(QStringLiteral("\"by\" has to be 1 or -1"));
+        return {};
+    }
+    return member("delivered", ControlHand(mConversation->view()).step(countStepper, by == 1));
+}
+
+QJsonObject ScriptSession::paper(ScriptRequest &request)
+{
+    if (!request.has("name")) {
+        request.refuse(QStringLiteral("\"name\" has to be a text or null"));
+    }
+    const Paper paper =
+        paperOf(request, "name", "height", mConversation->ppd(), Paper(QString(), 0.0));
+    if (!request.isFaulty()) {
+        mConversation->changePaper(paper);
+    }
+    return {};
+}
+
+QJsonObject ScriptSession::choose(ScriptRequest &request)
+{
+    const QString key = request.text("key");
+    const QString choice = request.text("choice");
+    if (!request.isFaulty() && !mConversation->choose(key, choice)) {
+        request.refuse(QStringLiteral("the printer's PPD has no choice %1=%2").arg(key, choice));
+    }
+    return {};
+}
+
+QJsonObject ScriptSession::save(ScriptRequest &)
+{
+    return member("answer", panel().saveValuesAndReturnError(nullptr));
+}
+
+QJsonObject ScriptSession::restore(ScriptRequest &)
+{
+    return member("answer", panel().restoreValuesAndReturnError(nullptr));
+}
+
+QJsonObject ScriptSession::keys(ScriptRequest &)
+{
+    const QStringList *keys = panel().supportedPPDOptionKeys();
+    return member("keys", keys ? QJsonValue(QJsonArray::fromStringList(*keys)) : QJsonValue());
+}
+
+QJsonObject ScriptSession::print(ScriptRequest &)
+{
+    return member("answer", panel().shouldPrint());
+}
+
+QJsonObject ScriptSession::summary(ScriptRequest &)
+{
+    QVariantMap lines = panel().summaryInfo().value_or(QVariantMap());
+    const QStringList order = lines.take(kSummaryDisplayOrder).toStringList();
+    return {{QStringLiteral("order"), QJsonArray::fromStringList(order)},
+            {QStringLiteral("lines"), QJsonObject::fromVariantMap(lines)}};
+}
+
+QJsonObject ScriptSession::state(ScriptRequest &request)
+{
+    PDEPanelAutomation *automation = panel().automation();
+    if (!automation) {
+        request.refuse(QStringLiteral("the panel tells nothing of its state"));
+        return {};
+    }
+    return automation->state();
+}
+
+QJsonObject ScriptSession::screenshot(ScriptRequest &request)
+{
+    const QString file = request.text("file");
+    if (!request.isFaulty() && !mConversation->view()->grab().save(file, "PNG")) {
+        request.refuse(QStringLiteral("%1: the picture could not be written").arg(file));
+    }
+    return {};
+}

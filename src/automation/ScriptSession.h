@@ -1,0 +1,94 @@
+#pragma once
+
+#include "automation/PanelConversation.h"
+#include "automation/PanelEvents.h"
+#include "host/ProblemReporter.h"
+
+#include <QJsonObject>
+#include <QWidget>
+
+#include <initializer_list>
+#include <memory>
+#include <optional>
+
+class ScriptRequest;
+
+/**
+ * The conversation of a dialog with a panel as lines of JSON, which docs/automation.md describes.
+ *
+ * A faulty line changes nothing.
+ */
+class ScriptSession
+{
+public:
+    /// Where the panels come from, and what "open" opens when it names no printer.
+    struct Setup
+    {
+        /// The folder of the bundles.
+        QString bundleFolder;
+        /// A PPD; null for none.
+        QString ppd;
+        /// A queue; null for none.
+        QString printer;
+    };
+
+    explicit ScriptSession(Setup setup);
+    ~ScriptSession();
+
+    /// Does what a line says; the answer is one JSON object without a line's end.
+    QByteArray answer(const QByteArray &line);
+
+    /// Whether any line has been faulty.
+    bool hasFailed() const { return mHasFailed; }
+
+private:
+    /// How far a conversation must have come for a command.
+    enum class Stage {
+        Closed,
+        Open,
+        Viewed,
+    };
+
+    struct Command
+    {
+        const char *name;
+        Stage stage;
+        std::initializer_list<const char *> members;
+        QJsonObject (ScriptSession::*run)(ScriptRequest &request);
+    };
+    static const Command commands[];
+
+    QJsonObject run(ScriptRequest &request);
+    QString faultOfStage(Stage stage) const;
+
+    QJsonObject open(ScriptRequest &request);
+    QJsonObject close(ScriptRequest &request);
+    QJsonObject view(ScriptRequest &request);
+    QJsonObject show(ScriptRequest &request);
+    QJsonObject hide(ScriptRequest &request);
+    QJsonObject click(ScriptRequest &request);
+    QJsonObject preset(ScriptRequest &request);
+    QJsonObject type(ScriptRequest &request);
+    QJsonObject step(ScriptRequest &request);
+    QJsonObject paper(ScriptRequest &request);
+    QJsonObject choose(ScriptRequest &request);
+    QJsonObject save(ScriptRequest &request);
+    QJsonObject restore(ScriptRequest &request);
+    QJsonObject keys(ScriptRequest &request);
+    QJsonObject print(ScriptRequest &request);
+    QJsonObject summary(ScriptRequest &request);
+    QJsonObject state(ScriptRequest &request);
+    QJsonObject screenshot(ScriptRequest &request);
+
+    std::optional<PanelTarget> targetOf(ScriptRequest &request) const;
+    PanelBundles bundlesOf(ScriptRequest &request);
+    PDEPanel &panel() const { return *mConversation->panel(); }
+
+    Setup mSetup;
+    /// Stands for the dialog; before the events, which its end must not reach.
+    QWidget mWindow;
+    PanelEvents mEvents;
+    ProblemReporter mReporter;
+    std::unique_ptr<PanelConversation> mConversation;
+    bool mHasFailed = false;
+};

@@ -1,0 +1,29 @@
+#include "host/OptionCheck.h"
+
+#include "host/JobOptions.h"
+#include "host/PPDFile.h"
+#include "host/PPDPaper.h"
+
+namespace {
+/// Whether a choice is one of the PPD's, or stands for a value that the PPD lets the user make up.
+bool mayChoose(const PPDFile &ppd, const QString &key, const QString &choice)
+{
+    if (ppd.hasChoice(key, choice)) {
+        return true;
+    }
+    return key == QLatin1String("PageSize") ? customPageSizeIn(ppd, choice).isValid()
+                                            : choice.startsWith(QLatin1String("Custom."));
+}
+} // namespace
+
+QString faultOfOptions(const PPDFile &ppd, const JobOptions &options)
+{
+    for (const auto &[key, value] : options.pairs()) {
+        const QString option = key == QLatin1String("media") ? QStringLiteral("PageSize") : key;
+        if (ppd.hasOption(option) && !mayChoose(ppd, option, value)) {
+            return QStringLiteral("-o %1=%2: the choices of %1 are: %3")
+                .arg(key, value, ppd.choices(option).join(QStringLiteral(", ")));
+        }
+    }
+    return {};
+}

@@ -1,0 +1,48 @@
+#include "host/PanelTarget.h"
+
+#include "host/PPDPaper.h"
+#include "host/PrintQueue.h"
+
+namespace {
+/// Those of the options that a PPD has, under its own keywords or the scheduler's.
+JobOptions optionsOf(const PPDFile &ppd, const JobOptions &options)
+{
+    JobOptions known;
+    for (const auto &[key, value] : options.pairs()) {
+        if (ppd.hasOption(key) || key == QLatin1String("media")) {
+            known.set(key, value);
+        }
+    }
+    return known;
+}
+} // namespace
+
+std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Marks marks,
+                                              QString *error)
+{
+    auto ppd = PPDFile::open(path, error, marks);
+    if (!ppd) {
+        return std::nullopt;
+    }
+    Paper paper = markedPaper(*ppd);
+    return PanelTarget{std::move(ppd), Printer(QString()), std::move(paper), PrintSettings(),
+                       JobOptions()};
+}
+
+std::optional<PanelTarget> PanelTarget::ofQueue(const QString &name, PPDFile::Marks marks,
+                                                QString *error)
+{
+    if (PrintQueue::choose(name, error).isNull()) {
+        return std::nullopt;
+    }
+    const auto queue = PrintQueue::find(name);
+    auto ppd = queue ? PPDFile::ofQueue(name, error, marks) : nullptr;
+    if (!ppd) {
+        return std::nullopt;
+    }
+    JobOptions saved = optionsOf(*ppd, queue->options());
+    ppd->mark(saved);
+    Paper paper = markedPaper(*ppd);
+    return PanelTarget{std::move(ppd), Printer(name, queue->deviceURI()), std::move(paper),
+                       PrintSettings(), std::move(saved)};
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/JobOptions.h"
+#include "host/PPDFile.h"
+#include "printcore/Paper.h"
+#include "printcore/PrintSettings.h"
+#include "printcore/Printer.h"
+
+#include <memory>
+#include <optional>
+
+/// What the panels of a dialog are about.
+struct PanelTarget
+{
+    /**
+     * A PPD without a queue, on the PPD's default paper.
+     *
+     * @param error set as for PPDFile::open() when there is no result.
+     */
+    static std::optional<PanelTarget> ofPPD(const QString &path, PPDFile::Marks marks,
+                                            QString *error);
+
+    /**
+     * A queue with the options that its user has saved.
+     *
+     * @param name of the queue, not empty.
+     * @param error set when there is no result because there is no scheduler, no such queue or a
+     *        broken PPD; left null when the queue just has no PPD.
+     */
+    static std::optional<PanelTarget> ofQueue(const QString &name, PPDFile::Marks marks,
+                                              QString *error);
+
+    /// The printer's, with the choices marked that the panels start from; never null.
+    std::unique_ptr<PPDFile> ppd;
+    Printer printer;
+    Paper paper;
+    PrintSettings settings;
+    /// The options that the user has saved for the queue, as far as the PPD has them.
+    JobOptions savedOptions;
+};
