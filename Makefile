@@ -3,7 +3,7 @@
 JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
 
-.PHONY: all run test lint test-release test-sanitize bench deps install clean
+.PHONY: all run test lint test-release test-sanitize coverage bench deps install clean
 .NOTPARALLEL:
 
 # What has to be built for a user.
@@ -29,6 +29,12 @@ test-release test-sanitize: test-%:
 	cmake --preset $*
 	cmake --build --preset $* --parallel $(JOBS)
 	ctest --preset $* --parallel $(JOBS)
+
+# Says which lines of the panel the tests reach, and fails when they are too few.
+coverage: deps
+	cmake --preset coverage
+	cmake --build --preset coverage --parallel $(JOBS)
+	tools/coverage build/coverage $(JOBS)
 
 # Measures how long the panel takes.
 bench: deps
