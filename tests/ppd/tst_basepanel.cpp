@@ -184,6 +184,7 @@ void BasePanelTest::answersTheProtocol()
     QCOMPARE(panel->shouldPrint(), true);
     QCOMPARE(panel->shouldShowHelp(), false);
     QVERIFY(!panel->summaryInfo());
+    QVERIFY(!panel->automation());
     panel->printWindowWillClose();
     QCOMPARE(panel->calls, Calls());
 }

@@ -1,8 +1,10 @@
+#include "RecordingHost.h"
 #include "RecordingPanel.h"
 #include "printcore/NotificationCenter.h"
 #include "support/BundleCopy.h"
 #include "support/PanelProbe.h"
 #include "support/TestHost.h"
+#include "toolkit/NibLoader.h"
 #include "toolkit/TrackingArea.h"
 
 #include <QApplication>
@@ -15,6 +17,7 @@ class PanelViewTest : public QObject
 
 private Q_SLOTS:
     void loadsTheNibOnce();
+    void viewOfTheBaseIsTheNibAsItStands();
     void viewGoesWithThePanel();
     void panelOutlivesItsView();
     void damagedNibMakesNoView_data();
@@ -31,6 +34,8 @@ private Q_SLOTS:
     void manyResizesAreToldOnceWhenTheWindowHasGrown();
     void resizeWithoutAnActiveWindowIsNotTold();
     void dialogThatOffersNoResizeKeepsTheSize();
+    void dialogNeedNotKnowOfResizes();
+    void dialogMayLetTheViewGrowAndDoNoMore();
     void panelThatGoesWaitsNoMore();
 };
 
@@ -61,6 +66,29 @@ void addDamagedNibs()
         << QByteArray("<?xml version=\"1.0\"?><ui version=\"4.0\"/>");
     QTest::newRow("view of another name") << withoutView(whole);
 }
+
+/// Where a nib's controls are and whether they are hidden, one line for each.
+QStringList placesOf(const QWidget *nib)
+{
+    QStringList places;
+    for (const QWidget *control : nib->findChildren<QWidget *>()) {
+        const QRect place = control->geometry();
+        places.append(u"%1 at %2, %3: %4 by %5%6"_qs.arg(control->objectName())
+                          .arg(place.x())
+                          .arg(place.y())
+                          .arg(place.width())
+                          .arg(place.height())
+                          .arg(control->isHidden() ? u", hidden"_qs : QString()));
+    }
+    return places;
+}
+
+/// A dialog that offers to resize, and does nothing about it.
+class CalmHost : public RecordingHost
+{
+public:
+    bool respondsToPanelViewDidResize() const override { return true; }
+};
 
 struct Dialog
 {
@@ -111,6 +139,22 @@ void PanelViewTest::loadsTheNibOnce()
     QCOMPARE(view->objectName(), u"kPDEView"_qs);
     QCOMPARE(dialog.panel->panelView(), view);
     QCOMPARE(dialog.panel->calls, QStringList{u"awakeFromNib"_qs});
+}
+
+void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
+{
+    const auto bundle = testBundle();
+    const auto host = std::make_shared<RecordingHost>();
+    const auto panel = BasePDE13_v400_::initWithCallback(host, bundle);
+    const QStringList asked = host->calls;
+    const QWidget *view = panel->panelView();
+    QVERIFY(view);
+    const auto nib = NibLoader::load(bundle->pathForResource(u"OptionPDE"_qs, u"ui"_qs));
+    QVERIFY(nib);
+    QCOMPARE(view->size(), nib->size());
+    QVERIFY(placesOf(view).size() > 9);
+    QCOMPARE(placesOf(view), placesOf(nib.get()));
+    QCOMPARE(host->calls, asked);
 }
 
 void PanelViewTest::viewGoesWithThePanel()
@@ -303,6 +347,30 @@ void PanelViewTest::dialogThatOffersNoResizeKeepsTheSize()
     QCOMPARE(dialog.view->size(), QSize(300, 100));
     dialog.view->move(0, 10);
     QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::dialogNeedNotKnowOfResizes()
+{
+    const auto host = std::make_shared<RecordingHost>();
+    RecordingPanel panel(host, testBundle());
+    const QSize size = panel.panelView()->size();
+    const QStringList asked = host->calls;
+    panel.setViewFrameSize({320, viewHeight});
+    QCOMPARE(panel.panelView()->size(), size);
+    QCOMPARE(host->calls, asked);
+}
+
+void PanelViewTest::dialogMayLetTheViewGrowAndDoNoMore()
+{
+    OpenDialog window;
+    QVERIFY(window.open(600));
+    const auto host = std::make_shared<CalmHost>();
+    RecordingPanel panel(host, testBundle());
+    const QWidget *view = panel.panelView();
+    const QStringList asked = host->calls;
+    panel.setViewFrameSize({320, viewHeight});
+    QCOMPARE(view->size(), QSize(320, viewHeight));
+    QCOMPARE(host->calls, asked);
 }
 
 void PanelViewTest::panelThatGoesWaitsNoMore()

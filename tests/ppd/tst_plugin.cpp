@@ -1,4 +1,5 @@
 #include "plugin/PDEPlugIn.h"
+#include "support/BundleCopy.h"
 #include "support/TestHost.h"
 
 #include <QPluginLoader>
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void buildsNewPanelsForEachDialog();
     void keepsTheLastPanelsUntilItGoes();
     void dialogMayKeepThePanelsLonger();
+    void dialogMayUnloadTheLibrary();
 
     void runsOnSystemsFrom105_data();
     void runsOnSystemsFrom105();
@@ -194,6 +196,26 @@ void PlugInTest::dialogMayKeepThePanelsLonger()
     panels.reset();
     QVERIFY(!view);
     QCOMPARE(host.use_count(), 1L);
+}
+
+void PlugInTest::dialogMayUnloadTheLibrary()
+{
+    const BundleCopy copy;
+    const auto bundle = copy.open();
+    QVERIFY(bundle);
+    QPluginLoader loader(bundle->libraryPath());
+    for (int i = 0; i < 2; ++i) {
+        const QPointer<QObject> loaded = loader.instance();
+        QVERIFY2(loaded, qPrintable(loader.errorString()));
+        auto principal =
+            qobject_cast<PDEPlugInFactory *>(loaded)->makePlugIn(bundle->principalClass());
+        QVERIFY(principal->initWithBundle(bundle));
+        QVERIFY(principal->PDEPanelsForType(kPrinterModuleDialogType, makeHost()));
+        principal.reset();
+        QVERIFY(loader.unload());
+        QVERIFY(!loaded);
+    }
+    QVERIFY(plugIn());
 }
 
 void PlugInTest::runsOnSystemsFrom105_data()

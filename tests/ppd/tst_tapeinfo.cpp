@@ -36,6 +36,8 @@ private Q_SLOTS:
 
     void roundsHalvesAwayFromZero_data();
     void roundsHalvesAwayFromZero();
+    void roundsToTheNearerLimitBeyond64Bits_data();
+    void roundsToTheNearerLimitBeyond64Bits();
     void convertsUnits();
 };
 
@@ -371,6 +373,31 @@ void TapeInfoTest::roundsHalvesAwayFromZero_data()
 }
 
 void TapeInfoTest::roundsHalvesAwayFromZero()
+{
+    QFETCH(double, value);
+    QTEST(RoundDouble(value), "rounded");
+}
+
+void TapeInfoTest::roundsToTheNearerLimitBeyond64Bits_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<qint64>("rounded");
+
+    using Limits = std::numeric_limits<qint64>;
+    const double limit = std::ldexp(1.0, 63);
+    const double endless = std::numeric_limits<double>::infinity();
+    QTest::newRow("last below") << std::nextafter(limit, 0.0) << Limits::max() - 1023;
+    QTest::newRow("first beyond") << limit << Limits::max();
+    QTest::newRow("far beyond") << 1e300 << Limits::max();
+    QTest::newRow("endless") << endless << Limits::max();
+    QTest::newRow("last above") << std::nextafter(-limit, 0.0) << Limits::min() + 1024;
+    QTest::newRow("lower limit") << -limit << Limits::min();
+    QTest::newRow("far below") << -1e300 << Limits::min();
+    QTest::newRow("endless below") << -endless << Limits::min();
+    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << Limits::min();
+}
+
+void TapeInfoTest::roundsToTheNearerLimitBeyond64Bits()
 {
     QFETCH(double, value);
     QTEST(RoundDouble(value), "rounded");

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void oneBadTicketEntryLeavesTheOther();
     void readsNumbersOfTheSession_data();
     void readsNumbersOfTheSession();
+    void sessionValueThatIsNoNumber_data();
+    void sessionValueThatIsNoNumber();
     void sessionWithoutTheNumber();
     void readsThePageRange();
     void writesThePageRangeBack();
@@ -191,6 +193,27 @@ void TicketTest::readsNumbersOfTheSession()
     qint32 number = 77;
     QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), noErr);
     QTEST(number, "number");
+}
+
+void TicketTest::sessionValueThatIsNoNumber_data()
+{
+    QTest::addColumn<QVariant>("value");
+
+    QTest::newRow("text") << QVariant(u"62"_qs);
+    QTest::newRow("empty text") << QVariant(u""_qs);
+    QTest::newRow("data") << QVariant(QByteArray("62"));
+    QTest::newRow("list") << QVariant(QVariantList{62});
+    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"key"_qs, 62}});
+}
+
+void TicketTest::sessionValueThatIsNoNumber()
+{
+    QFETCH(QVariant, value);
+    PrintSession session;
+    session.setValue(u"key"_qs, value);
+    qint32 number = 77;
+    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), noErr);
+    QCOMPARE(number, 77);
 }
 
 void TicketTest::sessionWithoutTheNumber()

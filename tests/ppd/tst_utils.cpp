@@ -435,18 +435,22 @@ void UtilsTest::dimsCaptions()
     QCOMPARE(label.palette().color(label.foregroundRole()), dimmed ? disabled : enabled);
     QCOMPARE(label.palette().color(QPalette::Inactive, QPalette::WindowText),
              dimmed ? disabled : enabled);
+    QCOMPARE(Utils::isTextDimmed(&label), dimmed);
     QVERIFY(label.isEnabled());
 }
 
 void UtilsTest::dimsTextFields()
 {
     QLineEdit field;
+    QCOMPARE(Utils::isTextDimmed(&field), false);
     Utils::setEnabledForText(0, &field);
     QCOMPARE(field.palette().color(field.foregroundRole()),
              textColor(QPalette::Disabled, QPalette::Text));
+    QCOMPARE(Utils::isTextDimmed(&field), true);
     Utils::setEnabledForText(1, &field);
     QCOMPARE(field.palette().color(field.foregroundRole()),
              textColor(QPalette::Active, QPalette::Text));
+    QCOMPARE(Utils::isTextDimmed(&field), false);
 }
 
 void UtilsTest::leavesOtherControlsAlone()
@@ -455,7 +459,9 @@ void UtilsTest::leavesOtherControlsAlone()
     const QPalette before = button.palette();
     Utils::setEnabledForText(0, &button);
     QCOMPARE(button.palette(), before);
+    QCOMPARE(Utils::isTextDimmed(&button), false);
     Utils::setEnabledForText(0, nullptr);
+    QCOMPARE(Utils::isTextDimmed(nullptr), false);
     QVERIFY(button.isEnabled());
 }
 

@@ -1,0 +1,363 @@
+#include "PanelFixture.h"
+#include "plugin/PDEPanelAutomation.h"
+#include "support/BundleCopy.h"
+#include "toolkit/ViewGeometry.h"
+
+#include <QJsonArray>
+
+/// What the panel tells automation, and lets it choose.
+class PanelStateTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void panelThatWasNeverSeenTellsTheMarksAlone();
+    void tellsTheControlsAsTheUserSeesThem_data();
+    void tellsTheControlsAsTheUserSeesThem();
+    void leavesOutTheControlThatIsMissing_data();
+    void leavesOutTheControlThatIsMissing();
+    void followsTheUser();
+    void followsTheCount();
+    void followsThePaper();
+    void tellsMarksOfThePrintersOptionsOnly();
+    void tellsWhatThePrinterIs_data();
+    void tellsWhatThePrinterIs();
+    void namesThePresets();
+    void presetIsChosenAsByTheUser();
+    void presetThatCannotBeChosenChangesNothing_data();
+    void presetThatCannotBeChosenChangesNothing();
+};
+
+namespace {
+constexpr auto cutEvery = OptionCatalogue::CutEvery;
+constexpr auto halfCut = OptionCatalogue::HalfCut;
+
+const QStringList countOutlets = {u"mCutEveryTxBx"_qs, u"mCutEveryStpr"_qs, u"mCutEveryStr"_qs};
+
+/// A tape printer without cut marks and with 7 labels, all else off: its menu has the tags 4 to 13.
+TestPrinter tapePrinter()
+{
+    return {.options = everyOptionBut(OptionCatalogue::CutMark), .defaults = {{cutEvery, "7"}}};
+}
+
+QJsonObject stateOf(const PanelFixture &fixture)
+{
+    return fixture.panel->automation()->state();
+}
+
+QJsonObject part(const PanelFixture &fixture, const char *name)
+{
+    return stateOf(fixture).value(QLatin1String(name)).toObject();
+}
+
+QJsonObject control(const PanelFixture &fixture, const QString &outlet)
+{
+    return part(fixture, "controls").value(outlet).toObject();
+}
+
+QJsonObject box(const PanelFixture &fixture, Option option)
+{
+    return control(fixture, QLatin1String(factsOf(option).outlet));
+}
+
+/// The names of the nib's controls that the panel may tell of, in the order of an object's keys.
+QStringList allOutlets()
+{
+    QStringList outlets = countOutlets + QStringList{u"mOptionPopUpButton"_qs};
+    for (const Option option : everyOption) {
+        outlets.append(QLatin1String(factsOf(option).outlet));
+    }
+    outlets.sort();
+    return outlets;
+}
+
+/// What can be said of any control, from the widget itself.
+QJsonObject placeOf(const QWidget *widget)
+{
+    const QPointF origin = frameOrigin(widget);
+    const QSizeF size = frameSize(widget);
+    return {{u"hidden"_qs, !widget->isVisible()},
+            {u"enabled"_qs, widget->isEnabled()},
+            {u"x"_qs, origin.x()},
+            {u"y"_qs, origin.y()},
+            {u"width"_qs, size.width()},
+            {u"height"_qs, size.height()}};
+}
+
+QJsonArray jsonOf(const QList<int> &numbers)
+{
+    QJsonArray array;
+    for (const int number : numbers) {
+        array.append(number);
+    }
+    return array;
+}
+} // namespace
+
+void PanelStateTest::panelThatWasNeverSeenTellsTheMarksAlone()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.host->mark("KvHalfCut", "ON");
+    fixture.build();
+    const QJsonObject state = stateOf(fixture);
+    QCOMPARE(state.keys(), QStringList({u"controls"_qs, u"flags"_qs, u"marks"_qs, u"popup"_qs,
+                                        u"preview"_qs, u"selections"_qs, u"view"_qs}));
+    QVERIFY(state[u"view"_qs].isNull());
+    QVERIFY(state[u"preview"_qs].isNull());
+    QCOMPARE(state[u"controls"_qs].toObject(), QJsonObject());
+    QCOMPARE(state[u"popup"_qs].toObject(), QJsonObject({{u"tags"_qs, QJsonArray()},
+                                                         {u"selected"_qs, QJsonValue()},
+                                                         {u"disabled"_qs, QJsonArray()}}));
+    const QJsonObject selections = state[u"selections"_qs].toObject();
+    QCOMPARE(selections.size(), 10);
+    for (const QJsonValue selection : selections) {
+        QVERIFY(selection.isNull());
+    }
+    const QJsonObject marks = state[u"marks"_qs].toObject();
+    QCOMPARE(marks.size(), 8);
+    QCOMPARE(marks[u"KvHalfCut"_qs], QJsonValue(u"ON"_qs));
+    QCOMPARE(marks[u"KvCutLabel"_qs], QJsonValue(u"7"_qs));
+    QCOMPARE(state[u"flags"_qs][u"set_formatSetting"_qs], QJsonValue(0));
+    QVERIFY(fixture.panel->automation()->presets().isEmpty());
+    QVERIFY(!fixture.panel->kPDEView);
+}
+
+void PanelStateTest::tellsTheControlsAsTheUserSeesThem_data()
+{
+    QTest::addColumn<TestPrinter>("printer");
+    QTest::addColumn<QString>("paper");
+
+    QTest::newRow("every option") << TestPrinter() << u"62x29"_qs;
+    QTest::newRow("tape printer on label paper") << tapePrinter() << u"FL30"_qs;
+    QTest::newRow("label printer")
+        << TestPrinter{.options = {cutEvery, OptionCatalogue::CutAtEnd, OptionCatalogue::Mirror},
+                       .labelSeries = true,
+                       .defaults = {{OptionCatalogue::Mirror, "ON"}}}
+        << u"DC03"_qs;
+}
+
+void PanelStateTest::tellsTheControlsAsTheUserSeesThem()
+{
+    QFETCH(TestPrinter, printer);
+    QFETCH(QString, paper);
+    PanelFixture fixture(printer);
+    fixture.show();
+    fixture.host->changePaper(paper);
+    const RecordingPanel &panel = *fixture.panel;
+    QCOMPARE(part(fixture, "controls").keys(), allOutlets());
+    for (const Option option : everyOption) {
+        QJsonObject expected = placeOf(fixture.box(option));
+        expected[u"state"_qs] = fixture.isOn(option) ? 1 : 0;
+        expected[u"title"_qs] = fixture.box(option)->title();
+        QCOMPARE(box(fixture, option), expected);
+    }
+    QCOMPARE(control(fixture, u"mOptionPopUpButton"_qs), placeOf(panel.mOptionPopUpButton));
+    QJsonObject field = placeOf(panel.mCutEveryTxBx);
+    field[u"text"_qs] = panel.mCutEveryTxBx->text();
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs), field);
+    QJsonObject stepper = placeOf(panel.mCutEveryStpr);
+    stepper[u"value"_qs] = panel.mCutEveryStpr->intValue();
+    QCOMPARE(control(fixture, u"mCutEveryStpr"_qs), stepper);
+    const QSizeF view = frameSize(panel.kPDEView);
+    QCOMPARE(part(fixture, "view"),
+             QJsonObject({{u"width"_qs, view.width()}, {u"height"_qs, view.height()}}));
+    QCOMPARE(stateOf(fixture)[u"preview"_qs].toString(), panel.mOptionView->targetDrawImageName());
+}
+
+void PanelStateTest::leavesOutTheControlThatIsMissing_data()
+{
+    QTest::addColumn<QString>("missing");
+    for (const QString &outlet : allOutlets()) {
+        QTest::newRow(qPrintable(outlet)) << outlet;
+    }
+}
+
+void PanelStateTest::leavesOutTheControlThatIsMissing()
+{
+    QFETCH(QString, missing);
+    BundleCopy copy;
+    QVERIFY(copy.removeOutlet(missing));
+    PanelFixture fixture(TestPrinter(), copy.open());
+    fixture.show();
+    QStringList expected = allOutlets();
+    expected.removeOne(missing);
+    QCOMPARE(part(fixture, "controls").keys(), expected);
+    const bool hasMenu = missing != u"mOptionPopUpButton";
+    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray().isEmpty(), !hasMenu);
+    QCOMPARE(part(fixture, "popup")[u"selected"_qs].isNull(), !hasMenu);
+    QCOMPARE(part(fixture, "marks").size(), 9);
+}
+
+void PanelStateTest::followsTheUser()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    QCOMPARE(part(fixture, "popup")[u"selected"_qs], QJsonValue(5));
+    QCOMPARE(stateOf(fixture)[u"preview"_qs], QJsonValue(u"AHCMOffOffOffOff"_qs));
+    QCOMPARE(box(fixture, halfCut)[u"state"_qs], QJsonValue(0));
+    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_qs], QJsonValue(u"OFF"_qs));
+
+    fixture.click(halfCut);
+    QCOMPARE(part(fixture, "popup")[u"selected"_qs], QJsonValue(7));
+    QCOMPARE(stateOf(fixture)[u"preview"_qs], QJsonValue(u"AHCMOffOnOffOff"_qs));
+    QCOMPARE(box(fixture, halfCut)[u"state"_qs], QJsonValue(1));
+    QCOMPARE(box(fixture, halfCut)[u"title"_qs], QJsonValue(u"KvHalfCut"_qs));
+    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_qs], QJsonValue(u"ON"_qs));
+    QCOMPARE(part(fixture, "marks")[u"KvHalfCut"_qs], QJsonValue(u"ON"_qs));
+    fixture.unmark("KvHalfCut");
+    QVERIFY(part(fixture, "marks").contains(u"KvHalfCut"_qs));
+    QVERIFY(part(fixture, "marks")[u"KvHalfCut"_qs].isNull());
+}
+
+void PanelStateTest::followsTheCount()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"text"_qs], QJsonValue(u"7"_qs));
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"enabled"_qs], QJsonValue(false));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"title"_qs],
+             QJsonValue(fixture.panel->mCutEveryStr->text()));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"dimmed"_qs], QJsonValue(true));
+
+    fixture.click(cutEvery);
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"enabled"_qs], QJsonValue(true));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"dimmed"_qs], QJsonValue(false));
+    fixture.type(u"12"_qs);
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"text"_qs], QJsonValue(u"12"_qs));
+    QCOMPARE(control(fixture, u"mCutEveryStpr"_qs)[u"value"_qs], QJsonValue(12));
+    QCOMPARE(part(fixture, "selections")[u"mCutEvery_Selection"_qs], QJsonValue(u"12"_qs));
+    QCOMPARE(part(fixture, "selections")[u"mAutoCut_CutEvery_Selection"_qs], QJsonValue(u"ON"_qs));
+    QCOMPARE(part(fixture, "marks")[u"KvCutLabel"_qs], QJsonValue(u"12"_qs));
+}
+
+void PanelStateTest::followsThePaper()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    const QJsonArray tags = jsonOf({4, 5, 6, 7, 8, 9, 10, 11, 12, 13});
+    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray(), tags);
+    QCOMPARE(part(fixture, "popup")[u"disabled"_qs].toArray(), QJsonArray());
+    QCOMPARE(part(fixture, "flags")[u"mTapeState"_qs], QJsonValue(0));
+
+    fixture.host->changePaper(u"FL30"_qs);
+    QVERIFY(fixture.panel->saveValuesAndReturnError(nullptr));
+    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray(), tags);
+    QCOMPARE(part(fixture, "popup")[u"disabled"_qs].toArray(), jsonOf({6, 7, 8, 10, 11, 12, 13}));
+    QCOMPARE(part(fixture, "flags")[u"mTapeState"_qs], QJsonValue(1));
+    QCOMPARE(box(fixture, halfCut)[u"enabled"_qs], QJsonValue(false));
+}
+
+void PanelStateTest::tellsMarksOfThePrintersOptionsOnly()
+{
+    PanelFixture fixture(PPDText().onOff("KvMirror", "ON").onOff("KvOther", "ON"));
+    fixture.show();
+    QCOMPARE(part(fixture, "marks"), QJsonObject({{u"KvMirror"_qs, u"ON"_qs}}));
+}
+
+void PanelStateTest::tellsWhatThePrinterIs_data()
+{
+    QTest::addColumn<bool>("labelSeries");
+    QTest::addColumn<bool>("separateAutoCut");
+    QTest::addColumn<QString>("uri");
+    QTest::addColumn<bool>("isUSB");
+
+    QTest::newRow("label printer at USB") << true << false << u"usb://Korvane/T"_qs << true;
+    QTest::newRow("tape printer at USB") << false << true << u"KVMQUSB://Korvane/T"_qs << true;
+    QTest::newRow("tape printer in the network") << false << false << u"ipp://host/T"_qs << false;
+}
+
+void PanelStateTest::tellsWhatThePrinterIs()
+{
+    QFETCH(bool, labelSeries);
+    QFETCH(bool, separateAutoCut);
+    QFETCH(QString, uri);
+    QFETCH(bool, isUSB);
+    PanelFixture fixture({.separateAutoCut = separateAutoCut, .labelSeries = labelSeries});
+    fixture.host->printer = Printer(u"test"_qs, uri);
+    fixture.show();
+    QCOMPARE(fixture.panel->automation()->isRVPrinter(), labelSeries);
+    QCOMPARE(part(fixture, "flags"),
+             QJsonObject({{u"mTapeState"_qs, 0},
+                          {u"mAutoCutHideKey_dec"_qs, separateAutoCut ? 1 : 0},
+                          {u"set_formatSetting"_qs, 1},
+                          {u"usb_dec"_qs, isUSB ? 1 : 0}}));
+}
+
+void PanelStateTest::namesThePresets()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    fixture.click(halfCut);
+    QStringList presets;
+    QStringList selected;
+    for (const PDEPreset &preset : fixture.panel->automation()->presets()) {
+        presets.append(u"%1 %2 %3"_qs.arg(preset.tag).arg(preset.identifier, preset.name));
+        QVERIFY(preset.isEnabled);
+        if (preset.isSelected) {
+            selected.append(preset.identifier);
+        }
+    }
+    QCOMPARE(presets,
+             QStringList({u"4 EveryEndMirrorOnOnOff Cut between labels and at end"_qs,
+                          u"5 AHCMOffOffOffOff No automatic cutting"_qs,
+                          u"6 AHCMOffOffOnOff Chain printing"_qs, u"7 AHCMOffOnOffOff Half cut"_qs,
+                          u"8 AHCMOffOnOnOff Half cut and chain printing"_qs,
+                          u"9 AHCMOnOffOffOff Auto cut"_qs,
+                          u"10 AHCMOnOffOnOff Auto cut and chain printing"_qs,
+                          u"11 AHCMOnOnOffOff Auto cut and half cut"_qs,
+                          u"12 AHCMOnOnOnOff Auto cut, half cut and chain printing"_qs,
+                          u"13 SPMROnOff Special tape"_qs}));
+    QCOMPARE(selected, QStringList{u"AHCMOffOnOffOff"_qs});
+}
+
+void PanelStateTest::presetIsChosenAsByTheUser()
+{
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    fixture.click(OptionCatalogue::Mirror);
+    fixture.takeTold();
+    fixture.panel->refreshed.clear();
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_qs));
+    QCOMPARE(fixture.selectedTag(), 10);
+    QCOMPARE(fixture.optionsOn(),
+             QList<Option>({cutEvery, OptionCatalogue::AutoCut, OptionCatalogue::ChainPrint}));
+    QCOMPARE(fixture.panel->refreshed, QList<quint32>({PopUpButtonItem}));
+    QCOMPARE(fixture.takeTold(), QStringList());
+
+    // Choosing it again is a choice too.
+    fixture.click(OptionCatalogue::Mirror);
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_qs));
+    QVERIFY(!fixture.isOn(OptionCatalogue::Mirror));
+}
+
+void PanelStateTest::presetThatCannotBeChosenChangesNothing_data()
+{
+    QTest::addColumn<QString>("identifier");
+
+    QTest::newRow("none") << QString();
+    QTest::newRow("empty") << u""_qs;
+    QTest::newRow("unknown") << u"AHCMOnOnOnOn"_qs;
+    QTest::newRow("of the label printers") << u"EveryEndMirrorOffOnOff"_qs;
+    QTest::newRow("other case") << u"ahcmonoffoffoff"_qs;
+    QTest::newRow("forbidden on the paper") << u"AHCMOffOnOffOff"_qs;
+    QTest::newRow("its name") << u"Auto cut"_qs;
+}
+
+void PanelStateTest::presetThatCannotBeChosenChangesNothing()
+{
+    QFETCH(QString, identifier);
+    PanelFixture fixture(tapePrinter());
+    fixture.show();
+    fixture.host->changePaper(u"FL30"_qs);
+    fixture.click(OptionCatalogue::Mirror);
+    fixture.takeTold();
+    const QJsonObject before = stateOf(fixture);
+    QVERIFY(!fixture.panel->automation()->choosePreset(identifier));
+    QCOMPARE(stateOf(fixture), before);
+    QCOMPARE(fixture.takeTold(), QStringList());
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOffOff"_qs));
+    QVERIFY(stateOf(fixture) != before);
+}
+
+QTEST_MAIN(PanelStateTest)
+#include "tst_panelstate.moc"
