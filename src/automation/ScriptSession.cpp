@@ -23,6 +23,27 @@ QJsonObject member(const char *name, const QJsonValue &value)
     return {{QLatin1String(name), value}};
 }
 
+QJsonObject with(QJsonObject object, const char *name, const QJsonValue &value)
+{
+    object.insert(QLatin1String(name), value);
+    return object;
+}
+
+/// What "open" tells of a panel; null for what there is not, or the panel does not tell.
+QJsonObject descriptionOf(PDEPanel *panel)
+{
+    PDEPanelAutomation *automation = panel ? panel->automation() : nullptr;
+    const QJsonObject flags =
+        automation ? automation->state().value(QLatin1String("flags")).toObject() : QJsonObject();
+    const bool isOnUSB = flags.value(QLatin1String("usb_dec")).toInt() == 1;
+    return {
+        {QStringLiteral("name"), panel ? QJsonValue(panel->panelName()) : QJsonValue()},
+        {QStringLiteral("kind"), panel ? QJsonValue(panel->panelKind()) : QJsonValue()},
+        {QStringLiteral("isRV"), automation ? QJsonValue(automation->isRVPrinter()) : QJsonValue()},
+        {QStringLiteral("usb"), automation ? QJsonValue(isOnUSB) : QJsonValue()},
+    };
+}
+
 /// A paper that a request names, else @p otherwise.
 Paper paperOf(ScriptRequest &request, const char *nameMember, const char *heightMember,
               const PPDFile &ppd, const Paper &otherwise)
@@ -210,19 +231,12 @@ QJsonObject ScriptSession::open(ScriptRequest &request)
     }
     mConversation = std::make_unique<PanelConversation>(std::move(*target), std::move(bundles),
                                                         &mWindow, mEvents);
-    QJsonObject answer = member("panels", mConversation->panelCount());
-    PDEPanel *panel = mConversation->panel();
-    PDEPanelAutomation *automation = panel ? panel->automation() : nullptr;
-    const QJsonObject flags =
-        automation ? automation->state().value(QLatin1String("flags")).toObject() : QJsonObject();
-    answer.insert(QStringLiteral("name"), panel ? QJsonValue(panel->panelName()) : QJsonValue());
-    answer.insert(QStringLiteral("kind"), panel ? QJsonValue(panel->panelKind()) : QJsonValue());
-    answer.insert(QStringLiteral("isRV"), automation && automation->isRVPrinter());
-    answer.insert(QStringLiteral("usb"), flags.value(QLatin1String("usb_dec")).toInt() == 1);
-    if (!panel) {
+    const QJsonObject answer = descriptionOf(mConversation->panel());
+    const int count = mConversation->panelCount();
+    if (count == 0) {
         mConversation.reset();
     }
-    return answer;
+    return with(answer, "panels", count);
 }
 
 QJsonObject ScriptSession::close(ScriptRequest &)
@@ -233,12 +247,14 @@ QJsonObject ScriptSession::close(ScriptRequest &)
 
 QJsonObject ScriptSession::view(ScriptRequest &request)
 {
-    if (!mConversation->makeView()) {
+    const QWidget *view = mConversation->makeView();
+    if (!view) {
         request.refuse(QStringLiteral("the panel could not make its view"));
         return {};
     }
     PDEPanelAutomation *automation = panel().automation();
-    return automation ? automation->state().value(QLatin1String("view")).toObject() : QJsonObject();
+    return automation ? automation->state().value(QLatin1String("view")).toObject()
+                      : with(member("width", view->width()), "height", view->height());
 }
 
 QJsonObject ScriptSession::show(ScriptRequest &)

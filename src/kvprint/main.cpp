@@ -4,6 +4,7 @@
 #include "host/CommandLine.h"
 #include "host/PrintCommand.h"
 #include "host/ProblemReporter.h"
+#include "kvprint/OffscreenPlatform.h"
 
 #include <QApplication>
 #include <QDir>
@@ -87,7 +88,7 @@ int main(int argc, char **argv)
         break;
     }
     if (line.action != CommandLine::Action::Print) {
-        qputenv(platformVariable, "offscreen");
+        useOffscreenPlatform();
         const QApplication application(argc, argv);
         return int(runUnattended(line));
     }

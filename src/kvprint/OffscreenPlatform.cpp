@@ -1,0 +1,30 @@
+#include "kvprint/OffscreenPlatform.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+/// How Qt begins to say what is missing without a display and a session.
+constexpr const char *needlessRemarks[] = {
+    "This plugin does not support ",
+    "QStandardPaths: XDG_RUNTIME_DIR not set",
+};
+
+void writeMessage(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    const bool isNeedless = std::ranges::any_of(needlessRemarks, [&message](const char *remark) {
+        return message.startsWith(QLatin1String(remark));
+    });
+    if (!isNeedless) {
+        std::fprintf(stderr, "kvprint: %s\n", message.toLocal8Bit().constData());
+    }
+}
+} // namespace
+
+void useOffscreenPlatform()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(writeMessage);
+}
