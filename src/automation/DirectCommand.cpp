@@ -1,22 +1,14 @@
 #include "automation/DirectCommand.h"
 
 #include "automation/LpCommand.h"
+#include "automation/Picture.h"
+#include "automation/StandardOutput.h"
 #include "host/JobSubmission.h"
 #include "host/PrintQueue.h"
 #include "plugin/PDEPanel.h"
 
 #include <QFileInfo>
-#include <QPixmap>
 #include <QWidget>
-
-#include <cstdio>
-
-namespace {
-void writeLine(const QString &line)
-{
-    std::puts(line.toLocal8Bit().constData());
-}
-} // namespace
 
 DirectCommand::DirectCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
@@ -90,7 +82,7 @@ ExitStatus DirectCommand::setUp()
 
 ExitStatus DirectCommand::print()
 {
-    JobOptions options = mSetup ? mSetup->jobOptions() : mCommandLine.options;
+    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD();
     if (mCommandLine.copies > 0) {
         options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
     }
@@ -100,15 +92,28 @@ ExitStatus DirectCommand::print()
     return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
 }
 
+JobOptions DirectCommand::optionsWithoutPPD() const
+{
+    const auto queue = PrintQueue::find(mQueue);
+    JobOptions options = queue ? queue->jobOptions() : JobOptions();
+    options.merge(mCommandLine.options);
+    return options;
+}
+
 ExitStatus DirectCommand::tell()
 {
+    QString text;
     const auto summary = mSetup ? mSetup->panels().summary() : QList<PanelHost::SummaryLine>();
     for (const PanelHost::SummaryLine &line : summary) {
-        writeLine(QStringLiteral("%1: %2").arg(line.title, line.value));
+        text += QStringLiteral("%1: %2\n").arg(line.title, line.value);
     }
-    const JobOptions options = mSetup ? mSetup->askedOptions() : mCommandLine.options;
-    writeLine(lpCommand(mQueue, mCommandLine.copies, options, mCommandLine.files));
-    return ExitStatus::Printed;
+    JobOptions options = mSetup ? mSetup->askedOptions() : mCommandLine.options;
+    if (mCommandLine.copies > 0) {
+        options.remove(QStringLiteral("copies"));
+    }
+    text += lpCommand(mQueue, mCommandLine.copies, options, mCommandLine.files) + QLatin1Char('\n');
+    const QString fault = writeToStandardOutput(text.toLocal8Bit());
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, fault);
 }
 
 ExitStatus DirectCommand::writePicture()
@@ -120,8 +125,6 @@ ExitStatus DirectCommand::writePicture()
     if (!view) {
         return fail(ExitStatus::NotPrinted, QStringLiteral("the printer has no panel"));
     }
-    return view->grab().save(mCommandLine.actionFile, "PNG")
-               ? ExitStatus::Printed
-               : fail(ExitStatus::NotPrinted, QStringLiteral("%1: the picture could not be written")
-                                                  .arg(mCommandLine.actionFile));
+    const QString fault = writePictureOf(*view, mCommandLine.actionFile);
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, fault);
 }

@@ -29,6 +29,7 @@ private:
     ExitStatus writePicture();
     ExitStatus fail(ExitStatus status, const QString &fault);
     QString faultOfFiles() const;
+    JobOptions optionsWithoutPPD() const;
 
     CommandLine mCommandLine;
     ProblemReporter mReporter;

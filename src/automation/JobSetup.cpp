@@ -8,13 +8,13 @@ JobSetup::JobSetup(PanelTarget target, const PanelBundles &bundles, ProblemRepor
     : mBundles(bundles)
     , mReporter(reporter)
     , mTarget(std::move(target))
-    , mSaved(mTarget.savedOptions)
+    , mSaved(spelledAsIn(*mTarget.ppd, mTarget.savedOptions))
 {
 }
 
 QString JobSetup::apply(const Wish &wish)
 {
-    mAsked = wish.options;
+    mAsked = spelledAsIn(*mTarget.ppd, wish.options);
     QString fault = faultOfOptions(*mTarget.ppd, mAsked);
     mTarget.ppd->mark(mAsked);
     mTarget.paper = markedPaper(*mTarget.ppd);
@@ -22,14 +22,9 @@ QString JobSetup::apply(const Wish &wish)
     if (!fault.isNull()) {
         return fault;
     }
-    JobOptions requests = mSaved;
-    requests.merge(mAsked);
-    for (const QString &key : mHost->keys()) {
-        if (requests.contains(key) && ppd().hasOption(key)) {
-            mHost->request(key, requests.value(key));
-        }
-    }
+    request(mSaved);
     mHost->requestPreset(wish.preset);
+    request(mAsked);
     for (PDEPanel *panel : mHost->panels()) {
         if (mHost->view(*panel)) {
             mHost->show(*panel);
@@ -41,7 +36,7 @@ QString JobSetup::apply(const Wish &wish)
     if (!mHost->accept()) {
         return QStringLiteral("a panel keeps the job from being printed");
     }
-    return faultOfRequests(mAsked);
+    return faultOfRequests();
 }
 
 QString JobSetup::faultOfPreset(const QString &preset) const
@@ -64,15 +59,20 @@ QString JobSetup::faultOfPreset(const QString &preset) const
                                    .arg(preset, offered.join(QStringLiteral(", ")));
 }
 
-QString JobSetup::faultOfRequests(const JobOptions &options) const
+QString JobSetup::faultOfRequests() const
 {
     const JobOptions unmet = mHost->unmetRequests();
-    for (const auto &[key, choice] : unmet.pairs()) {
-        if (options.contains(key)) {
-            return mHost->refusal(key, choice);
+    const auto &pairs = unmet.pairs();
+    return pairs.isEmpty() ? QString() : mHost->refusal(pairs.first().first, pairs.first().second);
+}
+
+void JobSetup::request(const JobOptions &options)
+{
+    for (const QString &key : mHost->keys()) {
+        if (options.contains(key) && ppd().hasOption(key)) {
+            mHost->request(key, options.value(key));
         }
     }
-    return {};
 }
 
 JobOptions JobSetup::askedOptions() const

@@ -41,7 +41,8 @@ public:
 
 private:
     QString faultOfPreset(const QString &preset) const;
-    QString faultOfRequests(const JobOptions &options) const;
+    QString faultOfRequests() const;
+    void request(const JobOptions &options);
 
     const PanelBundles &mBundles;
     ProblemReporter &mReporter;

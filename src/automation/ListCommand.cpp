@@ -2,11 +2,10 @@
 
 #include "automation/PrinterList.h"
 #include "automation/PrinterTable.h"
+#include "automation/StandardOutput.h"
 #include "host/PrintQueue.h"
 
 #include <QJsonDocument>
-
-#include <cstdio>
 
 ListCommand::ListCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
@@ -29,13 +28,11 @@ ExitStatus ListCommand::run()
             list.addQueue(name, name == byDefault);
         }
     }
-    if (!fault.isNull()) {
-        mReporter.report(fault);
-        return ExitStatus::NotPrinted;
+    if (fault.isNull()) {
+        fault = writeToStandardOutput(
+            mCommandLine.asJSON ? QJsonDocument(list.toJSON()).toJson(QJsonDocument::Indented)
+                                : printerTable(list.toJSON()).toLocal8Bit());
     }
-    const QByteArray text = mCommandLine.asJSON
-                                ? QJsonDocument(list.toJSON()).toJson(QJsonDocument::Indented)
-                                : printerTable(list.toJSON()).toLocal8Bit();
-    std::fputs(text.constData(), stdout);
-    return ExitStatus::Printed;
+    mReporter.report(fault);
+    return fault.isNull() ? ExitStatus::Printed : ExitStatus::NotPrinted;
 }

@@ -6,13 +6,19 @@ namespace {
 /// A word as a shell takes it.
 QString quoted(const QString &word)
 {
-    static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9_@%+=:,./-]+$"));
+    static const QRegularExpression plain(QStringLiteral(R"(\A[A-Za-z0-9_@%+=:,./-]+\z)"));
     if (plain.match(word).hasMatch()) {
         return word;
     }
     QString inQuotes = word;
     inQuotes.replace(QLatin1Char('\''), QLatin1String("'\\''"));
     return QLatin1Char('\'') + inQuotes + QLatin1Char('\'');
+}
+
+/// A file's name that lp does not take for an option or for standard input.
+QString asFile(const QString &name)
+{
+    return name.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + name : name;
 }
 
 /// A value as libcups reads it behind "-o", where spaces end it.
@@ -30,7 +36,7 @@ QString lpCommand(const QString &queue, int copies, const JobOptions &options,
     if (!queue.isNull()) {
         words << QStringLiteral("-d") << quoted(queue);
     }
-    if (copies > 1) {
+    if (copies > 0) {
         words << QStringLiteral("-n") << QString::number(copies);
     }
     for (const auto &[key, value] : options.pairs()) {
@@ -38,7 +44,7 @@ QString lpCommand(const QString &queue, int copies, const JobOptions &options,
     }
     words << QStringLiteral("--");
     for (const QString &file : files) {
-        words << quoted(file);
+        words << quoted(asFile(file));
     }
     return words.join(QLatin1Char(' '));
 }

@@ -60,13 +60,22 @@ QString ScriptRequest::text(const char *member)
     return value.toString();
 }
 
-QString ScriptRequest::optionalText(const char *member, bool mayBeNull)
+QString ScriptRequest::name(const char *member)
+{
+    const QString value = text(member);
+    if (value.contains(QChar::Null)) {
+        refuseMember(member, QStringLiteral("a text without null characters"));
+    }
+    return value;
+}
+
+QString ScriptRequest::optionalName(const char *member, bool mayBeNull)
 {
     const QJsonValue value = mMembers.value(QLatin1String(member));
     if (value.isUndefined() || (mayBeNull && value.isNull())) {
         return {};
     }
-    return text(member);
+    return name(member);
 }
 
 std::optional<double> ScriptRequest::optionalNumber(const char *member)

@@ -23,7 +23,7 @@ public:
     /// What is wrong; null when nothing is.
     const QString &fault() const { return mFault; }
     bool isFaulty() const { return !mFault.isNull(); }
-    /// Makes the request faulty, unless it is so already.
+    /// Makes the request faulty, unless it is so already or the fault is null.
     void refuse(const QString &fault);
 
     /// Makes the request faulty when it has a member besides these.
@@ -31,10 +31,13 @@ public:
 
     bool has(const char *member) const { return mMembers.contains(QLatin1String(member)); }
 
-    /// A text that must be there; null when it is not.
+    /// A text that must be there, without null characters, which no name holds; null when it is
+    /// not.
+    QString name(const char *member);
+    /// Any text that must be there; null when it is not.
     QString text(const char *member);
-    /// A text that may be missing, or null where @p mayBeNull; null in both cases.
-    QString optionalText(const char *member, bool mayBeNull = false);
+    /// A name that may be missing, or null where @p mayBeNull; null in both cases.
+    QString optionalName(const char *member, bool mayBeNull = false);
     /// A number that may be missing.
     std::optional<double> optionalNumber(const char *member);
     /// A whole number of 32 bits that must be there; 0 when it is not.

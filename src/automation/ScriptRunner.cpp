@@ -1,5 +1,7 @@
 #include "automation/ScriptRunner.h"
 
+#include "automation/StandardOutput.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -49,18 +51,6 @@ private:
     char *mLine = nullptr;
     std::size_t mCapacity = 0;
 };
-
-bool writeLine(const QByteArray &line, QString *error)
-{
-    const auto size = std::size_t(line.size());
-    if (std::fwrite(line.constData(), 1, size, stdout) == size && std::fputc('\n', stdout) != EOF &&
-        std::fflush(stdout) == 0) {
-        return true;
-    }
-    *error = QStringLiteral("the answers cannot be written: %1")
-                 .arg(QString::fromLocal8Bit(std::strerror(errno)));
-    return false;
-}
 } // namespace
 
 ScriptRunner::ScriptRunner(ScriptSession::Setup setup)
@@ -73,7 +63,8 @@ bool ScriptRunner::run(const QString &file, QString *error)
     LineReader script(file);
     QByteArray line;
     while (script.read(&line)) {
-        if (!writeLine(mSession.answer(line), error)) {
+        *error = writeToStandardOutput(mSession.answer(line) + '\n');
+        if (!error->isNull()) {
             return false;
         }
     }

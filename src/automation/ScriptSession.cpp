@@ -1,6 +1,7 @@
 #include "automation/ScriptSession.h"
 
 #include "automation/ControlHand.h"
+#include "automation/Picture.h"
 #include "automation/ScriptRequest.h"
 #include "host/PPDPaper.h"
 #include "plugin/PDEPanelAutomation.h"
@@ -50,7 +51,7 @@ Paper paperOf(ScriptRequest &request, const char *nameMember, const char *height
 {
     Paper paper = otherwise;
     if (request.has(nameMember)) {
-        const QString name = request.optionalText(nameMember, true);
+        const QString name = request.optionalName(nameMember, true);
         paper = name.isNull() ? Paper(name, 0.0) : paperNamed(ppd, name);
     }
     return Paper(paper.ppdPaperName(),
@@ -59,7 +60,7 @@ Paper paperOf(ScriptRequest &request, const char *nameMember, const char *height
 
 PrintSettings settingsOf(ScriptRequest &request)
 {
-    const QString path = request.optionalText("settings");
+    const QString path = request.optionalName("settings");
     if (path.isNull()) {
         return {};
     }
@@ -159,8 +160,8 @@ QString ScriptSession::faultOfStage(Stage stage) const
 
 std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
 {
-    QString ppd = request.optionalText("ppd");
-    QString printer = request.optionalText("printer");
+    QString ppd = request.optionalName("ppd");
+    QString printer = request.optionalName("printer");
     const auto marks =
         request.flag("markDefaults", true) ? PPDFile::Marks::Defaults : PPDFile::Marks::None;
     if (ppd.isNull() && printer.isNull()) {
@@ -170,7 +171,7 @@ std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
     if (ppd.isNull() == printer.isNull()) {
         request.refuse(QStringLiteral("\"open\" needs either \"ppd\" or \"printer\""));
     }
-    const QString uri = request.optionalText("deviceURI");
+    const QString uri = request.optionalName("deviceURI");
     PrintSettings settings = settingsOf(request);
     if (request.isFaulty()) {
         return std::nullopt;
@@ -193,8 +194,8 @@ std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
 
 PanelBundles ScriptSession::bundlesOf(ScriptRequest &request)
 {
-    const QString path = request.optionalText("bundle");
-    const QString locale = request.optionalText("locale");
+    const QString path = request.optionalName("bundle");
+    const QString locale = request.optionalName("locale");
     if (request.isFaulty()) {
         return {};
     }
@@ -270,7 +271,7 @@ QJsonObject ScriptSession::hide(ScriptRequest &)
 
 QJsonObject ScriptSession::click(ScriptRequest &request)
 {
-    const QString control = request.text("control");
+    const QString control = request.name("control");
     if (request.isFaulty()) {
         return {};
     }
@@ -320,8 +321,8 @@ QJsonObject ScriptSession::paper(ScriptRequest &request)
 
 QJsonObject ScriptSession::choose(ScriptRequest &request)
 {
-    const QString key = request.text("key");
-    const QString choice = request.text("choice");
+    const QString key = request.name("key");
+    const QString choice = request.name("choice");
     if (!request.isFaulty() && !mConversation->choose(key, choice)) {
         request.refuse(QStringLiteral("the printer's PPD has no choice %1=%2").arg(key, choice));
     }
@@ -330,12 +331,18 @@ QJsonObject ScriptSession::choose(ScriptRequest &request)
 
 QJsonObject ScriptSession::save(ScriptRequest &)
 {
-    return member("answer", panel().saveValuesAndReturnError(nullptr));
+    QString error;
+    const bool isSaved = panel().saveValuesAndReturnError(&error);
+    mReporter.report(error);
+    return member("answer", isSaved);
 }
 
 QJsonObject ScriptSession::restore(ScriptRequest &)
 {
-    return member("answer", panel().restoreValuesAndReturnError(nullptr));
+    QString error;
+    const bool isRestored = panel().restoreValuesAndReturnError(&error);
+    mReporter.report(error);
+    return member("answer", isRestored);
 }
 
 QJsonObject ScriptSession::keys(ScriptRequest &)
@@ -369,9 +376,9 @@ QJsonObject ScriptSession::state(ScriptRequest &request)
 
 QJsonObject ScriptSession::screenshot(ScriptRequest &request)
 {
-    const QString file = request.text("file");
-    if (!request.isFaulty() && !mConversation->view()->grab().save(file, "PNG")) {
-        request.refuse(QStringLiteral("%1: the picture could not be written").arg(file));
+    const QString file = request.name("file");
+    if (!request.isFaulty()) {
+        request.refuse(writePictureOf(*mConversation->view(), file));
     }
     return {};
 }

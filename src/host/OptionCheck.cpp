@@ -1,6 +1,5 @@
 #include "host/OptionCheck.h"
 
-#include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PPDPaper.h"
 
@@ -11,8 +10,10 @@ bool mayChoose(const PPDFile &ppd, const QString &key, const QString &choice)
     if (ppd.hasChoice(key, choice)) {
         return true;
     }
-    return key == QLatin1String("PageSize") ? customPageSizeIn(ppd, choice).isValid()
-                                            : choice.startsWith(QLatin1String("Custom."));
+    return key == QLatin1String("PageSize")
+               ? customPageSizeIn(ppd, choice).isValid()
+               : choice.startsWith(QLatin1String("Custom.")) &&
+                     ppdFindCustomOption(ppd.get(), key.toUtf8().constData());
 }
 } // namespace
 
@@ -26,4 +27,18 @@ QString faultOfOptions(const PPDFile &ppd, const JobOptions &options)
         }
     }
     return {};
+}
+
+JobOptions spelledAsIn(const PPDFile &ppd, const JobOptions &options)
+{
+    JobOptions spelled;
+    for (const auto &[key, value] : options.pairs()) {
+        ppd_option_t *option = ppdFindOption(ppd.get(), key.toUtf8().constData());
+        const bool isCustom = value.startsWith(QLatin1String("Custom."));
+        const ppd_choice_t *choice =
+            option && !isCustom ? ppdFindChoice(option, value.toUtf8().constData()) : nullptr;
+        spelled.set(option ? QString::fromUtf8(option->keyword) : key,
+                    choice ? QString::fromUtf8(choice->choice) : value);
+    }
+    return spelled;
 }

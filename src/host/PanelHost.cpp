@@ -94,8 +94,9 @@ void PanelHost::show(PDEPanel &panel)
     if (isFirst) {
         mShown.push_back(&panel);
         panel.willShow();
+        applyRequests(panel, mRequestsBeforePreset);
         applyPreset(panel);
-        applyRequests(panel);
+        applyRequests(panel, mRequests);
     } else {
         showAgain(panel);
     }
@@ -132,6 +133,8 @@ void PanelHost::save(PDEPanel &panel)
 void PanelHost::requestPreset(const QString &identifier)
 {
     mPreset = identifier;
+    mRequestsBeforePreset.merge(mRequests);
+    mRequests = JobOptions();
 }
 
 void PanelHost::applyPreset(PDEPanel &panel)
@@ -142,29 +145,29 @@ void PanelHost::applyPreset(PDEPanel &panel)
     }
 }
 
-void PanelHost::applyRequests(PDEPanel &panel)
+void PanelHost::applyRequests(PDEPanel &panel, const JobOptions &requests)
 {
     QStringList keys = *panel.supportedPPDOptionKeys();
-    keys.removeIf([this](const QString &key) { return !mRequests.contains(key); });
+    keys.removeIf([&requests](const QString &key) { return !requests.contains(key); });
     QWidget *view = keys.isEmpty() ? nullptr : panel.panelView();
     if (!view) {
         return;
     }
     // One choice may be what makes room for another.
-    for (QStringList left = choose(view, keys); left.size() < keys.size();
-         left = choose(view, keys)) {
+    for (QStringList left = choose(view, keys, requests); left.size() < keys.size();
+         left = choose(view, keys, requests)) {
         keys = left;
     }
     for (const QString &key : keys) {
         mRefusedKeys.append(key);
-        mReporter.report(refusal(key, mRequests.value(key)));
+        mReporter.report(refusal(key, requests.value(key)));
     }
 }
 
-QStringList PanelHost::choose(QWidget *view, QStringList keys)
+QStringList PanelHost::choose(QWidget *view, QStringList keys, const JobOptions &requests)
 {
-    keys.removeIf([this, view](const QString &key) {
-        const QString choice = mRequests.value(key);
+    keys.removeIf([this, view, &requests](const QString &key) {
+        const QString choice = requests.value(key);
         return PanelControls(view).choose(key, int(ppd().choices(key).indexOf(choice)), choice);
     });
     return keys;

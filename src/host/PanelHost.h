@@ -46,11 +46,12 @@ public:
      */
     void request(const QString &key, const QString &choice);
 
-    /// A preset that the user has asked for: chosen when the panel is first shown, before the
-    /// requested choices.
+    /// A preset that the user has asked for, null for none: chosen when the panel is first shown,
+    /// behind the choices that have been requested before and in front of those that follow.
     void requestPreset(const QString &identifier);
 
-    /// The requested choices that the panels' controls have not taken, or that are not marked now.
+    /// The choices requested behind the preset that the panels' controls have not taken, or that
+    /// are not marked now.
     JobOptions unmetRequests() const;
     /// Whether a requested preset could not be chosen.
     bool isPresetUnmet() const { return !mPreset.isNull(); }
@@ -93,9 +94,9 @@ private:
     void tellPanels(const QString &key, const QString &choice);
     void showAgain(PDEPanel &panel);
     void applyPreset(PDEPanel &panel);
-    void applyRequests(PDEPanel &panel);
+    void applyRequests(PDEPanel &panel, const JobOptions &requests);
     /// Those of the keys whose requested choice a control of the view does not take.
-    QStringList choose(QWidget *view, QStringList keys);
+    QStringList choose(QWidget *view, QStringList keys, const JobOptions &requests);
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
@@ -105,6 +106,7 @@ private:
     std::vector<PDEPanel *> mShown;
     QStringList mKeys;
     JobOptions mRequests;
+    JobOptions mRequestsBeforePreset;
     /// Keys of requests that no control took.
     QStringList mRefusedKeys;
     /// The requested preset until it has been chosen.

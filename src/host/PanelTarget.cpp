@@ -3,20 +3,6 @@
 #include "host/PPDPaper.h"
 #include "host/PrintQueue.h"
 
-namespace {
-/// Those of the options that a PPD has, under its own keywords or the scheduler's.
-JobOptions optionsOf(const PPDFile &ppd, const JobOptions &options)
-{
-    JobOptions known;
-    for (const auto &[key, value] : options.pairs()) {
-        if (ppd.hasOption(key) || key == QLatin1String("media")) {
-            known.set(key, value);
-        }
-    }
-    return known;
-}
-} // namespace
-
 std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Marks marks,
                                               QString *error)
 {
@@ -40,7 +26,7 @@ std::optional<PanelTarget> PanelTarget::ofQueue(const QString &name, PPDFile::Ma
     if (!ppd) {
         return std::nullopt;
     }
-    JobOptions saved = optionsOf(*ppd, queue->options());
+    JobOptions saved = queue->jobOptions();
     ppd->mark(saved);
     Paper paper = markedPaper(*ppd);
     return PanelTarget{std::move(ppd), Printer(name, queue->deviceURI()), std::move(paper),

@@ -35,6 +35,6 @@ struct PanelTarget
     Printer printer;
     Paper paper;
     PrintSettings settings;
-    /// The options that the user has saved for the queue, as far as the PPD has them.
+    /// The options that the queue's jobs start from, PrintQueue::jobOptions().
     JobOptions savedOptions;
 };

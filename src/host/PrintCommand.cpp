@@ -105,10 +105,14 @@ QString PrintCommand::faultOfFiles() const
     return {};
 }
 
-QString PrintCommand::faultOfOptions(const QString &queue) const
+QString PrintCommand::checkOptions(const QString &queue)
 {
     const auto ppd = PPDFile::ofQueue(queue, nullptr);
-    return ppd ? ::faultOfOptions(*ppd, mCommandLine.options) : QString();
+    if (!ppd) {
+        return {};
+    }
+    mCommandLine.options = spelledAsIn(*ppd, mCommandLine.options);
+    return faultOfOptions(*ppd, mCommandLine.options);
 }
 
 QPrintDialog *PrintCommand::prepare(ExitStatus *status)
@@ -121,7 +125,7 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
         mReporter.report(fault);
         return nullptr;
     }
-    if (fault = faultOfOptions(queue); !fault.isNull()) {
+    if (fault = checkOptions(queue); !fault.isNull()) {
         mReporter.report(fault);
         *status = ExitStatus::Usage;
         return nullptr;

@@ -45,7 +45,8 @@ public:
 
 private:
     QString faultOfFiles() const;
-    QString faultOfOptions(const QString &queue) const;
+    /// Spells the options as the printer does; what is wrong with them, null when nothing is.
+    QString checkOptions(const QString &queue);
     /// The number of copies asked for, which is the dialog's business from then on.
     int takeCopies();
     /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.

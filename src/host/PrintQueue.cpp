@@ -2,8 +2,14 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace {
 constexpr int connectTimeoutMs = 5000;
+
+/// How the names of attributes begin that tell of the queue, not of its jobs.
+constexpr const char *queueAttributes[] = {"auth-info-required", "device-uri", "marker-",
+                                           "printer-"};
 
 /// The scheduler's destinations, freed at the end.
 class Destinations
@@ -103,4 +109,18 @@ PrintQueue::PrintQueue(const cups_dest_t &destination)
                      QString::fromUtf8(destination.options[i].value));
     }
     mDeviceURI = mOptions.value(QStringLiteral("device-uri"));
+}
+
+JobOptions PrintQueue::jobOptions() const
+{
+    JobOptions options = mOptions;
+    for (const auto &[key, value] : mOptions.pairs()) {
+        const auto isBeginning = [&name = key](const char *beginning) {
+            return name.startsWith(QLatin1String(beginning));
+        };
+        if (std::ranges::any_of(queueAttributes, isBeginning)) {
+            options.remove(key);
+        }
+    }
+    return options;
 }

@@ -30,6 +30,9 @@ public:
     /// The queue's attributes and the options that the user has saved for it.
     const JobOptions &options() const { return mOptions; }
 
+    /// The options that a job starts from: what the user has saved, and the queue's own defaults.
+    JobOptions jobOptions() const;
+
 private:
     explicit PrintQueue(const cups_dest_t &destination);
 
