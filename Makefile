@@ -2,8 +2,10 @@
 
 JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
+# How long "make prove" takes, in seconds.
+FOR ?= 600
 
-.PHONY: all run test lint test-release test-sanitize coverage bench deps install clean
+.PHONY: all run test lint test-release test-sanitize prove coverage bench deps install clean
 .NOTPARALLEL:
 
 # What has to be built for a user.
@@ -29,6 +31,12 @@ test-release test-sanitize: test-%:
 	cmake --preset $*
 	cmake --build --preset $* --parallel $(JOBS)
 	ctest --preset $* --parallel $(JOBS)
+
+# Holds the panel against a model of its rules, in random conversations, for FOR seconds.
+prove: deps
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target tst_model
+	KV_MODEL_SECONDS=$(FOR) build/release/tests/tst_model
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
 coverage: deps

@@ -75,8 +75,13 @@ private Q_SLOTS:
 
     void acceptedArguments_data();
     void acceptedArguments();
+    void argumentsWithoutADialog_data();
+    void argumentsWithoutADialog();
+    void presetAndOptionsWithoutADialog();
     void refusedArguments_data();
     void refusedArguments();
+    void refusedCombinations_data();
+    void refusedCombinations();
     void help();
     void version();
 
@@ -154,6 +159,81 @@ void tst_commandline::acceptedArguments()
     QCOMPARE(line.files, files);
 }
 
+void tst_commandline::argumentsWithoutADialog_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<QString>("about");
+    QTest::addColumn<QString>("file");
+    const auto add = [](const char *name, const QStringList &arguments, Action action,
+                        const QString &about, const QString &file) {
+        QTest::newRow(name) << arguments << action << about << file;
+    };
+    const QString a = QStringLiteral("a.pdf");
+    const QString none;
+    add("no dialog", {u"--no-dialog"_qs, a}, Action::PrintDirectly, none, a);
+    add("no dialog at a printer", {u"--no-dialog"_qs, u"-d"_qs, u"tape"_qs, a},
+        Action::PrintDirectly, u"tape"_qs, a);
+    add("no dialog behind the file", {a, u"-dtape"_qs, u"--no-dialog"_qs}, Action::PrintDirectly,
+        u"tape"_qs, a);
+    add("dry run", {u"--dry-run"_qs, a}, Action::PrintDirectly, u"dry"_qs, a);
+    add("dry run without a dialog", {u"--no-dialog"_qs, u"--dry-run"_qs, u"-dtape"_qs, a},
+        Action::PrintDirectly, u"tape dry"_qs, a);
+    add("dry run on a PPD", {u"--ppd"_qs, u"t.ppd"_qs, u"--dry-run"_qs, a}, Action::PrintDirectly,
+        u"t.ppd dry"_qs, a);
+    add("PPD behind an equals sign", {u"--ppd=t.ppd"_qs, u"--dry-run"_qs, a}, Action::PrintDirectly,
+        u"t.ppd dry"_qs, a);
+    add("list", {u"--list"_qs}, Action::List, none, none);
+    add("list as JSON", {u"--list"_qs, u"--json"_qs}, Action::List, u"json"_qs, none);
+    add("list of a printer", {u"-d"_qs, u"tape"_qs, u"--list"_qs}, Action::List, u"tape"_qs, none);
+    add("list of a PPD", {u"--list"_qs, u"--json"_qs, u"--ppd"_qs, u"t.ppd"_qs}, Action::List,
+        u"t.ppd json"_qs, none);
+    add("picture", {u"--screenshot"_qs, u"a.png"_qs}, Action::Screenshot, none, u"a.png"_qs);
+    add("picture of a PPD", {u"--ppd"_qs, u"t.ppd"_qs, u"--screenshot=a.png"_qs},
+        Action::Screenshot, u"t.ppd"_qs, u"a.png"_qs);
+    add("script", {u"--script"_qs, u"a.jsonl"_qs}, Action::RunScript, none, u"a.jsonl"_qs);
+    add("script from standard input", {u"--script"_qs, u"-"_qs}, Action::RunScript, none, u"-"_qs);
+    add("script on a printer", {u"-dtape"_qs, u"--script"_qs, u"-"_qs}, Action::RunScript,
+        u"tape"_qs, u"-"_qs);
+    add("script on a PPD", {u"--script=-"_qs, u"--ppd=t.ppd"_qs}, Action::RunScript, u"t.ppd"_qs,
+        u"-"_qs);
+}
+
+void tst_commandline::argumentsWithoutADialog()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const Action, action);
+    QFETCH(const QString, about);
+    QFETCH(const QString, file);
+    const CommandLine line = parse(arguments);
+    QCOMPARE(line.message, QString());
+    QCOMPARE(line.action, action);
+    QStringList said{line.printer, line.ppd, line.isDryRun ? u"dry"_qs : QString(),
+                     line.asJSON ? u"json"_qs : QString()};
+    said.removeAll(QString());
+    QCOMPARE(said.join(u' '), about);
+    QCOMPARE(line.actionFile + line.files.join(u' '), file);
+    QVERIFY(line.actionFile.isEmpty() || line.files.isEmpty());
+}
+
+void tst_commandline::presetAndOptionsWithoutADialog()
+{
+    const QStringList rest{u"--preset"_qs, u"SPMROnOff"_qs, u"-o"_qs, u"A=1 B=2"_qs,
+                           u"-o"_qs,       u"A=3"_qs,       u"-d"_qs, u"tape"_qs};
+    const QStringList printing{u"-n"_qs, u"7"_qs, u"a"_qs, u"b"_qs};
+    for (const QStringList &action :
+         {QStringList{u"--no-dialog"_qs} + printing, QStringList{u"--dry-run"_qs} + printing,
+          QStringList{u"--screenshot"_qs, u"a.png"_qs}}) {
+        const CommandLine line = parse(action + rest);
+        QCOMPARE(line.message, QString());
+        QCOMPARE(line.preset, u"SPMROnOff"_qs);
+        QCOMPARE(pairsOf(line.options), QStringList({u"A=3"_qs, u"B=2"_qs}));
+        QCOMPARE(line.copies, action.contains(u"7"_qs) ? 7 : 0);
+    }
+    QVERIFY(parse({u"--no-dialog"_qs, u"a"_qs}).preset.isNull());
+    QVERIFY(parse({u"--no-dialog"_qs, u"a"_qs}).ppd.isNull());
+}
+
 void tst_commandline::refusedArguments_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -198,13 +278,74 @@ void tst_commandline::refusedArguments()
     QCOMPARE(line.message, reason + QStringLiteral("\nTry 'kvprint --help'."));
 }
 
+void tst_commandline::refusedCombinations_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+    const auto add = [](const QString &arguments, const QString &reason) {
+        QTest::newRow(qPrintable(arguments)) << arguments.split(u' ') << reason;
+    };
+    const QString ppdNeeds =
+        QStringLiteral("--ppd needs --dry-run, --list, --screenshot or --script.");
+    const QString presetNeeds =
+        QStringLiteral("--preset needs --no-dialog, --dry-run or --screenshot.");
+    add(u"--no-dialog"_qs, u"There is no file to print."_qs);
+    add(u"--dry-run"_qs, u"There is no file to print."_qs);
+    add(u"--dry-run --ppd t.ppd"_qs, u"There is no file to print."_qs);
+    add(u"--ppd t.ppd a.pdf"_qs, ppdNeeds);
+    add(u"--ppd t.ppd"_qs, ppdNeeds);
+    add(u"--ppd t.ppd --no-dialog a.pdf"_qs, ppdNeeds);
+    add(u"--ppd t.ppd -d tape --dry-run a.pdf"_qs, u"--ppd does not go with -d."_qs);
+    add(u"--ppd t.ppd -d tape --list"_qs, u"--ppd does not go with -d."_qs);
+    add(u"--ppd t.ppd -d tape --script -"_qs, u"--ppd does not go with -d."_qs);
+    add(u"--preset P a.pdf"_qs, presetNeeds);
+    add(u"--preset P --list"_qs, u"--preset does not go with --list."_qs);
+    add(u"--preset P --script -"_qs, u"--preset does not go with --script."_qs);
+    add(u"--json a.pdf"_qs, u"--json needs --list."_qs);
+    add(u"--json --no-dialog a.pdf"_qs, u"--json does not go with --no-dialog."_qs);
+    add(u"--json --dry-run a.pdf"_qs, u"--json does not go with --dry-run."_qs);
+    add(u"--list a.pdf"_qs, u"--list prints no file."_qs);
+    add(u"--list -n 2"_qs, u"-n does not go with --list."_qs);
+    add(u"--list -o A=1"_qs, u"-o does not go with --list."_qs);
+    add(u"--list --no-dialog"_qs, u"--list does not go with --no-dialog."_qs);
+    add(u"--list --dry-run a.pdf"_qs, u"--list does not go with --dry-run."_qs);
+    add(u"--list --screenshot a.png"_qs, u"--screenshot does not go with --list."_qs);
+    add(u"--list --script -"_qs, u"--script does not go with --list."_qs);
+    add(u"--screenshot a.png a.pdf"_qs, u"--screenshot prints no file."_qs);
+    add(u"--screenshot a.png -n 2"_qs, u"-n does not go with --screenshot."_qs);
+    add(u"--screenshot a.png --script -"_qs, u"--script does not go with --screenshot."_qs);
+    add(u"--screenshot a.png --no-dialog a.pdf"_qs,
+        u"--screenshot does not go with --no-dialog."_qs);
+    add(u"--script - a.jsonl"_qs, u"--script prints no file."_qs);
+    add(u"--script - -o A=1"_qs, u"-o does not go with --script."_qs);
+    add(u"--script - -n 2"_qs, u"-n does not go with --script."_qs);
+    add(u"--script - --dry-run a.pdf"_qs, u"--script does not go with --dry-run."_qs);
+    add(u"--script"_qs, u"Missing value after '--script'."_qs);
+    add(u"--screenshot"_qs, u"Missing value after '--screenshot'."_qs);
+    add(u"--list --ppd"_qs, u"Missing value after '--ppd'."_qs);
+    add(u"--script="_qs, u"--script needs a value: FILE."_qs);
+    add(u"--screenshot="_qs, u"--screenshot needs a value: FILE."_qs);
+    add(u"--ppd= --list"_qs, u"--ppd needs a value: FILE."_qs);
+    add(u"--preset= --dry-run a.pdf"_qs, u"--preset needs a value: NAME."_qs);
+    add(u"--no-dialog -n 0 a.pdf"_qs, u"-n 0: the number of copies is 1 to 9999."_qs);
+    add(u"--no-dialog -o =1 a.pdf"_qs, u"-o =1: an option is KEY=VALUE."_qs);
+    add(u"--list=all"_qs, u"Unexpected value after '--list'."_qs);
+}
+
+void tst_commandline::refusedCombinations()
+{
+    refusedArguments();
+}
+
 void tst_commandline::help()
 {
     for (const char *argument : {"-h", "--help"}) {
         const CommandLine line = parse({QLatin1String(argument)});
         QCOMPARE(line.action, Action::ShowHelp);
-        for (const char *part : {"FILE...", "-h, --help", "-v, --version", "-d <PRINTER>",
-                                 "-n <COPIES>", "-o <KEY=VALUE>", "PDF"}) {
+        for (const char *part :
+             {"FILE...", "-h, --help", "-v, --version", "-d <PRINTER>", "-n <COPIES>",
+              "-o <KEY=VALUE>", "PDF", "--preset <NAME>", "--no-dialog", "--dry-run",
+              "--ppd <FILE>", "--list", "--json", "--screenshot <FILE>", "--script <FILE>"}) {
             QVERIFY2(line.message.contains(QLatin1String(part)), part);
         }
     }

@@ -1,0 +1,473 @@
+#include "PrintingSite.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <unistd.h>
+
+namespace {
+constexpr int runTimeoutMs = 60'000;
+
+const QString completionFile = QStringLiteral(KV_SOURCE_FOLDER "/resources/completion/kvprint");
+const QString manualPage = QStringLiteral(KV_SOURCE_FOLDER "/docs/man/kvprint.1");
+const QString automationGuide = QStringLiteral(KV_SOURCE_FOLDER "/docs/automation.md");
+
+/// What an interactive shell starts with. The function that the completion registers goes on to do
+/// its work, and leaves behind what it offers; control-T leaves behind the line as it is.
+constexpr char shellProfile[] = R"shell(
+unset HISTFILE
+source "$KV_COMPLETION"
+eval "original$(declare -f _kvprint)"
+_kvprint() {
+    original_kvprint "$@"
+    printf '%s\n' "${COMPREPLY[@]}" >"$KV_RESULT/offered"
+}
+leave() {
+    printf '%s\n' "$READLINE_LINE" >"$KV_RESULT/line"
+    READLINE_LINE=
+}
+bind -x '"\C-t": leave'
+)shell";
+
+/// How a process ended.
+struct Run
+{
+    int status = -1;
+    QString output;
+    QString errors;
+};
+
+struct Program
+{
+    QString name;
+    QStringList arguments;
+    QByteArray input = {};
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+};
+
+Run run(const Program &program, const QString &folder = QDir::tempPath())
+{
+    QProcess process;
+    process.setProcessEnvironment(program.environment);
+    process.setWorkingDirectory(folder);
+    // An interactive shell would take over the terminal that the test is run from.
+    process.setChildProcessModifier([] { setsid(); });
+    process.start(program.name, program.arguments);
+    process.write(program.input);
+    process.closeWriteChannel();
+    Run run;
+    if (process.waitForFinished(runTimeoutMs) && process.exitStatus() == QProcess::NormalExit) {
+        run.status = process.exitCode();
+    } else {
+        process.kill();
+        process.waitForFinished();
+    }
+    run.output = QString::fromUtf8(process.readAllStandardOutput());
+    run.errors = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+QString textOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList linesOf(const QString &path)
+{
+    return textOf(path).split(u'\n', Qt::SkipEmptyParts);
+}
+
+QString withoutSpaces(QString text)
+{
+    return text.remove(QRegularExpression(u"\\s"_qs));
+}
+
+/// The options that "kvprint --help" lists, each with its other name and its value
+/// ("-dPRINTER", "-h,--help").
+QStringList optionsOfHelp()
+{
+    const Run help = run({QStringLiteral(KV_PRINT_PROGRAM), {u"--help"_qs}});
+    static const QRegularExpression option(u"^  (-.*?)  "_qs, QRegularExpression::MultilineOption);
+    QStringList options;
+    for (const auto &match : option.globalMatch(help.output)) {
+        options.append(withoutSpaces(match.captured(1)).remove(u'<').remove(u'>'));
+    }
+    return options;
+}
+
+/// The lines of a section of the manual page, with plain hyphens.
+QStringList manualSection(const QString &title)
+{
+    const QString text = textOf(manualPage).replace(u"\\-"_qs, u"-"_qs);
+    const QString heading = u"\n.SH "_qs + title + u'\n';
+    const qsizetype start = text.indexOf(heading);
+    return start < 0 ? QStringList()
+                     : text.mid(start + heading.size()).section(u"\n.SH "_qs, 0, 0).split(u'\n');
+}
+
+/// The options that the manual page describes, as optionsOfHelp() writes them.
+QStringList optionsOfManual()
+{
+    static const QRegularExpression macro(u"^\\.[A-Z]+ |\""_qs);
+    const QStringList lines = manualSection(u"OPTIONS"_qs);
+    QStringList options;
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        if (lines.at(i - 1) == u".TP") {
+            options.append(withoutSpaces(QString(lines.at(i)).remove(macro)));
+        }
+    }
+    return options;
+}
+
+/// The names of options in a text, sorted.
+QStringList namesIn(const QString &text)
+{
+    static const QRegularExpression name(u"(?<![-\\w])--?[a-z][a-z-]*"_qs);
+    QStringList names;
+    for (const auto &match : name.globalMatch(text)) {
+        names.append(match.captured());
+    }
+    names.removeDuplicates();
+    names.sort();
+    return names;
+}
+
+/// The names of all options of kvprint's, sorted.
+QStringList allNames()
+{
+    QStringList names;
+    for (const QString &option : optionsOfHelp()) {
+        static const QRegularExpression value(u"[A-Z].*"_qs);
+        names += QString(option).remove(value).split(u',');
+    }
+    names.sort();
+    return names;
+}
+
+/// Whether a text is the expected one, in which "…" stands for anything within a line.
+bool isLike(const QString &text, const QString &expected)
+{
+    QStringList parts = expected.split(u'…');
+    for (QString &part : parts) {
+        part = QRegularExpression::escape(part);
+    }
+    return QRegularExpression(QRegularExpression::anchoredPattern(parts.join(u".*"_qs)))
+        .match(text)
+        .hasMatch();
+}
+
+/// A block of code in a document.
+struct Block
+{
+    QString language;
+    QString text;
+};
+
+QList<Block> blocksOf(const QString &path)
+{
+    static const QRegularExpression block(u"^```(\\w*)\n(.*?)^```$"_qs,
+                                          QRegularExpression::MultilineOption |
+                                              QRegularExpression::DotMatchesEverythingOption);
+    QList<Block> blocks;
+    for (const auto &match : block.globalMatch(textOf(path))) {
+        blocks.append({match.captured(1), match.captured(2)});
+    }
+    return blocks;
+}
+
+/// Those lines of a block that begin with the mark, without it.
+QStringList linesWith(QChar mark, const Block &block)
+{
+    QStringList lines = block.text.split(u'\n');
+    lines.removeIf([mark](const QString &line) { return !line.startsWith(mark + u" "_qs); });
+    for (QString &line : lines) {
+        line.remove(0, 2);
+    }
+    return lines;
+}
+} // namespace
+
+/// The completion, the manual page and the guide to automation: that each says what kvprint does.
+class tst_completion : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void completionOffersEveryOption();
+    void manualDescribesEveryOption();
+    void manualIsOfThisVersion();
+    void manualIsSound();
+
+    void completes_data();
+    void completes();
+    void printersAreTheSchedulers();
+    void withoutTheSchedulersProgramsNothingIsOffered();
+    void withoutASchedulerNothingIsOffered();
+    void defaultPrinterIsTheUsers();
+
+    void exampleConversation();
+    void examplesForOtherPrograms_data();
+    void examplesForOtherPrograms();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// What a tabulator key behind a line does in a shell.
+    struct Completion
+    {
+        QStringList offered;
+        /// The line as it is then.
+        QString line;
+    };
+
+    Completion complete(const QString &line, const QMap<QString, QString> &variables = {}) const;
+    QString folder() const { return QDir::cleanPath(mSite.path(u"."_qs)); }
+
+    PrintingSite mSite;
+};
+
+void tst_completion::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+    QVERIFY(!mSite.document(u"letter.txt"_qs).isNull());
+    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"all"_qs), mSite.path(u"all.ppd"_qs)));
+    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"label"_qs), mSite.path(u"my label.ppd"_qs)));
+    // The guide's examples are run from the sources' folder.
+    const QString buildFolder = QDir::cleanPath(QStringLiteral(KV_PRINT_PROGRAM "/../.."));
+    QVERIFY(QDir(folder()).mkpath(u"build"_qs));
+    QVERIFY(QFile::link(buildFolder, mSite.path(u"build/release"_qs)));
+}
+
+tst_completion::Completion tst_completion::complete(const QString &line,
+                                                    const QMap<QString, QString> &variables) const
+{
+    const QTemporaryDir result;
+    const QString profilePath = mSite.file(u"profile"_qs, shellProfile);
+    Program bash{QStandardPaths::findExecutable(u"bash"_qs),
+                 {u"--noprofile"_qs, u"--rcfile"_qs, profilePath, u"-i"_qs},
+                 line.toUtf8() + "\t\x14"};
+    const QString programs = QFileInfo(QStringLiteral(KV_PRINT_PROGRAM)).absolutePath();
+    bash.environment.insert(u"PATH"_qs, programs + u':' + qEnvironmentVariable("PATH"));
+    bash.environment.insert(u"TERM"_qs, u"dumb"_qs);
+    bash.environment.insert(u"INPUTRC"_qs, QProcess::nullDevice());
+    bash.environment.insert(u"KV_COMPLETION"_qs, completionFile);
+    bash.environment.insert(u"KV_RESULT"_qs, result.path());
+    for (auto it = variables.begin(); it != variables.end(); ++it) {
+        bash.environment.insert(it.key(), it.value());
+    }
+    run(bash, folder());
+    QString completed = textOf(result.filePath(u"line"_qs));
+    completed.chop(1);
+    return {linesOf(result.filePath(u"offered"_qs)), completed};
+}
+
+void tst_completion::completionOffersEveryOption()
+{
+    const QStringList names = allNames();
+    QCOMPARE(names.size(), 15);
+    QVERIFY(names.contains(u"--no-dialog"_qs));
+    QStringList offered = complete(u"kvprint -"_qs).offered;
+    offered.sort();
+    QCOMPARE(offered, names);
+}
+
+void tst_completion::manualDescribesEveryOption()
+{
+    const QStringList options = optionsOfHelp();
+    QVERIFY(options.contains(u"-oKEY=VALUE"_qs));
+    QCOMPARE(optionsOfManual(), options);
+    QStringList synopsis = namesIn(manualSection(u"SYNOPSIS"_qs).join(u'\n'));
+    synopsis << u"-h"_qs << u"-v"_qs;
+    synopsis.sort();
+    QCOMPARE(synopsis, allNames());
+}
+
+void tst_completion::manualIsOfThisVersion()
+{
+    const QString title = linesOf(manualPage).constFirst();
+    QVERIFY2(title.startsWith(u".TH KVPRINT 1 ") && title.contains(u"\"kvprint " KV_VERSION "\""),
+             qPrintable(title));
+}
+
+void tst_completion::manualIsSound()
+{
+    const QString groff = QStandardPaths::findExecutable(u"groff"_qs);
+    if (groff.isEmpty()) {
+        QSKIP("groff is not installed");
+    }
+    const Run check = run({groff, {u"-man"_qs, u"-Tutf8"_qs, u"-ww"_qs, u"-z"_qs, manualPage}});
+    QCOMPARE(check.errors, QString());
+    QCOMPARE(check.status, 0);
+}
+
+void tst_completion::completes_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("offered");
+    QTest::addColumn<QString>("completed");
+    const QString all = u"kvprint --ppd all.ppd "_qs;
+    const QStringList half{u"AHCMOffOnOffOff"_qs};
+    const QStringList special{u"SPMROnOff"_qs};
+    const QStringList switches{u"OFF"_qs, u"ON"_qs};
+    const QStringList none;
+
+    QTest::newRow("option") << u"kvprint --no"_qs << QStringList{u"--no-dialog"_qs}
+                            << u"kvprint --no-dialog "_qs;
+    QTest::newRow("preset") << all + u"--preset AHCMOff"_qs << half
+                            << all + u"--preset AHCMOffOnOffOff "_qs;
+    QTest::newRow("presets") << all + u"--preset CTMRO"_qs
+                             << QStringList{u"CTMROnOffOff"_qs, u"CTMROnOnOff"_qs,
+                                            u"CTMROffOnOff"_qs, u"CTMROffOffOff"_qs}
+                             << all + u"--preset CTMRO"_qs;
+    QTest::newRow("attached preset")
+        << all + u"--preset=SP"_qs << special << all + u"--preset=SPMROnOff "_qs;
+    QTest::newRow("attached PPD") << u"kvprint --ppd=all.ppd --preset SP"_qs << special
+                                  << u"kvprint --ppd=all.ppd --preset SPMROnOff "_qs;
+    QTest::newRow("PPD in quotes")
+        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOf"_qs
+        << QStringList{u"EveryEndMirrorOffOffOff"_qs}
+        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOffOff "_qs;
+    QTest::newRow("PPD with a backslash")
+        << u"kvprint --ppd my\\ label.ppd -o KvM"_qs << QStringList{u"KvMirror="_qs}
+        << u"kvprint --ppd my\\ label.ppd -o KvMirror="_qs;
+    QTest::newRow("no such PPD") << u"kvprint --ppd none.ppd --preset "_qs << none
+                                 << u"kvprint --ppd none.ppd --preset "_qs;
+    QTest::newRow("preset is no file")
+        << all + u"--preset le"_qs << none << all + u"--preset le"_qs;
+
+    QTest::newRow("keys") << u"kvprint --ppd my\\ label.ppd -o "_qs
+                          << QStringList{u"KvCutAtEnd="_qs, u"KvCutLabel="_qs, u"KvMirror="_qs,
+                                         u"PageSize="_qs, u"media="_qs}
+                          << u"kvprint --ppd my\\ label.ppd -o "_qs;
+    QTest::newRow("key") << all + u"-o KvHalf"_qs << QStringList{u"KvHalfCut="_qs}
+                         << all + u"-o KvHalfCut="_qs;
+    QTest::newRow("choices") << all + u"-o KvHalfCut="_qs << switches << all + u"-o KvHalfCut=O"_qs;
+    QTest::newRow("choice") << all + u"-o KvHalfCut=OF"_qs << QStringList{u"OFF"_qs}
+                            << all + u"-o KvHalfCut=OFF "_qs;
+    QTest::newRow("attached choice")
+        << all + u"-oKvHalfCut=OF"_qs << QStringList{u"OFF"_qs} << all + u"-oKvHalfCut=OFF "_qs;
+    QTest::newRow("choice in quotes")
+        << all + u"-o 'KvHalfCut=OF"_qs << QStringList{u"KvHalfCut=OFF"_qs}
+        << all + u"-o 'KvHalfCut=OFF' "_qs;
+    QTest::newRow("paper") << all + u"-o media=AV2"_qs << QStringList{u"AV20x80"_qs}
+                           << all + u"-o media=AV20x80 "_qs;
+    QTest::newRow("option of another panel")
+        << u"kvprint -d plain -o KvDensity=D"_qs << QStringList{u"Dark"_qs}
+        << u"kvprint -d plain -o KvDensity=Dark "_qs;
+    QTest::newRow("no such key") << all + u"-o Kv="_qs << none << all + u"-o Kv="_qs;
+
+    QTest::newRow("printer") << u"kvprint -d fol"_qs << QStringList{u"follow"_qs}
+                             << u"kvprint -d follow "_qs;
+    QTest::newRow("attached printer")
+        << u"kvprint -dfol"_qs << QStringList{u"-dfollow"_qs} << u"kvprint -dfollow "_qs;
+    QTest::newRow("preset of a printer")
+        << u"kvprint -dtape --preset SP"_qs << special << u"kvprint -dtape --preset SPMROnOff "_qs;
+    QTest::newRow("printer is no file") << u"kvprint -d le"_qs << none << u"kvprint -d le"_qs;
+    QTest::newRow("copies are no file") << u"kvprint -n le"_qs << none << u"kvprint -n le"_qs;
+
+    QTest::newRow("file") << u"kvprint --dry-run le"_qs << none
+                          << u"kvprint --dry-run letter.txt "_qs;
+    QTest::newRow("file of an option")
+        << u"kvprint --ppd al"_qs << none << u"kvprint --ppd all.ppd "_qs;
+    QTest::newRow("attached file")
+        << u"kvprint --script=le"_qs << none << u"kvprint --script=letter.txt "_qs;
+    QTest::newRow("no option behind the options")
+        << u"kvprint -- --no"_qs << none << u"kvprint -- --no"_qs;
+}
+
+void tst_completion::completes()
+{
+    QFETCH(const QString, typed);
+    QFETCH(const QStringList, offered);
+    QFETCH(const QString, completed);
+    const Completion completion = complete(typed);
+    QCOMPARE(completion.offered, offered);
+    QCOMPARE(completion.line, completed);
+}
+
+void tst_completion::printersAreTheSchedulers()
+{
+    QStringList printers = PrintingSite::printers();
+    printers.sort();
+    QCOMPARE(complete(u"kvprint -d "_qs).offered, printers);
+}
+
+void tst_completion::withoutTheSchedulersProgramsNothingIsOffered()
+{
+    const Completion completion =
+        complete(u"kvprint -d fol"_qs, {{u"PATH"_qs, u"/nonexistent"_qs}});
+    QCOMPARE(completion.offered, QStringList());
+    QCOMPARE(completion.line, u"kvprint -d fol"_qs);
+}
+
+void tst_completion::withoutASchedulerNothingIsOffered()
+{
+    const QMap<QString, QString> noScheduler{{u"CUPS_SERVER"_qs, u"/nonexistent"_qs}};
+    for (const QString &typed : {u"kvprint -d "_qs, u"kvprint --preset "_qs, u"kvprint -o "_qs}) {
+        const Completion completion = complete(typed, noScheduler);
+        QCOMPARE(completion.offered, QStringList());
+        QCOMPARE(completion.line, typed);
+    }
+    QCOMPARE(complete(u"kvprint --ppd all.ppd --preset SP"_qs, noScheduler).offered,
+             QStringList{u"SPMROnOff"_qs});
+}
+
+void tst_completion::defaultPrinterIsTheUsers()
+{
+    const QString typed = u"kvprint --preset EveryEndMirrorOffOf"_qs;
+    QCOMPARE(complete(typed).offered, QStringList());
+    QVERIFY(mSite.saveUserOptions("Default label\n"));
+    const QStringList offered = complete(typed).offered;
+    QVERIFY(mSite.saveUserOptions(""));
+    QCOMPARE(offered, QStringList{u"EveryEndMirrorOffOffOff"_qs});
+}
+
+void tst_completion::exampleConversation()
+{
+    const QList<Block> blocks = blocksOf(automationGuide);
+    QVERIFY(!blocks.isEmpty());
+    const QStringList asked = linesWith(u'>', blocks.constFirst());
+    const QStringList answered = linesWith(u'<', blocks.constFirst());
+    QCOMPARE(asked.size(), 13);
+    const Run talk = run(
+        {QStringLiteral(KV_PRINT_PROGRAM), {u"--script"_qs, u"-"_qs}, asked.join(u'\n').toUtf8()},
+        folder());
+    QCOMPARE(talk.status, 4);
+    const QStringList answers = talk.output.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(answers.size(), asked.size());
+    QCOMPARE(answered.size(), asked.size());
+    for (qsizetype i = 0; i < answers.size(); ++i) {
+        QVERIFY2(isLike(answers.at(i), answered.at(i)), qPrintable(answers.at(i)));
+    }
+}
+
+void tst_completion::examplesForOtherPrograms_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("program");
+    QTest::newRow("Python") << u"python"_qs << u"python3"_qs;
+    QTest::newRow("shell") << u"sh"_qs << u"sh"_qs;
+}
+
+void tst_completion::examplesForOtherPrograms()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QString, program);
+    const QList<Block> blocks = blocksOf(automationGuide);
+    qsizetype example = 0;
+    while (example < blocks.size() && blocks.at(example).language != language) {
+        ++example;
+    }
+    QVERIFY(example + 1 < blocks.size());
+    const Run result = run({program, {u"-c"_qs, blocks.at(example).text}}, folder());
+    QVERIFY2(isLike(result.output, blocks.at(example + 1).text),
+             qPrintable(result.output + result.errors));
+}
+
+QTEST_MAIN(tst_completion)
+#include "tst_completion.moc"

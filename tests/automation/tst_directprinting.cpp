@@ -1,0 +1,415 @@
+#include "PrintingSite.h"
+#include "ProgramRun.h"
+#include "SampleChoices.h"
+
+#include <QDir>
+#include <QTest>
+
+namespace {
+/// What a job carries of a sample printer whose panel has been seen, with some choices replaced.
+QStringList seen(const QString &printer, const QString &others)
+{
+    return SampleChoices::replaced(SampleChoices::seen(printer), others);
+}
+} // namespace
+
+/// Printing without a dialog, as the scheduler sees it.
+class tst_directprinting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void choicesOfTheJob_data();
+    void choicesOfTheJob();
+    void presetOfTheJob_data();
+    void presetOfTheJob();
+    void savedOptions_data();
+    void savedOptions();
+    void savedOptionThatThePaperForbids();
+    void savedOptionsOfOtherKinds();
+    void copies_data();
+    void copies();
+    void filesAndTitle();
+    void oddFileNames();
+    void paper_data();
+    void paper();
+    void paperReplacesTheSavedOne_data();
+    void paperReplacesTheSavedOne();
+    void otherOptionsAreHandedOn();
+    void defaultPrinter();
+    void printerWithoutThePanelsOptions();
+    void printerWithoutAPPD();
+    void shrinkTubeIsWarnedOf();
+    void nothingElseIsSaid();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// Runs kvprint: the job that it printed, 0 for none or more than one.
+    int print(const QStringList &arguments, const QStringList &variables = {});
+    QString attribute(int job, const char *name) const;
+
+    PrintingSite mSite;
+    /// How the last run ended.
+    ProgramRun mRun;
+    QString mDocument;
+};
+
+void tst_directprinting::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+    mDocument = mSite.document();
+}
+
+void tst_directprinting::init()
+{
+    QVERIFY(mSite.saveUserOptions(""));
+}
+
+int tst_directprinting::print(const QStringList &arguments, const QStringList &variables)
+{
+    const auto before = mSite.scheduler().jobIds().size();
+    mRun = runKvprint(arguments, {{}, variables});
+    const QList<int> after = mSite.scheduler().jobIds();
+    return mRun.status == 0 && after.size() == before + 1 ? after.last() : 0;
+}
+
+QString tst_directprinting::attribute(int job, const char *name) const
+{
+    return mSite.job(job).value(QLatin1String(name));
+}
+
+void tst_directprinting::choicesOfTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QStringList>("asked");
+    QTest::addColumn<QString>("others");
+    QTest::newRow("nothing asked for") << u"tape"_qs << QStringList() << QString();
+    QTest::newRow("half cut") << u"tape"_qs << QStringList{u"KvHalfCut=ON"_qs}
+                              << u"KvHalfCut=ON"_qs;
+    QTest::newRow("several") << u"tape"_qs
+                             << QStringList{u"KvHalfCut=ON"_qs, u"KvMirror=ON KvAutoTapeCut=OFF"_qs}
+                             << u"KvHalfCut=ON KvMirror=ON KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("the default once more")
+        << u"tape"_qs << QStringList{u"KvAutoTapeCut=ON"_qs} << QString();
+    QTest::newRow("on and off again")
+        << u"tape"_qs << QStringList{u"KvHalfCut=ON"_qs, u"KvHalfCut=OFF"_qs} << QString();
+    QTest::newRow("special tape, which leaves no cut")
+        << u"tape"_qs << QStringList{u"KvSpecialTape=ON"_qs}
+        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("special tape before what it forbids is turned off")
+        << u"tape"_qs
+        << QStringList{u"KvSpecialTape=ON"_qs, u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs}
+        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("labels") << u"label"_qs << QStringList{u"KvCutLabel=25"_qs, u"KvCutAtEnd=ON"_qs}
+                            << u"KvCutLabel=25 KvCutAtEnd=ON"_qs;
+    QTest::newRow("count that cuts")
+        << u"follow"_qs << QStringList{u"KvCutLabel=99"_qs} << u"KvCutLabel=99"_qs;
+    QTest::newRow("no automatic cut")
+        << u"follow"_qs << QStringList{u"KvAutoTapeCut=OFF"_qs} << u"KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("a count, but no automatic cut")
+        << u"follow"_qs << QStringList{u"KvAutoTapeCut=OFF"_qs, u"KvCutLabel=7"_qs}
+        << u"KvAutoTapeCut=OFF KvCutLabel=7"_qs;
+    // libcups takes letters of either case, and so does lp.
+    QTest::newRow("small letters in the choice")
+        << u"tape"_qs << QStringList{u"KvHalfCut=on"_qs, u"KvAutoTapeCut=off"_qs}
+        << u"KvHalfCut=ON KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("small letters in the option")
+        << u"tape"_qs << QStringList{u"kvhalfcut=ON"_qs} << u"KvHalfCut=ON"_qs;
+    QTest::newRow("cut marks") << u"mark"_qs << QStringList{u"KvCutMark=ON KvChainPrint=ON"_qs}
+                               << u"KvCutMark=ON KvChainPrint=ON"_qs;
+    QTest::newRow("everything but special tape")
+        << u"all"_qs
+        << QStringList{u"KvCutLabel=2 KvCutAtEnd=ON KvMirror=ON KvAutoTapeCut=ON KvHalfCut=ON "
+                       "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_qs}
+        << u"KvCutLabel=2 KvCutAtEnd=ON KvMirror=ON KvAutoTapeCut=ON KvHalfCut=ON "
+           "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_qs;
+}
+
+void tst_directprinting::choicesOfTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QStringList, asked);
+    QFETCH(const QString, others);
+    const int job = print(atPrinter(printer, options(asked) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(printer, others));
+    QCOMPARE(mRun.output, QString());
+    QVERIFY2(!mRun.errors.contains(u"kvprint:"), qPrintable(mRun.errors));
+}
+
+void tst_directprinting::presetOfTheJob_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("preset");
+    QTest::addColumn<QStringList>("asked");
+    QTest::addColumn<QString>("others");
+    QTest::newRow("half cut alone") << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList()
+                                    << u"KvAutoTapeCut=OFF KvHalfCut=ON"_qs;
+    QTest::newRow("everything") << u"tape"_qs << u"AHCMOnOnOnOff"_qs << QStringList()
+                                << u"KvAutoTapeCut=ON KvHalfCut=ON KvChainPrint=ON"_qs;
+    QTest::newRow("special tape") << u"tape"_qs << u"SPMROnOff"_qs << QStringList()
+                                  << u"KvAutoTapeCut=OFF KvSpecialTape=ON"_qs;
+    QTest::newRow("the selected one")
+        << u"tape"_qs << u"AHCMOnOffOffOff"_qs << QStringList() << QString();
+    QTest::newRow("and an option")
+        << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList{u"KvMirror=ON"_qs}
+        << u"KvAutoTapeCut=OFF KvHalfCut=ON KvMirror=ON"_qs;
+    QTest::newRow("and an option that changes it")
+        << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList{u"KvHalfCut=OFF KvChainPrint=ON"_qs}
+        << u"KvAutoTapeCut=OFF KvChainPrint=ON"_qs;
+    QTest::newRow("labels") << u"label"_qs << u"EveryEndMirrorOffOnOff"_qs << QStringList()
+                            << u"KvCutAtEnd=ON"_qs;
+    QTest::newRow("cut marks") << u"mark"_qs << u"CTMROnOnOff"_qs << QStringList()
+                               << u"KvCutMark=ON KvChainPrint=ON"_qs;
+    QTest::newRow("no automatic cut")
+        << u"follow"_qs << u"AHCMOffOffOffOff"_qs << QStringList() << u"KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("no automatic cut, but then there is one")
+        << u"follow"_qs << u"AHCMOffOffOffOff"_qs
+        << QStringList{u"KvCutLabel=5"_qs, u"KvAutoTapeCut=ON"_qs}
+        << u"KvAutoTapeCut=ON KvCutLabel=5"_qs;
+}
+
+void tst_directprinting::presetOfTheJob()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, preset);
+    QFETCH(const QStringList, asked);
+    QFETCH(const QString, others);
+    const int job = print(
+        atPrinter(printer, QStringList{u"--preset"_qs, preset} + options(asked) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(printer, others));
+}
+
+void tst_directprinting::savedOptions_data()
+{
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("others");
+    QTest::newRow("saved") << u"KvHalfCut=ON KvMirror=ON"_qs << QStringList()
+                           << u"KvHalfCut=ON KvMirror=ON"_qs;
+    QTest::newRow("an option besides")
+        << u"KvHalfCut=ON"_qs << options({u"KvMirror=ON"_qs}) << u"KvHalfCut=ON KvMirror=ON"_qs;
+    QTest::newRow("an option against it")
+        << u"KvHalfCut=ON KvMirror=ON"_qs << options({u"KvHalfCut=OFF"_qs}) << u"KvMirror=ON"_qs;
+    QTest::newRow("a preset, and what it leaves alone")
+        << u"KvHalfCut=ON KvRemoveBlkSpace=ON"_qs
+        << QStringList{u"--preset"_qs, u"AHCMOnOffOnOff"_qs}
+        << u"KvChainPrint=ON KvRemoveBlkSpace=ON"_qs;
+}
+
+void tst_directprinting::savedOptions()
+{
+    QFETCH(const QString, saved);
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, others);
+    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_qs.arg(saved).toUtf8()));
+    const int job = print(atPrinter(u"tape"_qs, arguments + QStringList{mDocument}));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, others));
+}
+
+void tst_directprinting::savedOptionThatThePaperForbids()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON\n"));
+    const int job = print(atPrinter(u"tape"_qs, options({u"media=FL21x45"_qs}) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY2(mRun.errors.contains(u"KvHalfCut=ON cannot be chosen on the paper FL21x45"),
+             qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, QString()));
+}
+
+void tst_directprinting::savedOptionsOfOtherKinds()
+{
+    QString error;
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
+    for (const QString &printer : {u"tape"_qs, u"bare"_qs}) {
+        const QString saved = u"Dest %1 number-up=2 job-billing=labels copies=3\n"_qs;
+        QVERIFY(mSite.saveUserOptions(saved.arg(printer).toUtf8()));
+        int job = print(atPrinter(printer, {mDocument}));
+        QVERIFY2(job > 0, qPrintable(mRun.errors));
+        QCOMPARE(attribute(job, "number-up"), u"2"_qs);
+        QCOMPARE(attribute(job, "job-billing"), u"labels"_qs);
+        QCOMPARE(attribute(job, "copies"), u"3"_qs);
+        job = print(atPrinter(printer, {u"-o"_qs, u"number-up=4"_qs, u"-n1"_qs, mDocument}));
+        QVERIFY2(job > 0, qPrintable(mRun.errors));
+        QCOMPARE(attribute(job, "number-up"), u"4"_qs);
+        QCOMPARE(attribute(job, "copies"), u"1"_qs);
+    }
+}
+
+void tst_directprinting::copies_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("copies");
+    QTest::newRow("-n") << QStringList{u"-n"_qs, u"3"_qs} << u"3"_qs;
+    QTest::newRow("one") << QStringList{u"-n"_qs, u"1"_qs} << u"1"_qs;
+    QTest::newRow("as an option") << options({u"copies=4"_qs}) << u"4"_qs;
+    QTest::newRow("both") << QStringList{u"-n"_qs, u"2"_qs, u"-o"_qs, u"copies=4"_qs} << u"2"_qs;
+}
+
+void tst_directprinting::copies()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, copies);
+    const int job = print(atPrinter(u"tape"_qs, arguments + QStringList{mDocument}));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(attribute(job, "copies"), copies);
+}
+
+void tst_directprinting::filesAndTitle()
+{
+    const QStringList files{mSite.document(u"first.txt"_qs), mSite.document(u"second.txt"_qs),
+                            mDocument};
+    // A job that is done has no documents any more.
+    const QStringList held = options({u"job-hold-until=indefinite"_qs});
+    const int job = print(atPrinter(u"label"_qs, held + files));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(attribute(job, "number-of-documents"), u"3"_qs);
+    QCOMPARE(attribute(job, "job-name"), u"first.txt"_qs);
+    QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/label"));
+}
+
+void tst_directprinting::oddFileNames()
+{
+    const QString folder = QFileInfo(mDocument).path();
+    for (const QString &name : {u"two words.txt"_qs, u"it's \"quoted\".txt"_qs, u"-n.txt"_qs,
+                                u"--help"_qs, u"Größe €.txt"_qs}) {
+        QVERIFY(!mSite.document(name).isNull());
+        mRun = runKvprint(atPrinter(u"tape"_qs, {u"--"_qs, name}), {{}, {}, folder});
+        QVERIFY2(mRun.status == 0, qPrintable(mRun.errors));
+        QCOMPARE(attribute(mSite.scheduler().jobIds().last(), "job-name"), name);
+    }
+}
+
+void tst_directprinting::paper_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("paper");
+    QTest::newRow("media") << u"tape"_qs << u"media=T24x100"_qs << u"media=T24x100"_qs;
+    QTest::newRow("PageSize") << u"tape"_qs << u"PageSize=T24x100"_qs << u"PageSize=T24x100"_qs;
+    QTest::newRow("custom size") << u"tape"_qs << u"media=Custom.20x50mm"_qs
+                                 << u"media=Custom.20x50mm"_qs;
+    QTest::newRow("custom size as PageSize")
+        << u"all"_qs << u"PageSize=Custom.2x5cm"_qs << u"PageSize=Custom.2x5cm"_qs;
+}
+
+void tst_directprinting::paper()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QString, option);
+    QFETCH(const QString, paper);
+    const int job = print(atPrinter(printer, options({option}) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QStringList found;
+    for (const char *key : {"media", "PageSize"}) {
+        const QString value = attribute(job, key);
+        if (!value.isEmpty()) {
+            found.append(QLatin1String(key) + u'=' + value);
+        }
+    }
+    QCOMPARE(found, QStringList{paper});
+    QCOMPARE(mSite.choices(job), seen(printer, QString()));
+}
+
+void tst_directprinting::paperReplacesTheSavedOne_data()
+{
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QString>("asked");
+    for (const QString &saved : {u"media=FL21x45"_qs, u"PageSize=FL21x45"_qs}) {
+        for (const QString &asked : {u"media=T24x100"_qs, u"PageSize=T24x100"_qs}) {
+            QTest::addRow("%s, %s", qPrintable(saved), qPrintable(asked)) << saved << asked;
+        }
+    }
+}
+
+void tst_directprinting::paperReplacesTheSavedOne()
+{
+    QFETCH(const QString, saved);
+    QFETCH(const QString, asked);
+    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_qs.arg(saved).toUtf8()));
+    // On the saved paper a half cut would be an error.
+    const int job = print(atPrinter(u"tape"_qs, options({asked, u"KvHalfCut=ON"_qs}) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(attribute(job, "media") + attribute(job, "PageSize"), u"T24x100"_qs);
+    QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"_qs));
+}
+
+void tst_directprinting::otherOptionsAreHandedOn()
+{
+    const int job =
+        print(atPrinter(u"tape"_qs, options({u"number-up=2"_qs, u"job-billing='two words'"_qs,
+                                             u"KvCutMark=ON"_qs, u"landscape"_qs})
+                                        << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(attribute(job, "number-up"), u"2"_qs);
+    QCOMPARE(attribute(job, "job-billing"), u"two words"_qs);
+    // The printer has no cut marks: what it makes of that is its business.
+    QCOMPARE(attribute(job, "KvCutMark"), u"ON"_qs);
+    QCOMPARE(attribute(job, "landscape"), u"true"_qs);
+}
+
+void tst_directprinting::defaultPrinter()
+{
+    QVERIFY(mSite.saveUserOptions("Default label KvCutLabel=7\n"));
+    int job = print({u"--no-dialog"_qs, mDocument});
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/label"));
+    QCOMPARE(mSite.choices(job), seen(u"label"_qs, u"KvCutLabel=7"_qs));
+    // Without a default one, the first.
+    QVERIFY(mSite.saveUserOptions(""));
+    job = print({u"--no-dialog"_qs, mDocument});
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/all"));
+}
+
+void tst_directprinting::printerWithoutThePanelsOptions()
+{
+    const int job = print(
+        atPrinter(u"plain"_qs, options({u"KvDensity=Dark"_qs, u"KvHalfCut=ON"_qs}) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_qs, u"KvHalfCut=ON"_qs}));
+}
+
+void tst_directprinting::printerWithoutAPPD()
+{
+    QString error;
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
+    const int job = print(
+        atPrinter(u"bare"_qs, options({u"KvMirror=ON"_qs}) << u"-n"_qs << u"2"_qs << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_qs});
+    QCOMPARE(attribute(job, "copies"), u"2"_qs);
+}
+
+void tst_directprinting::shrinkTubeIsWarnedOf()
+{
+    const int job = print(
+        atPrinter(u"follow"_qs, QStringList{u"--preset"_qs, u"AHCMOffOffOffOff"_qs} +
+                                        options({u"media=HS12x100"_qs, u"KvAutoTapeCut=ON"_qs})
+                                    << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY2(mRun.errors.contains(u"kvprint: Heat-shrink tube is loaded. "),
+             qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(u"follow"_qs, QString()));
+    QCOMPARE(attribute(job, "media"), u"HS12x100"_qs);
+}
+
+void tst_directprinting::nothingElseIsSaid()
+{
+    // The warning opens an alert, the preset the menu.
+    const int job = print(
+        atPrinter(u"follow"_qs, QStringList{u"--preset"_qs, u"AHCMOffOffOffOff"_qs} +
+                                        options({u"media=HS12x100"_qs, u"KvAutoTapeCut=ON"_qs})
+                                    << mDocument),
+        {u"XDG_RUNTIME_DIR"_qs});
+    QVERIFY(job > 0);
+    const QStringList lines = mRun.errors.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(lines.filter(u"kvprint: "_qs), lines);
+}
+
+QTEST_MAIN(tst_directprinting)
+#include "tst_directprinting.moc"

@@ -1,0 +1,368 @@
+#include "PrintingSite.h"
+#include "ProgramRun.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+namespace {
+const QString dryRun = QStringLiteral("--dry-run");
+
+/// What two jobs must have in common to be printed alike. What a job has anyway may be unsaid.
+QStringList essence(const QMap<QString, QString> &job)
+{
+    static const QStringList keys{
+        u"PageSize"_qs,        u"fit-to-page"_qs, u"job-billing"_qs,        u"job-name"_qs,
+        u"job-printer-uri"_qs, u"media"_qs,       u"number-of-documents"_qs};
+    static const QStringList countingKeys{u"copies"_qs, u"number-up"_qs};
+    QStringList parts;
+    for (auto it = job.begin(); it != job.end(); ++it) {
+        if (keys.contains(it.key()) || it.key().startsWith(u"Kv") ||
+            (countingKeys.contains(it.key()) && it.value() != u"1")) {
+            parts.append(it.key() + u'=' + it.value());
+        }
+    }
+    return parts;
+}
+
+QString commandIn(const ProgramRun &run)
+{
+    const qsizetype start = run.output.startsWith(u"lp ") ? 0 : run.output.indexOf(u"\nlp ") + 1;
+    return run.output.mid(start);
+}
+} // namespace
+
+/// The dry run: what it tells, and whether its command prints the same job as kvprint does.
+class tst_dryrun : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void demonstration();
+    void summary_data();
+    void summary();
+    void commandOfAPPD();
+    void commandNamesTheCopies_data();
+    void commandNamesTheCopies();
+    void commandPrintsTheSameJob_data();
+    void commandPrintsTheSameJob();
+    void commandTakesAnyFileName_data();
+    void commandTakesAnyFileName();
+    void savedOptionsAreLeftToTheCommand();
+    void nothingIsPrinted();
+    void fileThatIsNotThereYet();
+    void refused_data();
+    void refused();
+    void printerWithoutAPPD();
+    void unknownOptionsOfAPPDAlone();
+    void outputThatCannotBeWritten();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// The job that has been printed since the last call; 0 for none or more than one.
+    int newJob();
+
+    PrintingSite mSite;
+    qsizetype mJobCount = 0;
+};
+
+void tst_dryrun::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_dryrun::init()
+{
+    QVERIFY(mSite.saveUserOptions(""));
+    mJobCount = mSite.scheduler().jobIds().size();
+}
+
+int tst_dryrun::newJob()
+{
+    const QList<int> jobs = mSite.scheduler().jobIds();
+    const bool isOneMore = jobs.size() == mJobCount + 1;
+    mJobCount = jobs.size();
+    return isOneMore ? jobs.last() : 0;
+}
+
+void tst_dryrun::demonstration()
+{
+    const ProgramRun run =
+        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), u"--preset"_qs,
+                    u"AHCMOffOnOffOff"_qs, dryRun, u"label.pdf"_qs},
+                   {{}, {u"CUPS_SERVER=127.0.0.1:9"_qs}});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.output,
+             u"Auto Cut: No\nHalf Cut: Yes\nSpecial Tape: No\nChain Printing: No\n"
+             "Mirror Printing: No\nRemove Blank Space: No\n"
+             "lp -o KvMirror=OFF -o KvAutoTapeCut=OFF -o KvHalfCut=ON -o KvChainPrint=OFF "
+             "-o KvSpecialTape=OFF -o KvRemoveBlkSpace=OFF -- label.pdf\n"_qs);
+}
+
+void tst_dryrun::summary_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("lines");
+    const auto add = [](const char *name, const QString &printer, const QStringList &more,
+                        const QStringList &lines) {
+        QTest::newRow(name) << QStringList{u"-d"_qs, printer} + more << lines;
+    };
+    const QString o = u"-o"_qs;
+    add("labels", u"label"_qs, {o, u"KvCutLabel=12"_qs},
+        {u"Cut Every: 12"_qs, u"Cut at End: No"_qs, u"Mirror Printing: No"_qs});
+    add("cuts after some labels", u"follow"_qs, {o, u"KvCutLabel=12 KvMirror=ON"_qs},
+        {u"Cut Every: 12 labels"_qs, u"Half Cut: No"_qs, u"Chain Printing: No"_qs,
+         u"Mirror Printing: Yes"_qs});
+    add("no cuts", u"follow"_qs, {o, u"KvAutoTapeCut=OFF"_qs},
+        {u"Cut Every: No"_qs, u"Half Cut: No"_qs, u"Chain Printing: No"_qs,
+         u"Mirror Printing: No"_qs});
+    add("label paper", u"tape"_qs, {o, u"media=FL21x45"_qs},
+        {u"Auto Cut: Yes"_qs, u"Half Cut: No"_qs, u"Special Tape: No"_qs, u"Chain Printing: No"_qs,
+         u"Mirror Printing: No"_qs});
+    add("no options of the panel's", u"plain"_qs, {}, {});
+}
+
+void tst_dryrun::summary()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QStringList, lines);
+    const ProgramRun run = runKvprint(arguments + QStringList{dryRun, mSite.document()});
+    QCOMPARE(run.status, 0);
+    QStringList found = run.lines();
+    QVERIFY(found.takeLast().startsWith(u"lp "));
+    QCOMPARE(found, lines);
+}
+
+void tst_dryrun::commandOfAPPD()
+{
+    const ProgramRun run = runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"label"_qs), u"-o"_qs,
+                                       u"KvCutLabel=5"_qs, u"-n"_qs, u"2"_qs, dryRun, u"a b"_qs});
+    QCOMPARE(commandIn(run),
+             u"lp -n 2 -o KvCutLabel=5 -o KvCutAtEnd=OFF -o KvMirror=OFF -- 'a b'\n"_qs);
+}
+
+void tst_dryrun::commandNamesTheCopies_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("part");
+    QTest::newRow("several") << QStringList{u"-n"_qs, u"3"_qs} << u" -n 3 "_qs;
+    // The user may have saved another number for the queue.
+    QTest::newRow("one") << QStringList{u"-n"_qs, u"1"_qs} << u" -n 1 "_qs;
+    QTest::newRow("as an option") << QStringList{u"-o"_qs, u"copies=4"_qs} << u" -o copies=4 "_qs;
+}
+
+void tst_dryrun::commandNamesTheCopies()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, part);
+    const ProgramRun run = runKvprint(QStringList{u"-d"_qs, u"label"_qs} + arguments +
+                                      QStringList{dryRun, mSite.document()});
+    QVERIFY2(commandIn(run).contains(part), qPrintable(run.output));
+    const ProgramRun unsaid = runKvprint({u"-d"_qs, u"label"_qs, dryRun, mSite.document()});
+    QVERIFY(!commandIn(unsaid).contains(u" -n "));
+}
+
+void tst_dryrun::commandPrintsTheSameJob_data()
+{
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QStringList>("arguments");
+    const QString none;
+    const auto add = [](const char *name, const QString &saved, const QStringList &arguments) {
+        QTest::newRow(name) << saved << arguments;
+    };
+    const QStringList tape{u"-d"_qs, u"tape"_qs};
+    const QString o = u"-o"_qs;
+    add("defaults", none, tape);
+    add("preset and options", none,
+        tape + QStringList{u"--preset"_qs, u"AHCMOffOnOffOff"_qs, o, u"KvMirror=ON"_qs});
+    add("paper and copies", none, tape + QStringList{o, u"media=T24x100"_qs, u"-n"_qs, u"2"_qs});
+    add("two numbers of copies", none, tape + QStringList{u"-n"_qs, u"2"_qs, o, u"copies=4"_qs});
+    add("custom paper", none, tape + QStringList{o, u"PageSize=Custom.20x50mm"_qs});
+    add("spaces", none, tape + QStringList{o, u"job-billing='two  words'"_qs});
+    add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_qs});
+    add("braces, dollars and backslashes", none,
+        tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_qs});
+    add("an empty value", none, tape + QStringList{o, u"job-billing="_qs});
+    add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_qs});
+    add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_qs});
+    add("another printer", none, {u"-d"_qs, u"follow"_qs, o, u"KvCutLabel=9"_qs});
+    add("no printer named", u"Default mark KvCutMark=ON"_qs, {});
+    add("saved choices", u"Dest tape KvHalfCut=ON KvChainPrint=ON"_qs,
+        tape + QStringList{o, u"KvHalfCut=OFF"_qs});
+    add("saved choices, and a preset", u"Dest tape KvHalfCut=ON KvRemoveBlkSpace=ON"_qs,
+        tape + QStringList{u"--preset"_qs, u"AHCMOnOffOnOff"_qs});
+    add("saved paper", u"Dest tape PageSize=FL21x45"_qs, tape);
+    add("saved paper, and another asked for", u"Dest tape media=FL21x45"_qs,
+        tape + QStringList{o, u"media=T24x100"_qs});
+    add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_qs, tape);
+    add("saved number of copies", u"Dest tape copies=3"_qs, tape);
+    add("saved number of copies, and one asked for", u"Dest tape copies=3"_qs,
+        tape + QStringList{u"-n"_qs, u"1"_qs});
+}
+
+void tst_dryrun::commandPrintsTheSameJob()
+{
+    QFETCH(const QString, saved);
+    QFETCH(QStringList, arguments);
+    QVERIFY(mSite.saveUserOptions(saved.toUtf8() + '\n'));
+    // A job that is done has no documents any more.
+    arguments << u"-o"_qs << u"job-hold-until=indefinite"_qs << mSite.document(u"a.txt"_qs)
+              << mSite.document(u"b.txt"_qs);
+    const ProgramRun told = runKvprint(QStringList{dryRun} + arguments);
+    QVERIFY2(told.status == 0, qPrintable(told.errors));
+    QCOMPARE(newJob(), 0);
+    const ProgramRun lp = runInShell(commandIn(told));
+    QVERIFY2(lp.status == 0, qPrintable(lp.errors));
+    const int byLp = newJob();
+    QVERIFY(byLp > 0);
+    const ProgramRun printed = runKvprint(QStringList{u"--no-dialog"_qs} + arguments);
+    QVERIFY2(printed.status == 0, qPrintable(printed.errors));
+    const int byKvprint = newJob();
+    QVERIFY(byKvprint > 0);
+    QCOMPARE(essence(mSite.job(byLp)), essence(mSite.job(byKvprint)));
+    QVERIFY(essence(mSite.job(byLp)).contains(u"number-of-documents=2"_qs));
+}
+
+void tst_dryrun::commandTakesAnyFileName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("spaces") << u"two  words.txt"_qs;
+    QTest::newRow("quotes") << u"it's \"quoted\".txt"_qs;
+    QTest::newRow("what a shell replaces") << u"$HOME `id` \\ *.txt"_qs;
+    QTest::newRow("what ends a command") << u"#;&|<>()"_qs;
+    QTest::newRow("the user's folder") << u"~"_qs;
+    QTest::newRow("letters of the world") << u"Größe €.txt"_qs;
+    QTest::newRow("like a variable") << u"a=b"_qs;
+    QTest::newRow("like an option") << u"-n"_qs;
+    QTest::newRow("like a long option") << u"--help"_qs;
+    QTest::newRow("like standard input") << u"-"_qs;
+    QTest::newRow("like the end of the options") << u"--"_qs;
+    QTest::newRow("a line's end within") << u"new\nline.txt"_qs;
+    QTest::newRow("a line's end behind") << u"end.txt\n"_qs;
+}
+
+void tst_dryrun::commandTakesAnyFileName()
+{
+    QFETCH(const QString, name);
+    const ProgramInput inFolder{{}, {}, QFileInfo(mSite.document(name)).path()};
+    const ProgramRun told = runKvprint({u"-d"_qs, u"label"_qs, dryRun, u"--"_qs, name}, inFolder);
+    QVERIFY2(told.status == 0, qPrintable(told.errors));
+    QVERIFY2(!told.errors.contains(u"kvprint: "), qPrintable(told.errors));
+    const ProgramRun lp = runInShell(commandIn(told), inFolder);
+    QVERIFY2(lp.status == 0, qPrintable(lp.errors));
+    const int job = newJob();
+    QVERIFY2(job > 0, qPrintable(commandIn(told)));
+    // A line's end is no part of a title.
+    if (!name.contains(u'\n')) {
+        QCOMPARE(mSite.job(job).value(u"job-name"_qs), name);
+    }
+}
+
+void tst_dryrun::savedOptionsAreLeftToTheCommand()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON number-up=2 PageSize=T24x100\n"));
+    const ProgramRun run = runKvprint({u"-d"_qs, u"tape"_qs, dryRun, mSite.document()});
+    // The panel's choices are told in any case, as they are what the summary says.
+    QVERIFY2(commandIn(run).contains(u" -o KvHalfCut=ON "), qPrintable(run.output));
+    QVERIFY2(!run.output.contains(u"number-up") && !run.output.contains(u"PageSize"),
+             qPrintable(run.output));
+}
+
+void tst_dryrun::nothingIsPrinted()
+{
+    const QString file = mSite.document();
+    for (const QStringList &more :
+         {QStringList{}, QStringList{u"--no-dialog"_qs}, QStringList{u"-n"_qs, u"5"_qs}}) {
+        const ProgramRun run =
+            runKvprint(QStringList{u"-d"_qs, u"tape"_qs, dryRun} + more + QStringList{file});
+        QCOMPARE(run.status, 0);
+        QVERIFY(commandIn(run).startsWith(u"lp -d tape "));
+        QCOMPARE(run.output.count(u"lp "), 1);
+    }
+    QCOMPARE(mSite.scheduler().jobIds().size(), mJobCount);
+}
+
+void tst_dryrun::fileThatIsNotThereYet()
+{
+    const ProgramRun run = runKvprint({u"-d"_qs, u"tape"_qs, dryRun, u"/nowhere/later.pdf"_qs});
+    QCOMPARE(run.status, 0);
+    QVERIFY(commandIn(run).endsWith(u" -- /nowhere/later.pdf\n"));
+    QVERIFY2(run.errors.contains(u"kvprint: /nowhere/later.pdf: No such file or directory"),
+             qPrintable(run.errors));
+}
+
+void tst_dryrun::refused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("fault");
+    const auto add = [](const char *name, const QStringList &arguments, int status,
+                        const QString &fault) {
+        QTest::newRow(name) << arguments << status << fault;
+    };
+    const QString o = u"-o"_qs;
+    const QStringList onPPD{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
+    const QString halfCut = u"KvHalfCut=ON"_qs;
+    add("half cut on flags", {u"-d"_qs, u"tape"_qs, o, halfCut, o, u"media=FL21x45"_qs}, 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs);
+    add("half cut on flags, by the PPD", onPPD + QStringList{o, halfCut, o, u"media=FL21x45"_qs}, 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs);
+    add("unknown choice", onPPD + QStringList{o, u"KvHalfCut=MAYBE"_qs}, 2,
+        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs);
+    add("unknown preset", onPPD + QStringList{u"--preset"_qs, u"None"_qs}, 2,
+        u"--preset None: the presets are: "_qs);
+    add("unknown printer", {u"-d"_qs, u"nowhere"_qs}, 3, u"there is no printer nowhere"_qs);
+    add("missing PPD", {u"--ppd"_qs, u"/nowhere.ppd"_qs}, 3,
+        u"/nowhere.ppd: No such file or directory"_qs);
+    add("broken PPD", {u"--ppd"_qs, mSite.document()}, 3, u": line 1: "_qs);
+}
+
+void tst_dryrun::refused()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const int, status);
+    QFETCH(const QString, fault);
+    const ProgramRun run = runKvprint(arguments + QStringList{dryRun, mSite.document()});
+    QCOMPARE(run.status, status);
+    QVERIFY2(run.errors.contains(u"kvprint: "_qs) && run.errors.contains(fault),
+             qPrintable(run.errors));
+    QCOMPARE(run.output, QString());
+}
+
+void tst_dryrun::printerWithoutAPPD()
+{
+    QString error;
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
+    const QStringList bare{u"-d"_qs, u"bare"_qs, dryRun, u"-o"_qs, u"KvMirror=ON"_qs};
+    const ProgramRun run = runKvprint(bare + QStringList{u"a.txt"_qs});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.output, u"lp -d bare -o KvMirror=ON -- a.txt\n"_qs);
+    const ProgramRun preset =
+        runKvprint(bare + QStringList{u"--preset"_qs, u"SPMROnOff"_qs, u"a.txt"_qs});
+    QCOMPARE(preset.status, 2);
+    QVERIFY2(preset.errors.contains(u"the printer bare has no PPD, and so no presets"),
+             qPrintable(preset.errors));
+}
+
+void tst_dryrun::unknownOptionsOfAPPDAlone()
+{
+    const ProgramRun run =
+        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"plain"_qs), dryRun, u"-o"_qs,
+                    u"KvHalfCut=ON"_qs, u"-o"_qs, u"fit-to-page"_qs, u"a.txt"_qs});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.output, u"lp -o KvHalfCut=ON -o fit-to-page=true -- a.txt\n"_qs);
+}
+
+void tst_dryrun::outputThatCannotBeWritten()
+{
+    // Whoever reads the command must not take silence for success.
+    const QString line = u"exec '%1' --ppd '%2' --dry-run a.pdf > /dev/full"_qs;
+    const ProgramRun run =
+        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs)));
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
+}
+
+QTEST_MAIN(tst_dryrun)
+#include "tst_dryrun.moc"

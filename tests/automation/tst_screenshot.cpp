@@ -1,0 +1,166 @@
+#include "PrintingSite.h"
+#include "ProgramRun.h"
+
+#include <QDir>
+#include <QImage>
+#include <QImageReader>
+#include <QSet>
+#include <QTest>
+
+namespace {
+const QString o = QStringLiteral("-o");
+
+/// How many colours a picture has.
+qsizetype coloursIn(const QImage &picture)
+{
+    QSet<QRgb> colours;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    return colours.size();
+}
+} // namespace
+
+/// Pictures of the panel.
+class tst_screenshot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void size_data();
+    void size();
+    void optionsAreShown();
+    void queueWithSavedOptions();
+    void formerPictureIsReplaced();
+    void refused_data();
+    void refused();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// The panel's picture; null when none was written or it is no PNG.
+    QImage picture(const QStringList &arguments);
+
+    PrintingSite mSite;
+    ProgramRun mRun;
+};
+
+void tst_screenshot::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_screenshot::init()
+{
+    QVERIFY(mSite.saveUserOptions(""));
+}
+
+QImage tst_screenshot::picture(const QStringList &arguments)
+{
+    const QString file = mSite.path(u"a picture.png"_qs);
+    QFile::remove(file);
+    mRun = runKvprint(arguments + QStringList{u"--screenshot"_qs, file});
+    return mRun.status == 0 ? QImage(file, "PNG") : QImage();
+}
+
+void tst_screenshot::size_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("nine options") << u"all"_qs << QSize(550, 292);
+    QTest::newRow("without cut every, cut at end and cut marks")
+        << u"tape"_qs << QSize(550, 292 - 4 * 26);
+    QTest::newRow("labels") << u"label"_qs << QSize(550, 150);
+}
+
+void tst_screenshot::size()
+{
+    QFETCH(const QString, printer);
+    QFETCH(const QSize, size);
+    const QImage panel = picture({u"--ppd"_qs, PrintingSite::ppdPath(printer)});
+    QVERIFY2(!panel.isNull(), qPrintable(mRun.errors));
+    QCOMPARE(panel.size(), size);
+    QVERIFY(coloursIn(panel) > 10);
+    QCOMPARE(mRun.output, QString());
+    // The same panel on a queue of that printer.
+    QVERIFY(picture({u"-d"_qs, printer}) == panel);
+}
+
+void tst_screenshot::optionsAreShown()
+{
+    const QStringList tape{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
+    const QImage byDefault = picture(tape);
+    const QImage halfCut = picture(tape + QStringList{o, u"KvHalfCut=ON"_qs});
+    const QImage preset = picture(tape + QStringList{u"--preset"_qs, u"AHCMOnOnOffOff"_qs});
+    const QImage onFlags = picture(tape + QStringList{o, u"media=FL21x45"_qs});
+    QVERIFY(!byDefault.isNull() && !halfCut.isNull() && !preset.isNull() && !onFlags.isNull());
+    QVERIFY(halfCut != byDefault);
+    QVERIFY(preset == halfCut);
+    QVERIFY(onFlags != byDefault);
+    QVERIFY(picture(tape) == byDefault);
+}
+
+void tst_screenshot::queueWithSavedOptions()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON\n"));
+    const QImage saved = picture({u"-d"_qs, u"tape"_qs});
+    QVERIFY(!saved.isNull());
+    QVERIFY(saved ==
+            picture({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), o, u"KvHalfCut=ON"_qs}));
+}
+
+void tst_screenshot::formerPictureIsReplaced()
+{
+    const QString file = mSite.file(u"former"_qs, QByteArray(1 << 20, 'x'));
+    const ProgramRun run =
+        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), u"--screenshot"_qs, file});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(QImageReader::imageFormat(file), QByteArray("png"));
+    QVERIFY(QFileInfo(file).size() < (1 << 20));
+    QCOMPARE(mSite.scheduler().jobIds(), QList<int>());
+}
+
+void tst_screenshot::refused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("fault");
+    const QStringList tape{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
+    const QString file = mSite.path(u"none.png"_qs);
+    const QString nowhere = mSite.path(u"nowhere/none.png"_qs);
+    const QString folder = QFileInfo(file).path();
+    const QString unwritten = u": the picture could not be written"_qs;
+    QTest::newRow("no such folder") << tape << nowhere << 3 << nowhere + unwritten;
+    QTest::newRow("a folder") << tape << folder << 3 << folder + unwritten;
+    QTest::newRow("a full device") << tape << u"/dev/full"_qs << 3 << u"/dev/full"_qs + unwritten;
+    QTest::newRow("printer without the panel's options")
+        << QStringList{u"-d"_qs, u"plain"_qs} << file << 3 << u"the printer has no panel"_qs;
+    QTest::newRow("unknown printer")
+        << QStringList{u"-d"_qs, u"nowhere"_qs} << file << 3 << u"there is no printer nowhere"_qs;
+    QTest::newRow("missing PPD") << QStringList{u"--ppd"_qs, u"/nowhere.ppd"_qs} << file << 3
+                                 << u"/nowhere.ppd: No such file or directory"_qs;
+    QTest::newRow("half cut on flags")
+        << tape + QStringList{o, u"media=FL21x45"_qs, o, u"KvHalfCut=ON"_qs} << file << 2
+        << u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs;
+    QTest::newRow("unknown preset") << tape + QStringList{u"--preset"_qs, u"None"_qs} << file << 2
+                                    << u"--preset None: the presets are: "_qs;
+}
+
+void tst_screenshot::refused()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, file);
+    QFETCH(const int, status);
+    QFETCH(const QString, fault);
+    const ProgramRun run = runKvprint(arguments + QStringList{u"--screenshot"_qs, file});
+    QCOMPARE(run.status, status);
+    QVERIFY2(run.errors.contains(u"kvprint: "_qs + fault), qPrintable(run.errors));
+    QVERIFY(!QFileInfo(file).isFile());
+}
+
+QTEST_MAIN(tst_screenshot)
+#include "tst_screenshot.moc"

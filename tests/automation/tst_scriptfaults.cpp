@@ -1,0 +1,357 @@
+#include "PrintingSite.h"
+#include "ScriptTalk.h"
+#include "printcore/Beep.h"
+
+#include <QTest>
+
+namespace {
+constexpr int mebibyte = 1 << 20;
+
+/// How far a conversation has come.
+enum Stage { Closed, Open, Viewed };
+
+void bringTo(Stage stage, ScriptTalk &talk)
+{
+    if (stage >= Open) {
+        talk.open(u"tape"_qs);
+    }
+    if (stage >= Viewed) {
+        talk.ask("view");
+        talk.ask("show");
+    }
+}
+
+/// A line with one command and one member more, in JSON.
+QByteArray line(const char *command, const char *member, const QByteArray &value)
+{
+    return QByteArray(R"({"cmd":")") + command + R"(",")" + member + R"(":)" + value + '}';
+}
+} // namespace
+
+/// Lines that are wrong: each is answered with an error, changes nothing and ends nothing.
+class tst_scriptfaults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lineThatIsNoRequest_data();
+    void lineThatIsNoRequest();
+    void memberOfAWrongType_data();
+    void memberOfAWrongType();
+    void memberThatIsMissing_data();
+    void memberThatIsMissing();
+    void memberThatIsUnknown_data();
+    void memberThatIsUnknown();
+    void commandOutOfPlace_data();
+    void commandOutOfPlace();
+    void textWithANullCharacter_data();
+    void textWithANullCharacter();
+    void openWhatIsWrongInPart_data();
+    void openWhatIsWrongInPart();
+    void spacesAndOrderAreFree();
+    void longLineThatIsRight();
+    void failureIsRemembered();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// Sends the line at the stage: its error, once it is certain that it has changed nothing.
+    static QString errorAt(Stage stage, const QByteArray &line);
+};
+
+QString tst_scriptfaults::errorAt(Stage stage, const QByteArray &line)
+{
+    ScriptTalk talk;
+    bringTo(stage, talk);
+    const QByteArray before = stage >= Open ? compact(talk.state()) : QByteArray();
+    NSBeep();
+    const QJsonObject answer = talk.answer(line);
+    const QString error = errorOf(answer);
+    const bool tellsEvents = eventsOf(answer) == QStringList{u"beep"_qs};
+    const bool isUnchanged =
+        stage >= Open ? compact(talk.state()) == before : !errorOf(talk.ask("state")).isEmpty();
+    bool goesOn = true;
+    if (stage < Viewed) {
+        goesOn = !errorOf(talk.click("mHalfCutChkBx")).isEmpty() &&
+                 (stage == Open || isOK(talk.open(u"tape"_qs))) && isOK(talk.ask("view"));
+    }
+    goesOn = goesOn && isOK(talk.ask("close"));
+    return tellsEvents && isUnchanged && goesOn && talk.hasFailed() ? error : QString();
+}
+
+void tst_scriptfaults::lineThatIsNoRequest_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("nothing") << QByteArray("");
+    QTest::newRow("line's end alone") << QByteArray("\n");
+    QTest::newRow("spaces") << QByteArray("  \t\r\n");
+    QTest::newRow("an empty object") << QByteArray("{}");
+    QTest::newRow("half an object") << QByteArray(R"({"cmd":"close")");
+    QTest::newRow("an object and more") << QByteArray(R"({"cmd":"close"} {"cmd":"close"})");
+    QTest::newRow("a comment") << QByteArray(R"({"cmd":"close"} // the end)");
+    QTest::newRow("an array") << QByteArray(R"([{"cmd":"close"}])");
+    QTest::newRow("an empty array") << QByteArray("[]");
+    QTest::newRow("a number") << QByteArray("7");
+    QTest::newRow("a text") << QByteArray(R"("close")");
+    QTest::newRow("null") << QByteArray("null");
+    QTest::newRow("true") << QByteArray("true");
+    QTest::newRow("a word") << QByteArray("close");
+    QTest::newRow("single quotes") << QByteArray("{'cmd':'close'}");
+    QTest::newRow("a comma at the end") << QByteArray(R"({"cmd":"close",})");
+    QTest::newRow("no text") << QByteArray(R"({"cmd":7})");
+    QTest::newRow("null command") << QByteArray(R"({"cmd":null})");
+    QTest::newRow("unknown command") << QByteArray(R"({"cmd":"frobnicate"})");
+    QTest::newRow("empty command") << QByteArray(R"({"cmd":""})");
+    QTest::newRow("capital letter") << QByteArray(R"({"cmd":"Close"})");
+    QTest::newRow("capital member") << QByteArray(R"({"Cmd":"close"})");
+    QTest::newRow("space behind the command") << QByteArray(R"({"cmd":"close "})");
+    QTest::newRow("command with a NUL") << QByteArray(R"({"cmd":"close\u0000"})");
+    QTest::newRow("NUL behind the object") << QByteArray("{\"cmd\":\"close\"}\0", 16);
+    QTest::newRow("NUL before the object") << QByteArray("\0{\"cmd\":\"close\"}", 16);
+    QTest::newRow("NULs") << QByteArray(100, '\0');
+    QTest::newRow("binary bytes") << QByteArray("\x89PNG\r\x1a\xff\xfe\x80\x00\x01", 12);
+    QTest::newRow("a text that is no UTF-8") << QByteArray("{\"cmd\":\"clo\xffse\"}");
+    QTest::newRow("half a surrogate pair") << QByteArray(R"({"cmd":"\ud800"})");
+    QTest::newRow("1 MiB of a letter") << QByteArray(mebibyte, 'x');
+    QTest::newRow("1 MiB of spaces") << QByteArray(mebibyte, ' ');
+    QTest::newRow("1 MiB of a command") << "{\"cmd\":\"" + QByteArray(mebibyte, 'x') + "\"}";
+    QTest::newRow("1 MiB of open arrays") << QByteArray(mebibyte, '[');
+    QTest::newRow("deep arrays") << QByteArray(100'000, '[') + QByteArray(100'000, ']');
+    QTest::newRow("deep objects") << QByteArray("{\"cmd\":").repeated(100'000) + "7" +
+                                         QByteArray(100'000, '}');
+}
+
+void tst_scriptfaults::lineThatIsNoRequest()
+{
+    QFETCH(const QByteArray, line);
+    for (const Stage stage : {Closed, Open, Viewed}) {
+        QVERIFY(!errorAt(stage, line).isEmpty());
+    }
+}
+
+void tst_scriptfaults::memberOfAWrongType_data()
+{
+    QTest::addColumn<int>("stage");
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("fault");
+    const auto add = [](Stage stage, const char *command, const char *member,
+                        const QByteArrayList &values, const char *expected) {
+        for (const QByteArray &value : values) {
+            QTest::addRow("%s %s %s", command, member, value.constData())
+                << int(stage) << line(command, member, value)
+                << u"\"%1\" has to be %2"_qs.arg(QLatin1String(member), QLatin1String(expected));
+        }
+    };
+    const QByteArrayList noTexts{"7", "true", "[]", "{}", R"(["a"])"};
+    for (const char *member : {"ppd", "printer", "settings", "deviceURI", "locale", "bundle"}) {
+        add(Closed, "open", member, noTexts + QByteArrayList{"null"}, "a text");
+    }
+    add(Closed, "open", "paper", noTexts, "a text");
+    add(Closed, "open", "paperHeight", {"\"100\"", "true", "null", "[]", "{}"}, "a number");
+    add(Closed, "open", "markDefaults", {"1", "0", "\"true\"", "null", "[]"}, "true or false");
+    add(Viewed, "click", "control", noTexts + QByteArrayList{"null"}, "a text");
+    add(Viewed, "type", "text", noTexts + QByteArrayList{"null"}, "a text");
+    add(Viewed, "screenshot", "file", noTexts + QByteArrayList{"null"}, "a text");
+    add(Viewed, "preset", "tag",
+        {"\"4\"", "4.5", "null", "true", "[4]", "1e300", "-1e300", "2147483648", "-2147483649"},
+        "a whole number");
+    add(Open, "paper", "name", noTexts, "a text");
+}
+
+void tst_scriptfaults::memberOfAWrongType()
+{
+    QFETCH(const int, stage);
+    QFETCH(const QByteArray, line);
+    QFETCH(const QString, fault);
+    QByteArray whole = line;
+    if (!line.contains("\"ppd\"") && !line.contains("\"printer\"") && line.contains("\"open\"")) {
+        const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+        whole.insert(1, "\"ppd\":" + ppd + ',');
+    }
+    QCOMPARE(errorAt(Stage(stage), whole), fault);
+}
+
+void tst_scriptfaults::memberThatIsMissing_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("fault");
+    const auto add = [](const char *name, const QByteArray &line, const QString &fault) {
+        QTest::newRow(name) << line << fault;
+    };
+    const QString text = u"\"%1\" has to be a text"_qs;
+    add("click", R"({"cmd":"click"})", text.arg(u"control"_qs));
+    add("type", R"({"cmd":"type"})", text.arg(u"text"_qs));
+    add("screenshot", R"({"cmd":"screenshot"})", text.arg(u"file"_qs));
+    add("preset", R"({"cmd":"preset"})", u"\"tag\" has to be a whole number"_qs);
+    add("paper", R"({"cmd":"paper"})", u"\"name\" has to be a text or null"_qs);
+    add("paper with a height alone", R"({"cmd":"paper","height":100})",
+        u"\"name\" has to be a text or null"_qs);
+    add("paper with an odd height", R"({"cmd":"paper","name":"FL21x45","height":"100"})",
+        u"\"height\" has to be a number"_qs);
+    add("choose", R"({"cmd":"choose"})", text.arg(u"key"_qs));
+    add("choose without a choice", R"({"cmd":"choose","key":"KvHalfCut"})", text.arg(u"choice"_qs));
+    add("choose without a key", R"({"cmd":"choose","choice":"ON"})", text.arg(u"key"_qs));
+    const QString one = u"\"by\" has to be 1 or -1"_qs;
+    for (const char *value : {"0", "2", "-2"}) {
+        QTest::addRow("step by %s", value) << line("step", "by", value) << one;
+    }
+    const QString whole = u"\"by\" has to be a whole number"_qs;
+    add("step", R"({"cmd":"step"})", whole);
+    for (const char *value : {"0.5", "\"1\"", "null", "true"}) {
+        QTest::addRow("step by %s", value) << line("step", "by", value) << whole;
+    }
+}
+
+void tst_scriptfaults::memberThatIsMissing()
+{
+    QFETCH(const QByteArray, line);
+    QFETCH(const QString, fault);
+    QCOMPARE(errorAt(Viewed, line), fault);
+}
+
+void tst_scriptfaults::memberThatIsUnknown_data()
+{
+    QTest::addColumn<int>("stage");
+    QTest::addColumn<QByteArray>("line");
+    const QByteArray open =
+        R"({"cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_qs)) + R"(,"PPD":"a"})";
+    QTest::newRow("open") << int(Closed) << open;
+    QTest::newRow("click") << int(Viewed)
+                           << QByteArray(R"({"cmd":"click","control":"mHalfCutChkBx","by":1})");
+    QTest::newRow("preset") << int(Viewed) << QByteArray(R"({"cmd":"preset","tag":5,"Tag":5})");
+    QTest::newRow("paper") << int(Open) << QByteArray(R"({"cmd":"paper","name":null,"size":1})");
+    QTest::newRow("choose") << int(Open)
+                            << QByteArray(
+                                   R"({"cmd":"choose","key":"KvHalfCut","choice":"ON","":1})");
+    for (const char *command : {"close", "view", "show", "hide", "save", "restore", "keys", "print",
+                                "summary", "state"}) {
+        QTest::newRow(command) << int(Open) << line(command, "file", "\"a\"");
+    }
+}
+
+void tst_scriptfaults::memberThatIsUnknown()
+{
+    QFETCH(const int, stage);
+    QFETCH(const QByteArray, line);
+    const QString error = errorAt(Stage(stage), line);
+    QVERIFY2(error.contains(u" knows no "), qPrintable(error));
+}
+
+void tst_scriptfaults::commandOutOfPlace_data()
+{
+    QTest::addColumn<int>("stage");
+    QTest::addColumn<QByteArray>("line");
+    const QByteArray control = R"("control":"mHalfCutChkBx")";
+    const QByteArray openTape =
+        R"("cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_qs));
+    const std::pair<QByteArray, Stage> needs[] = {
+        {R"("cmd":"close")", Open},
+        {R"("cmd":"view")", Open},
+        {R"("cmd":"show")", Open},
+        {R"("cmd":"hide")", Open},
+        {R"("cmd":"save")", Open},
+        {R"("cmd":"restore")", Open},
+        {R"("cmd":"keys")", Open},
+        {R"("cmd":"print")", Open},
+        {R"("cmd":"summary")", Open},
+        {R"("cmd":"state")", Open},
+        {R"("cmd":"paper","name":"FL21x45")", Open},
+        {R"("cmd":"choose","key":"KvHalfCut","choice":"ON")", Open},
+        {R"("cmd":"click",)" + control, Viewed},
+        {R"("cmd":"preset","tag":5)", Viewed},
+        {R"("cmd":"type","text":"5")", Viewed},
+        {R"("cmd":"step","by":1)", Viewed},
+        {R"("cmd":"screenshot","file":"a.png")", Viewed},
+    };
+    for (const auto &[members, needed] : needs) {
+        for (int stage = Closed; stage < needed; ++stage) {
+            QTest::addRow("%s at stage %d", members.constData(), stage)
+                << stage << '{' + members + '}';
+        }
+    }
+    QTest::newRow("open twice") << int(Open) << '{' + openTape + '}';
+    QTest::newRow("open twice, behind the view") << int(Viewed) << '{' + openTape + '}';
+}
+
+void tst_scriptfaults::commandOutOfPlace()
+{
+    QFETCH(const int, stage);
+    QFETCH(const QByteArray, line);
+    const QString error = errorAt(Stage(stage), line);
+    QVERIFY2(error.contains(u" is out of place: "), qPrintable(error));
+}
+
+void tst_scriptfaults::textWithANullCharacter_data()
+{
+    QTest::addColumn<int>("stage");
+    QTest::addColumn<QByteArray>("line");
+    // Neither a file nor a choice has such a name, whatever comes in front of it.
+    QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+    ppd.chop(1);
+    QTest::newRow("PPD") << int(Closed) << line("open", "ppd", ppd + R"(\u0000x")");
+    QTest::newRow("key") << int(Open)
+                         << QByteArray(R"({"cmd":"choose","key":"KvHalfCut\u0000","choice":"ON"})");
+    QTest::newRow("choice") << int(Open)
+                            << QByteArray(
+                                   R"({"cmd":"choose","key":"KvHalfCut","choice":"ON\u0000"})");
+    QTest::newRow("picture") << int(Viewed) << line("screenshot", "file", R"("/dev/null\u0000x")");
+}
+
+void tst_scriptfaults::textWithANullCharacter()
+{
+    QFETCH(const int, stage);
+    QFETCH(const QByteArray, line);
+    QVERIFY(!errorAt(Stage(stage), line).isEmpty());
+}
+
+void tst_scriptfaults::openWhatIsWrongInPart_data()
+{
+    QTest::addColumn<QJsonObject>("members");
+    QTest::newRow("settings") << QJsonObject{{u"settings"_qs, u"/nowhere.plist"_qs}};
+    QTest::newRow("bundle") << QJsonObject{{u"bundle"_qs, u"/nowhere.pde"_qs}};
+    QTest::newRow("PPD") << QJsonObject{{u"ppd"_qs, u"/nowhere.ppd"_qs}};
+}
+
+void tst_scriptfaults::openWhatIsWrongInPart()
+{
+    QFETCH(QJsonObject, members);
+    if (!members.contains(u"ppd"_qs)) {
+        members.insert(u"ppd"_qs, PrintingSite::ppdPath(u"tape"_qs));
+    }
+    members.insert(u"cmd"_qs, u"open"_qs);
+    QVERIFY(!errorAt(Closed, compact(members)).isEmpty());
+}
+
+void tst_scriptfaults::spacesAndOrderAreFree()
+{
+    ScriptTalk talk;
+    const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+    QVERIFY(isOK(talk.answer(" {\t\"ppd\" : " + ppd + " , \"cmd\": \"op\\u0065n\" } \r\n")));
+    QVERIFY(isOK(talk.answer("{\"cmd\":\"view\"}\r\n")));
+    QVERIFY(isOK(talk.answer(R"({"by":1.0,"cmd":"step"})")));
+    QVERIFY(!talk.hasFailed());
+}
+
+void tst_scriptfaults::longLineThatIsRight()
+{
+    ScriptTalk talk;
+    talk.show(u"label"_qs);
+    const QString digits(mebibyte, u'7');
+    QVERIFY(isOK(talk.ask("type", {{u"text"_qs, digits}})));
+    QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"99"_qs);
+    QVERIFY(isOK(talk.answer(QByteArray(mebibyte, ' ') + R"({"cmd":"state"})")));
+    const QJsonObject noBox = talk.ask("click", {{u"control"_qs, digits}});
+    QCOMPARE(noBox.value(u"delivered"), QJsonValue(false));
+}
+
+void tst_scriptfaults::failureIsRemembered()
+{
+    ScriptTalk talk;
+    talk.open(u"tape"_qs);
+    QVERIFY(!talk.hasFailed());
+    talk.answer("nonsense");
+    QVERIFY(talk.hasFailed());
+    QVERIFY(isOK(talk.ask("state")));
+    QVERIFY(talk.hasFailed());
+}
+
+QTEST_MAIN(tst_scriptfaults)
+#include "tst_scriptfaults.moc"

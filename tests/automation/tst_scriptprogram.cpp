@@ -1,0 +1,311 @@
+#include "PrintingSite.h"
+#include "ProgramRun.h"
+#include "ProgramTalk.h"
+#include "ScriptTalk.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <csignal>
+
+namespace {
+const QString script = QStringLiteral("--script");
+const QString standardInput = QStringLiteral("-");
+/// Where no scheduler is.
+const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
+
+QByteArray openLine(const QString &printer)
+{
+    return R"({"cmd":"open","locale":"en","ppd":)" + compact(PrintingSite::ppdPath(printer)) + '}';
+}
+
+QList<QJsonObject> answersOf(const ProgramRun &run)
+{
+    QList<QJsonObject> answers;
+    const QStringList lines = run.lines();
+    for (const QString &line : lines) {
+        answers.append(QJsonDocument::fromJson(line.toUtf8()).object());
+    }
+    return answers;
+}
+
+/// Whether each answer is "ok".
+QList<bool> successes(const ProgramRun &run)
+{
+    QList<bool> all;
+    const QList<QJsonObject> answers = answersOf(run);
+    for (const QJsonObject &answer : answers) {
+        all.append(isOK(answer));
+    }
+    return all;
+}
+
+} // namespace
+
+/// Scripts as the program runs them.
+class tst_scriptprogram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void demonstration();
+    void everyLineIsAnsweredAtOnce();
+    void scriptInAFile();
+    void faultyLine();
+    void lineEnds_data();
+    void lineEnds();
+    void emptyScript();
+    void linesOfAnyBytes();
+    void scriptThatCannotBeRead();
+    void readerThatGoesAway();
+    void answersThatCannotBeWritten();
+    void defaultPPD();
+    void defaultPrinter();
+    void noDisplayIsNeeded_data();
+    void noDisplayIsNeeded();
+    void lengthsArePointsInAnyFont();
+    void alertGoesToTheAnswerAlone();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    PrintingSite mSite;
+};
+
+void tst_scriptprogram::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_scriptprogram::demonstration()
+{
+    const QByteArray open =
+        R"({"cmd":"open","locale":"none","ppd":)" + compact(PrintingSite::ppdPath(u"all"_qs)) + '}';
+    const ProgramRun run = runKvprint({script, standardInput},
+                                      {open + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n"
+                                              "{\"cmd\":\"click\",\"control\":\"mHalfCutChkBx\"}\n"
+                                              "{\"cmd\":\"state\"}\n",
+                                       {noScheduler}});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(successes(run), QList<bool>(5, true));
+    const QList<QJsonObject> answers = answersOf(run);
+    QCOMPARE(answers.at(0).value(u"name").toString(), u"OP_PANEL_NAME"_qs);
+    QCOMPARE(answers.at(1).value(u"height").toInt(), 292);
+    QCOMPARE(changesIn(answers.at(2)).size(), 9);
+    QCOMPARE(changesIn(answers.at(3)), QStringList{u"KvHalfCut=ON"_qs});
+    const QJsonObject controls = answers.at(4).value(u"controls").toObject();
+    QCOMPARE(controls.value(u"mHalfCutChkBx")[u"state"].toInt(), 1);
+    QCOMPARE(controls.value(u"mCutMarkChkBx")[u"y"].toInt(), 292 - 38);
+}
+
+void tst_scriptprogram::everyLineIsAnsweredAtOnce()
+{
+    ProgramTalk talk;
+    QVERIFY(isOK(talk.ask(openLine(u"tape"_qs))));
+    QCOMPARE(talk.ask(R"({"cmd":"view"})").value(u"height").toInt(), 188);
+    QVERIFY(!errorOf(talk.ask("")).isEmpty());
+    QVERIFY(isOK(talk.ask(R"({"cmd":"show"})")));
+    QCOMPARE(talk.ask(R"({"cmd":"click","control":"mHalfCutChkBx"})").value(u"delivered"),
+             QJsonValue(true));
+    QVERIFY(isOK(talk.ask(R"({"cmd":"close"})")));
+    QCOMPARE(talk.process().bytesAvailable(), 0);
+    QCOMPARE(talk.end(), 4);
+}
+
+void tst_scriptprogram::scriptInAFile()
+{
+    const QString file =
+        mSite.file(u"a script.jsonl"_qs, openLine(u"tape"_qs) + "\n{\"cmd\":\"keys\"}\n");
+    const ProgramRun run = runKvprint({script, file}, {"{\"cmd\":\"nonsense\"}\n"});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(successes(run), QList<bool>({true, true}));
+    // A file called "-" is not meant by "-".
+    const QString folder = QFileInfo(file).path();
+    QVERIFY(!mSite.file(u"-"_qs, "{}\n").isNull());
+    const ProgramRun relative = runKvprint({script, u"./-"_qs}, {{}, {}, folder});
+    QCOMPARE(successes(relative), QList<bool>{false});
+    QCOMPARE(runKvprint({script, u"-"_qs}, {{}, {}, folder}).output, QString());
+}
+
+void tst_scriptprogram::faultyLine()
+{
+    const ProgramRun run =
+        runKvprint({script, standardInput},
+                   {"{\"cmd\":\"view\"}\n" + openLine(u"tape"_qs) + "\n\n{\"cmd\":\"view\"}\n"});
+    QCOMPARE(run.status, 4);
+    QCOMPARE(successes(run), QList<bool>({false, true, false, true}));
+}
+
+void tst_scriptprogram::lineEnds_data()
+{
+    QTest::addColumn<QByteArray>("between");
+    QTest::addColumn<QByteArray>("last");
+    QTest::newRow("line feeds") << QByteArray("\n") << QByteArray("\n");
+    QTest::newRow("none behind the last") << QByteArray("\n") << QByteArray();
+    QTest::newRow("carriage returns, too") << QByteArray("\r\n") << QByteArray("\r\n");
+    QTest::newRow("carriage return behind the last") << QByteArray("\r\n") << QByteArray("\r");
+}
+
+void tst_scriptprogram::lineEnds()
+{
+    QFETCH(const QByteArray, between);
+    QFETCH(const QByteArray, last);
+    const ProgramRun run = runKvprint(
+        {script, standardInput}, {openLine(u"tape"_qs) + between + R"({"cmd":"view"})" + last});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(successes(run), QList<bool>({true, true}));
+    QVERIFY(run.output.endsWith(u'\n'));
+    QVERIFY(!run.output.contains(u'\r'));
+}
+
+void tst_scriptprogram::emptyScript()
+{
+    const ProgramRun run = runKvprint({script, standardInput});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.output, QString());
+}
+
+void tst_scriptprogram::linesOfAnyBytes()
+{
+    ProgramTalk talk;
+    talk.ask(openLine(u"tape"_qs));
+    for (const QByteArray &line : {QByteArray("\0", 1), QByteArray("\0{\"cmd\":\"close\"}\0", 17),
+                                   QByteArray("\xff\xfe\x80"), QByteArray(1 << 20, 'x'),
+                                   QByteArray(1 << 20, '['), QByteArray("\r")}) {
+        QVERIFY(!errorOf(talk.ask(line)).isEmpty());
+    }
+    QVERIFY(isOK(talk.ask(R"({"cmd":"close"})")));
+    QCOMPARE(talk.end(), 4);
+}
+
+void tst_scriptprogram::scriptThatCannotBeRead()
+{
+    const QString missing = mSite.path(u"missing.jsonl"_qs);
+    const QString folder = QFileInfo(missing).path();
+    const std::pair<QString, QString> faults[] = {
+        {missing, missing + u": No such file or directory"_qs},
+        {folder, folder + u": Is a directory"_qs},
+    };
+    for (const auto &[file, fault] : faults) {
+        const ProgramRun run = runKvprint({script, file});
+        QCOMPARE(run.status, 3);
+        QCOMPARE(run.output, QString());
+        QVERIFY2(run.errors.contains(u"kvprint: "_qs + fault), qPrintable(run.errors));
+    }
+}
+
+void tst_scriptprogram::readerThatGoesAway()
+{
+    // More answers than any pipe holds.
+    const QByteArray state = "{\"cmd\":\"state\"}\n";
+    const QString file =
+        mSite.file(u"states.jsonl"_qs, openLine(u"tape"_qs) + '\n' + state.repeated(1000));
+    const QString line = u"{ %1'%2' --script '%3'; echo status $? >&2; } | head -n 1"_qs;
+    const QString program = QStringLiteral(KV_PRINT_PROGRAM);
+    const ProgramRun ended = runInShell(line.arg(QString(), program, file));
+    QCOMPARE(successes(ended), QList<bool>{true});
+    QVERIFY2(ended.errors.endsWith(u"status %1\n"_qs.arg(128 + SIGPIPE)), qPrintable(ended.errors));
+    // Some environments let their programs ignore the signal.
+    const ProgramRun told = runInShell(line.arg(u"trap '' PIPE; "_qs, program, file));
+    QCOMPARE(successes(told), QList<bool>{true});
+    QVERIFY2(told.errors.endsWith(
+                 u"kvprint: standard output cannot be written: Broken pipe\nstatus 3\n"),
+             qPrintable(told.errors));
+}
+
+void tst_scriptprogram::answersThatCannotBeWritten()
+{
+    const QString file = mSite.file(u"keys.jsonl"_qs, openLine(u"tape"_qs) + '\n');
+    const ProgramRun run = runInShell(
+        u"exec '%1' --script '%2' > /dev/full"_qs.arg(QStringLiteral(KV_PRINT_PROGRAM), file));
+    QCOMPARE(run.status, 3);
+    QVERIFY2(
+        run.errors.contains(u"kvprint: standard output cannot be written: No space left on device"),
+        qPrintable(run.errors));
+}
+
+void tst_scriptprogram::defaultPPD()
+{
+    ProgramTalk talk({u"--ppd"_qs, PrintingSite::ppdPath(u"label"_qs)}, {noScheduler});
+    QCOMPARE(talk.ask(R"({"cmd":"open"})").value(u"isRV"), QJsonValue(true));
+    talk.ask(R"({"cmd":"close"})");
+    QCOMPARE(talk.ask(openLine(u"tape"_qs)).value(u"isRV"), QJsonValue(false));
+    QCOMPARE(talk.end(), 0);
+
+    const QString missing = mSite.path(u"missing.ppd"_qs);
+    ProgramTalk wrong({u"--ppd"_qs, missing});
+    QCOMPARE(errorOf(wrong.ask(R"({"cmd":"open"})")), missing + u": No such file or directory"_qs);
+    QCOMPARE(wrong.end(), 4);
+}
+
+void tst_scriptprogram::defaultPrinter()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape KvMirror=ON\n"));
+    ProgramTalk talk({u"-d"_qs, u"tape"_qs});
+    QVERIFY(isOK(talk.ask(R"({"cmd":"open"})")));
+    const QJsonObject state = talk.ask(R"({"cmd":"state"})");
+    QCOMPARE(state.value(u"marks")[u"KvMirror"], QJsonValue(u"ON"_qs));
+    QCOMPARE(talk.end(), 0);
+
+    ProgramTalk none;
+    QCOMPARE(errorOf(none.ask(R"({"cmd":"open"})")),
+             u"\"open\" needs either \"ppd\" or \"printer\""_qs);
+}
+
+void tst_scriptprogram::noDisplayIsNeeded_data()
+{
+    QTest::addColumn<QStringList>("variables");
+    const QString display = u"DISPLAY"_qs;
+    const QString wayland = u"WAYLAND_DISPLAY"_qs;
+    const QString platform = u"QT_QPA_PLATFORM"_qs;
+    QTest::newRow("no display") << QStringList{display, wayland, platform};
+    QTest::newRow("the user's wish for X") << QStringList{display, wayland, platform + u"=xcb"_qs};
+    QTest::newRow("a display that is gone") << QStringList{
+        display + u"=:4711"_qs, wayland + u"=gone"_qs, platform + u"=wayland;xcb"_qs};
+    QTest::newRow("an unknown platform") << QStringList{platform + u"=frobnicate"_qs};
+}
+
+void tst_scriptprogram::noDisplayIsNeeded()
+{
+    QFETCH(const QStringList, variables);
+    const QByteArray lines = openLine(u"tape"_qs) + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n";
+    const ProgramRun run = runKvprint({script, standardInput}, {lines, variables});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(successes(run), QList<bool>(3, true));
+    const QStringList onPPD{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
+    const QStringList picture{u"--screenshot"_qs, mSite.path(u"panel.png"_qs)};
+    const QStringList dryRun{u"--dry-run"_qs, mSite.document()};
+    for (const QStringList &action : {picture, dryRun, QStringList{u"--list"_qs}}) {
+        QCOMPARE(runKvprint(onPPD + action, {{}, variables}).status, 0);
+    }
+}
+
+void tst_scriptprogram::lengthsArePointsInAnyFont()
+{
+    const auto shown = [](const QString &dpi) {
+        ProgramTalk talk({}, {u"QT_FONT_DPI="_qs + dpi});
+        talk.ask(openLine(u"all"_qs));
+        const QJsonObject view = talk.ask(R"({"cmd":"view"})");
+        talk.ask(R"({"cmd":"show"})");
+        return compact(view) + compact(talk.ask(R"({"cmd":"state"})"));
+    };
+    QCOMPARE(shown(u"240"_qs), shown(u"96"_qs));
+}
+
+void tst_scriptprogram::alertGoesToTheAnswerAlone()
+{
+    const QByteArray open = R"({"cmd":"open","paper":"HS12x100","ppd":)" +
+                            compact(PrintingSite::ppdPath(u"follow"_qs)) + '}';
+    const QByteArray click = R"({"cmd":"click","control":"mCutEveryChkBx"})"
+                             "\n";
+    const ProgramRun run =
+        runKvprint({script, standardInput},
+                   {open + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n" + click + click, {}});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(eventsOf(answersOf(run).last()).size(), 2);
+    QVERIFY2(!run.errors.contains(u"kvprint:"), qPrintable(run.errors));
+}
+
+QTEST_MAIN(tst_scriptprogram)
+#include "tst_scriptprogram.moc"

@@ -1,0 +1,57 @@
+#include "Ticket.h"
+
+namespace model {
+namespace {
+QByteArray propertyList(const QString &value)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<plist version=\"1.0\">" +
+           value.toUtf8() + "</plist>\n";
+}
+
+QString entry(const char *key, const QString &element)
+{
+    return QStringLiteral("<key>%1</key>%2").arg(QLatin1String(key), element);
+}
+
+QString stringEntry(const char *key, const std::optional<QString> &text)
+{
+    return text ? entry(key, QStringLiteral("<string>%1</string>").arg(text->toHtmlEscaped()))
+                : QString();
+}
+
+QByteArray ticketData(const Ticket &ticket)
+{
+    switch (ticket.kind) {
+    case Ticket::Kind::List:
+        return propertyList(QStringLiteral("<array><string>HS058</string></array>"));
+    case Ticket::Kind::NoPropertyList:
+        return "HS058";
+    case Ticket::Kind::Dictionary:
+        break;
+    }
+    return propertyList(QStringLiteral("<dict>%1%2</dict>")
+                            .arg(stringEntry("MqPaperName2", ticket.paperName),
+                                 stringEntry("MqRVMultiColor", ticket.colour)));
+}
+} // namespace
+
+QString Ticket::readablePaperName() const
+{
+    return kind == Kind::Dictionary ? paperName.value_or(QString()) : QString();
+}
+
+QByteArray settingsFile(const std::optional<Ticket> &ticket)
+{
+    QString entries = stringEntry("com.apple.print.PrintSettings.PMJobName", QStringLiteral("Job"));
+    if (ticket) {
+        entries += entry("com.korvane.print.PrintSettingsTicket.MqE5",
+                         QStringLiteral("<data>%1</data>")
+                             .arg(QString::fromLatin1(ticketData(*ticket).toBase64())));
+    }
+    return propertyList(QStringLiteral("<dict>%1</dict>").arg(entries));
+}
+
+} // namespace model
