@@ -62,7 +62,7 @@ QString ScriptRequest::text(const char *member)
 
 QString ScriptRequest::name(const char *member)
 {
-    const QString value = text(member);
+    QString value = text(member);
     if (value.contains(QChar::Null)) {
         refuseMember(member, QStringLiteral("a text without null characters"));
     }

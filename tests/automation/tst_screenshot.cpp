@@ -37,8 +37,10 @@ private Q_SLOTS:
     void optionsAreShown();
     void queueWithSavedOptions();
     void formerPictureIsReplaced();
+    void pictureForAnotherProgram();
     void refused_data();
     void refused();
+    void noRoomForThePicture();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     /// The panel's picture; null when none was written or it is no PNG.
@@ -123,6 +125,16 @@ void tst_screenshot::formerPictureIsReplaced()
     QCOMPARE(mSite.scheduler().jobIds(), QList<int>());
 }
 
+void tst_screenshot::pictureForAnotherProgram()
+{
+    const QString file = mSite.path(u"piped.png"_qs);
+    const QString line = u"'%1' --ppd '%2' --screenshot /dev/stdout | cat > '%3'"_qs;
+    runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs), file));
+    const QImage piped(file, "PNG");
+    QVERIFY(!piped.isNull());
+    QVERIFY(piped == picture({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)}));
+}
+
 void tst_screenshot::refused_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -136,7 +148,6 @@ void tst_screenshot::refused_data()
     const QString unwritten = u": the picture could not be written"_qs;
     QTest::newRow("no such folder") << tape << nowhere << 3 << nowhere + unwritten;
     QTest::newRow("a folder") << tape << folder << 3 << folder + unwritten;
-    QTest::newRow("a full device") << tape << u"/dev/full"_qs << 3 << u"/dev/full"_qs + unwritten;
     QTest::newRow("printer without the panel's options")
         << QStringList{u"-d"_qs, u"plain"_qs} << file << 3 << u"the printer has no panel"_qs;
     QTest::newRow("unknown printer")
@@ -160,6 +171,18 @@ void tst_screenshot::refused()
     QCOMPARE(run.status, status);
     QVERIFY2(run.errors.contains(u"kvprint: "_qs + fault), qPrintable(run.errors));
     QVERIFY(!QFileInfo(file).isFile());
+}
+
+void tst_screenshot::noRoomForThePicture()
+{
+    const QString file = mSite.path(u"cut.png"_qs);
+    const QString line = u"trap '' XFSZ; ulimit -f 0; exec '%1' --ppd '%2' --screenshot '%3'"_qs;
+    const ProgramRun run = runInShell(
+        line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs), file));
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(file + u": the picture could not be written: "_qs),
+             qPrintable(run.errors));
+    QVERIFY(!QFileInfo(file).size());
 }
 
 QTEST_MAIN(tst_screenshot)

@@ -2,6 +2,7 @@
 #include "ScriptTalk.h"
 #include "printcore/Beep.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -55,6 +56,8 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     /// Sends the line at the stage: its error, once it is certain that it has changed nothing.
     static QString errorAt(Stage stage, const QByteArray &line);
+
+    QTemporaryDir mFolder;
 };
 
 QString tst_scriptfaults::errorAt(Stage stage, const QByteArray &line)
@@ -286,13 +289,15 @@ void tst_scriptfaults::textWithANullCharacter_data()
     // Neither a file nor a choice has such a name, whatever comes in front of it.
     QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
     ppd.chop(1);
+    QByteArray picture = compact(mFolder.filePath(u"panel.png"_qs));
+    picture.chop(1);
     QTest::newRow("PPD") << int(Closed) << line("open", "ppd", ppd + R"(\u0000x")");
     QTest::newRow("key") << int(Open)
                          << QByteArray(R"({"cmd":"choose","key":"KvHalfCut\u0000","choice":"ON"})");
     QTest::newRow("choice") << int(Open)
                             << QByteArray(
                                    R"({"cmd":"choose","key":"KvHalfCut","choice":"ON\u0000"})");
-    QTest::newRow("picture") << int(Viewed) << line("screenshot", "file", R"("/dev/null\u0000x")");
+    QTest::newRow("picture") << int(Viewed) << line("screenshot", "file", picture + R"(\u0000x")");
 }
 
 void tst_scriptfaults::textWithANullCharacter()

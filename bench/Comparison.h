@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What a measurement should stay below.
+struct Aim
+{
+    enum class Kind {
+        /// Nothing: it is there to be compared with.
+        None,
+        /// So many times what it is compared with.
+        Ratio,
+        /// A time, in seconds.
+        Time,
+    };
+
+    Kind kind = Kind::None;
+    double limit = 0.0;
+};
+
+/// Two measurements, by their names, of which one is compared with the other.
+struct Comparison
+{
+    std::string name;
+    std::string beside;
+    Aim aim;
+};
+
+/// Comparisons that belong together.
+struct ComparisonGroup
+{
+    std::string title;
+    std::vector<Comparison> comparisons;
+};
