@@ -1,0 +1,187 @@
+#include "diagnostics/DebugLog.h"
+
+#include "ReadPipe.h"
+#include "StandardErrorCapture.h"
+
+#include <QTest>
+
+#include <unistd.h>
+
+#include <limits>
+
+namespace {
+constexpr qint32 smallest = std::numeric_limits<qint32>::min();
+constexpr qint32 largest = std::numeric_limits<qint32>::max();
+
+/// An object that knows how often it has been described.
+class Counted
+{
+public:
+    QString description() const
+    {
+        ++mTimes;
+        return u"described"_qs;
+    }
+    int times() const { return mTimes; }
+
+private:
+    mutable int mTimes = 0;
+};
+
+template <typename... Arguments>
+QByteArray onStandardError(qint32 level, const QString &format, const Arguments &...arguments)
+{
+    const StandardErrorCapture capture;
+    debugLog(level, format, arguments...);
+    return capture.text();
+}
+
+template <typename... Arguments>
+QByteArray onDescriptor(qint32 level, const QString &format, const Arguments &...arguments)
+{
+    ReadPipe pipe;
+    debugLogFd(level, pipe.descriptor(), format, arguments...);
+    return pipe.finish();
+}
+} // namespace
+
+/// Lines on standard error and on descriptors.
+class DebugLogTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void printsALine();
+    void printsFromLevelZeroDown_data();
+    void printsFromLevelZeroDown();
+    void describesNothingWhenItPrintsNothing();
+    void texts_data();
+    void texts();
+    void nullCharacterEndsTheLineOfStandardErrorAlone();
+    void printsBehindTheApplicationsOutput();
+    void lineAfterLine();
+    void ignoresClosedDescriptors();
+};
+
+void DebugLogTest::printsALine()
+{
+    QCOMPARE(onStandardError(0, u"%@: %d of %s"_qs, u"Größe"_qs, 3, "five"),
+             QByteArray("DEBUG: Gr\xc3\xb6\xc3\x9f"
+                        "e: 3 of five\n"));
+    QCOMPARE(onDescriptor(0, u"%@: %d of %s"_qs, u"Größe"_qs, 3, "five"),
+             QByteArray("Gr\xc3\xb6\xc3\x9f"
+                        "e: 3 of five\n"));
+}
+
+void DebugLogTest::printsFromLevelZeroDown_data()
+{
+    QTest::addColumn<qint32>("level");
+    QTest::addColumn<bool>("prints");
+
+    QTest::newRow("0") << 0 << true;
+    QTest::newRow("-1") << -1 << true;
+    QTest::newRow("-5") << -5 << true;
+    QTest::newRow("smallest") << smallest << true;
+    QTest::newRow("1") << 1 << false;
+    QTest::newRow("largest") << largest << false;
+}
+
+void DebugLogTest::printsFromLevelZeroDown()
+{
+    QFETCH(qint32, level);
+    QFETCH(bool, prints);
+    QCOMPARE(onStandardError(level, u"text"_qs),
+             prints ? QByteArray("DEBUG: text\n") : QByteArray());
+    QCOMPARE(onDescriptor(level, u"text"_qs), prints ? QByteArray("text\n") : QByteArray());
+}
+
+void DebugLogTest::describesNothingWhenItPrintsNothing()
+{
+    const Counted object;
+    onStandardError(1, u"%@"_qs, &object);
+    onDescriptor(1, u"%@"_qs, &object);
+    QCOMPARE(object.times(), 0);
+    QCOMPARE(onStandardError(0, u"%@"_qs, &object), QByteArray("DEBUG: described\n"));
+    QCOMPARE(object.times(), 1);
+}
+
+void DebugLogTest::texts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("bytes");
+
+    const QChar high(0xd83d);
+    const QChar low(0xde00);
+    QTest::newRow("empty") << u""_qs << QByteArray();
+    QTest::newRow("percent signs") << u"100% %s %@ %n %%"_qs << QByteArray("100% %s %@ %n %%");
+    QTest::newRow("newlines") << u"\none\n\ntwo\n"_qs << QByteArray("\none\n\ntwo\n");
+    QTest::newRow("kana") << u"あ"_qs << QByteArray("\xe3\x81\x82");
+    QTest::newRow("pair") << QString(high) + low << QByteArray("\xf0\x9f\x98\x80");
+    QTest::newRow("high alone") << u"a"_qs + high + u'b' << QByteArray("a?b");
+    QTest::newRow("low alone") << u"a"_qs + low + u'b' << QByteArray("a?b");
+    QTest::newRow("high at the end") << u"a"_qs + high << QByteArray("a?");
+    QTest::newRow("two high") << u"a"_qs + high + high << QByteArray("a??");
+    QTest::newRow("wrong order") << QString(low) + high << QByteArray("??");
+    QTest::newRow("high and pair") << QString(high) + high + low << QByteArray("?\xf0\x9f\x98\x80");
+    QTest::newRow("null") << QString() << QByteArray("(null)");
+    QTest::newRow("enormous") << QString(1 << 20, u'ä') << QByteArray("\xc3\xa4").repeated(1 << 20);
+}
+
+void DebugLogTest::texts()
+{
+    QFETCH(QString, text);
+    QFETCH(QByteArray, bytes);
+    QVERIFY(onStandardError(0, u"%@"_qs, text) == "DEBUG: " + bytes + '\n');
+    QVERIFY(onDescriptor(0, u"%@"_qs, text) == bytes + '\n');
+    // As the format too, where a percent sign is not one of a placeholder.
+    if (!text.contains(u'%')) {
+        QVERIFY(onStandardError(0, text) == "DEBUG: " + bytes + '\n');
+        QVERIFY(onDescriptor(0, text) == bytes + '\n');
+    }
+}
+
+void DebugLogTest::nullCharacterEndsTheLineOfStandardErrorAlone()
+{
+    QCOMPARE(onStandardError(0, u"%@"_qs, u"ab\0cd"_qs), QByteArray("DEBUG: ab\n"));
+    QCOMPARE(onDescriptor(0, u"%@"_qs, u"ab\0cd"_qs), QByteArray("ab\0cd\n", 6));
+}
+
+void DebugLogTest::printsBehindTheApplicationsOutput()
+{
+    const StandardErrorCapture capture;
+    char buffer[256];
+    std::setvbuf(stderr, buffer, _IOFBF, sizeof(buffer));
+    std::fputs("before\n", stderr);
+    debugLog(0, u"text"_qs);
+    std::fputs("after\n", stderr);
+    std::fflush(stderr);
+    std::setvbuf(stderr, nullptr, _IONBF, 0);
+    QCOMPARE(capture.text(), QByteArray("before\nDEBUG: text\nafter\n"));
+}
+
+void DebugLogTest::lineAfterLine()
+{
+    const StandardErrorCapture capture;
+    QByteArray expected;
+    for (int i = 0; i < 1000; ++i) {
+        debugLog(-i, u"line %d"_qs, i);
+        expected += "DEBUG: line " + QByteArray::number(i) + '\n';
+    }
+    QCOMPARE(capture.text(), expected);
+}
+
+void DebugLogTest::ignoresClosedDescriptors()
+{
+    debugLogFd(0, -1, u"text"_qs);
+    debugLogFd(0, smallest, u"text"_qs);
+    debugLogFd(0, largest, u"text"_qs);
+    {
+        const StandardErrorCapture capture;
+        close(STDERR_FILENO);
+        debugLog(0, u"text"_qs);
+    }
+    QCOMPARE(onStandardError(0, u"open again"_qs), QByteArray("DEBUG: open again\n"));
+}
+
+QTEST_GUILESS_MAIN(DebugLogTest)
+#include "tst_debuglog.moc"

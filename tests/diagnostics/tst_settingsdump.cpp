@@ -1,0 +1,198 @@
+#include "diagnostics/PDELog.h"
+
+#include "PrivateRoot.h"
+#include "printcore/PrintSettings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPoint>
+#include <QTest>
+
+namespace {
+PrintSettings sampleSettings()
+{
+    return PrintSettings({{u"copies"_qs, 3}, {u"name"_qs, u"Größe <&> あ"_qs}});
+}
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+QByteArray listOf(PrintSettings settings)
+{
+    QByteArray data;
+    PMPrintSettingsCreateDataRepresentation(&settings, &data, kPMDataFormatXMLDefault);
+    return data;
+}
+
+bool somethingWasSaid = false;
+
+/// Writes settings in that root folder; whether that was done in silence.
+bool dump(PrivateRoot &root, PrintSettings settings, const QString &name)
+{
+    return root.run([&] {
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
+            somethingWasSaid = true;
+        });
+        _PDELog_PMPrintSettings_WriteToFile(&settings, name);
+        return !somethingWasSaid;
+    });
+}
+} // namespace
+
+/// The dump of print settings, in a root folder of the test's own.
+class SettingsDumpTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void writesAPropertyList();
+    void writesUnderTheName_data();
+    void writesUnderTheName();
+    void refusesNamesThatLieElsewhere_data();
+    void refusesNamesThatLieElsewhere();
+    void replacesTheFileAsAWhole();
+    void needsBothArguments();
+    void settingsThatAreNoPropertyListLeaveTheFileAlone();
+    void ignoresARootFolderThatCannotBeWritten();
+    void ignoresAFolderInItsPlace();
+};
+
+void SettingsDumpTest::init()
+{
+    if (!PrivateRoot::isPossible()) {
+        QSKIP("This user may have no root folder of its own.");
+    }
+}
+
+void SettingsDumpTest::writesAPropertyList()
+{
+    PrivateRoot root;
+    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+    const QByteArray written = contents(root.path(u"KvPDE_job.plist"_qs));
+    QCOMPARE(written, listOf(sampleSettings()));
+    QVERIFY(written.startsWith("<?xml"));
+    std::unique_ptr<PrintSettings> read;
+    QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(written, &read), noErr);
+    QCOMPARE(read->value(u"name"_qs), QVariant(u"Größe <&> あ"_qs));
+    QCOMPARE(root.records(), QByteArrayList());
+}
+
+void SettingsDumpTest::writesUnderTheName_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("plain") << u"job 1"_qs;
+    QTest::newRow("empty") << u""_qs;
+    QTest::newRow("dots") << u".."_qs;
+    QTest::newRow("percent signs") << u"50% %@ %d %s"_qs;
+    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_qs;
+    QTest::newRow("newline") << u"a\nb"_qs;
+    QTest::newRow("longest") << QString(255 - 6 - 6 - 7, u'A');
+}
+
+void SettingsDumpTest::writesUnderTheName()
+{
+    QFETCH(QString, name);
+    PrivateRoot root;
+    QVERIFY(dump(root, sampleSettings(), name));
+    const QString file = u"KvPDE_"_qs + name + u".plist"_qs;
+    QCOMPARE(root.entries(), QStringList({file}));
+    QCOMPARE(contents(root.path(file)), listOf(sampleSettings()));
+}
+
+void SettingsDumpTest::refusesNamesThatLieElsewhere_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("slash") << u"a/b"_qs;
+    QTest::newRow("parent") << u"a/../b"_qs;
+    QTest::newRow("slash alone") << u"/"_qs;
+    QTest::newRow("folder") << u"a/"_qs;
+    QTest::newRow("null character") << u"a\0b"_qs;
+    QTest::newRow("too long") << QString(256, u'A');
+    QTest::newRow("enormous") << QString(1 << 20, u'A');
+}
+
+void SettingsDumpTest::refusesNamesThatLieElsewhere()
+{
+    QFETCH(QString, name);
+    PrivateRoot root;
+    // Folders that would make way for the name.
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_a"_qs)));
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_"_qs)));
+    QVERIFY(dump(root, sampleSettings(), name));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_"_qs, u"KvPDE_a"_qs}));
+    QVERIFY(QDir(root.path(u"KvPDE_a"_qs))
+                .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    QVERIFY(QDir(root.path(u"KvPDE_"_qs))
+                .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+}
+
+void SettingsDumpTest::replacesTheFileAsAWhole()
+{
+    PrivateRoot root;
+    const QString path = root.path(u"KvPDE_job.plist"_qs);
+    QVERIFY(dump(root, PrintSettings({{u"long"_qs, QString(5000, u'A')}}), u"job"_qs));
+    QFile former(path);
+    QVERIFY(former.open(QIODevice::ReadOnly));
+    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QCOMPARE(contents(path), listOf(sampleSettings()));
+    // Who was reading the former file reads it to its end.
+    QCOMPARE(former.readAll(), listOf(PrintSettings({{u"long"_qs, QString(5000, u'A')}})));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+}
+
+void SettingsDumpTest::needsBothArguments()
+{
+    PrivateRoot root;
+    PrintSettings settings = sampleSettings();
+    QVERIFY(root.run([&settings] {
+        _PDELog_PMPrintSettings_WriteToFile(nullptr, u"job"_qs);
+        _PDELog_PMPrintSettings_WriteToFile(&settings, QString());
+        _PDELog_PMPrintSettings_WriteToFile(nullptr, QString());
+        return true;
+    }));
+    QCOMPARE(root.entries(), QStringList());
+    QVERIFY(dump(root, PrintSettings(), u"empty"_qs));
+    QCOMPARE(contents(root.path(u"KvPDE_empty.plist"_qs)), listOf(PrintSettings()));
+}
+
+void SettingsDumpTest::settingsThatAreNoPropertyListLeaveTheFileAlone()
+{
+    PrivateRoot root;
+    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QVERIFY(dump(root, PrintSettings({{u"point"_qs, QPoint(1, 2)}}), u"job"_qs));
+    QVERIFY(dump(root, PrintSettings({{u"point"_qs, QPoint(1, 2)}}), u"other"_qs));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_qs)), listOf(sampleSettings()));
+}
+
+void SettingsDumpTest::ignoresARootFolderThatCannotBeWritten()
+{
+    PrivateRoot root;
+    PrintSettings settings = sampleSettings();
+    QVERIFY(root.runWithoutRights([&settings] {
+        _PDELog_PMPrintSettings_WriteToFile(&settings, u"job"_qs);
+        return true;
+    }));
+    QCOMPARE(root.entries(), QStringList());
+    QCOMPARE(root.records(), QByteArrayList());
+}
+
+void SettingsDumpTest::ignoresAFolderInItsPlace()
+{
+    PrivateRoot root;
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_job.plist"_qs)));
+    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+    QVERIFY(QDir(root.path(u"KvPDE_job.plist"_qs)).exists());
+}
+
+QTEST_GUILESS_MAIN(SettingsDumpTest)
+#include "tst_settingsdump.moc"
