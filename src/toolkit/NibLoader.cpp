@@ -1,5 +1,6 @@
 #include "toolkit/NibLoader.h"
 
+#include "textinput/PDETextField.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
@@ -25,6 +26,7 @@ struct CustomWidget
 
 const CustomWidget customWidgets[] = {
     {QLatin1String("CheckBox"), make<CheckBox>},
+    {QLatin1String("PDETextField13_v400_"), make<PDETextField13_v400_>},
     {QLatin1String("PopUpButton"), make<PopUpButton>},
     {QLatin1String("Stepper"), make<Stepper>},
 };

@@ -1,0 +1,78 @@
+#include "textinput/PDETextField.h"
+
+#include "printcore/NotificationCenter.h"
+#include "textinput/FormatterProperties.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QPointer>
+
+#include <utility>
+
+PDETextField13_v400_::PDETextField13_v400_(QWidget *parent)
+    : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textEdited, this, &PDETextField13_v400_::noteEdit);
+    connect(this, &QLineEdit::editingFinished, this, &PDETextField13_v400_::textDidEndEditing);
+}
+
+void PDETextField13_v400_::sendFirstResponderNotification(bool answer)
+{
+    if (!answer) {
+        NotificationCenter::defaultCenter().postNotification(
+            TextFieldResignFirstResponderNotification, this);
+    }
+}
+
+bool PDETextField13_v400_::becomeFirstResponder()
+{
+    setFocus();
+    const bool became = hasFocus();
+    if (became) {
+        sendFirstResponderNotification(true);
+    }
+    return became;
+}
+
+void PDETextField13_v400_::textDidChange()
+{
+    sendFirstResponderNotification(false);
+}
+
+void PDETextField13_v400_::textDidEndEditing()
+{
+    sendFirstResponderNotification(true);
+}
+
+void PDETextField13_v400_::selectText(QObject *)
+{
+    sendFirstResponderNotification(false);
+}
+
+bool PDETextField13_v400_::event(QEvent *event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange) {
+        const auto *change = static_cast<QDynamicPropertyChangeEvent *>(event);
+        FormatterProperties::apply(this, change->propertyName());
+    }
+    const QPointer<PDETextField13_v400_> self(this);
+    const bool isWithinEvent = std::exchange(mHandlesEvent, true);
+    const bool handled = QLineEdit::event(event);
+    if (!self) {
+        return handled;
+    }
+    mHandlesEvent = isWithinEvent;
+    if (!isWithinEvent && std::exchange(mEdited, false)) {
+        textDidChange();
+    }
+    return handled;
+}
+
+void PDETextField13_v400_::noteEdit()
+{
+    // Whoever is told may destroy the field, so it has to be done with the edit by then.
+    if (mHandlesEvent) {
+        mEdited = true;
+    } else {
+        QMetaObject::invokeMethod(this, &PDETextField13_v400_::textDidChange, Qt::QueuedConnection);
+    }
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStringList>
+
+/// What the user is told of refused edits, for as long as the log lives.
+class RefusalLog
+{
+public:
+    RefusalLog();
+    ~RefusalLog();
+    RefusalLog(const RefusalLog &) = delete;
+    RefusalLog &operator=(const RefusalLog &) = delete;
+
+    /// The notifications told since the last call: name, and " x" when it is about a character x.
+    QStringList taken();
+    /// The beeps since the last call.
+    int takenBeeps();
+    /// What the last notification was about.
+    const void *lastObject() const { return mLastObject; }
+
+private:
+    QStringList mTold;
+    int mBeeps = 0;
+    const void *mLastObject = nullptr;
+};

@@ -1,0 +1,156 @@
+#include "FieldWays.h"
+#include "RefusalLog.h"
+
+#include "printcore/NotificationCenter.h"
+#include "textinput/FormatterAdapter.h"
+#include "textinput/PDEFormatter.h"
+
+#include <QTest>
+
+#include <functional>
+
+/// What an observer may do to a text field when it is told of a refused edit.
+class FieldObserversTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void observerMayRemoveItself();
+    void observerMayChangeTheField_data();
+    void observerMayChangeTheField();
+    void observerMayDestroyTheField_data();
+    void observerMayDestroyTheField();
+    void textDroppedOnADestroyedFieldStaysWithItsSource();
+    void observerMayDestroyTheFormatter_data();
+    void observerMayDestroyTheFormatter();
+};
+
+namespace {
+/// Does something when a refusal is told, for as long as it lives.
+class RefusalObserver
+{
+public:
+    explicit RefusalObserver(const std::function<void()> &action)
+    {
+        NotificationCenter::defaultCenter().addObserver(
+            this, [action](const Notification &) { action(); }, InvalidCharacterNotification);
+    }
+    ~RefusalObserver() { NotificationCenter::defaultCenter().removeObserver(this); }
+    Q_DISABLE_COPY_MOVE(RefusalObserver)
+};
+
+void addWaysOfTheUser()
+{
+    QTest::addColumn<FieldAction>("puts");
+    for (const FieldWay &way : waysOfTheUser()) {
+        QTest::newRow(way.name) << way.puttingX();
+    }
+    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_qs, 1); });
+    QTest::newRow("composition") << FieldAction([](FieldUser &user) {
+        user.composes(u"ks"_qs);
+        user.commits(u"x"_qs);
+    });
+}
+
+void addWaysOfTheProgram()
+{
+    for (const FieldWay &way : waysOfTheProgram()) {
+        QTest::newRow(way.name) << way.puttingX();
+    }
+}
+} // namespace
+
+void FieldObserversTest::observerMayRemoveItself()
+{
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    int told = 0;
+    std::unique_ptr<RefusalObserver> observer;
+    observer = std::make_unique<RefusalObserver>([&] {
+        ++told;
+        observer.reset();
+    });
+    user.types(u"1xx2"_qs);
+    QCOMPARE(told, 1);
+    QCOMPARE(user.seen(), u"12| undo"_qs);
+}
+
+void FieldObserversTest::observerMayChangeTheField_data()
+{
+    addWaysOfTheUser();
+    addWaysOfTheProgram();
+}
+
+void FieldObserversTest::observerMayChangeTheField()
+{
+    QFETCH(FieldAction, puts);
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    user.types(u"1234"_qs);
+    const std::unique_ptr<RefusalObserver> observer =
+        std::make_unique<RefusalObserver>([&user] { user.field()->setText(u"99"_qs); });
+    puts(user);
+    QCOMPARE(user.seen(), u"99|"_qs);
+    user.types(u"5"_qs);
+    QCOMPARE(user.seen(), u"995| undo"_qs);
+    puts(user);
+    QCOMPARE(user.seen(), u"99|"_qs);
+}
+
+void FieldObserversTest::observerMayDestroyTheField_data()
+{
+    addWaysOfTheUser();
+}
+
+void FieldObserversTest::observerMayDestroyTheField()
+{
+    QFETCH(FieldAction, puts);
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    user.types(u"1234"_qs);
+    RefusalLog log;
+    const RefusalObserver observer([&user] { delete user.field(); });
+    puts(user);
+    QVERIFY(!user.field());
+    QCOMPARE(log.takenBeeps(), 1);
+    QCoreApplication::processEvents();
+}
+
+void FieldObserversTest::textDroppedOnADestroyedFieldStaysWithItsSource()
+{
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    const RefusalObserver observer([&user] { delete user.field(); });
+    QCOMPARE(user.drops(u"x"_qs, 0), Qt::IgnoreAction);
+    QVERIFY(!user.field());
+}
+
+void FieldObserversTest::observerMayDestroyTheFormatter_data()
+{
+    addWaysOfTheUser();
+    addWaysOfTheProgram();
+}
+
+void FieldObserversTest::observerMayDestroyTheFormatter()
+{
+    QFETCH(FieldAction, puts);
+    auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    user.types(u"12"_qs);
+    RefusalLog log;
+    const RefusalObserver observer([&formatter] { formatter.reset(); });
+    puts(user);
+    QCOMPARE(user.seen(), u"12| undo"_qs);
+    QCOMPARE(log.takenBeeps(), 1);
+    puts(user);
+    QCOMPARE(user.field()->text().count(u'x'), 1);
+    QCOMPARE(log.takenBeeps(), 0);
+}
+
+QTEST_MAIN(FieldObserversTest)
+#include "tst_fieldobservers.moc"

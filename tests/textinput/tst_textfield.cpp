@@ -1,0 +1,517 @@
+#include "FieldUser.h"
+#include "RefusalLog.h"
+
+#include "printcore/NotificationCenter.h"
+#include "textinput/FormatterAdapter.h"
+#include "textinput/PDEFormatter.h"
+#include "textinput/PDETextField.h"
+#include "toolkit/NibLoader.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <limits>
+
+/// A text field that tells of its edits, made by the program and by a form.
+class TextFieldTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void tellsOfEachEdit_data();
+    void tellsOfEachEdit();
+    void tellsNothingOfTheRest_data();
+    void tellsNothingOfTheRest();
+    void tellsNothingOfRefusedEdits();
+    void tabbingTellsNothing();
+    void selectTextTellsAndSelectsNothing();
+    void answersTell();
+    void takesTheFocus();
+
+    void observerMayRemoveItself();
+    void observerMayChangeTheField();
+    void observerMayDestroyTheField_data();
+    void observerMayDestroyTheField();
+    void observerMayHaveTheFieldDestroyedLater();
+
+    void formMakesTheField();
+    void formNamesTheFormatter();
+    void formConnectsSelectText();
+    void formatterFollowsProperties();
+    void warnsOfPropertiesThatAreNoIntegers_data();
+    void warnsOfPropertiesThatAreNoIntegers();
+    void takesIntegersOfEveryKind_data();
+    void takesIntegersOfEveryKind();
+    void otherPropertiesMakeNoFormatter();
+    void fieldOwnsItsFormatter();
+
+private: // NOLINT(readability-redundant-access-specifiers): these are no slots
+    PDETextField13_v400_ *field() const { return mField; }
+    int told() { return std::exchange(mTold, 0); }
+
+    std::unique_ptr<FieldUser> mUser;
+    QPointer<PDETextField13_v400_> mField;
+    int mTold = 0;
+};
+
+using Action = std::function<void(FieldUser &user)>;
+Q_DECLARE_METATYPE(Action)
+
+namespace {
+constexpr qint32 largest = std::numeric_limits<qint32>::max();
+constexpr qint32 smallest = std::numeric_limits<qint32>::min();
+
+/// A form with these widgets.
+std::unique_ptr<QWidget> formWith(const QByteArray &widgets, const QByteArray &connections = {})
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"Form.ui"_qs);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return nullptr;
+    }
+    file.write(R"(<?xml version="1.0"?><ui version="4.0"><class>form</class>)"
+               R"(<widget class="QWidget" name="form">)" +
+               widgets + "</widget><connections>" + connections + "</connections></ui>");
+    file.close();
+    return NibLoader::load(path);
+}
+
+QByteArray fieldWith(const QByteArray &properties)
+{
+    return R"(<widget class="PDETextField13_v400_" name="count">)" + properties + "</widget>";
+}
+
+QByteArray propertyOf(const QByteArray &name, const QByteArray &value)
+{
+    return "<property name=\"" + name + "\" stdset=\"0\">" + value + "</property>";
+}
+} // namespace
+
+void TextFieldTest::init()
+{
+    mField = new PDETextField13_v400_;
+    mUser = std::make_unique<FieldUser>(mField);
+    mTold = 0;
+    NotificationCenter::defaultCenter().addObserver(
+        this, [this](const Notification &) { ++mTold; },
+        u"TextFieldResignFirstResponderNotification"_qs, field());
+}
+
+void TextFieldTest::cleanup()
+{
+    NotificationCenter::defaultCenter().removeObserver(this);
+    mUser.reset();
+}
+
+void TextFieldTest::tellsOfEachEdit_data()
+{
+    QTest::addColumn<Action>("edits");
+    QTest::addColumn<int>("told");
+
+    const auto row = [](const char *name, int told, const Action &edits) {
+        QTest::newRow(name) << edits << told;
+    };
+    row("one character", 1, [](FieldUser &user) { user.types(u"x"_qs); });
+    row("three characters", 3, [](FieldUser &user) { user.types(u"xyz"_qs); });
+    row("over a selection", 1, [](FieldUser &user) {
+        user.selects(0, 2);
+        user.types(u"x"_qs);
+    });
+    row("deleting", 2, [](FieldUser &user) { user.types(u"\b\b"_qs); });
+    row("pasting", 1, [](FieldUser &user) { user.pastes(u"xyz"_qs); });
+    row("pasting from the menu", 1, [](FieldUser &user) { user.pastesFromMenu(u"xyz"_qs); });
+    row("cutting", 1, [](FieldUser &user) {
+        user.selects(0, 2);
+        user.presses(Qt::Key_X, Qt::ControlModifier);
+    });
+    row("drop", 1, [](FieldUser &user) { user.drops(u"xyz"_qs, 1); });
+    row("commit", 1, [](FieldUser &user) {
+        user.composes(u"ka"_qs);
+        user.commits(u"x"_qs);
+    });
+    row("undo", 1, [](FieldUser &user) { user.undoes(); });
+    row("redo", 2, [](FieldUser &user) {
+        user.undoes();
+        user.redoes();
+    });
+    row("undo from the menu", 1, [](FieldUser &user) { user.choosesFromMenu(QKeySequence::Undo); });
+    row("pasting by the program", 1, [](FieldUser &user) {
+        QGuiApplication::clipboard()->setText(u"xyz"_qs);
+        user.field()->paste();
+    });
+}
+
+void TextFieldTest::tellsOfEachEdit()
+{
+    QFETCH(Action, edits);
+    mUser->types(u"1234"_qs);
+    QCOMPARE(told(), 4);
+    edits(*mUser);
+    QCoreApplication::sendPostedEvents(field());
+    QTEST(told(), "told");
+}
+
+void TextFieldTest::tellsNothingOfTheRest_data()
+{
+    QTest::addColumn<Action>("acts");
+
+    const auto row = [](const char *name, const Action &acts) {
+        QTest::newRow(name) << acts;
+    };
+    row("text of the program", [](FieldUser &user) { user.field()->setText(u"5678"_qs); });
+    row("moving the caret", [](FieldUser &user) { user.presses(Qt::Key_Home); });
+    row("selecting", [](FieldUser &user) { user.presses(Qt::Key_Home, Qt::ShiftModifier); });
+    row("Return", [](FieldUser &user) { user.presses(Qt::Key_Return); });
+    row("deleting nothing", [](FieldUser &user) { user.presses(Qt::Key_Delete); });
+    row("composing", [](FieldUser &user) { user.composes(u"ka"_qs); });
+    row("focus", [](FieldUser &user) {
+        user.field()->clearFocus();
+        user.field()->setFocus();
+    });
+    row("hiding", [](FieldUser &user) {
+        user.field()->hide();
+        user.field()->show();
+    });
+}
+
+void TextFieldTest::tellsNothingOfTheRest()
+{
+    QFETCH(Action, acts);
+    mUser->types(u"1234"_qs);
+    told();
+    acts(*mUser);
+    QCoreApplication::sendPostedEvents(field());
+    QCOMPARE(told(), 0);
+    QCOMPARE(mUser->field()->text().size(), 4);
+}
+
+void TextFieldTest::tellsNothingOfRefusedEdits()
+{
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FormatterAdapter::attach(formatter.get(), field());
+    mUser->types(u"x1y"_qs);
+    mUser->pastes(u"x"_qs);
+    mUser->pastesFromMenu(u"x"_qs);
+    mUser->drops(u"x"_qs, 0);
+    mUser->commits(u"x"_qs);
+    QCoreApplication::sendPostedEvents(field());
+    QCOMPARE(field()->text(), u"1"_qs);
+    QCOMPARE(told(), 1);
+}
+
+void TextFieldTest::tabbingTellsNothing()
+{
+    QLineEdit before(&mUser->window());
+    QLineEdit after(&mUser->window());
+    before.show();
+    after.show();
+    QWidget::setTabOrder(&before, field());
+    QWidget::setTabOrder(field(), &after);
+    field()->setText(u"1234"_qs);
+    before.setFocus();
+    QTest::keyClick(&mUser->window(), Qt::Key_Tab);
+    QCOMPARE(mUser->window().focusWidget(), field());
+    QCOMPARE(field()->selectedText(), u"1234"_qs);
+    QTest::keyClick(&mUser->window(), Qt::Key_Tab);
+    QCOMPARE(mUser->window().focusWidget(), &after);
+    QTest::keyClick(&mUser->window(), Qt::Key_Backtab);
+    QCOMPARE(mUser->window().focusWidget(), field());
+    QCOMPARE(told(), 0);
+}
+
+void TextFieldTest::selectTextTellsAndSelectsNothing()
+{
+    field()->setText(u"1234"_qs);
+    field()->setCursorPosition(2);
+    field()->selectText();
+    QCOMPARE(told(), 1);
+    QCOMPARE(mUser->seen(), u"12|34"_qs);
+    field()->setSelection(1, 2);
+    field()->selectText(this);
+    QCOMPARE(told(), 1);
+    QCOMPARE(mUser->seen(), u"1[23|]4"_qs);
+    QVERIFY(QMetaObject::invokeMethod(field(), "selectText"));
+    QCOMPARE(told(), 1);
+
+    // The user may select everything all the same.
+    mUser->presses(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(mUser->seen(), u"[1234|]"_qs);
+    field()->deselect();
+    mUser->choosesFromMenu(QKeySequence::SelectAll);
+    QCOMPARE(mUser->seen(), u"[1234|]"_qs);
+    QCOMPARE(told(), 0);
+}
+
+void TextFieldTest::answersTell()
+{
+    field()->sendFirstResponderNotification(true);
+    QCOMPARE(told(), 0);
+    field()->sendFirstResponderNotification(false);
+    QCOMPARE(told(), 1);
+    field()->textDidEndEditing();
+    QCOMPARE(told(), 0);
+    field()->textDidChange();
+    QCOMPARE(told(), 1);
+}
+
+void TextFieldTest::takesTheFocus()
+{
+    field()->clearFocus();
+    QVERIFY(field()->becomeFirstResponder());
+    QVERIFY(field()->hasFocus());
+    field()->setEnabled(false);
+    QVERIFY(!field()->becomeFirstResponder());
+    QCOMPARE(told(), 0);
+}
+
+namespace {
+/// Does something when the field tells of an edit, for as long as it lives.
+class EditObserver
+{
+public:
+    explicit EditObserver(const std::function<void()> &action)
+    {
+        NotificationCenter::defaultCenter().addObserver(
+            this, [action](const Notification &) { action(); },
+            TextFieldResignFirstResponderNotification);
+    }
+    ~EditObserver() { NotificationCenter::defaultCenter().removeObserver(this); }
+    Q_DISABLE_COPY_MOVE(EditObserver)
+};
+} // namespace
+
+void TextFieldTest::observerMayRemoveItself()
+{
+    int seen = 0;
+    std::unique_ptr<EditObserver> observer;
+    observer = std::make_unique<EditObserver>([&] {
+        ++seen;
+        observer.reset();
+    });
+    mUser->types(u"12"_qs);
+    QCOMPARE(seen, 1);
+    QCOMPARE(told(), 2);
+}
+
+void TextFieldTest::observerMayChangeTheField()
+{
+    const EditObserver observer([this] { field()->setText(field()->text().toUpper()); });
+    mUser->types(u"ab"_qs);
+    QCOMPARE(field()->text(), u"AB"_qs);
+    mUser->pastes(u"cd"_qs);
+    QCOMPARE(field()->text(), u"ABCD"_qs);
+    QGuiApplication::clipboard()->setText(u"ef"_qs);
+    field()->paste();
+    QCoreApplication::sendPostedEvents(field());
+    QCOMPARE(field()->text(), u"ABCDEF"_qs);
+    QCOMPARE(told(), 4);
+}
+
+void TextFieldTest::observerMayDestroyTheField_data()
+{
+    QTest::addColumn<Action>("edits");
+    QTest::newRow("typing") << Action([](FieldUser &user) { user.types(u"x"_qs); });
+    QTest::newRow("deleting") << Action([](FieldUser &user) { user.types(u"\b"_qs); });
+    QTest::newRow("pasting") << Action([](FieldUser &user) { user.pastes(u"x"_qs); });
+    QTest::newRow("commit") << Action([](FieldUser &user) { user.commits(u"x"_qs); });
+    QTest::newRow("drop") << Action([](FieldUser &user) { user.drops(u"x"_qs, 0); });
+    QTest::newRow("undo") << Action([](FieldUser &user) { user.undoes(); });
+    QTest::newRow("menu") << Action([](FieldUser &user) { user.pastesFromMenu(u"x"_qs); });
+}
+
+void TextFieldTest::observerMayDestroyTheField()
+{
+    QFETCH(Action, edits);
+    mUser->types(u"12"_qs);
+    const EditObserver observer([this] { delete field(); });
+    edits(*mUser);
+    QCoreApplication::processEvents();
+    QVERIFY(!field());
+    QCOMPARE(told(), 3);
+}
+
+void TextFieldTest::observerMayHaveTheFieldDestroyedLater()
+{
+    const EditObserver observer([this] { field()->deleteLater(); });
+    mUser->types(u"x"_qs);
+    QVERIFY(field());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!field());
+}
+
+void TextFieldTest::formMakesTheField()
+{
+    const auto form = formWith(fieldWith("<property name=\"text\"><string>12</string></property>"));
+    QVERIFY(form);
+    auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_qs);
+    QVERIFY(made);
+    QCOMPARE(made->text(), u"12"_qs);
+    QVERIFY(!FormatterAdapter::formatterOf(made));
+}
+
+void TextFieldTest::formNamesTheFormatter()
+{
+    const auto form = formWith(fieldWith(propertyOf("formatterStyle", "<number>2</number>") +
+                                         propertyOf("formatterMaxLength", "<number>3</number>") +
+                                         propertyOf("formatterMinValue", "<string>10</string>") +
+                                         propertyOf("formatterMaxValue", "<number>200</number>")));
+    auto *made = form->findChild<PDETextField13_v400_ *>();
+    PDEFormatter *formatter = FormatterAdapter::formatterOf(made);
+    QVERIFY(formatter);
+    QCOMPARE(formatter->formatString(), u"%@"_qs);
+    QCOMPARE(formatter->textStyle(), 2);
+    QCOMPARE(formatter->maxLength(), 3);
+    QCOMPARE(formatter->minValue(), 10);
+    QCOMPARE(formatter->maxValue(), 200);
+    QVERIFY(formatter->isValidityMinValue());
+    QVERIFY(formatter->isValidityMaxValue());
+
+    RefusalLog log;
+    QTest::keyClicks(made, u"5x005"_qs);
+    QCOMPARE(made->text(), u"50"_qs);
+    QCOMPARE(log.taken(),
+             QStringList({u"InvalidCharacterNotification"_qs, u"FormatErrorNotification"_qs,
+                          u"FormatErrorNotification"_qs}));
+}
+
+void TextFieldTest::formConnectsSelectText()
+{
+    const auto form = formWith(fieldWith("") + R"(<widget class="QPushButton" name="button"/>)",
+                               "<connection><sender>button</sender><signal>clicked()</signal>"
+                               "<receiver>count</receiver><slot>selectText()</slot></connection>");
+    int seen = 0;
+    const EditObserver observer([&seen] { ++seen; });
+    form->findChild<QPushButton *>()->click();
+    QCOMPARE(seen, 1);
+}
+
+void TextFieldTest::formatterFollowsProperties()
+{
+    QVERIFY(!FormatterAdapter::formatterOf(field()));
+    field()->setProperty("formatterMaxLength", 4);
+    PDEFormatter *formatter = FormatterAdapter::formatterOf(field());
+    QVERIFY(formatter);
+    QCOMPARE(formatter->textStyle(), 0);
+    QVERIFY(!formatter->isValidityMinValue());
+    QVERIFY(!formatter->isValidityMaxValue());
+    formatter->addInvalidCharacter(u"x"_qs);
+
+    field()->setProperty("formatterStyle", 6);
+    field()->setProperty("formatterMinValue", -5);
+    field()->setProperty("formatterMaxValue", 5);
+    QCOMPARE(FormatterAdapter::formatterOf(field()), formatter);
+    QCOMPARE(formatter->textStyle(), 6);
+    QCOMPARE(formatter->maxLength(), 4);
+    QCOMPARE(formatter->minValue(), -5);
+    QCOMPARE(formatter->maxValue(), 5);
+    mUser->types(u"ax-bcdef"_qs);
+    QCOMPARE(field()->text(), u"abcd"_qs);
+
+    for (const char *name :
+         {"formatterStyle", "formatterMaxLength", "formatterMinValue", "formatterMaxValue"}) {
+        field()->setProperty(name, QVariant());
+    }
+    QCOMPARE(formatter->textStyle(), 0);
+    QCOMPARE(formatter->maxLength(), 0);
+    QVERIFY(!formatter->isValidityMinValue());
+    QVERIFY(!formatter->isValidityMaxValue());
+    QCOMPARE(FormatterAdapter::formatterOf(field()), formatter);
+    QVERIFY(formatter->isInvalidCharacter(u"x"_qs));
+}
+
+void TextFieldTest::warnsOfPropertiesThatAreNoIntegers_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("shown");
+
+    QTest::newRow("text") << QByteArray("<string>twelve</string>") << QByteArray("twelve");
+    QTest::newRow("number and text") << QByteArray("<string>12 mm</string>") << QByteArray("12 mm");
+    QTest::newRow("no text") << QByteArray("<string></string>") << QByteArray();
+    QTest::newRow("real") << QByteArray("<double>1.5</double>") << QByteArray("1.5");
+    QTest::newRow("truth") << QByteArray("<bool>true</bool>") << QByteArray("true");
+    QTest::newRow("beyond 32 bits")
+        << QByteArray("<longLong>2147483648</longLong>") << QByteArray("2147483648");
+    QTest::newRow("beyond 64 bits") << QByteArray("<uLongLong>18446744073709551615</uLongLong>")
+                                    << QByteArray("18446744073709551615");
+}
+
+void TextFieldTest::warnsOfPropertiesThatAreNoIntegers()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QByteArray, shown);
+    for (const char *name :
+         {"formatterStyle", "formatterMaxLength", "formatterMinValue", "formatterMaxValue"}) {
+        const QByteArray warning =
+            QByteArray("count: ") + name + " is no integer of 32 bits: " + shown;
+        QTest::ignoreMessage(QtWarningMsg, warning.constData());
+        const auto form = formWith(fieldWith(propertyOf(name, value)));
+        auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_qs);
+        QVERIFY(made);
+        QVERIFY(!FormatterAdapter::formatterOf(made));
+    }
+    QTest::ignoreMessage(QtWarningMsg,
+                         "count: formatterMaxLength is no integer of 32 bits: " + shown);
+    const auto form = formWith(fieldWith(propertyOf("formatterStyle", "<number>2</number>") +
+                                         propertyOf("formatterMaxLength", value)));
+    auto *made = form->findChild<PDETextField13_v400_ *>();
+    QTest::keyClicks(made, u"1x2"_qs);
+    QCOMPARE(made->text(), u"12"_qs);
+}
+
+void TextFieldTest::takesIntegersOfEveryKind_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<qint32>("number");
+    QTest::newRow("integer") << QVariant(7) << 7;
+    QTest::newRow("unsigned") << QVariant(7U) << 7;
+    QTest::newRow("long") << QVariant(-7LL) << -7;
+    QTest::newRow("unsigned long") << QVariant(7ULL) << 7;
+    QTest::newRow("text") << QVariant(u"-7"_qs) << -7;
+    QTest::newRow("largest") << QVariant(largest) << largest;
+    QTest::newRow("smallest") << QVariant(smallest) << smallest;
+    QTest::newRow("real") << QVariant(7.0) << 7;
+    QTest::newRow("text of the smallest") << QVariant(u"-2147483648"_qs) << smallest;
+}
+
+void TextFieldTest::takesIntegersOfEveryKind()
+{
+    QFETCH(QVariant, value);
+    QFETCH(qint32, number);
+    for (const char *name :
+         {"formatterStyle", "formatterMaxLength", "formatterMinValue", "formatterMaxValue"}) {
+        field()->setProperty(name, value);
+    }
+    const PDEFormatter *formatter = FormatterAdapter::formatterOf(field());
+    QCOMPARE(formatter->textStyle(), number);
+    QCOMPARE(formatter->maxLength(), number);
+    QCOMPARE(formatter->minValue(), number);
+    QCOMPARE(formatter->maxValue(), number);
+}
+
+void TextFieldTest::otherPropertiesMakeNoFormatter()
+{
+    field()->setProperty("style", 2);
+    field()->setProperty("formatter", u"x"_qs);
+    field()->setProperty("formatterstyle", u"x"_qs);
+    QVERIFY(!FormatterAdapter::formatterOf(field()));
+}
+
+void TextFieldTest::fieldOwnsItsFormatter()
+{
+    field()->setProperty("formatterStyle", 2);
+    const QPointer<PDEFormatter> formatter = FormatterAdapter::formatterOf(field());
+    QVERIFY(formatter);
+    mUser.reset();
+    QVERIFY(!formatter);
+}
+
+QTEST_MAIN(TextFieldTest)
+#include "tst_textfield.moc"
