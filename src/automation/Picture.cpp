@@ -27,8 +27,8 @@ QString writeInPlace(QFile &file, const QByteArray &bytes)
 QString replaceFile(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
+                           file.flush() && file.commit();
     return isWritten ? QString() : file.errorString();
 }
 } // namespace

@@ -78,7 +78,9 @@ TapeInfo OptionPDE13_v400_::currentTapeInfo() const
 
 bool OptionPDE13_v400_::isHSPaper() const
 {
-    return currentTapeInfo().paperName.startsWith(QLatin1String("HS"));
+    return tapePaperName(pdePluginCallbackObject->printSettings(),
+                         pdePluginCallbackObject->pageFormat())
+        .startsWith(QLatin1String("HS"));
 }
 
 void OptionPDE13_v400_::markAutoCutOff()
@@ -167,6 +169,12 @@ void OptionPDE13_v400_::PPDOptionKeyValueDidChange(const QString &key, const QSt
         return;
     }
     const auto &choices = this->*row->choices;
+    // The dialog has marked the choice, as a rule.
+    const int marked = indexOfMarkedOption(choices.get(), key);
+    if (marked >= 0 && (*choices)[std::size_t(marked)]->ppdTitle() == ppdChoice) {
+        this->*row->selection = (*choices)[std::size_t(marked)].get();
+        return;
+    }
     this->*row->selection =
         choices ? PDEUtilsMethod13::findChoiceForString(ppdChoice, *choices) : nullptr;
 }

@@ -3,6 +3,7 @@
 #include "cutoption/OptionCatalogue.h"
 #include "preview/OptionView.h"
 #include "toolkit/CheckBox.h"
+#include "toolkit/PictureIcon.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 #include "toolkit/ViewGeometry.h"
@@ -206,7 +207,7 @@ void OptionPDE13_v400_::describeControls()
             const QString picture =
                 nsPDEBundle->pathForImageResource(QStringLiteral("Preset") + identifier);
             popUp->setItemIdentifier(i, identifier);
-            popUp->setItemIcon(i, QIcon(picture));
+            popUp->setItemIcon(i, picture.isNull() ? QIcon() : QIcon(new PictureIcon(picture)));
             popUp->setItemName(
                 i, nsPDEBundle->localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));
             popUp->setItemText(i, QString());

@@ -1,14 +1,13 @@
 #include "cutoption/OptionPDE.h"
 
 #include "cutoption/OptionCatalogue.h"
+#include "ppd/PDEUtilsMethod.h"
 #include "ppd/TapeInfo.h"
 #include "preview/OptionView.h"
 #include "printcore/IntegerValue.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
-
-#include <algorithm>
 
 namespace {
 constexpr int firstTag = 1;
@@ -60,9 +59,8 @@ int indexOfIdentical(const ChoiceList *choices, const PDEChoice *selection)
     if (!choices || !selection) {
         return -1;
     }
-    const auto found = std::find_if(choices->begin(), choices->end(),
-                                    [selection](const auto &c) { return c.get() == selection; });
-    return found == choices->end() ? -1 : int(found - choices->begin());
+    const int index = PDEUtilsMethod13::indexOfRecord(*choices, selection->choice());
+    return index >= 0 && (*choices)[std::size_t(index)].get() == selection ? index : -1;
 }
 
 int tagOfLabelSeries(bool every, bool atEnd)

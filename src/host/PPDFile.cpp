@@ -125,11 +125,12 @@ QString PPDFile::markedChoice(const QString &key) const
 
 bool PPDFile::mark(const QString &key, const QString &choice)
 {
-    if (!hasChoice(key, choice)) {
-        return false;
-    }
-    ppdMarkOption(mPPD, key.toUtf8().constData(), choice.toUtf8().constData());
-    return true;
+    const QByteArray keyword = key.toUtf8();
+    const QByteArray wanted = choice.toUtf8();
+    // Marks nothing when the PPD lacks the choice, so nobody needs to search for it before.
+    ppdMarkOption(mPPD, keyword.constData(), wanted.constData());
+    const ppd_choice_t *marked = ppdFindMarkedChoice(mPPD, keyword.constData());
+    return marked && (qstricmp(marked->choice, wanted.constData()) == 0 || hasChoice(key, choice));
 }
 
 void PPDFile::mark(const JobOptions &options)

@@ -12,6 +12,7 @@
 #include <span>
 
 namespace {
+const QString kTicketPaperName = QStringLiteral("MqPaperName2");
 constexpr double pointsPerInch = 72.0;
 constexpr double inchesPerMillimetre = 0.0393701;
 /// The longest name that a buffer of 256 bytes holds with its final zero.
@@ -39,6 +40,13 @@ QString ticketString(PMPrintSettings printSettings, const QString &key)
 {
     const QVariant value = privateTicket(printSettings).value(key);
     return value.metaType() == QMetaType::fromType<QString>() ? value.toString() : QString();
+}
+
+/// The paper's name as the PPD has it; null when it has none.
+QString ppdNameOf(PMPaper paper)
+{
+    QString name;
+    return PMPaperGetPPDPaperName(paper, &name) == noErr ? name : QString();
 }
 
 /// A number's part before the decimal point; nothing for what is no number.
@@ -91,9 +99,8 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
         return noErr;
     }
 
-    QString name;
-    const bool fromTicket = PMPaperGetPPDPaperName(paper, &name) != noErr || name.isNull();
-    if (fromTicket) {
+    const QString name = ppdNameOf(paper);
+    if (name.isNull()) {
         GetTapeInfo2(printSession, printSettings, info);
     } else {
         info->paperName = name;
@@ -109,7 +116,7 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
     info->length = height / pointsPerInch / inchesPerMillimetre;
 
     const QByteArray cName = nameAsCString(name);
-    if (fromTicket || cName.isEmpty()) {
+    if (cName.isEmpty()) {
         info->tapeState = 2;
     } else if (isListedSize(ppd, cName)) {
         info->tapeState = tapeStateOfListedSize(cName);
@@ -118,9 +125,19 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
     return noErr;
 }
 
+QString tapePaperName(PMPrintSettings printSettings, PMPageFormat pageFormat)
+{
+    PMPaper paper = nullptr;
+    if (PMGetPageFormatPaper(pageFormat, &paper) != noErr || !paper) {
+        return {};
+    }
+    const QString name = ppdNameOf(paper);
+    return name.isNull() ? ticketString(printSettings, kTicketPaperName) : name;
+}
+
 OSStatus GetTapeInfo2(PMPrintSession, PMPrintSettings printSettings, TapeInfo *info)
 {
-    info->paperName = ticketString(printSettings, QStringLiteral("MqPaperName2"));
+    info->paperName = ticketString(printSettings, kTicketPaperName);
     return noErr;
 }
 

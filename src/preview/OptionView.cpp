@@ -26,13 +26,13 @@ constexpr const char *picturesMQ[] = {
 
 constexpr std::size_t firstSpecialTapePicture = 16;
 
-void loadPictures(std::span<QPixmap> pictures, std::span<const char *const> names,
+void loadPictures(std::span<PictureFile> pictures, std::span<const char *const> names,
                   const Bundle &bundle)
 {
     for (std::size_t i = 0; i < pictures.size(); ++i) {
         const QString path = bundle.pathForImageResource(QLatin1String(names[i]));
         if (!path.isNull()) {
-            pictures[i].load(path);
+            pictures[i] = PictureFile(path);
         }
     }
 }
@@ -65,7 +65,7 @@ OptionView13_v400_::OptionView13_v400_(const QRect &frame, const Bundle &bundle,
 const QPixmap *OptionView13_v400_::targetDrawImage() const
 {
     const std::size_t index = targetDrawIndex();
-    const QPixmap &picture = mIsRV ? mOptionImgRV[index] : mOptionImgMQ[index];
+    const QPixmap &picture = mIsRV ? mOptionImgRV[index].pixmap() : mOptionImgMQ[index].pixmap();
     return picture.isNull() ? nullptr : &picture;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/PictureFile.h"
+
 #include <QPixmap>
 #include <QPointer>
 #include <QWidget>
@@ -69,9 +71,9 @@ private:
     std::size_t targetDrawIndex() const;
 
     /// Pictures of the label-printer series; empty for the other kind.
-    std::array<QPixmap, 6> mOptionImgRV;
+    std::array<PictureFile, 6> mOptionImgRV;
     /// Pictures of the tape-printer family; empty for the other kind.
-    std::array<QPixmap, 22> mOptionImgMQ;
+    std::array<PictureFile, 22> mOptionImgMQ;
     bool mIsRV = false;
     QPointer<QAbstractButton> mCutEveryChkBx;
     QPointer<QAbstractButton> mCutAndEndChkBx;
