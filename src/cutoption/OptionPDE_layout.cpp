@@ -2,6 +2,7 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "preview/OptionView.h"
+#include "textinput/PDETextField.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PictureIcon.h"
 #include "toolkit/PopUpButton.h"
@@ -127,7 +128,9 @@ void OptionPDE13_v400_::connectActions()
         connect(stepper, &Stepper::stepped, this,
                 [this, stepper] { changeCutEveryValue(stepper); });
     }
-    if (QLineEdit *field = mCutEveryTxBx) {
+    // A field that announces its edits itself leaves the panel out.
+    QLineEdit *field = mCutEveryTxBx;
+    if (field && !qobject_cast<PDETextField13_v400_ *>(field)) {
         connect(field, &QLineEdit::textEdited, this,
                 [this, field] { controlTextDidChange(field); });
     }

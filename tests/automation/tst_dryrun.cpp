@@ -183,7 +183,7 @@ void tst_dryrun::commandPrintsTheSameJob_data()
     add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_qs});
     add("braces, dollars and backslashes", none,
         tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_qs});
-    add("half a pair of braces", none, tape + QStringList{o, uR"(job-billing=\{a\ b)"_qs});
+    add("braces in front", none, tape + QStringList{o, uR"(job-billing=\{a\}\ b)"_qs});
     add("an empty value", none, tape + QStringList{o, u"job-billing="_qs});
     add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_qs});
     add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_qs});

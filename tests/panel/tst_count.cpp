@@ -1,5 +1,8 @@
 #include "PanelFixture.h"
 
+#include "printcore/NotificationCenter.h"
+#include "support/BundleCopy.h"
+
 #include <QClipboard>
 #include <QWheelEvent>
 
@@ -21,6 +24,7 @@ private Q_SLOTS:
     void countOfAStrangerIsNone();
     void countWithoutOptionStaysBelowAHundred();
     void otherTextFieldsAreIgnored();
+    void fieldThatAnnouncesItsEditsLeavesThePanelOut();
 };
 
 namespace {
@@ -247,6 +251,26 @@ void CountTest::otherTextFieldsAreIgnored()
     QCOMPARE(fixture.takeTold(), QStringList());
     QCOMPARE(fixture.panel->refreshed, QList<quint32>());
     QCOMPARE(fieldText(fixture), u"1"_qs);
+}
+
+void CountTest::fieldThatAnnouncesItsEditsLeavesThePanelOut()
+{
+    const BundleCopy bundle;
+    QVERIFY(bundle.replaceInNib(QStringLiteral("class=\"QLineEdit\" name=\"mCutEveryTxBx\""),
+                                QStringLiteral("class=\"PDETextField13_v400_\" "
+                                               "name=\"mCutEveryTxBx\"")));
+    PanelFixture fixture(TestPrinter{}, bundle.open());
+    fixture.show();
+    int announced = 0;
+    NotificationCenter::defaultCenter().addObserver(
+        this, [&announced](const Notification &) { ++announced; },
+        QStringLiteral("TextFieldResignFirstResponderNotification"),
+        fixture.panel->mCutEveryTxBx.data());
+    fixture.type(QStringLiteral("250"));
+    NotificationCenter::defaultCenter().removeObserver(this);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"250"_qs);
+    QCOMPARE(announced, 3);
+    QCOMPARE(fixture.takeTold(), QStringList());
 }
 
 QTEST_MAIN(CountTest)
