@@ -327,9 +327,10 @@ void tst_list::printerWhosePPDIsBroken()
 
 void tst_list::outputThatCannotBeWritten()
 {
-    const QString line = u"exec '%1' --ppd '%2' --list > /dev/full"_qs;
+    // More than is kept back for the end.
+    const QString line = u"exec '%1' --ppd '%2' --list --json > /dev/full"_qs;
     const ProgramRun run =
-        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs)));
+        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"label"_qs)));
     QCOMPARE(run.status, 3);
     QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
 }

@@ -170,9 +170,10 @@ void tst_scriptprogram::linesOfAnyBytes()
 {
     ProgramTalk talk;
     talk.ask(openLine(u"tape"_qs));
-    for (const QByteArray &line : {QByteArray("\0", 1), QByteArray("\0{\"cmd\":\"close\"}\0", 17),
-                                   QByteArray("\xff\xfe\x80"), QByteArray(1 << 20, 'x'),
-                                   QByteArray(1 << 20, '['), QByteArray("\r")}) {
+    for (const QByteArray &line :
+         {QByteArray("\0", 1), QByteArray("\0{\"cmd\":\"close\"}", 16),
+          QByteArray("{\"cmd\":\"close\"}\0x", 17), QByteArray("\xff\xfe\x80"),
+          QByteArray(1 << 20, 'x'), QByteArray(1 << 20, '['), QByteArray("\r")}) {
         QVERIFY(!errorOf(talk.ask(line)).isEmpty());
     }
     QVERIFY(isOK(talk.ask(R"({"cmd":"close"})")));
