@@ -104,8 +104,10 @@ void _PDELog_PMPrintSettings_WriteToFile(PMPrintSettings printSettings, const QS
     QByteArray data;
     PMPrintSettingsCreateDataRepresentation(printSettings, &data, kPMDataFormatXMLDefault);
     QSaveFile file(stringWithFormat(QStringLiteral("/KvPDE_%@.plist"), {name}));
-    if (!data.isEmpty() && file.open(QIODevice::WriteOnly)) {
-        file.write(data);
+    // Without the flush a full disk would go unnoticed, and a part of the dump replace the last
+    // one.
+    if (!data.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(data) == data.size() &&
+        file.flush()) {
         file.commit();
     }
 }

@@ -146,7 +146,14 @@ void tst_scriptevents::panelThatRefuses()
     ScriptTalk talk(refusing.path());
     talk.open(u"tape"_qs);
     QCOMPARE(membersOf(talk.ask("print")), QJsonObject({{u"answer"_qs, false}}));
+    QCOMPARE(membersOf(talk.ask("hide")), QJsonObject({{u"answer"_qs, true}}));
     QVERIFY(!errorOf(talk.ask("state")).isEmpty());
+
+    const BundleFolder staying;
+    QVERIFY(staying.addOdd(u"Odd.pde"_qs, u"Staying"_qs));
+    ScriptTalk stayingTalk(staying.path());
+    stayingTalk.open(u"tape"_qs);
+    QCOMPARE(membersOf(stayingTalk.ask("hide")), QJsonObject({{u"answer"_qs, false}}));
 
     const BundleFolder unsaving;
     QVERIFY(unsaving.addOdd(u"Odd.pde"_qs, u"Unsaving"_qs));

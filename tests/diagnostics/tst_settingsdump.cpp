@@ -8,6 +8,9 @@
 #include <QPoint>
 #include <QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 PrintSettings sampleSettings()
 {
@@ -53,6 +56,7 @@ private Q_SLOTS:
     void writesAPropertyList();
     void writesUnderTheName_data();
     void writesUnderTheName();
+    void keepsTheLastDumpWhenThereIsNoRoom();
     void refusesNamesThatLieElsewhere_data();
     void refusesNamesThatLieElsewhere();
     void replacesTheFileAsAWhole();
@@ -104,6 +108,23 @@ void SettingsDumpTest::writesUnderTheName()
     const QString file = u"KvPDE_"_qs + name + u".plist"_qs;
     QCOMPARE(root.entries(), QStringList({file}));
     QCOMPARE(contents(root.path(file)), listOf(sampleSettings()));
+}
+
+void SettingsDumpTest::keepsTheLastDumpWhenThereIsNoRoom()
+{
+    PrivateRoot root;
+    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    const bool hasEnded = root.run([] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit noRoom{0, 0};
+        setrlimit(RLIMIT_FSIZE, &noRoom);
+        PrintSettings other({{u"copies"_qs, 7}});
+        _PDELog_PMPrintSettings_WriteToFile(&other, u"job"_qs);
+        return true;
+    });
+    QVERIFY(hasEnded);
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_qs)), listOf(sampleSettings()));
 }
 
 void SettingsDumpTest::refusesNamesThatLieElsewhere_data()

@@ -38,7 +38,7 @@ public:
 
     void printWindowWillClose() override {}
     void willShow() override { list(QStringLiteral("willShow")); }
-    bool shouldHide() override { return true; }
+    bool shouldHide() override { return mKind != u"Staying"; }
     bool shouldPrint() override { return mKind != u"Refusing"; }
     bool shouldShowHelp() override { return false; }
 
