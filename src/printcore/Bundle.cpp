@@ -126,7 +126,6 @@ QString Bundle::readEntries(const QJsonObject &info)
         {QLatin1StringView("identifier"), &Bundle::mIdentifier},
         {QLatin1StringView("version"), &Bundle::mVersion},
         {QLatin1StringView("principalClass"), &Bundle::mPrincipalClass},
-        {QLatin1StringView("library"), &Bundle::mLibrary},
     };
     const auto complaint = [](QLatin1StringView entry, const QString &what) {
         return QStringLiteral("the entry \"%1\" %2").arg(entry, what);
@@ -142,8 +141,10 @@ QString Bundle::readEntries(const QJsonObject &info)
             return complaint(text.name, QStringLiteral("is no text"));
         }
     }
-    if (!isFileName(mLibrary)) {
-        return complaint(QLatin1StringView("library"), QStringLiteral("is no file name"));
+    const QLatin1StringView libraries("libraries");
+    QString fault = readLibrary(info.value(libraries));
+    if (!fault.isNull()) {
+        return complaint(libraries, fault);
     }
 
     const QLatin1StringView resources("resources");
@@ -151,8 +152,26 @@ QString Bundle::readEntries(const QJsonObject &info)
     if (names.isUndefined()) {
         return complaint(resources, QStringLiteral("is missing"));
     }
-    const QString fault = readFileNames(names, &mDeclaredResources);
+    fault = readFileNames(names, &mDeclaredResources);
     return fault.isNull() ? QString() : complaint(resources, fault);
+}
+
+QString Bundle::readLibrary(const QJsonValue &libraries)
+{
+    if (libraries.isUndefined()) {
+        return QStringLiteral("is missing");
+    }
+    if (!libraries.isObject()) {
+        return QStringLiteral("is no object");
+    }
+    const QString ourQt = QStringLiteral("qt%1").arg(QT_VERSION_MAJOR);
+    const QJsonObject byVersion = libraries.toObject();
+    if (!byVersion.contains(ourQt)) {
+        return QStringLiteral("has none for Qt %1").arg(QT_VERSION_MAJOR);
+    }
+    mLibrary = byVersion.value(ourQt).toString();
+    return isFileName(mLibrary) ? QString()
+                                : QStringLiteral("gives no file name for \"%1\"").arg(ourQt);
 }
 
 QString Bundle::libraryPath() const

@@ -9,6 +9,7 @@
 #include <vector>
 
 class QJsonObject;
+class QJsonValue;
 class QTranslator;
 
 /**
@@ -23,7 +24,7 @@ class QTranslator;
  * | `identifier` | string | the bundle's name in the world ("com.korvane.…") |
  * | `version` | string | of the bundle |
  * | `principalClass` | string | the class that the host instantiates |
- * | `library` | string | file name in `Contents/Linux` |
+ * | `libraries` | object | file names in `Contents/Linux`, by the version of Qt: "qt5", "qt6" |
  * | `resources` | array of strings | file names in `Contents/Resources` that must be there |
  */
 class KVPRINTCORE_EXPORT Bundle
@@ -33,7 +34,8 @@ public:
      * Opens a bundle with the string tables of the user's languages.
      *
      * @param error set to what is wrong, with the file's name; may be null.
-     * @return null when the info file is missing, is no JSON object or lacks an entry. Missing
+     * @return null when the info file is missing, is no JSON object, lacks an entry or has no
+     *         library for this process's Qt. Missing
      *         resources do not keep a bundle from being opened: see problems().
      */
     static std::shared_ptr<Bundle> open(const QString &path, QString *error = nullptr);
@@ -47,7 +49,7 @@ public:
     const QString &bundleIdentifier() const { return mIdentifier; }
     const QString &version() const { return mVersion; }
     const QString &principalClass() const { return mPrincipalClass; }
-    /// The library's path, whether or not the file is there.
+    /// The path of the library for this process's Qt, whether or not the file is there.
     QString libraryPath() const;
     /// The file names that the info file promises in the resources folder.
     const QStringList &declaredResources() const { return mDeclaredResources; }
@@ -83,6 +85,7 @@ private:
     QString readInfo(const QString &infoPath);
     /// Takes the info file's entries; answers what is wrong with them, null when nothing is.
     QString readEntries(const QJsonObject &info);
+    QString readLibrary(const QJsonValue &libraries);
     /// What is wrong with the resource of that file name; null when nothing is.
     QString resourceFault(const QString &name) const;
 

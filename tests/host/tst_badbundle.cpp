@@ -17,7 +17,7 @@ namespace {
 using Spoiling = std::function<bool(const BundleFolder &)>;
 
 const QString info = QStringLiteral("Contents/Info.json");
-const QString library = QStringLiteral("Contents/Linux/libKVMQRVOptions.so");
+const QString library = QStringLiteral("Contents/Linux/libKVMQRVOptions-qt6.so");
 const QString form = QStringLiteral("Contents/Resources/OptionPDE.ui");
 const QString texts = QStringLiteral("Contents/Resources/en.qm");
 const QString picture = QStringLiteral("Contents/Resources/AHCMOnOffOffOff.png");
@@ -134,17 +134,17 @@ void tst_badbundle::spoiltBundle_data()
         QTest::newRow(name) << spoil << tab << QString::fromLatin1(problem);
     };
     add("library missing", removing(library), Tab::None,
-        "^Spoilt\\.pde: libKVMQRVOptions\\.so is missing$");
+        "^Spoilt\\.pde: libKVMQRVOptions-qt6\\.so is missing$");
     add("library is a text", overwriting(library, "no library\n"), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a valid ELF object");
+        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a valid ELF object");
     add("library is empty", overwriting(library, ""), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a valid Qt plugin");
+        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a valid Qt plugin");
     add("library is cut short", truncating(library, 1000), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* past the end of the file");
+        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* past the end of the file");
     add("library is no plug-in", replacing(library, ownLibrary), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions\\.so.* is not a Qt plugin");
+        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a Qt plugin");
     add("library is another plug-in", replacing(library, otherPlugIn()), Tab::None,
-        "^Spoilt\\.pde: libKVMQRVOptions\\.so is no print dialog plug-in$");
+        "^Spoilt\\.pde: libKVMQRVOptions-qt6\\.so is no print dialog plug-in$");
     add("info file missing", removing(info), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: cannot be read: No such file or directory$");
     add("info file is no JSON", overwriting(info, "{ \"identifier\": "), Tab::None,

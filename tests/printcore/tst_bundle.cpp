@@ -14,7 +14,8 @@ QJsonObject soundInfo()
     return {{u"identifier"_qs, u"com.korvane.cut"_qs},
             {u"version"_qs, u"1.2"_qs},
             {u"principalClass"_qs, u"CutPanel"_qs},
-            {u"library"_qs, u"libcut.so"_qs},
+            {u"libraries"_qs,
+             QJsonObject{{u"qt5"_qs, u"libcut-qt5.so"_qs}, {u"qt6"_qs, u"libcut.so"_qs}}},
             {u"resources"_qs, QJsonArray{u"Cut.ui"_qs, u"tape.png"_qs}}};
 }
 } // namespace
@@ -185,13 +186,21 @@ void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind_data()
     QTest::addColumn<QJsonValue>("value");
     QTest::addColumn<QString>("complaint");
 
-    const auto name = u"\"library\" is no file name"_qs;
+    const auto name = u"\"libraries\" gives no file name for \"qt6\""_qs;
     const auto text = u"\"version\" is no text"_qs;
     QTest::newRow("number") << u"version"_qs << QJsonValue(3) << text;
     QTest::newRow("empty") << u"version"_qs << QJsonValue(QString()) << text;
     QTest::newRow("null") << u"version"_qs << QJsonValue() << text;
-    QTest::newRow("library elsewhere") << u"library"_qs << QJsonValue(u"../../x.so"_qs) << name;
-    QTest::newRow("library parent") << u"library"_qs << QJsonValue(u".."_qs) << name;
+    const auto libraries = [](const QString &version, const QString &file) {
+        return QJsonValue(QJsonObject{{version, file}});
+    };
+    QTest::newRow("no libraries") << u"libraries"_qs << QJsonValue(u"libcut.so"_qs)
+                                  << u"\"libraries\" is no object"_qs;
+    QTest::newRow("library for another Qt") << u"libraries"_qs << libraries(u"qt5"_qs, u"x.so"_qs)
+                                            << u"\"libraries\" has none for Qt 6"_qs;
+    QTest::newRow("library elsewhere")
+        << u"libraries"_qs << libraries(u"qt6"_qs, u"../../x.so"_qs) << name;
+    QTest::newRow("library parent") << u"libraries"_qs << libraries(u"qt6"_qs, u".."_qs) << name;
     QTest::newRow("no list") << u"resources"_qs << QJsonValue(u"Cut.ui"_qs)
                              << u"\"resources\" is no array"_qs;
     QTest::newRow("list of numbers") << u"resources"_qs << QJsonValue(QJsonArray{u"Cut.ui"_qs, 1})
