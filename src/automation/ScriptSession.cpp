@@ -6,6 +6,8 @@
 #include "host/PPDPaper.h"
 #include "plugin/PDEPanelAutomation.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QApplication>
 #include <QFile>
 #include <QJsonDocument>
@@ -205,9 +207,10 @@ PanelBundles ScriptSession::bundlesOf(ScriptRequest &request)
         mReporter.report(problem);
     });
     PanelBundles bundles;
+    const QFileInfo named(QDir::cleanPath(QDir(path).absolutePath()));
     if (path.isNull()) {
         bundles = PanelBundle::loadAll(mSetup.bundleFolder, reporter);
-    } else if (auto bundle = PanelBundle::load(path, reporter)) {
+    } else if (auto bundle = PanelBundle::load(named.path(), named.fileName(), reporter)) {
         bundles.push_back(std::move(bundle));
     }
     if (bundles.empty()) {

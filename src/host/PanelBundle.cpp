@@ -1,5 +1,6 @@
 #include "host/PanelBundle.h"
 
+#include "host/FileTrust.h"
 #include "host/ProblemReporter.h"
 #include "printcore/Bundle.h"
 
@@ -42,6 +43,22 @@ const ResourceKind checkedKinds[] = {
     {QLatin1String(".ui"), formFault},
 };
 
+/// Opens the bundle of that name unless others than root and the user can change it.
+std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, QString *error)
+{
+    const QString path = QDir(folder).filePath(name);
+    QString distrusted = distrust(folder, path);
+    const auto bundle = distrusted.isNull() ? Bundle::open(path, error) : nullptr;
+    if (bundle) {
+        distrusted = distrust(folder, bundle->libraryPath());
+    }
+    if (!distrusted.isNull()) {
+        *error = QStringLiteral("%1 is not loaded: %2").arg(name, distrusted);
+        return nullptr;
+    }
+    return bundle;
+}
+
 /// Why a library is no panel's plug-in, with its file's name.
 QString loadFault(const QString &path, const QPluginLoader &loader)
 {
@@ -65,18 +82,19 @@ std::vector<std::unique_ptr<PanelBundle>> PanelBundle::loadAll(const QString &fo
         reporter.report(QStringLiteral("%1: there is no panel bundle").arg(folder));
     }
     for (const QFileInfo &candidate : candidates) {
-        if (auto bundle = load(candidate.filePath(), reporter)) {
+        if (auto bundle = load(folder, candidate.fileName(), reporter)) {
             bundles.push_back(std::move(bundle));
         }
     }
     return bundles;
 }
 
-std::unique_ptr<PanelBundle> PanelBundle::load(const QString &path, ProblemReporter &reporter)
+std::unique_ptr<PanelBundle> PanelBundle::load(const QString &folder, const QString &name,
+                                               ProblemReporter &reporter)
 {
     std::unique_ptr<PanelBundle> loaded(new PanelBundle);
     QString error;
-    loaded->mBundle = Bundle::open(path, &error);
+    loaded->mBundle = openTrusted(folder, name, &error);
     if (!loaded->mBundle) {
         reporter.report(error);
         return nullptr;

@@ -18,14 +18,18 @@ public:
     /**
      * Loads every bundle (a folder whose name ends in ".pde") in a folder, in the order of names.
      *
+     * A bundle is left alone when its library or a folder on the way to it, the given one
+     * included, belongs to another user than root and the present one, or can be written by others.
+     *
      * @param reporter told of each bundle that cannot be loaded and of each resource that is
      *        missing; what is left works.
      */
     static std::vector<std::unique_ptr<PanelBundle>> loadAll(const QString &folder,
                                                              ProblemReporter &reporter);
 
-    /// Loads one bundle; null, and reported, when it cannot be loaded.
-    static std::unique_ptr<PanelBundle> load(const QString &path, ProblemReporter &reporter);
+    /// Loads the bundle of that name in a folder; null, and reported, when it cannot be loaded.
+    static std::unique_ptr<PanelBundle> load(const QString &folder, const QString &name,
+                                             ProblemReporter &reporter);
 
     ~PanelBundle();
     PanelBundle(const PanelBundle &) = delete;

@@ -142,8 +142,8 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mDialog->setMinMax(1, mostPages);
     mDialog->setWindowTitle(QStringLiteral("Print %1").arg(mPrinter->docName()));
     mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
-    mAttachment =
-        new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mCommandLine.options);
+    mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices,
+                                            mCommandLine.options);
     return mDialog.get();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CommandLine.h"
+#include "host/LastChoices.h"
 #include "host/PanelBundle.h"
 #include "host/ProblemReporter.h"
 
@@ -57,6 +58,7 @@ private:
     QString mBundleFolder;
     ProblemReporter mReporter;
     PanelBundles mBundles;
+    LastChoices mLastChoices;
     std::unique_ptr<QPrinter> mPrinter;
     std::unique_ptr<QPrintDialog> mDialog;
     PrintDialogAttachment *mAttachment = nullptr;

@@ -1,5 +1,6 @@
 #include "host/PrintDialogAttachment.h"
 
+#include "host/LastChoices.h"
 #include "host/PPDPaper.h"
 #include "host/PanelHost.h"
 #include "host/PanelTab.h"
@@ -43,15 +44,19 @@ void writeEngineOptions(const QPrinter &printer, const JobOptions &options)
 } // namespace
 
 PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBundles &bundles,
-                                             ProblemReporter &reporter, const JobOptions &requested)
+                                             ProblemReporter &reporter, LastChoices &lastChoices,
+                                             const JobOptions &requested)
     : QObject(dialog)
     , mDialog(dialog)
     , mBundles(bundles)
     , mReporter(reporter)
+    , mLastChoices(lastChoices)
     , mRequested(requested)
+    , mHasBeenShown(dialog->isVisible())
 {
     if (QComboBox *menu = printersMenu(*mDialog)) {
-        connect(menu, &QComboBox::currentIndexChanged, this, &PrintDialogAttachment::followPrinter);
+        connect(menu, qOverload<int>(&QComboBox::currentIndexChanged), this,
+                &PrintDialogAttachment::followPrinter);
     }
     connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::passChoicesToJob);
     qApp->installEventFilter(this);
@@ -75,11 +80,35 @@ JobOptions PrintDialogAttachment::jobOptions() const
 
 bool PrintDialogAttachment::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Show && watched->inherits(kPropertiesDialogClass) &&
-        isBelow(watched, mDialog)) {
+    const bool isShow = event->type() == QEvent::Show;
+    if ((!isShow && event->type() != QEvent::Hide) || event->spontaneous()) {
+        return false;
+    }
+    if (watched == mDialog) {
+        isShow ? beginShowing() : endShowing();
+    } else if (isShow && watched->inherits(kPropertiesDialogClass) && isBelow(watched, mDialog)) {
         watchProperties(static_cast<QWidget *>(watched));
     }
     return false;
+}
+
+void PrintDialogAttachment::beginShowing()
+{
+    // The result of the last time would look like this time's.
+    mDialog->setResult(QDialog::Rejected);
+    mIsHandedOver = false;
+    if (std::exchange(mHasBeenShown, true)) {
+        buildTabs();
+    }
+}
+
+void PrintDialogAttachment::endShowing()
+{
+    // The dialog is hidden before it tells that it has been accepted, and an application may print
+    // as soon as it is told.
+    if (mDialog->result() == QDialog::Accepted) {
+        passChoicesToJob();
+    }
 }
 
 void PrintDialogAttachment::followPrinter()
@@ -90,38 +119,44 @@ void PrintDialogAttachment::followPrinter()
         return;
     }
     mQueue = queue;
+    mPickedPaper = QPageSize();
+    buildTabs();
+}
+
+void PrintDialogAttachment::buildTabs()
+{
     QTabWidget *tabs = optionTabs(*mDialog);
     const int shownTab = tabs ? tabs->currentIndex() : -1;
     dropTabs();
     mHost.reset();
     mRequestedPaper = QPageSize();
-    buildHost(queue);
+    buildHost();
     if (tabs && shownTab < tabs->count()) {
         tabs->setCurrentIndex(shownTab);
     }
 }
 
-void PrintDialogAttachment::buildHost(const QString &queue)
+void PrintDialogAttachment::buildHost()
 {
-    const auto known = PrintQueue::find(queue);
+    QString error;
+    const auto known = PrintQueue::find(mQueue, &error);
     if (!known) {
+        reportMissingQueue(error);
         return;
     }
-    QString error;
-    auto ppd = PPDFile::ofQueue(queue, &error);
+    auto ppd = PPDFile::ofQueue(mQueue, &error);
     mReporter.report(error);
-    mRequestedPaper = requestedPageSize(queue, ppd.get());
+    mRequestedPaper = mPickedPaper.isValid() ? QPageSize() : requestedPageSize(ppd.get());
     if (!ppd) {
         return;
     }
-    PanelTarget target{std::move(ppd), Printer(queue, known->deviceURI()), Paper(QString(), 0.0),
+    PanelTarget target{std::move(ppd), Printer(mQueue, known->deviceURI()), Paper(QString(), 0.0),
                        PrintSettings(), JobOptions()};
     const PPDFile &openPPD = *target.ppd;
-    target.paper = paperIn(openPPD, mRequestedPaper.isValid()
-                                        ? mRequestedPaper
-                                        : QPrinterInfo::printerInfo(queue).defaultPageSize());
+    target.paper = paperIn(openPPD, startPaper());
     JobOptions requests = known->options();
     requests.merge(mRequested);
+    requests.merge(mLastChoices.of(mQueue));
 
     mHost = std::make_unique<PanelHost>(std::move(target), mBundles, mReporter);
     for (const QString &key : mHost->keys()) {
@@ -130,6 +165,23 @@ void PrintDialogAttachment::buildHost(const QString &queue)
         }
     }
     addTabs();
+}
+
+void PrintDialogAttachment::reportMissingQueue(const QString &error)
+{
+    if (!isPrintingToFile(*mDialog) || !PrintQueue::schedulerAnswers(nullptr)) {
+        mReporter.report(error);
+    }
+}
+
+QPageSize PrintDialogAttachment::startPaper() const
+{
+    for (const QPageSize &paper : {mPickedPaper, mRequestedPaper}) {
+        if (paper.isValid()) {
+            return paper;
+        }
+    }
+    return QPrinterInfo::printerInfo(mQueue).defaultPageSize();
 }
 
 void PrintDialogAttachment::addTabs()
@@ -165,7 +217,8 @@ void PrintDialogAttachment::watchProperties(QWidget *properties)
     mProperties = properties;
     connect(static_cast<QDialog *>(properties), &QDialog::accepted, this, [this, properties] {
         mRequestedPaper = QPageSize();
-        followPageSize(chosenPageSize(*properties));
+        mPickedPaper = chosenPageSize(*properties);
+        followPageSize(mPickedPaper);
     });
     if (mHost) {
         QStringList texts;
@@ -187,14 +240,14 @@ void PrintDialogAttachment::followPageSize(const QPageSize &size)
     }
 }
 
-QPageSize PrintDialogAttachment::requestedPageSize(const QString &queue, const PPDFile *ppd) const
+QPageSize PrintDialogAttachment::requestedPageSize(const PPDFile *ppd) const
 {
     const QString media = mRequested.value(QStringLiteral("media"));
     const QString name = media.isNull() ? mRequested.value(QStringLiteral("PageSize")) : media;
     if (name.isNull()) {
         return {};
     }
-    const auto offered = QPrinterInfo::printerInfo(queue).supportedPageSizes();
+    const auto offered = QPrinterInfo::printerInfo(mQueue).supportedPageSizes();
     for (const QPageSize &size : offered) {
         if (size.key() == name) {
             return size;
@@ -205,21 +258,39 @@ QPageSize PrintDialogAttachment::requestedPageSize(const QString &queue, const P
 
 void PrintDialogAttachment::passChoicesToJob()
 {
+    if (std::exchange(mIsHandedOver, true)) {
+        return;
+    }
+    mIsRefused = false;
     if (mRequestedPaper.isValid()) {
         mDialog->printer()->setPageSize(mRequestedPaper);
     }
-    mIsRefused = false;
+    JobOptions options = jobOptions();
+    const bool hadFormerChoices = mLastChoices.removeFrom(options);
+    const bool hasChoices = takeChoices(options);
+    if (hadFormerChoices || hasChoices) {
+        writeEngineOptions(*mDialog->printer(), options);
+    }
+}
+
+bool PrintDialogAttachment::takeChoices(JobOptions &options)
+{
     if (!mHost) {
-        return;
+        return false;
     }
     followPageSize(mDialog->printer()->pageLayout().pageSize());
     if (!mHost->accept()) {
         mIsRefused = true;
         mReporter.report(
             QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
-        return;
+        return false;
     }
-    JobOptions options = jobOptions();
-    options.merge(mHost->jobOptions());
-    writeEngineOptions(*mDialog->printer(), options);
+    QString error;
+    if (!PrintQueue::find(mQueue, &error)) {
+        mReporter.report(error);
+    }
+    const JobOptions choices = mHost->jobOptions();
+    mLastChoices.remember(mQueue, choices);
+    options.merge(choices);
+    return !choices.pairs().isEmpty();
 }

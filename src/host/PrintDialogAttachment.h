@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+class LastChoices;
 class PanelHost;
 class PPDFile;
 class ProblemReporter;
@@ -20,7 +21,8 @@ class QPrintDialog;
  * the summary. Follows the dialog's printer and paper, and hands the panels' choices to the job
  * when the user accepts.
  *
- * A printer without a PPD, or without any option of a panel's, gets no tab.
+ * A printer without a PPD, or without any option of a panel's, gets no tab. A dialog that is shown
+ * again starts from what the user last chose for its printer.
  */
 class PrintDialogAttachment : public QObject
 {
@@ -29,13 +31,15 @@ class PrintDialogAttachment : public QObject
 public:
     /**
      * @param dialog owns the attachment.
-     * @param bundles must outlive the dialog, and so must the reporter.
-     * @param requested choices that the user has made before; those that the printer's PPD lacks
-     *        are left alone. Its paper ("media" or "PageSize") holds until the user picks another,
-     *        where Qt's dialog would start from the printer's default.
+     * @param bundles must outlive the dialog, and so must the reporter and the last choices.
+     * @param lastChoices what the panels start from, kept up to date.
+     * @param requested choices that the user has made before, for any printer; those that the
+     *        printer's PPD lacks are left alone. Its paper ("media" or "PageSize") holds until the
+     *        user picks another, where Qt's dialog would start from the printer's default.
      */
     PrintDialogAttachment(QPrintDialog *dialog, const PanelBundles &bundles,
-                          ProblemReporter &reporter, const JobOptions &requested = {});
+                          ProblemReporter &reporter, LastChoices &lastChoices,
+                          const JobOptions &requested = {});
     ~PrintDialogAttachment() override;
 
     /// The panels of the chosen printer; null when it has none.
@@ -51,18 +55,25 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void beginShowing();
+    void endShowing();
     void followPrinter();
-    void buildHost(const QString &queue);
+    void buildTabs();
+    void buildHost();
+    void reportMissingQueue(const QString &error);
     void addTabs();
     void dropTabs();
     void watchProperties(QWidget *properties);
     void followPageSize(const QPageSize &size);
     void passChoicesToJob();
-    QPageSize requestedPageSize(const QString &queue, const PPDFile *ppd) const;
+    bool takeChoices(JobOptions &options);
+    QPageSize startPaper() const;
+    QPageSize requestedPageSize(const PPDFile *ppd) const;
 
     QPrintDialog *mDialog;
     const PanelBundles &mBundles;
     ProblemReporter &mReporter;
+    LastChoices &mLastChoices;
     JobOptions mRequested;
     QString mQueue;
     std::unique_ptr<PanelHost> mHost;
@@ -70,5 +81,9 @@ private:
     QPointer<QWidget> mProperties;
     /// Invalid once the user has picked a paper.
     QPageSize mRequestedPaper;
+    /// Invalid until the user has picked a paper for the printer.
+    QPageSize mPickedPaper;
+    bool mHasBeenShown;
+    bool mIsHandedOver = false;
     bool mIsRefused = false;
 };

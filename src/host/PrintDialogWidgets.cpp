@@ -40,6 +40,13 @@ QComboBox *printersMenu(const QPrintDialog &dialog)
     return dialog.findChild<QComboBox *>(QLatin1String(kPrintersMenuName));
 }
 
+bool isPrintingToFile(const QPrintDialog &dialog)
+{
+    const QComboBox *menu = printersMenu(dialog);
+    return menu && dialog.testOption(QAbstractPrintDialog::PrintToFile) &&
+           menu->currentIndex() == menu->count() - 1;
+}
+
 QTabWidget *optionTabs(const QPrintDialog &dialog)
 {
     return dialog.findChild<QTabWidget *>();

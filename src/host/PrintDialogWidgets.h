@@ -22,6 +22,9 @@ inline constexpr char kPropertiesDialogClass[] = "QPrintPropertiesDialog";
 /// The menu of printers; null when the dialog has none.
 QComboBox *printersMenu(const QPrintDialog &dialog);
 
+/// Whether the dialog's menu of printers stands at its own item for printing into a file.
+bool isPrintingToFile(const QPrintDialog &dialog);
+
 /// The tabs of the dialog; null when it has none.
 QTabWidget *optionTabs(const QPrintDialog &dialog);
 

@@ -40,6 +40,9 @@ bool PrintQueue::schedulerAnswers(QString *error)
         httpClose(http);
         return true;
     }
+    if (!error) {
+        return false;
+    }
     *error = QStringLiteral("no print scheduler answers at %1 (port %2): %3")
                  .arg(QString::fromUtf8(cupsServer()))
                  .arg(ippPort())
@@ -90,13 +93,16 @@ QString PrintQueue::choose(const QString &asked, QString *error)
     return asked;
 }
 
-std::optional<PrintQueue> PrintQueue::find(const QString &name)
+std::optional<PrintQueue> PrintQueue::find(const QString &name, QString *error)
 {
     const QByteArray wanted = name.toUtf8();
     for (const cups_dest_t &destination : Destinations()) {
         if (wanted == destination.name && !destination.instance) {
             return PrintQueue(destination);
         }
+    }
+    if (error && schedulerAnswers(error)) {
+        *error = QStringLiteral("the print scheduler has no printer %1").arg(name);
     }
     return std::nullopt;
 }

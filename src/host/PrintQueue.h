@@ -11,7 +11,8 @@
 class PrintQueue
 {
 public:
-    /// Whether the scheduler answers; the reason, with the scheduler's address, in @p error.
+    /// Whether the scheduler answers; the reason, with the scheduler's address, in @p error,
+    /// which may be null.
     static bool schedulerAnswers(QString *error);
 
     /// The names of all queues.
@@ -21,8 +22,9 @@ public:
     /// The name of the queue that a user means: the one that is @p asked for, else the default one,
     /// else the first. Null, with the reason in @p error, when there is none.
     static QString choose(const QString &asked, QString *error);
-    /// The queue of that name; nothing when the scheduler has none.
-    static std::optional<PrintQueue> find(const QString &name);
+    /// The queue of that name; nothing when there is none, with what is missing, the queue or the
+    /// scheduler, in @p error, which may be null.
+    static std::optional<PrintQueue> find(const QString &name, QString *error = nullptr);
 
     const QString &name() const { return mName; }
     /// Where the queue sends its jobs; null when the scheduler does not tell.

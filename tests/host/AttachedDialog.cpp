@@ -26,7 +26,8 @@ AttachedDialog::AttachedDialog(const QString &printer, const QStringList &option
 {
     mPrinter.setPrinterName(printer);
     mDialog = std::make_unique<QPrintDialog>(&mPrinter);
-    mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, optionsOf(options));
+    mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices,
+                                            optionsOf(options));
     mUser = std::make_unique<DialogDriver>(*mDialog);
 }
 

@@ -2,6 +2,7 @@
 
 #include "demo/DialogDriver.h"
 #include "host/JobOptions.h"
+#include "host/LastChoices.h"
 #include "host/PanelBundle.h"
 #include "host/ProblemReporter.h"
 
@@ -44,6 +45,7 @@ private:
     QStringList mProblems;
     ProblemReporter mReporter;
     PanelBundles mBundles;
+    LastChoices mLastChoices;
     QPrinter mPrinter;
     std::unique_ptr<QPrintDialog> mDialog;
     PrintDialogAttachment *mAttachment;

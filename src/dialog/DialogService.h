@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dialog/PrintDialogExtender.h"
+#include "host/LastChoices.h"
+#include "host/PanelBundle.h"
+#include "host/ProblemReporter.h"
+
+#include <optional>
+
+/// Extends all print dialogs of an application, with the bundles that are installed beside this
+/// library.
+class DialogService : public QObject, public PrintDialogExtender
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID PrintDialogExtender_iid)
+    Q_INTERFACES(PrintDialogExtender)
+
+public:
+    void extend(QObject *printDialog) override;
+
+private:
+    const PanelBundles &bundles();
+
+    ProblemReporter mReporter;
+    LastChoices mLastChoices;
+    /// Nothing before the first dialog.
+    std::optional<PanelBundles> mBundles;
+};

@@ -1,0 +1,12 @@
+#include "dialog/PrintDialogPlugIn.h"
+
+#include "dialog/OwnFile.h"
+#include "dialog/PrintDialogWatcher.h"
+
+QObject *PrintDialogPlugIn::create(const QString & /*key*/, const QString & /*specification*/)
+{
+    if (qgetenv("KVPRINT_DIALOG") == "off") {
+        return new QObject;
+    }
+    return new PrintDialogWatcher(ownFolder() + QStringLiteral("/" KV_EXTENDER));
+}

@@ -1,0 +1,62 @@
+#include "dialog/PrintDialogWatcher.h"
+
+#include "dialog/PrintDialogExtender.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPluginLoader>
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace {
+/// Whether the dialog has been extended before, by us or by the application itself as kvprint does.
+bool isExtended(const QObject &dialog)
+{
+    const QObjectList children = dialog.children();
+    return std::any_of(children.begin(), children.end(), [](const QObject *child) {
+        return child->inherits("PrintDialogAttachment");
+    });
+}
+} // namespace
+
+PrintDialogWatcher::PrintDialogWatcher(QString extenderPath)
+    : mExtenderPath(std::move(extenderPath))
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool PrintDialogWatcher::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && watched->inherits("QPrintDialog")) {
+        extend(watched);
+    }
+    return false;
+}
+
+void PrintDialogWatcher::extend(QObject *dialog)
+{
+    if (isExtended(*dialog)) {
+        return;
+    }
+    if (!std::exchange(mHasTriedToLoad, true)) {
+        loadExtender();
+    }
+    if (mExtender) {
+        mExtender->extend(dialog);
+    }
+}
+
+void PrintDialogWatcher::loadExtender()
+{
+    QPluginLoader loader(mExtenderPath);
+    mExtender = qobject_cast<PrintDialogExtender *>(loader.instance());
+    if (!mExtender) {
+        const QString reason =
+            loader.isLoaded()
+                ? QStringLiteral("%1 does not extend print dialogs").arg(mExtenderPath)
+                : loader.errorString();
+        std::fprintf(stderr, "kvprint: %s\n", reason.toLocal8Bit().constData());
+    }
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/JobOptions.h"
+
+#include <QMap>
+#include <QStringList>
+
+/// What the user of an application has last chosen for each printer, while the application runs.
+class LastChoices
+{
+public:
+    /// The options that the queue's last job was given; none when it had no job.
+    JobOptions of(const QString &queue) const { return mChoices.value(queue); }
+
+    /// Keeps the options that a job of the queue is given, in place of the former ones.
+    void remember(const QString &queue, const JobOptions &options);
+
+    /// Takes out what an earlier job of any queue was given. Whether there was anything.
+    bool removeFrom(JobOptions &options) const;
+
+private:
+    QMap<QString, JobOptions> mChoices;
+};
