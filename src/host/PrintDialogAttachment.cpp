@@ -26,7 +26,7 @@ JobOptions readEngineOptions(const QPrinter &printer)
 {
     const QStringList flat = printer.printEngine()->property(cupsOptionsProperty).toStringList();
     JobOptions options;
-    for (qsizetype i = 0; i + 1 < flat.size(); i += 2) {
+    for (int i = 0; i + 1 < flat.size(); i += 2) {
         options.set(flat.at(i), flat.at(i + 1));
     }
     return options;
@@ -51,7 +51,8 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
     , mRequested(requested)
 {
     if (QComboBox *menu = printersMenu(*mDialog)) {
-        connect(menu, &QComboBox::currentIndexChanged, this, &PrintDialogAttachment::followPrinter);
+        connect(menu, qOverload<int>(&QComboBox::currentIndexChanged), this,
+                &PrintDialogAttachment::followPrinter);
     }
     connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::passChoicesToJob);
     qApp->installEventFilter(this);
