@@ -121,7 +121,7 @@ void OptionPDE13_v400_::connectActions()
     }
     if (PopUpButton *popUp = mOptionPopUpButton) {
         popUp->setValidator([this](int tag) { return validateMenuItem(tag); });
-        connect(popUp, &PopUpButton::activated, this,
+        connect(popUp, qOverload<int>(&PopUpButton::activated), this,
                 [this, popUp] { changeOptionPopUpButton(popUp); });
     }
     if (Stepper *stepper = mCutEveryStpr) {

@@ -49,20 +49,22 @@ bool canGoOn(int descriptor, int error)
 }
 } // namespace
 
-void writeToDescriptor(int descriptor, QByteArrayView bytes)
+void writeToDescriptor(int descriptor, const QByteArray &bytes)
 {
     const BrokenPipeShield shield;
-    while (!bytes.isEmpty()) {
-        const ssize_t written = write(descriptor, bytes.data(), std::size_t(bytes.size()));
+    const char *at = bytes.constData();
+    const char *const end = at + bytes.size();
+    while (at != end) {
+        const ssize_t written = write(descriptor, at, std::size_t(end - at));
         if (written > 0) {
-            bytes = bytes.sliced(written);
+            at += written;
         } else if (written == 0 || !canGoOn(descriptor, errno)) {
             return;
         }
     }
 }
 
-void writeToStandardError(QByteArrayView bytes)
+void writeToStandardError(const QByteArray &bytes)
 {
     std::fflush(stderr);
     writeToDescriptor(fileno(stderr), bytes);

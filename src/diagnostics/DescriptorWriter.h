@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 
 /**
  * Writes all bytes to a descriptor: on after a short write or an interrupting signal, and waiting
@@ -9,7 +9,7 @@
  * A descriptor that takes no more (closed, full, without a reader) is ignored, and raises no
  * SIGPIPE.
  */
-void writeToDescriptor(int descriptor, QByteArrayView bytes);
+void writeToDescriptor(int descriptor, const QByteArray &bytes);
 
 /// Writes all bytes to standard error, behind what the application has written there.
-void writeToStandardError(QByteArrayView bytes);
+void writeToStandardError(const QByteArray &bytes);

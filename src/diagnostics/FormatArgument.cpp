@@ -1,9 +1,9 @@
 #include "diagnostics/FormatArgument.h"
 
 #include "printcore/SystemEncoding.h"
+#include "printcore/UTF8.h"
 
 #include <QLocale>
-#include <QStringDecoder>
 
 namespace {
 /// An argument's value in words.
@@ -51,7 +51,7 @@ QString FormatArgument::describeObject(const QObject *object)
 {
     const QString name = object->objectName();
     return QStringLiteral("<%1 %2%3>")
-        .arg(QLatin1StringView(object->metaObject()->className()), describeAddress(object),
+        .arg(QLatin1String(object->metaObject()->className()), describeAddress(object),
              name.isEmpty() ? QString() : QStringLiteral(" \"%1\"").arg(name));
 }
 
@@ -64,10 +64,9 @@ QString textOfCString(const QByteArray &bytes)
 {
     QString text = SystemEncoding::decode(bytes.constData());
     if (text.isNull()) {
-        // Not stateless: a character that a precision has cut off is no error.
-        QStringDecoder decode(QStringDecoder::Utf8);
-        text = decode(bytes);
-        return decode.hasError() ? QString::fromLatin1(bytes) : text;
+        // A precision may have cut off a character.
+        text = textOfCutUTF8(bytes);
+        return text.isNull() ? QString::fromLatin1(bytes) : text;
     }
     return text;
 }

@@ -1,7 +1,10 @@
 #include "diagnostics/FormatString.h"
 
+#include "printcore/QtVersions.h"
+
 #include <clocale>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 #include <span>
 
@@ -15,7 +18,7 @@ struct Placeholder
     int width = 0;
     /// Negative without one.
     int precision = -1;
-    qsizetype shorts = 0;
+    int shorts = 0;
     char16_t conversion = 0;
 };
 
@@ -55,7 +58,7 @@ QString numberText(const Placeholder &place, const char *length, Number number)
     // One byte more for the null character.
     QByteArray text(size + 1, Qt::Uninitialized);
     print(text.data(), size + 1);
-    return QString::fromLatin1(text.first(size));
+    return QString::fromLatin1(text.left(size));
 }
 
 QString padded(const Placeholder &place, const QString &text)
@@ -95,7 +98,7 @@ std::optional<QString> fillCString(const Placeholder &place, const FormatArgumen
     if (!text || place.precision < 0) {
         return fillWords(place, argument);
     }
-    const auto size = qsizetype(qstrnlen(*text, size_t(place.precision)));
+    const auto size = QtSize(strnlen(*text, size_t(place.precision)));
     return padded(place, textOfCString(QByteArray(*text, size)));
 }
 
@@ -208,7 +211,7 @@ private:
         const QStringView whole = mFormat;
         taken(1);
         const Placeholder place = readPlaceholder();
-        const QStringView itself = whole.first(whole.size() - mFormat.size());
+        const QStringView itself = whole.left(whole.size() - mFormat.size());
         const Filler fill = fillerOf(place.conversion);
         const FormatArgument *const argument = fill ? nextArgument() : nullptr;
         if (place.conversion == u'%') {
@@ -234,7 +237,7 @@ private:
             taken(1);
             place.precision = takenNumber();
         }
-        place.shorts = qMin(takenWhile(u"hlqjztL").count(u'h'), qsizetype(2));
+        place.shorts = qMin(int(takenWhile(u"hlqjztL").count(u'h')), 2);
         place.conversion = mFormat.isEmpty() ? char16_t(0) : taken(1).front().unicode();
         return place;
     }
@@ -268,8 +271,8 @@ private:
 
     QStringView taken(qsizetype length)
     {
-        const QStringView start = mFormat.first(length);
-        mFormat = mFormat.sliced(length);
+        const QStringView start = mFormat.left(length);
+        mFormat = mFormat.mid(length);
         return start;
     }
 

@@ -1,6 +1,7 @@
 #include "diagnostics/MemoryCheck.h"
 
 #include "diagnostics/DescriptorWriter.h"
+#include "printcore/QtVersions.h"
 
 #include <QByteArray>
 
@@ -8,7 +9,7 @@
 
 namespace {
 constexpr qint64 kGroupSize = 16;
-constexpr qsizetype kDumpChunkSize = 65536;
+constexpr QtSize kDumpChunkSize = 65536;
 
 /// What a dump looks like, and where it goes.
 struct Dump
@@ -26,8 +27,8 @@ void printDump(const Dump &dump, const char *bytes, qint64 count)
     for (qint64 start = 0; start <= count; start += kGroupSize) {
         const qint64 size = qMin(kGroupSize, count - start);
         if (size > 0 || dump.showsEmptyRest) {
-            text += dump.beforeGroup + QByteArray::fromRawData(bytes + start, size).toHex() +
-                    dump.afterGroup;
+            text += dump.beforeGroup +
+                    QByteArray::fromRawData(bytes + start, QtSize(size)).toHex() + dump.afterGroup;
         }
         if (text.size() >= kDumpChunkSize) {
             dump.write(text);

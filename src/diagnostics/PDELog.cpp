@@ -1,9 +1,12 @@
 #include "diagnostics/PDELog.h"
 
 #include "diagnostics/SystemLog.h"
+#include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
 
 #include <QSaveFile>
+
+#include <cstring>
 
 namespace {
 template <typename... Arguments>
@@ -20,8 +23,8 @@ QString textInRecord(const Record *record, std::size_t offset)
         return {};
     }
     const char *const text = reinterpret_cast<const char *>(record) + offset;
-    const std::size_t length = qstrnlen(text, sizeof(Record) - offset);
-    return SystemEncoding::decode(QByteArray(text, qsizetype(length)).constData());
+    const std::size_t length = strnlen(text, sizeof(Record) - offset);
+    return SystemEncoding::decode(QByteArray(text, QtSize(length)).constData());
 }
 
 template <typename Record>

@@ -1,5 +1,7 @@
 #include "diagnostics/SystemLog.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QByteArrayList>
 
 #include <syslog.h>
@@ -8,7 +10,7 @@
 
 namespace {
 // The longest mark of a piece, "(999999/999999) ", leaves room for lines of some gigabytes.
-constexpr qsizetype kPieceMarkSize = 16;
+constexpr QtSize kPieceMarkSize = 16;
 
 LogSink &processLogSink()
 {
@@ -28,19 +30,19 @@ void logRecord(const QByteArray &record)
 }
 
 /// The bytes in pieces that cut no character.
-QByteArrayList piecesOf(const QByteArray &text, qsizetype size)
+QByteArrayList piecesOf(const QByteArray &text, QtSize size)
 {
     QByteArrayList pieces;
-    qsizetype start = 0;
+    QtSize start = 0;
     while (text.size() - start > size) {
-        qsizetype end = start + size;
+        QtSize end = start + size;
         while ((text[end] & 0xc0) == 0x80) {
             --end;
         }
-        pieces += text.sliced(start, end - start);
+        pieces += text.mid(start, end - start);
         start = end;
     }
-    return pieces << text.sliced(start);
+    return pieces << text.mid(start);
 }
 } // namespace
 
@@ -53,7 +55,7 @@ void logToSystem(const QString &line)
     }
     const QByteArrayList pieces = piecesOf(text, kLogRecordSize - kPieceMarkSize);
     const QByteArray count = QByteArray::number(pieces.size());
-    for (qsizetype i = 0; i < pieces.size(); ++i) {
+    for (int i = 0; i < pieces.size(); ++i) {
         logRecord('(' + QByteArray::number(i + 1) + '/' + count + ") " + pieces[i]);
     }
 }

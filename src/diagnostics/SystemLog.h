@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printcore/QtVersions.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -9,7 +11,7 @@
 using LogSink = std::function<void(const QByteArray &record)>;
 
 /// The longest record in bytes: what the usual log daemons take without cutting it.
-inline constexpr qsizetype kLogRecordSize = 7680;
+inline constexpr QtSize kLogRecordSize = 7680;
 
 /**
  * Logs one line, at the level "notice" and under the application's own name.

@@ -1,5 +1,7 @@
 #include "host/JobOptions.h"
 
+#include "printcore/QtVersions.h"
+
 void JobOptions::parse(const QString &argument)
 {
     cups_option_t *options = nullptr;
@@ -30,7 +32,7 @@ void JobOptions::merge(const JobOptions &other)
 
 void JobOptions::remove(const QString &key)
 {
-    mPairs.removeIf([&key](const Pair &pair) { return pair.first == key; });
+    removeFrom(mPairs, [&key](const Pair &pair) { return pair.first == key; });
 }
 
 QString JobOptions::value(const QString &key) const

@@ -1,6 +1,7 @@
 #include "host/PanelControls.h"
 
 #include "plugin/PDEPanel.h"
+#include "printcore/QtVersions.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -20,8 +21,9 @@ PanelControls::PanelControls(QWidget *view)
 QList<QWidget *> PanelControls::controls() const
 {
     QList<QWidget *> controls = mView->findChildren<QWidget *>();
-    controls.removeIf(
-        [](const QWidget *control) { return control->isHidden() || keyOf(control).isEmpty(); });
+    removeFrom(controls, [](const QWidget *control) {
+        return control->isHidden() || keyOf(control).isEmpty();
+    });
     return controls;
 }
 

@@ -4,6 +4,7 @@
 #include "host/ProblemReporter.h"
 #include "plugin/PDEPanelAutomation.h"
 #include "printcore/Beep.h"
+#include "printcore/QtVersions.h"
 
 #include <QApplication>
 
@@ -148,7 +149,7 @@ void PanelHost::applyPreset(PDEPanel &panel)
 void PanelHost::applyRequests(PDEPanel &panel, const JobOptions &requests)
 {
     QStringList keys = *panel.supportedPPDOptionKeys();
-    keys.removeIf([&requests](const QString &key) { return !requests.contains(key); });
+    removeFrom(keys, [&requests](const QString &key) { return !requests.contains(key); });
     QWidget *view = keys.isEmpty() ? nullptr : panel.panelView();
     if (!view) {
         return;
@@ -166,7 +167,7 @@ void PanelHost::applyRequests(PDEPanel &panel, const JobOptions &requests)
 
 QStringList PanelHost::choose(QWidget *view, QStringList keys, const JobOptions &requests)
 {
-    keys.removeIf([this, view, &requests](const QString &key) {
+    removeFrom(keys, [this, view, &requests](const QString &key) {
         const QString choice = requests.value(key);
         return PanelControls(view).choose(key, int(ppd().choices(key).indexOf(choice)), choice);
     });

@@ -27,7 +27,7 @@ JobOptions readEngineOptions(const QPrinter &printer)
 {
     const QStringList flat = printer.printEngine()->property(cupsOptionsProperty).toStringList();
     JobOptions options;
-    for (qsizetype i = 0; i + 1 < flat.size(); i += 2) {
+    for (int i = 0; i + 1 < flat.size(); i += 2) {
         options.set(flat.at(i), flat.at(i + 1));
     }
     return options;

@@ -14,8 +14,8 @@ bool hideRows(const QGroupBox &group, const QStringList &labels)
     const auto *form = qobject_cast<QFormLayout *>(group.layout());
     bool isAnyLeft = !form;
     for (int row = 0; form && row < form->rowCount(); ++row) {
-        const QLayoutItem *labelItem = form->itemAt(row, QFormLayout::LabelRole);
-        const QLayoutItem *fieldItem = form->itemAt(row, QFormLayout::FieldRole);
+        QLayoutItem *labelItem = form->itemAt(row, QFormLayout::LabelRole);
+        QLayoutItem *fieldItem = form->itemAt(row, QFormLayout::FieldRole);
         auto *label = labelItem ? qobject_cast<QLabel *>(labelItem->widget()) : nullptr;
         if (!label || !labels.contains(label->text())) {
             isAnyLeft = true;
@@ -71,7 +71,7 @@ void choosePageSize(const QWidget &propertiesDialog, const QPageSize &size)
 
 void hideListedOptions(const QWidget &propertiesDialog, const QStringList &texts)
 {
-    const auto *page = propertiesDialog.findChild<QWidget *>(QStringLiteral("cupsPropertiesPage"));
+    auto *page = propertiesDialog.findChild<QWidget *>(QStringLiteral("cupsPropertiesPage"));
     if (!page) {
         return;
     }

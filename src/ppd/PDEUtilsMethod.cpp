@@ -1,25 +1,15 @@
 #include "ppd/PDEUtilsMethod.h"
 
 #include "printcore/SystemEncoding.h"
+#include "printcore/UTF8.h"
 
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
 #include <QRegularExpression>
-#include <QStringDecoder>
 
 namespace {
-QString stringWithUTF8String(const char *bytes)
-{
-    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString string = decode(QByteArrayView(bytes));
-    if (decode.hasError()) {
-        return {};
-    }
-    return string.isNull() ? QStringLiteral("") : string;
-}
-
 /// The palette's role of a control's text; nothing for a control that has no text of its own.
 std::optional<QPalette::ColorRole> textRoleOf(const QWidget *control)
 {
@@ -128,12 +118,12 @@ const PDEChoice *PDEUtilsMethod13::findChoiceForString(const QString &string,
 
 QString PDEUtilsMethod13::newOptionTitle(const ppd_option_t *option)
 {
-    return stringWithUTF8String(option->text);
+    return textOfUTF8(option->text);
 }
 
 QString PDEUtilsMethod13::newChoiceTitle(const ppd_choice_t *choice)
 {
-    return stringWithUTF8String(choice->text);
+    return textOfUTF8(choice->text);
 }
 
 void PDEUtilsMethod13::setEnabledForText(quint8 flag, QWidget *control)

@@ -2,6 +2,7 @@
 
 #include "ppd/PDEUtilsMethod.h"
 #include "printcore/PropertyList.h"
+#include "printcore/QtVersions.h"
 
 #include <QVariantMap>
 
@@ -16,7 +17,7 @@ const QString kTicketPaperName = QStringLiteral("MqPaperName2");
 constexpr double pointsPerInch = 72.0;
 constexpr double inchesPerMillimetre = 0.0393701;
 /// The longest name that a buffer of 256 bytes holds with its final zero.
-constexpr qsizetype longestName = 255;
+constexpr QtSize longestName = 255;
 
 QByteArray nameAsCString(const QString &name)
 {
@@ -28,18 +29,18 @@ QVariantMap privateTicket(PMPrintSettings printSettings)
 {
     QVariant data;
     if (PMPrintSettingsGetValue(printSettings, kPrivateTicketKey, &data) != noErr ||
-        data.metaType() != QMetaType::fromType<QByteArray>()) {
+        data.userType() != QMetaType::QByteArray) {
         return {};
     }
     const QVariant ticket = PropertyList::read(data.toByteArray());
-    return ticket.metaType() == QMetaType::fromType<QVariantMap>() ? ticket.toMap() : QVariantMap();
+    return ticket.userType() == QMetaType::QVariantMap ? ticket.toMap() : QVariantMap();
 }
 
 /// The ticket's string under the key; null when there is none.
 QString ticketString(PMPrintSettings printSettings, const QString &key)
 {
     const QVariant value = privateTicket(printSettings).value(key);
-    return value.metaType() == QMetaType::fromType<QString>() ? value.toString() : QString();
+    return value.userType() == QMetaType::QString ? value.toString() : QString();
 }
 
 /// The paper's name as the PPD has it; null when it has none.
@@ -52,7 +53,7 @@ QString ppdNameOf(PMPaper paper)
 /// A number's part before the decimal point; nothing for what is no number.
 std::optional<qint64> wholeNumber(const QVariant &value)
 {
-    switch (value.typeId()) {
+    switch (value.userType()) {
     case QMetaType::Double:
         return RoundDouble(std::trunc(value.toDouble()));
     case QMetaType::Bool:

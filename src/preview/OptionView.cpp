@@ -1,6 +1,7 @@
 #include "preview/OptionView.h"
 
 #include "printcore/Bundle.h"
+#include "toolkit/QtWidgetVersions.h"
 #include "toolkit/ViewGeometry.h"
 
 #include <QAbstractButton>
@@ -102,7 +103,7 @@ void OptionView13_v400_::paintEvent(QPaintEvent *event)
         return;
     }
     const double scale = pixelsPerPoint(this);
-    const double pictureHeight = picture->deviceIndependentSize().height();
+    const double pictureHeight = drawnSizeOf(*picture).height();
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != 1.0);
     painter.scale(scale, scale);

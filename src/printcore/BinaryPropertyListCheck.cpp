@@ -2,8 +2,10 @@
 
 #include "printcore/PropertyListDate.h"
 #include "printcore/PropertyListLimits.h"
+#include "printcore/QtVersions.h"
+#include "printcore/UTF8.h"
 
-#include <QStringDecoder>
+#include <QtEndian>
 
 #include <algorithm>
 #include <bit>
@@ -41,18 +43,17 @@ bool isCounted(quint8 kind)
     return isString(kind) || kind == kData || kind == kArray || kind == kDictionary;
 }
 
-bool isUTF8(QByteArrayView bytes)
+bool isUTF8(const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(bytes);
-    return !decoder.hasError() && !text.contains(QChar(u'\0'));
+    const QString text = textOfUTF8(bytes);
+    return !text.isNull() && !text.contains(QChar(u'\0'));
 }
 
-bool isUTF16(QByteArrayView bytes)
+bool isUTF16(const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf16BE, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(bytes);
-    return !decoder.hasError() && text.isValidUtf16() && !text.contains(QChar(u'\0'));
+    QString text(bytes.size() / 2, Qt::Uninitialized);
+    qFromBigEndian<char16_t>(bytes.constData(), text.size(), text.data());
+    return text.isValidUtf16() && !text.contains(QChar(u'\0'));
 }
 
 bool isDate(quint64 bits)
@@ -108,7 +109,7 @@ quint64 BinaryPropertyListCheck::number(quint64 at, quint64 size) const
 {
     quint64 number = 0;
     for (quint64 i = 0; i < size; ++i) {
-        number = number << 8 | static_cast<quint8>(mData.at(static_cast<qsizetype>(at + i)));
+        number = number << 8 | static_cast<quint8>(mData.at(static_cast<QtSize>(at + i)));
     }
     return number;
 }
@@ -191,8 +192,8 @@ bool BinaryPropertyListCheck::checkContent(quint64 index, const Object &object, 
     }
     mVisits[index].size = size + 1;
 
-    const QByteArrayView bytes = QByteArrayView(mData).sliced(
-        static_cast<qsizetype>(object.content), static_cast<qsizetype>(size));
+    const QByteArray bytes =
+        mData.mid(static_cast<QtSize>(object.content), static_cast<QtSize>(size));
     const auto isTaken = [&] {
         switch (object.kind) {
         case kConstant:

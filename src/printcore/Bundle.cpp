@@ -1,5 +1,7 @@
 #include "printcore/Bundle.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -15,7 +17,7 @@
 namespace {
 constexpr char kDefaultTable[] = "Localizable";
 constexpr char kLastResortLanguage[] = "en";
-constexpr QLatin1StringView kTableSuffix(".qm");
+constexpr QLatin1String kTableSuffix(".qm");
 constexpr const char *kImageTypes[] = {"png", "svg", "jpg", "bmp", "gif", "webp"};
 
 /// Whether the name stays in the folder that it is looked up in.
@@ -51,10 +53,10 @@ QStringList tableNames(const QStringList &languages)
         language.replace(u'-', u'_');
         while (!language.isEmpty()) {
             names.append(language);
-            language.truncate(std::max<qsizetype>(language.lastIndexOf(u'_'), 0));
+            language.truncate(std::max<QtSize>(language.lastIndexOf(u'_'), 0));
         }
     }
-    names.append(QLatin1StringView(kLastResortLanguage));
+    names.append(QLatin1String(kLastResortLanguage));
     names.removeDuplicates();
     return names;
 }
@@ -120,14 +122,14 @@ QString Bundle::readEntries(const QJsonObject &info)
 {
     static constexpr struct
     {
-        QLatin1StringView name;
+        QLatin1String name;
         QString Bundle::*field;
     } kTexts[] = {
-        {QLatin1StringView("identifier"), &Bundle::mIdentifier},
-        {QLatin1StringView("version"), &Bundle::mVersion},
-        {QLatin1StringView("principalClass"), &Bundle::mPrincipalClass},
+        {QLatin1String("identifier"), &Bundle::mIdentifier},
+        {QLatin1String("version"), &Bundle::mVersion},
+        {QLatin1String("principalClass"), &Bundle::mPrincipalClass},
     };
-    const auto complaint = [](QLatin1StringView entry, const QString &what) {
+    const auto complaint = [](QLatin1String entry, const QString &what) {
         return QStringLiteral("the entry \"%1\" %2").arg(entry, what);
     };
 
@@ -141,13 +143,13 @@ QString Bundle::readEntries(const QJsonObject &info)
             return complaint(text.name, QStringLiteral("is no text"));
         }
     }
-    const QLatin1StringView libraries("libraries");
+    const QLatin1String libraries("libraries");
     QString fault = readLibrary(info.value(libraries));
     if (!fault.isNull()) {
         return complaint(libraries, fault);
     }
 
-    const QLatin1StringView resources("resources");
+    const QLatin1String resources("resources");
     const QJsonValue names = info.value(resources);
     if (names.isUndefined()) {
         return complaint(resources, QStringLiteral("is missing"));

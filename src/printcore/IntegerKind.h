@@ -12,7 +12,7 @@ enum class IntegerKind {
 /// The kind of integer that the variant holds; a truth value and a character are none.
 inline IntegerKind integerKind(const QVariant &value)
 {
-    switch (value.typeId()) {
+    switch (value.userType()) {
     case QMetaType::SChar:
     case QMetaType::Short:
     case QMetaType::Int:

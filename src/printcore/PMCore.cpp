@@ -6,6 +6,7 @@
 #include "printcore/PrintSession.h"
 #include "printcore/PrintSettings.h"
 #include "printcore/Printer.h"
+#include "printcore/QtVersions.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,12 +19,12 @@ constexpr quint32 kLastPageNumber = std::numeric_limits<quint32>::max();
 /// An end of the page range. The keys are this printing core's own: callers use the functions.
 struct PageRangeEnd
 {
-    QLatin1StringView key;
+    QLatin1String key;
     quint32 unset;
 };
 
-constexpr PageRangeEnd kFirstPage{QLatin1StringView("com.korvane.print.settings.FirstPage"), 1};
-constexpr PageRangeEnd kLastPage{QLatin1StringView("com.korvane.print.settings.LastPage"),
+constexpr PageRangeEnd kFirstPage{QLatin1String("com.korvane.print.settings.FirstPage"), 1};
+constexpr PageRangeEnd kLastPage{QLatin1String("com.korvane.print.settings.LastPage"),
                                  kLastPageNumber};
 
 template <typename Value>
@@ -111,7 +112,7 @@ bool isLetter(QChar character)
 bool isSchemeCharacter(QChar character)
 {
     return isLetter(character) || (character >= u'0' && character <= u'9') ||
-           QLatin1StringView("+-.").contains(character);
+           QLatin1String("+-.").contains(character);
 }
 } // namespace
 
@@ -209,7 +210,7 @@ OSStatus PMPrinterCopyDeviceURI(PMPrinter printer, QString *deviceURI)
 
 QString URLCopyScheme(const QString &uri)
 {
-    const qsizetype colon = uri.indexOf(u':');
+    const QtSize colon = uri.indexOf(u':');
     if (colon < 1 || !isLetter(uri.front())) {
         return {};
     }

@@ -1,11 +1,14 @@
 #include "printcore/PrintSettings.h"
 
+#include <iterator>
 #include <utility>
 
 PrintSettings::PrintSettings(QVariantMap values)
     : mValues(std::move(values))
 {
-    mValues.removeIf([](const auto &entry) { return !entry.value().isValid(); });
+    for (auto entry = mValues.begin(); entry != mValues.end();) {
+        entry = entry->isValid() ? std::next(entry) : mValues.erase(entry);
+    }
 }
 
 QVariant PrintSettings::value(const QString &key) const
@@ -28,7 +31,7 @@ std::optional<PrintSettings> PrintSettings::fromData(const QByteArray &data, QSt
     if (!root.isValid()) {
         return std::nullopt;
     }
-    if (root.typeId() == QMetaType::QVariantMap) {
+    if (root.userType() == QMetaType::QVariantMap) {
         return PrintSettings(root.toMap());
     }
     if (error) {

@@ -4,11 +4,12 @@
 #include "printcore/PropertyListNode.h"
 #include "printcore/PropertyListReader.h"
 #include "printcore/PropertyListWriter.h"
+#include "printcore/QtVersions.h"
 #include "printcore/XMLPropertyListNormalizer.h"
 
 namespace {
 /// The plain form may be longer than the data, and libplist counts bytes in 32 bits.
-constexpr qsizetype kLongestData = 1 << 29;
+constexpr QtSize kLongestData = 1 << 29;
 
 QByteArray soundXML(const QByteArray &data, QString *fault)
 {

@@ -1,14 +1,16 @@
 #include "printcore/PropertyListNode.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QtEndian>
 
 #include <locale.h>
 
 namespace {
 constexpr char kHeader[] = "bplist00";
-constexpr qsizetype kListHeaderSize = 8;
+constexpr QtSize kListHeaderSize = 8;
 /// The offset table of a single object, and the trailer.
-constexpr qsizetype kTailSize = 1 + 32;
+constexpr QtSize kTailSize = 1 + 32;
 
 /// Keeps the calling thread to the C locale, as libplist reads numbers by the locale.
 class CLocaleScope
@@ -41,7 +43,7 @@ QByteArray serialized(plist_t node, Serialize serialize, Free free)
     char *bytes = nullptr;
     uint32_t length = 0;
     serialize(node, &bytes, &length);
-    QByteArray data(bytes, bytes ? static_cast<qsizetype>(length) : 0);
+    QByteArray data(bytes, bytes ? static_cast<QtSize>(length) : 0);
     free(bytes);
     return data;
 }
@@ -91,5 +93,5 @@ PropertyListNode::Pointer PropertyListNode::fromObject(const QByteArray &object)
 QByteArray PropertyListNode::toObject(plist_t node)
 {
     const QByteArray data = toBinary(node);
-    return data.sliced(kListHeaderSize, data.size() - kListHeaderSize - kTailSize);
+    return data.mid(kListHeaderSize, data.size() - kListHeaderSize - kTailSize);
 }

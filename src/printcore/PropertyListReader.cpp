@@ -1,6 +1,7 @@
 #include "printcore/PropertyListReader.h"
 
 #include "printcore/PropertyListDate.h"
+#include "printcore/QtVersions.h"
 
 #include <QtEndian>
 
@@ -20,7 +21,7 @@ QVariant stringValue(plist_t node)
 {
     uint64_t length = 0;
     const char *const bytes = plist_get_string_ptr(node, &length);
-    return QString::fromUtf8(bytes, static_cast<qsizetype>(length));
+    return QString::fromUtf8(bytes, static_cast<QtSize>(length));
 }
 
 QVariant integerValue(plist_t node)
@@ -62,7 +63,7 @@ QVariant dataValue(plist_t node)
 {
     uint64_t length = 0;
     const char *const bytes = plist_get_data_ptr(node, &length);
-    return QByteArray(bytes, static_cast<qsizetype>(length));
+    return QByteArray(bytes, static_cast<QtSize>(length));
 }
 
 QVariant arrayValue(plist_t node)
@@ -71,7 +72,7 @@ QVariant arrayValue(plist_t node)
     plist_array_new_iter(node, &iterator);
     const Memory iteratorOwner(iterator);
     QVariantList values;
-    values.reserve(static_cast<qsizetype>(plist_array_get_size(node)));
+    values.reserve(static_cast<QtSize>(plist_array_get_size(node)));
     plist_t element = nullptr;
     for (plist_array_next_item(node, iterator, &element); element;
          plist_array_next_item(node, iterator, &element)) {

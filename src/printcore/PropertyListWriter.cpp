@@ -84,7 +84,7 @@ Pointer PropertyListWriter::node(const QVariant &value, const Place &place)
         refuse(place, QStringLiteral("the values are nested too deeply"));
         return {};
     }
-    switch (value.typeId()) {
+    switch (value.userType()) {
     case QMetaType::QVariantList:
         return arrayNode(value.toList(), place);
     case QMetaType::QVariantMap:
@@ -101,7 +101,7 @@ Pointer PropertyListWriter::scalarNode(const QVariant &value, const Place &place
     if (integerKind(value) != IntegerKind::None) {
         return integerNode(value);
     }
-    switch (value.typeId()) {
+    switch (value.userType()) {
     case QMetaType::Bool:
         return Pointer(plist_new_bool(value.toBool()));
     case QMetaType::Double:

@@ -2,6 +2,7 @@
 
 #include "printcore/PropertyList.h"
 #include "printcore/PropertyListNode.h"
+#include "printcore/QtVersions.h"
 
 #include <QString>
 #include <QVariant>
@@ -23,7 +24,7 @@ private:
     {
         const Place *outer = nullptr;
         QString key;
-        qsizetype index = -1;
+        QtSize index = -1;
         int depth = 0;
 
         QString path() const;

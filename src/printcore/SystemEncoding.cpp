@@ -1,5 +1,7 @@
 #include "printcore/SystemEncoding.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QHashFunctions>
 
 #include <unicode/ucnv.h>
@@ -75,7 +77,7 @@ QByteArray &chosenName()
 
 /// Runs a conversion of ICU's into a buffer, once more when the first one was too short.
 template <typename Buffer, typename Conversion>
-bool convert(Buffer &buffer, qsizetype firstLength, Conversion conversion)
+bool convert(Buffer &buffer, QtSize firstLength, Conversion conversion)
 {
     if (firstLength > std::numeric_limits<int32_t>::max()) {
         return false;
@@ -141,9 +143,9 @@ QString SystemEncoding::decode(const char *bytes)
         return {};
     }
     const size_t length = std::strlen(bytes);
-    QString text(QLatin1StringView(""));
+    QString text(QLatin1String(""));
     const bool converted =
-        convert(text, static_cast<qsizetype>(length), [&](QString &buffer, UErrorCode *status) {
+        convert(text, static_cast<QtSize>(length), [&](QString &buffer, UErrorCode *status) {
             return ucnv_toUChars(converter, reinterpret_cast<UChar *>(buffer.data()),
                                  static_cast<int32_t>(buffer.size()), bytes,
                                  static_cast<int32_t>(length), status);

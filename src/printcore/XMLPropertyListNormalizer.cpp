@@ -2,8 +2,8 @@
 
 #include "printcore/PropertyListDate.h"
 #include "printcore/PropertyListLimits.h"
-
-#include <QStringDecoder>
+#include "printcore/QtVersions.h"
+#include "printcore/UTF8.h"
 
 #include <algorithm>
 #include <iterator>
@@ -22,8 +22,8 @@ bool isNothing(const QString &text)
 bool isInteger(const QString &text)
 {
     const QString trimmed = text.trimmed();
-    const qsizetype signLength = trimmed.startsWith(u'-') || trimmed.startsWith(u'+') ? 1 : 0;
-    const QStringView digits = QStringView(trimmed).sliced(signLength);
+    const QtSize signLength = trimmed.startsWith(u'-') || trimmed.startsWith(u'+') ? 1 : 0;
+    const QStringView digits = QStringView(trimmed).mid(signLength);
     // libplist takes a leading 0 for the mark of an octal number.
     if (digits.size() > 1 && digits.front() == u'0') {
         return false;
@@ -54,8 +54,9 @@ bool isDate(const QString &text)
 
 bool isBase64(const QString &text)
 {
-    QString digits = text;
-    digits.removeIf([](QChar character) { return character.isSpace(); });
+    QString digits;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](QChar character) { return !character.isSpace(); });
     return digits.size() % 4 == 0 &&
            QByteArray::fromBase64Encoding(digits.toLatin1(),
                                           QByteArray::AbortOnBase64DecodingErrors);
@@ -71,23 +72,22 @@ QByteArray quoted(const QString &text)
 
 struct Scalar
 {
-    QLatin1StringView element;
+    QLatin1String element;
     bool (*takes)(const QString &text);
 };
 
 constexpr Scalar kScalars[] = {
-    {QLatin1StringView("string"), isText},   {QLatin1StringView("integer"), isInteger},
-    {QLatin1StringView("real"), isReal},     {QLatin1StringView("true"), isNothing},
-    {QLatin1StringView("false"), isNothing}, {QLatin1StringView("date"), isDate},
-    {QLatin1StringView("data"), isBase64},
+    {QLatin1String("string"), isText},   {QLatin1String("integer"), isInteger},
+    {QLatin1String("real"), isReal},     {QLatin1String("true"), isNothing},
+    {QLatin1String("false"), isNothing}, {QLatin1String("date"), isDate},
+    {QLatin1String("data"), isBase64},
 };
 } // namespace
 
 XMLPropertyListNormalizer::XMLPropertyListNormalizer(const QByteArray &data)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(data);
-    mIsUTF8 = !decoder.hasError();
+    const QString text = textOfUTF8(data);
+    mIsUTF8 = !text.isNull();
     mReader.addData(text);
 }
 
@@ -118,7 +118,7 @@ void XMLPropertyListNormalizer::readDocument()
     if (!goToNextElement()) {
         return;
     }
-    if (mReader.name() != u"plist") {
+    if (mReader.name() != QLatin1String("plist")) {
         return mReader.raiseError(QStringLiteral("the data is no property list"));
     }
     if (!goToNextElement()) {
@@ -139,10 +139,10 @@ void XMLPropertyListNormalizer::readValue(int depth)
     if (depth > PropertyListLimits::kDepth) {
         return mReader.raiseError(QStringLiteral("the values are nested too deeply"));
     }
-    if (mReader.name() == u"array") {
+    if (mReader.name() == QLatin1String("array")) {
         return readArray(depth);
     }
-    if (mReader.name() == u"dict") {
+    if (mReader.name() == QLatin1String("dict")) {
         return readDictionary(depth);
     }
     readScalar();
@@ -161,7 +161,7 @@ void XMLPropertyListNormalizer::readDictionary(int depth)
 {
     mNormalized.append("<dict>");
     while (goToNextElement()) {
-        if (mReader.name() != u"key") {
+        if (mReader.name() != QLatin1String("key")) {
             return mReader.raiseError(QStringLiteral("a value has no key"));
         }
         const QString key = mReader.readElementText();

@@ -1,5 +1,7 @@
 #include "textinput/CalendarFormat.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTimeZone>
@@ -133,14 +135,14 @@ QString numberText(int number, int digits)
 
 QString nameText(const NameConversion &conversion, int index, const QVariantMap &locale)
 {
-    const QStringList names = locale.value(QLatin1StringView(conversion.key)).toStringList();
+    const QStringList names = locale.value(QLatin1String(conversion.key)).toStringList();
     return index < names.size() ? names[index]
                                 : QString::fromLatin1(conversion.names).section(u' ', index, index);
 }
 
 QString formatText(const FormatConversion &conversion, const QVariantMap &locale)
 {
-    const QString format = locale.value(QLatin1StringView(conversion.key)).toString();
+    const QString format = locale.value(QLatin1String(conversion.key)).toString();
     return format.isNull() ? QString::fromLatin1(conversion.format) : format;
 }
 
@@ -172,14 +174,14 @@ public:
     {
         static const QRegularExpression conversion(QStringLiteral("%(\\d?)([a-zA-Z%])"));
         QString text;
-        qsizetype end = 0;
+        QtSize end = 0;
         for (auto matches = conversion.globalMatch(format); matches.hasNext();) {
             const QRegularExpressionMatch match = matches.next();
-            text += QStringView(format).sliced(end, match.capturedStart() - end);
+            text += QStringView(format).mid(end, match.capturedStart() - end);
             text += converted(match, depth);
             end = match.capturedEnd();
         }
-        text += QStringView(format).sliced(end);
+        text += QStringView(format).mid(end);
         return text;
     }
 

@@ -72,7 +72,7 @@ void FormatterProperties::apply(QLineEdit *field, const QByteArray &name)
         (formatterOwnedBy(field)->*property->set)(*number);
     } else {
         qWarning().noquote() << QStringLiteral("%1: %2 is no integer of 32 bits: %3")
-                                    .arg(field->objectName(), QLatin1StringView(name),
+                                    .arg(field->objectName(), QLatin1String(name),
                                          value.toString());
     }
 }

@@ -5,6 +5,7 @@
 #include "printcore/Beep.h"
 #include "printcore/IntegerValue.h"
 #include "printcore/NotificationCenter.h"
+#include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
 #include "textinput/CalendarFormat.h"
 #include "textinput/TextStyle.h"
@@ -25,17 +26,17 @@ const QString *toldCharacter = nullptr;
 QString decomposed(const QString &text)
 {
     // Piece by piece, because a long text with many accents takes QString too long.
-    constexpr qsizetype pieceLength = 64;
+    constexpr QtSize pieceLength = 64;
     QString result;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    QtSize start = 0;
+    for (QtSize i = 0; i < text.size(); ++i) {
         const bool isAccent = text[i].combiningClass() != 0 || text[i].isSurrogate();
         if (i - start >= pieceLength && !isAccent) {
-            result += text.sliced(start, i - start).normalized(QString::NormalizationForm_D);
+            result += text.mid(start, i - start).normalized(QString::NormalizationForm_D);
             start = i;
         }
     }
-    return result + text.sliced(start).normalized(QString::NormalizationForm_D);
+    return result + text.mid(start).normalized(QString::NormalizationForm_D);
 }
 
 /// The first of the strings that is the same to a reader, in whichever way its accents are coded.
@@ -49,10 +50,10 @@ QStringList::const_iterator findEqual(const QStringList &strings, const QString 
                         [&plain](const QString &other) { return decomposed(other) == plain; });
 }
 
-QString textBetween(const QString &text, qsizetype start, qsizetype end)
+QString textBetween(const QString &text, QtSize start, QtSize end)
 {
-    const qsizetype first = std::clamp<qsizetype>(start, 0, text.size());
-    return text.sliced(first, std::clamp(end, first, text.size()) - first);
+    const QtSize first = std::clamp<QtSize>(start, 0, text.size());
+    return text.mid(first, std::clamp(end, first, text.size()) - first);
 }
 
 /// Bytes of the text in the system encoding; its characters when that cannot hold it.
@@ -75,7 +76,7 @@ bool isMacOSRoman(const QString &text)
 
 FormatArgument argumentOf(const QVariant &object)
 {
-    switch (object.typeId()) {
+    switch (object.userType()) {
     case QMetaType::UnknownType:
         return nullptr;
     case QMetaType::Bool:
@@ -94,7 +95,7 @@ FormatArgument argumentOf(const QVariant &object)
 
 qint32 intValue(const QVariant &object)
 {
-    switch (object.typeId()) {
+    switch (object.userType()) {
     case QMetaType::QString:
         return integerValue(object.toString());
     case QMetaType::Double:
@@ -221,7 +222,7 @@ PDEFormatter::Refusal PDEFormatter::refusalOf(const QString &typed, const QStrin
 {
     const bool anyText = StyleRules::of(mTextStyle).takesAnyText();
     if ((!anyText && !isMacOSRoman(typed)) || isInvalidCharacter(typed)) {
-        return {InvalidCharacterNotification, typed.last(1)};
+        return {InvalidCharacterNotification, typed.right(1)};
     }
     if (isLongerThanAllowed(proposedText)) {
         return {InvalidCharacterNotification, {}};

@@ -1,5 +1,8 @@
 #include "textinput/ProposedEdit.h"
 
+#include "printcore/QtVersions.h"
+#include "toolkit/QtWidgetVersions.h"
+
 #include <QClipboard>
 #include <QDropEvent>
 #include <QGuiApplication>
@@ -20,8 +23,8 @@ bool takesText(const QLineEdit &field)
 FieldText replaced(const QLineEdit &field, const FieldText &before, const TextRange &part,
                    const QString &text)
 {
-    const qsizetype room = field.maxLength() - (before.text.size() - part.length);
-    const QString inserted = text.left(std::max<qsizetype>(room, 0));
+    const QtSize room = field.maxLength() - (before.text.size() - part.length);
+    const QString inserted = text.left(std::max<QtSize>(room, 0));
     FieldText after = before;
     after.text.replace(part.location, part.length, inserted);
     after.selection = {part.location + inserted.size(), 0};
@@ -64,12 +67,12 @@ std::optional<ProposedEdit> editOfInputMethod(const QLineEdit &field,
         return std::nullopt;
     }
     const FieldText collapsed = edit->after;
-    const qsizetype size = collapsed.text.size();
-    const qsizetype start =
-        std::clamp<qsizetype>(collapsed.selection.location + event.replacementStart(), 0, size);
+    const QtSize size = collapsed.text.size();
+    const QtSize start =
+        std::clamp<QtSize>(collapsed.selection.location + event.replacementStart(), 0, size);
     // A part that goes beyond the text is not replaced at all.
-    const qsizetype wanted = event.replacementLength();
-    const qsizetype length = wanted > 0 && start + wanted <= size ? wanted : 0;
+    const QtSize wanted = event.replacementLength();
+    const QtSize length = wanted > 0 && start + wanted <= size ? wanted : 0;
     edit->after = replaced(field, collapsed, {start, length}, event.commitString());
     return edit;
 }
@@ -82,7 +85,7 @@ std::optional<ProposedEdit> editOfDrop(QLineEdit &field, const QDropEvent &event
     if (!edit || text.isEmpty()) {
         return std::nullopt;
     }
-    edit->before.selection = {field.cursorPositionAt(event.position().toPoint()), 0};
+    edit->before.selection = {field.cursorPositionAt(positionOf(event).toPoint()), 0};
     edit->after = replaced(field, edit->before, edit->before.selection, text);
     return edit;
 }

@@ -1,6 +1,6 @@
 #include "textinput/TextStyle.h"
 
-#include <QLatin1StringView>
+#include <QLatin1String>
 
 #include <iterator>
 
@@ -50,7 +50,7 @@ quint8 classesOf(QChar character)
 
 bool StyleRules::accepts(QChar character) const
 {
-    return (classes & classesOf(character)) != 0 || QLatin1StringView(others).contains(character);
+    return (classes & classesOf(character)) != 0 || QLatin1String(others).contains(character);
 }
 
 const StyleRules &StyleRules::of(qint32 style)

@@ -1,5 +1,7 @@
 #include "toolkit/PictureIcon.h"
 
+#include "toolkit/QtWidgetVersions.h"
+
 void PictureIcon::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state)
 {
     icon().paint(painter, rect, Qt::AlignCenter, mode, state);
@@ -10,10 +12,14 @@ QPixmap PictureIcon::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State st
     return icon().pixmap(size, mode, state);
 }
 
-QPixmap PictureIcon::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state,
-                                  qreal scale)
+void PictureIcon::virtual_hook(int id, void *data)
 {
-    return icon().pixmap(size / scale, scale, mode, state);
+    if (id != ScaledPixmapHook) {
+        return QIconEngine::virtual_hook(id, data);
+    }
+    auto *wanted = static_cast<ScaledPixmapArgument *>(data);
+    wanted->pixmap = scaledPixmapOf(icon(), wanted->size / wanted->scale, wanted->scale,
+                                    wanted->mode, wanted->state);
 }
 
 QSize PictureIcon::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)

@@ -13,10 +13,10 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
-    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state,
-                         qreal scale) override;
     QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
     QIconEngine *clone() const override { return new PictureIcon(*this); }
+    /// Answers for a picture for a display of another scale.
+    void virtual_hook(int id, void *data) override;
 
 private:
     const QIcon &icon();

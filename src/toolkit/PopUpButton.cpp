@@ -14,7 +14,8 @@ PopUpButton::PopUpButton(QWidget *parent)
 {
     connect(model(), &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex &, int first, int last) { applyTags(first, last); });
-    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::describeSelection);
+    connect(this, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &PopUpButton::describeSelection);
 }
 
 void PopUpButton::setItemTags(const QStringList &tags)

@@ -29,9 +29,10 @@ bool BundleFolder::addOdd(const QString &name, const QString &kind) const
     QFile info(bundle.filePath(QStringLiteral("Contents/Info.json")));
     const QString entries = QStringLiteral("{ \"identifier\": \"com.korvane.test.odd\", "
                                            "\"version\": \"1\", \"principalClass\": \"%1\", "
-                                           "\"library\": \"libodd.so\", \"resources\": [] }");
+                                           "\"libraries\": { \"qt%2\": \"libodd.so\" }, "
+                                           "\"resources\": [] }");
     return bundle.mkpath(QStringLiteral("Contents/Linux")) && info.open(QIODevice::WriteOnly) &&
-           info.write(entries.arg(kind).toUtf8()) > 0 &&
+           info.write(entries.arg(kind).arg(QT_VERSION_MAJOR).toUtf8()) > 0 &&
            QFile::link(QStringLiteral(KV_ODD_PANELS),
                        bundle.filePath(QStringLiteral("Contents/Linux/libodd.so")));
 }

@@ -17,12 +17,14 @@ namespace {
 using Spoiling = std::function<bool(const BundleFolder &)>;
 
 const QString info = QStringLiteral("Contents/Info.json");
-const QString library = QStringLiteral("Contents/Linux/libKVMQRVOptions-qt6.so");
+const QString libraryName = QStringLiteral("libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR);
+const QString library = QStringLiteral("Contents/Linux/") + libraryName;
 const QString form = QStringLiteral("Contents/Resources/OptionPDE.ui");
 const QString texts = QStringLiteral("Contents/Resources/en.qm");
 const QString picture = QStringLiteral("Contents/Resources/AHCMOnOffOffOff.png");
 
-const QString ownLibrary = QStringLiteral(KV_BUNDLE_FOLDER "/../../libkvprintcore.so");
+const QString ownLibrary =
+    QStringLiteral(KV_BUNDLE_FOLDER "/../libkvprintcore-qt%1.so").arg(QT_VERSION_MAJOR);
 
 QString otherPlugIn()
 {
@@ -58,17 +60,17 @@ Spoiling replacing(const QString &file, const QString &by)
     };
 }
 
-/// Has the info file name another principal class.
-Spoiling naming(const QString &principalClass)
+/// Gives an entry of the info file another value.
+Spoiling entering(const QString &entry, const QJsonValue &value)
 {
-    return [principalClass](const BundleFolder &folder) {
+    return [entry, value](const BundleFolder &folder) {
         QFile file(folder.path(info));
         if (!file.open(QIODevice::ReadOnly)) {
             return false;
         }
         QJsonObject entries = QJsonDocument::fromJson(file.readAll()).object();
-        const bool had = entries.contains(QStringLiteral("principalClass"));
-        entries.insert(QStringLiteral("principalClass"), principalClass);
+        const bool had = entries.contains(entry);
+        entries.insert(entry, value);
         return had && folder.overwrite(info, QJsonDocument(entries).toJson());
     };
 }
@@ -131,28 +133,35 @@ void tst_badbundle::spoiltBundle_data()
     QTest::addColumn<Tab>("tab");
     QTest::addColumn<QString>("problem");
     const auto add = [](const char *name, const Spoiling &spoil, Tab tab, const char *problem) {
-        QTest::newRow(name) << spoil << tab << QString::fromLatin1(problem);
+        QString expected = QString::fromLatin1(problem);
+        expected.replace(QStringLiteral("LIBRARY"), QRegularExpression::escape(libraryName));
+        expected.replace(QStringLiteral("VERSION"), QString::number(QT_VERSION_MAJOR));
+        QTest::newRow(name) << spoil << tab << expected;
     };
-    add("library missing", removing(library), Tab::None,
-        "^Spoilt\\.pde: libKVMQRVOptions-qt6\\.so is missing$");
+    add("library missing", removing(library), Tab::None, "^Spoilt\\.pde: LIBRARY is missing$");
     add("library is a text", overwriting(library, "no library\n"), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a valid ELF object");
+        "^Spoilt\\.pde: .*LIBRARY.* is not a valid ELF object");
     add("library is empty", overwriting(library, ""), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a valid Qt plugin");
+        "^Spoilt\\.pde: .*LIBRARY.* is not a valid Qt plugin");
     add("library is cut short", truncating(library, 1000), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* past the end of the file");
+        "^Spoilt\\.pde: .*LIBRARY.* past the end of the file");
     add("library is no plug-in", replacing(library, ownLibrary), Tab::None,
-        "^Spoilt\\.pde: .*libKVMQRVOptions-qt6\\.so.* is not a Qt plugin");
+        "^Spoilt\\.pde: .*LIBRARY.* is not a Qt plugin");
     add("library is another plug-in", replacing(library, otherPlugIn()), Tab::None,
-        "^Spoilt\\.pde: libKVMQRVOptions-qt6\\.so is no print dialog plug-in$");
+        "^Spoilt\\.pde: LIBRARY is no print dialog plug-in$");
     add("info file missing", removing(info), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: cannot be read: No such file or directory$");
     add("info file is no JSON", overwriting(info, "{ \"identifier\": "), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: malformed JSON at offset ");
     add("info file lacks an entry", overwriting(info, "{ \"identifier\": \"a.b\" }"), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: the entry \"version\" is missing$");
-    add("info file names another class", naming(QStringLiteral("OtherPlugIn")), Tab::None,
+    add("info file names another class",
+        entering(QStringLiteral("principalClass"), QStringLiteral("OtherPlugIn")), Tab::None,
         "^Spoilt\\.pde: the library has no class OtherPlugIn that works on this system$");
+    const QString otherQt = QStringLiteral("qt%1").arg(11 - QT_VERSION_MAJOR);
+    add("bundle for another Qt",
+        entering(QStringLiteral("libraries"), QJsonObject{{otherQt, libraryName}}), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: the entry \"libraries\" has none for Qt VERSION$");
     add("form missing", removing(form), Tab::Empty, "^Spoilt\\.pde: OptionPDE\\.ui is missing$");
     add("form is no form", overwriting(form, "no form"), Tab::Empty,
         "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: ");
