@@ -19,6 +19,8 @@ PanelTab::PanelTab(PanelHost &host, PDEPanel &panel, QWidget *parent)
 {
     setObjectName(QStringLiteral("panelTab"));
     setFrameShape(QFrame::NoFrame);
+    // The tab's own background, as behind Qt's pages.
+    viewport()->setAutoFillBackground(false);
     setWindowTitle(panel.panelName());
     setAccessibleName(panel.panelName());
     connect(&host, &PanelHost::viewResized, this, &PanelTab::updateGeometry);
@@ -50,6 +52,7 @@ void PanelTab::showEvent(QShowEvent *event)
     if (!widget()) {
         if (QWidget *view = mHost->view(mPanel)) {
             setWidget(view);
+            view->setAutoFillBackground(false);
             updateGeometry();
         }
     }

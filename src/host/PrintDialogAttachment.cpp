@@ -196,6 +196,7 @@ void PrintDialogAttachment::addTabs()
     tabs.append(new SummaryTab(*mHost));
     mTabs.assign(tabs.begin(), tabs.end());
     mDialog->setOptionTabs(tabs);
+    tabs.last()->setMinimumWidth(widthOfTabTitles(*mDialog));
 }
 
 void PrintDialogAttachment::dropTabs()

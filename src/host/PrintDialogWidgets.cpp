@@ -5,9 +5,14 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPrintDialog>
+#include <QScreen>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace {
+/// The width of what is beside the tabs in the dialog and around it, in lines of text.
+constexpr int marginsInLines = 8;
+
 /// Hides the form's rows with these labels; whether any other row is left.
 bool hideRows(const QGroupBox &group, const QStringList &labels)
 {
@@ -50,6 +55,17 @@ bool isPrintingToFile(const QPrintDialog &dialog)
 QTabWidget *optionTabs(const QPrintDialog &dialog)
 {
     return dialog.findChild<QTabWidget *>();
+}
+
+int widthOfTabTitles(const QPrintDialog &dialog)
+{
+    const QTabWidget *tabs = optionTabs(dialog);
+    if (!tabs) {
+        return 0;
+    }
+    const int marginsAround = tabs->fontMetrics().height() * marginsInLines;
+    const int room = dialog.screen()->availableGeometry().width() - marginsAround;
+    return std::min(tabs->tabBar()->sizeHint().width(), room);
 }
 
 QPageSize chosenPageSize(const QWidget &propertiesDialog)

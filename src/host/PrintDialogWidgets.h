@@ -28,6 +28,10 @@ bool isPrintingToFile(const QPrintDialog &dialog);
 /// The tabs of the dialog; null when it has none.
 QTabWidget *optionTabs(const QPrintDialog &dialog);
 
+/// The width in pixels that shows the titles of all tabs at once, at most what the dialog's screen
+/// has room for.
+int widthOfTabTitles(const QPrintDialog &dialog);
+
 /// The paper that is chosen in a Properties dialog; an invalid one when there is none.
 QPageSize chosenPageSize(const QWidget &propertiesDialog);
 

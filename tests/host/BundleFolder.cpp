@@ -33,7 +33,7 @@ bool BundleFolder::addOdd(const QString &name, const QString &kind) const
                                            "\"resources\": [] }");
     return bundle.mkpath(QStringLiteral("Contents/Linux")) && info.open(QIODevice::WriteOnly) &&
            info.write(entries.arg(kind).arg(QT_VERSION_MAJOR).toUtf8()) > 0 &&
-           QFile::link(QStringLiteral(KV_ODD_PANELS),
+           QFile::copy(QStringLiteral(KV_ODD_PANELS),
                        bundle.filePath(QStringLiteral("Contents/Linux/libodd.so")));
 }
 

@@ -1,0 +1,63 @@
+#include "Application.h"
+
+#include "PanelUser.h"
+#include "host/PrintDialogAttachment.h"
+
+#include <QPainter>
+#include <QPrintEngine>
+#include <QTest>
+
+Application::Application()
+    : mReporter([this](const QString &problem) { mProblems.append(problem); })
+    , mBundles(PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
+    , mPrinter(QPrinter::HighResolution)
+{
+}
+
+Application::~Application() = default;
+
+QPrintDialog &Application::makeDialog(const QString &printer, bool hasOwnPrinter)
+{
+    destroyDialog();
+    mOtherPrinter = hasOwnPrinter ? std::make_unique<QPrinter>(QPrinter::HighResolution) : nullptr;
+    QPrinter *const used = hasOwnPrinter ? mOtherPrinter.get() : &mPrinter;
+    used->setPrinterName(printer);
+    mDialog = std::make_unique<QPrintDialog>(used);
+    QObject::connect(mDialog.get(), &QDialog::accepted, mDialog.get(), [this] { paint(); });
+    mUser = std::make_unique<DialogDriver>(*mDialog);
+    return *mDialog;
+}
+
+bool Application::show()
+{
+    mDialog->open();
+    if (!mDialog->findChild<PrintDialogAttachment *>()) {
+        new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices);
+    }
+    return QTest::qWaitForWindowActive(mDialog.get());
+}
+
+bool Application::openTab()
+{
+    return PanelUser(*mUser).openTab();
+}
+
+void Application::destroyDialog()
+{
+    mUser.reset();
+    mDialog.reset();
+}
+
+QStringList Application::handedOver() const
+{
+    constexpr auto cupsOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
+    return mDialog->printer()->printEngine()->property(cupsOptions).toStringList();
+}
+
+void Application::paint()
+{
+    QPainter painter(mDialog->printer());
+    painter.drawLine(0, 0, 10, 10);
+    painter.end();
+    ++mJobCount;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "demo/DialogDriver.h"
+#include "host/LastChoices.h"
+#include "host/PanelBundle.h"
+#include "host/ProblemReporter.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStringList>
+
+#include <memory>
+
+class PrintDialogAttachment;
+
+/// An application that has printed before the panels come to its dialogs: one that knows nothing
+/// of them, and paints as soon as a dialog of its own tells that it was accepted.
+class Application
+{
+public:
+    Application();
+    ~Application();
+
+    /// A new dialog for the application's one printer object, or for an own one; the former dialog
+    /// is destroyed.
+    QPrintDialog &makeDialog(const QString &printer, bool hasOwnPrinter = false);
+    /// The dialog comes up as the application wants it, and the panels come to it.
+    bool show();
+    /// Turns to the panel's tab.
+    bool openTab();
+
+    QPrintDialog &dialog() { return *mDialog; }
+    DialogDriver &user() { return *mUser; }
+    /// Destroys the dialog.
+    void destroyDialog();
+
+    /// The job's options as they are handed to the print system: keywords and values in turn.
+    QStringList handedOver() const;
+    /// How often the application has printed.
+    int jobCount() const { return mJobCount; }
+    const QStringList &problems() const { return mProblems; }
+
+private:
+    void paint();
+
+    QStringList mProblems;
+    ProblemReporter mReporter;
+    PanelBundles mBundles;
+    LastChoices mLastChoices;
+    QPrinter mPrinter;
+    std::unique_ptr<QPrinter> mOtherPrinter;
+    std::unique_ptr<QPrintDialog> mDialog;
+    std::unique_ptr<DialogDriver> mUser;
+    int mJobCount = 0;
+};

@@ -1,0 +1,334 @@
+#include "Application.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+
+#include <QPrintEngine>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QWidget>
+
+namespace {
+const QString halfCut = QStringLiteral("mHalfCutChkBx");
+const QString halfCutOn = QStringLiteral("KvHalfCut=ON");
+
+/// How often each keyword of the maker's is handed over.
+QMap<QString, int> countsOfKeywords(const QStringList &handedOver)
+{
+    QMap<QString, int> counts;
+    for (int i = 0; i < handedOver.size(); i += 2) {
+        if (handedOver.at(i).startsWith(u"Kv")) {
+            ++counts[handedOver.at(i)];
+        }
+    }
+    return counts;
+}
+
+QStringList titles(const QPrintDialog &dialog)
+{
+    const auto *tabs = dialog.findChild<QTabWidget *>();
+    QStringList titles;
+    for (int i = 0; tabs && i < tabs->count(); ++i) {
+        titles.append(tabs->tabText(i));
+    }
+    return titles;
+}
+} // namespace
+
+/// What an application that knows nothing of panels gets from its dialog, and when.
+class tst_handover : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void applicationPrintsAsSoonAsItIsTold();
+    void choicesOfCancelledDialogAreNotHandedOver();
+    void choicesOfHiddenDialogAreNotHandedOver();
+    void hiddenDialogAfterAnAcceptedOneHandsNothingOver();
+    void secondPrintHasNoDoubledChoices();
+    void choicesOfAnotherPrinterAreTakenBack();
+    void plainPrinterLeavesTheJobAlone();
+
+    void newDialogStartsFromTheLastChoices();
+    void lastChoicesBelongToTheirPrinter();
+    void shownAgainAfterCancelStartsFromTheLastChoices();
+    void shownAgainKeepsThePaper();
+    void shownAgainShowsTheSameTab();
+
+    void ownTabsOfTheApplicationStay();
+    void titlesOfManyTabsAreSeen();
+    void destroyedByItsOwnSignal();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    QStringList choicesOfLastJob() const;
+
+    PrintingSite mSite;
+};
+
+void tst_handover::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+QStringList tst_handover::choicesOfLastJob() const
+{
+    const QList<int> jobs = mSite.scheduler().jobIds();
+    return jobs.isEmpty() ? QStringList() : mSite.choices(jobs.last());
+}
+
+void tst_handover::applicationPrintsAsSoonAsItIsTold()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().print());
+    QCOMPARE(application.jobCount(), 1);
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+    QCOMPARE(choicesOfLastJob().size(), 6);
+    QCOMPARE(application.problems(), QStringList());
+}
+
+void tst_handover::choicesOfCancelledDialogAreNotHandedOver()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().cancel());
+    QCOMPARE(countsOfKeywords(application.handedOver()), (QMap<QString, int>()));
+    QCOMPARE(application.jobCount(), 0);
+}
+
+void tst_handover::choicesOfHiddenDialogAreNotHandedOver()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    dialog.hide();
+    QCOMPARE(countsOfKeywords(application.handedOver()), (QMap<QString, int>()));
+}
+
+void tst_handover::hiddenDialogAfterAnAcceptedOneHandsNothingOver()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(application.user().print());
+    dialog.show();
+    QVERIFY(application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    dialog.hide();
+    const QStringList handedOver = application.handedOver();
+    const auto key = handedOver.indexOf(QStringLiteral("KvHalfCut"));
+    QVERIFY(key >= 0);
+    QCOMPARE(handedOver.at(key + 1), QStringLiteral("OFF"));
+}
+
+void tst_handover::secondPrintHasNoDoubledChoices()
+{
+    Application application;
+    for (const bool isTicked : {true, false}) {
+        application.makeDialog(QStringLiteral("tape"));
+        QVERIFY(application.show() && application.openTab());
+        PanelUser panel(application.user());
+        QVERIFY(panel.click(halfCut));
+        QCOMPARE(panel.isTicked(halfCut), isTicked);
+        QVERIFY(application.user().print());
+        QCOMPARE(choicesOfLastJob().contains(halfCutOn), isTicked);
+        const auto counts = countsOfKeywords(application.handedOver());
+        QCOMPARE(counts.size(), 6);
+        for (const int count : counts) {
+            QCOMPARE(count, 1);
+        }
+    }
+}
+
+void tst_handover::choicesOfAnotherPrinterAreTakenBack()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show());
+    QVERIFY(application.user().print());
+    QVERIFY(choicesOfLastJob().contains(QStringLiteral("KvAutoTapeCut=ON")));
+
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show());
+    QVERIFY(application.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(application.user().print());
+    QCOMPARE(choicesOfLastJob(),
+             QStringList({u"KvCutAtEnd=OFF"_qs, u"KvCutLabel=1"_qs, u"KvMirror=OFF"_qs}));
+
+    QVERIFY(application.show());
+    QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
+    QVERIFY(application.user().print());
+    QCOMPARE(choicesOfLastJob(), QStringList());
+    QCOMPARE(application.jobCount(), 3);
+}
+
+void tst_handover::plainPrinterLeavesTheJobAlone()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("plain"));
+    QVERIFY(application.show());
+    QVERIFY(application.user().print());
+    const QStringList withPanels = application.handedOver();
+
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPrinterName(QStringLiteral("plain"));
+    QPrintDialog bare(&printer);
+    DialogDriver user(bare);
+    QVERIFY(user.open() && user.print());
+    QCOMPARE(withPanels, printer.printEngine()
+                             ->property(QPrintEngine::PrintEnginePropertyKey(0xfe00))
+                             .toStringList());
+}
+
+void tst_handover::newDialogStartsFromTheLastChoices()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"), true);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.user().print());
+    const QStringList first = choicesOfLastJob();
+
+    application.makeDialog(QStringLiteral("tape"), true);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.user().print());
+    QCOMPARE(choicesOfLastJob(), first);
+
+    // So does a job whose panel nobody has looked at.
+    application.makeDialog(QStringLiteral("tape"), true);
+    QVERIFY(application.show() && application.user().print());
+    QCOMPARE(choicesOfLastJob(), first);
+    QCOMPARE(application.problems(), QStringList());
+}
+
+void tst_handover::lastChoicesBelongToTheirPrinter()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.user().print());
+
+    application.makeDialog(QStringLiteral("follow"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(!PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.user().pickPrinter(QStringLiteral("tape")));
+    QVERIFY(application.openTab());
+    QVERIFY(PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
+}
+
+void tst_handover::shownAgainAfterCancelStartsFromTheLastChoices()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().print());
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().cancel());
+
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(application.user().print());
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+}
+
+void tst_handover::shownAgainKeepsThePaper()
+{
+    Application application;
+    application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(application.user().print());
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(application.user().pickPrinter(QStringLiteral("follow")));
+    QVERIFY(application.user().pickPrinter(QStringLiteral("tape")));
+    QVERIFY(application.openTab());
+    QVERIFY(PanelUser(application.user()).isEnabled(halfCut));
+}
+
+void tst_handover::shownAgainShowsTheSameTab()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    const QStringList tabs = titles(dialog);
+    QVERIFY(application.user().print());
+    QVERIFY(application.show());
+    QCOMPARE(titles(dialog), tabs);
+    const auto *pane = dialog.findChild<QTabWidget *>();
+    QCOMPARE(pane->tabText(pane->currentIndex()), kPanelTab);
+    QVERIFY(!PanelUser(application.user()).boxes().isEmpty());
+}
+
+void tst_handover::ownTabsOfTheApplicationStay()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    auto *const early = new QWidget;
+    early->setWindowTitle(QStringLiteral("Early"));
+    dialog.setOptionTabs({early});
+    QVERIFY(application.show());
+    QCOMPARE(titles(dialog),
+             QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, kPanelTab, kSummaryTab}));
+    auto *const late = new QWidget;
+    late->setWindowTitle(QStringLiteral("Late"));
+    dialog.setOptionTabs({late});
+
+    QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
+    QCOMPARE(titles(dialog), QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, u"Late"_qs}));
+    QVERIFY(application.user().cancel());
+    QVERIFY(application.show());
+    QVERIFY(application.user().pickPrinter(QStringLiteral("mark")));
+    QCOMPARE(titles(dialog), QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, u"Late"_qs,
+                                          kPanelTab, kSummaryTab}));
+}
+
+void tst_handover::titlesOfManyTabsAreSeen()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    QList<QWidget *> own;
+    for (const char *title : {"Extended options", "Pages per sheet"}) {
+        own.append(new QWidget);
+        own.last()->setWindowTitle(QLatin1String(title));
+    }
+    dialog.setOptionTabs(own);
+    QVERIFY(application.show());
+    QVERIFY(application.user().showOptions());
+    const auto *pane = dialog.findChild<QTabWidget *>();
+    const QTabBar *bar = pane->tabBar();
+    QTRY_VERIFY(bar->width() >= bar->sizeHint().width());
+    QVERIFY(bar->rect().contains(bar->tabRect(bar->count() - 1)));
+}
+
+void tst_handover::destroyedByItsOwnSignal()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    bool wasDestroyed = false;
+    QObject::connect(&dialog, &QObject::destroyed, [&wasDestroyed] { wasDestroyed = true; });
+    QObject::connect(&dialog, &QDialog::accepted, [&application] { application.destroyDialog(); });
+    dialog.accept();
+    QVERIFY(wasDestroyed);
+    QCOMPARE(application.jobCount(), 1);
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+}
+
+QTEST_MAIN(tst_handover)
+#include "tst_handover.moc"
