@@ -5,6 +5,7 @@
 #include "bench/MedianReporter.h"
 #include "bench/Openings.h"
 #include "bench/RatioTable.h"
+#include "bench/StartComparison.h"
 
 #include <QApplication>
 #include <QFile>
@@ -69,6 +70,23 @@ void run(const QString &home)
         .print(std::cout,
                {Openings::comparisons(), Clicks::comparisons(), Drawings::comparisons()});
 }
+
+/// What the plug-in costs applications that do not print, of each Qt that it was built for.
+void compareStarts()
+{
+    const QString build = QStringLiteral(KV_BUILD_FOLDER);
+    for (const int qt : {6, 5}) {
+        const QString program =
+            QStringLiteral("%1/bin/kvprint-bench-start-qt%2").arg(build).arg(qt);
+        const QString plugins = QStringLiteral(KV_LIBRARIES "/qt%1/plugins").arg(qt);
+        if (QFile::exists(program)) {
+            std::cout << "\n";
+            StartComparison(program, plugins, build)
+                .run(std::cout,
+                     "An application of Qt " + std::to_string(qt) + " that shows no print dialog");
+        }
+    }
+}
 } // namespace
 
 int main(int argc, char **argv)
@@ -84,6 +102,7 @@ int main(int argc, char **argv)
         const QString home = liveIn(folder);
         const QApplication application(argc, argv);
         run(home);
+        compareStarts();
     } catch (const std::exception &error) {
         if (Interruption::hasCome()) {
             return interruptedStatus;

@@ -1,0 +1,140 @@
+#include "bench/StartComparison.h"
+
+#include "bench/PairedTimes.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+
+#include <chrono>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+#include <sys/resource.h>
+
+namespace {
+constexpr int pairs = 60;
+constexpr int timeoutMs = 30'000;
+
+QProcessEnvironment environment(const QString &pluginFolder, bool hasPlugIn)
+{
+    const QString plugins = QStringLiteral("QT_QPA_GENERIC_PLUGINS");
+    auto environment = QProcessEnvironment::systemEnvironment();
+    // Qt looks for plug-ins in as many folders in both cases.
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), pluginFolder);
+    environment.remove(plugins);
+    if (hasPlugIn) {
+        environment.insert(plugins, QStringLiteral("kvprintdialog"));
+    }
+    return environment;
+}
+
+QByteArray outputOf(const QString &program, const QStringList &arguments,
+                    const QProcessEnvironment &environment)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::SeparateChannels);
+    process.start(program, arguments, QIODevice::ReadOnly);
+    if (!process.waitForFinished(timeoutMs) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0) {
+        throw std::runtime_error(program.toStdString() +
+                                 " failed: " + process.readAllStandardError().toStdString());
+    }
+    return process.readAllStandardOutput();
+}
+
+double seconds(const timeval &time)
+{
+    return double(time.tv_sec) + double(time.tv_usec) * 1e-6;
+}
+
+/// The processor's time of all processes that have ended.
+double processorSeconds()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+struct Times
+{
+    double wall;
+    double processor;
+};
+
+Times timesOf(const QString &program, const QProcessEnvironment &environment)
+{
+    const double processorBefore = processorSeconds();
+    const auto before = std::chrono::steady_clock::now();
+    outputOf(program, {}, environment);
+    const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - before;
+    return {wall.count(), processorSeconds() - processorBefore};
+}
+
+std::string text(double seconds)
+{
+    std::ostringstream stream;
+    stream << std::fixed << std::setprecision(2) << seconds * 1e3 << " ms";
+    return stream.str();
+}
+
+std::string sentence(const char *kind, const PairedTimes &times)
+{
+    const PairedTimes::Difference difference = times.difference();
+    return std::string("  ") + kind + ": " + text(times.medianOfFirst()) + " without, " +
+           text(times.medianOfSecond()) + " with; difference " + text(difference.median) +
+           ", with 95 % between " + text(difference.least) + " and " + text(difference.most) +
+           (difference.isMeasurable() ? ": measurable\n" : ": not measurable\n");
+}
+} // namespace
+
+StartComparison::StartComparison(QString program, QString pluginFolder, QString buildFolder)
+    : mProgram(std::move(program))
+    , mPluginFolder(std::move(pluginFolder))
+    , mBuildFolder(std::move(buildFolder))
+{
+}
+
+void StartComparison::run(std::ostream &stream, const std::string &title) const
+{
+    if (!mappedLibraries(false).isEmpty() || mappedLibraries(true).isEmpty()) {
+        throw std::runtime_error("the plug-in is not loaded as it should be");
+    }
+    PairedTimes wall;
+    PairedTimes processor;
+    const auto without = environment(mPluginFolder, false);
+    const auto with = environment(mPluginFolder, true);
+    for (int i = 0; i < pairs; ++i) {
+        // What comes first takes turns.
+        const Times early = timesOf(mProgram, i % 2 == 0 ? without : with);
+        const Times late = timesOf(mProgram, i % 2 == 0 ? with : without);
+        const auto [a, b] = i % 2 == 0 ? std::pair(early, late) : std::pair(late, early);
+        wall.add(a.wall, b.wall);
+        processor.add(a.processor, b.processor);
+    }
+    stream << title << ", " << pairs << " pairs of starts\n"
+           << sentence("time", wall) << sentence("processor", processor)
+           << "  mapped of ours: " << mappedLibraries(true).join(QStringLiteral(", ")).toStdString()
+           << "\n";
+}
+
+QStringList StartComparison::mappedLibraries(bool hasPlugIn) const
+{
+    const QByteArray maps =
+        outputOf(mProgram, {QStringLiteral("--maps")}, environment(mPluginFolder, hasPlugIn));
+    QStringList libraries;
+    for (const QByteArray &line : maps.split('\n')) {
+        const QString path = QString::fromLocal8Bit(line.mid(line.indexOf('/')));
+        if (line.contains('/') && path.startsWith(mBuildFolder) && path != mProgram) {
+            libraries.append(QStringLiteral("%1 (%2 KB)")
+                                 .arg(QFileInfo(path).fileName())
+                                 .arg(QFileInfo(path).size() / 1024));
+        }
+    }
+    libraries.removeDuplicates();
+    return libraries;
+}
