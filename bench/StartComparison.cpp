@@ -19,15 +19,19 @@ namespace {
 constexpr int pairs = 60;
 constexpr int timeoutMs = 30'000;
 
-QProcessEnvironment environment(const QString &pluginFolder, bool hasPlugIn)
+/// What QT_QPA_GENERIC_PLUGINS says.
+enum class PlugIn { None, Unknown, Ours };
+
+QProcessEnvironment environment(const QString &pluginFolder, PlugIn plugIn)
 {
     const QString plugins = QStringLiteral("QT_QPA_GENERIC_PLUGINS");
     auto environment = QProcessEnvironment::systemEnvironment();
-    // Qt looks for plug-ins in as many folders in both cases.
+    // Qt looks for plug-ins in as many folders in all cases.
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), pluginFolder);
     environment.remove(plugins);
-    if (hasPlugIn) {
-        environment.insert(plugins, QStringLiteral("kvprintdialog"));
+    if (plugIn != PlugIn::None) {
+        environment.insert(plugins, plugIn == PlugIn::Ours ? QStringLiteral("kvprintdialog")
+                                                           : QStringLiteral("unknown"));
     }
     return environment;
 }
@@ -90,6 +94,27 @@ std::string sentence(const char *kind, const PairedTimes &times)
            ", with 95 % between " + text(difference.least) + " and " + text(difference.most) +
            (difference.isMeasurable() ? ": measurable\n" : ": not measurable\n");
 }
+
+/// Starts with the plug-in beside others.
+struct Beside
+{
+    const char *title;
+    PlugIn other;
+    PairedTimes wall;
+    PairedTimes processor;
+
+    /// Starts both; which comes first is for the caller to alternate.
+    void measurePair(const QString &program, const QString &pluginFolder, bool isOtherFirst)
+    {
+        const auto others = environment(pluginFolder, other);
+        const auto ours = environment(pluginFolder, PlugIn::Ours);
+        const Times early = timesOf(program, isOtherFirst ? others : ours);
+        const Times late = timesOf(program, isOtherFirst ? ours : others);
+        const auto [first, second] = isOtherFirst ? std::pair(early, late) : std::pair(late, early);
+        wall.add(first.wall, second.wall);
+        processor.add(first.processor, second.processor);
+    }
+};
 } // namespace
 
 StartComparison::StartComparison(QString program, QString pluginFolder, QString buildFolder)
@@ -104,28 +129,27 @@ void StartComparison::run(std::ostream &stream, const std::string &title) const
     if (!mappedLibraries(false).isEmpty() || mappedLibraries(true).isEmpty()) {
         throw std::runtime_error("the plug-in is not loaded as it should be");
     }
-    PairedTimes wall;
-    PairedTimes processor;
-    const auto without = environment(mPluginFolder, false);
-    const auto with = environment(mPluginFolder, true);
+    Beside comparisons[] = {
+        {"beside a start without any generic plug-in", PlugIn::None, {}, {}},
+        {"beside a start with a plug-in that Qt does not find", PlugIn::Unknown, {}, {}}};
     for (int i = 0; i < pairs; ++i) {
-        // What comes first takes turns.
-        const Times early = timesOf(mProgram, i % 2 == 0 ? without : with);
-        const Times late = timesOf(mProgram, i % 2 == 0 ? with : without);
-        const auto [a, b] = i % 2 == 0 ? std::pair(early, late) : std::pair(late, early);
-        wall.add(a.wall, b.wall);
-        processor.add(a.processor, b.processor);
+        for (Beside &beside : comparisons) {
+            beside.measurePair(mProgram, mPluginFolder, i % 2 == 0);
+        }
     }
-    stream << title << ", " << pairs << " pairs of starts\n"
-           << sentence("time", wall) << sentence("processor", processor)
-           << "  mapped of ours: " << mappedLibraries(true).join(QStringLiteral(", ")).toStdString()
-           << "\n";
+    stream << title << ", " << pairs << " pairs of starts each\n  mapped of ours: "
+           << mappedLibraries(true).join(QStringLiteral(", ")).toStdString() << "\n";
+    for (const Beside &beside : comparisons) {
+        stream << "  " << beside.title << "\n"
+               << sentence("  time", beside.wall) << sentence("  processor", beside.processor);
+    }
 }
 
 QStringList StartComparison::mappedLibraries(bool hasPlugIn) const
 {
     const QByteArray maps =
-        outputOf(mProgram, {QStringLiteral("--maps")}, environment(mPluginFolder, hasPlugIn));
+        outputOf(mProgram, {QStringLiteral("--maps")},
+                 environment(mPluginFolder, hasPlugIn ? PlugIn::Ours : PlugIn::None));
     QStringList libraries;
     for (const QByteArray &line : maps.split('\n')) {
         const QString path = QString::fromLocal8Bit(line.mid(line.indexOf('/')));
