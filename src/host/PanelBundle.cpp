@@ -135,20 +135,20 @@ QString PanelBundle::name() const
     return QDir(mBundle->bundlePath()).dirName();
 }
 
-void PanelBundle::checkResources(ProblemReporter &reporter)
+bool PanelBundle::checkNextResource(ProblemReporter &reporter)
 {
-    if (std::exchange(mIsChecked, true)) {
-        return;
+    const QStringList &files = mBundle->declaredResources();
+    if (mCheckedResources == files.size()) {
+        return false;
     }
-    const QDir resources(mBundle->resourcePath());
-    for (const QString &file : mBundle->declaredResources()) {
-        for (const ResourceKind &kind : checkedKinds) {
-            const bool isChecked =
-                file.endsWith(kind.suffix) && QFileInfo(resources.filePath(file)).isReadable();
-            const QString fault = isChecked ? kind.fault(resources.filePath(file)) : QString();
-            if (!fault.isNull()) {
-                reporter.report(QStringLiteral("%1: %2 %3").arg(name(), file, fault));
-            }
+    const QString &file = files.at(mCheckedResources++);
+    const QString path = QDir(mBundle->resourcePath()).filePath(file);
+    for (const ResourceKind &kind : checkedKinds) {
+        const bool isChecked = file.endsWith(kind.suffix) && QFileInfo(path).isReadable();
+        const QString fault = isChecked ? kind.fault(path) : QString();
+        if (!fault.isNull()) {
+            reporter.report(QStringLiteral("%1: %2 %3").arg(name(), file, fault));
         }
     }
+    return true;
 }

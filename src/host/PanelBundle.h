@@ -43,9 +43,9 @@ public:
     /// The bundle's folder name, for messages.
     QString name() const;
 
-    /// Tells of each declared picture and form that cannot be read. Reads them all, on the first
-    /// call alone, so call it when there is time.
-    void checkResources(ProblemReporter &reporter);
+    /// Reads the next of the declared pictures and forms, and tells when it cannot be read. False
+    /// when all have been read: each is read once, and takes about a millisecond.
+    bool checkNextResource(ProblemReporter &reporter);
 
 private:
     PanelBundle() = default;
@@ -53,7 +53,7 @@ private:
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;
     PDEPlugInFactory *mFactory = nullptr;
-    bool mIsChecked = false;
+    int mCheckedResources = 0;
 };
 
 /// The bundles of a dialog.

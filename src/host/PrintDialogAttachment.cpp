@@ -61,16 +61,26 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
     connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::passChoicesToJob);
     qApp->installEventFilter(this);
     followPrinter();
-    QTimer::singleShot(0, this, [this] {
-        for (const auto &bundle : mBundles) {
-            bundle->checkResources(mReporter);
-        }
-    });
+    checkResourcesLater();
 }
 
 PrintDialogAttachment::~PrintDialogAttachment()
 {
     dropTabs();
+}
+
+void PrintDialogAttachment::checkResourcesLater()
+{
+    // One at a time, so that the dialog answers in between.
+    QTimer::singleShot(0, this, [this] {
+        const bool wasOneLeft =
+            std::any_of(mBundles.begin(), mBundles.end(), [this](const auto &bundle) {
+                return bundle->checkNextResource(mReporter);
+            });
+        if (wasOneLeft) {
+            checkResourcesLater();
+        }
+    });
 }
 
 JobOptions PrintDialogAttachment::jobOptions() const

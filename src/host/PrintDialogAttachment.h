@@ -55,6 +55,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void checkResourcesLater();
     void beginShowing();
     void endShowing();
     void followPrinter();

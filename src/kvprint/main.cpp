@@ -8,6 +8,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -45,6 +48,15 @@ QString bundleFolder()
 {
     return QDir::cleanPath(QDir(QCoreApplication::applicationDirPath())
                                .absoluteFilePath(QStringLiteral(KV_BUNDLE_FOLDER)));
+}
+
+/// Shows Qt's own part of the dialog in the user's language too, where Qt's texts are installed.
+void translateQt(QTranslator &texts)
+{
+    if (texts.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                   QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(&texts);
+    }
 }
 
 ExitStatus runScript(const CommandLine &line)
@@ -95,6 +107,8 @@ int main(int argc, char **argv)
 
     const bool mayLackDisplay = offerNoDisplay();
     const QApplication application(argc, argv);
+    QTranslator textsOfQt;
+    translateQt(textsOfQt);
     if (mayLackDisplay && QGuiApplication::platformName() == QLatin1String("offscreen")) {
         write(stderr, QStringLiteral("kvprint: there is no display to open the dialog on\n"));
         return int(ExitStatus::NotPrinted);

@@ -208,6 +208,8 @@ void tst_badbundle::spoiltBundle()
     QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job), tab == Tab::None ? QStringList() : choices);
 
+    // Pictures are checked while the dialog is open.
+    QTRY_VERIFY(dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0);
     QStringList problems = dialog.problems();
     if (tab == Tab::Empty) {
         QCOMPARE(problems.removeAll(u"the panel \"Cut Options\" could not make its view"), 1);
