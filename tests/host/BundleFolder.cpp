@@ -1,26 +1,20 @@
 #include "BundleFolder.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
+
+#include <filesystem>
 
 BundleFolder::BundleFolder() = default;
 
 bool BundleFolder::add(const QString &name) const
 {
-    const QDir source(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde"));
-    const QDir target(mFolder.filePath(name));
-    QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
-    bool copied = false;
-    while (files.hasNext()) {
-        const QString file = source.relativeFilePath(files.next());
-        copied = target.mkpath(QFileInfo(file).path()) &&
-                 QFile::copy(source.filePath(file), target.filePath(file));
-        if (!copied) {
-            return false;
-        }
-    }
-    return copied;
+    // QFile::copy() would wait for the disk with each file.
+    std::error_code error;
+    std::filesystem::copy(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde",
+                          QFile::encodeName(mFolder.filePath(name)).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
 }
 
 bool BundleFolder::addOdd(const QString &name, const QString &kind) const

@@ -1,29 +1,23 @@
 #include "support/BundleCopy.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 
+#include <filesystem>
+
 namespace {
-bool copyFiles(const QString &from, const QString &to)
+bool copyFiles(const char *from, const QString &to)
 {
-    const QDir source(from);
-    QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
-    bool copied = false;
-    while (files.hasNext()) {
-        const QString path = files.next();
-        const QString target = to + u'/' + source.relativeFilePath(path);
-        copied = QDir().mkpath(QFileInfo(target).path()) && QFile::copy(path, target);
-        if (!copied) {
-            return false;
-        }
-    }
-    return copied;
+    // QFile::copy() would wait for the disk with each file.
+    std::error_code error;
+    std::filesystem::copy(from, QFile::encodeName(to).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
 }
 } // namespace
 
 BundleCopy::BundleCopy()
-    : mIsCopied(mFolder.isValid() && copyFiles(QStringLiteral(KV_BUNDLE_DIR), mFolder.path()))
+    : mIsCopied(mFolder.isValid() && copyFiles(KV_BUNDLE_DIR, mFolder.path()))
 {
 }
 
