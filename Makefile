@@ -5,7 +5,7 @@ PREFIX ?= /usr/local
 # How long "make prove" takes, in seconds.
 FOR ?= 600
 
-.PHONY: all run test lint test-release test-sanitize prove coverage bench deps install clean
+.PHONY: all run test lint test-release test-sanitize prove coverage bench screenshots deps install clean
 .NOTPARALLEL:
 
 # What has to be built for a user.
@@ -49,6 +49,12 @@ bench: deps
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	build/release/bin/kvprint-bench
+
+# Photographs the panel in every language, style, theme and scale, and for the guide.
+screenshots: deps
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
+	build/release/bin/kvprint-screenshots build/screenshots docs/guide
 
 # Installs the packages that are missing.
 deps:

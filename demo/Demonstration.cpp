@@ -1,6 +1,7 @@
 #include "demo/Demonstration.h"
 
 #include "demo/DialogDriver.h"
+#include "demo/SamplePrinters.h"
 #include "host/PanelHost.h"
 #include "host/PrintCommand.h"
 #include "host/PrintDialogAttachment.h"
@@ -16,18 +17,6 @@
 
 namespace {
 constexpr int jobTimeoutMs = 30000;
-
-struct SamplePrinter
-{
-    const char *queue;
-    const char *ppd;
-};
-
-constexpr SamplePrinter samplePrinters[] = {
-    {"Korvane_Tape", "korvane-tape"},           {"Korvane_Tape_Follow", "korvane-tape-follow"},
-    {"Korvane_Tape_Mark", "korvane-tape-mark"}, {"Korvane_Tape_All", "korvane-tape-all"},
-    {"Korvane_Label", "korvane-label"},         {"Korvane_Plain", "korvane-plain"},
-};
 
 /// The printer that the dialog starts with.
 const QString firstPrinter = QString::fromLatin1(samplePrinters[0].queue);
@@ -77,11 +66,8 @@ std::optional<QString> Demonstration::prepare()
     if (!mScheduler) {
         return error;
     }
-    for (const SamplePrinter &printer : samplePrinters) {
-        const QString ppd = QStringLiteral(KV_PPD_DIR "/%1.ppd").arg(QLatin1String(printer.ppd));
-        if (!mScheduler->addPrinter(QLatin1String(printer.queue), ppd, &error)) {
-            return error;
-        }
+    if (!addSamplePrinters(*mScheduler, &error)) {
+        return error;
     }
     return std::nullopt;
 }

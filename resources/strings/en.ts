@@ -198,5 +198,155 @@
         <source>RS_Preset_CTMROffOffOff</source>
         <translation>No cut marks</translation>
     </message>
+    <message>
+        <source>RS_Help_CutEvery</source>
+        <extracomment>The RS_Help texts are tool tips of the check boxes, and are read out by assistive technology.</extracomment>
+        <translation>Cuts the strip after every so many labels.</translation>
+    </message>
+    <message>
+        <source>RS_Help_CutAtEnd</source>
+        <translation>Cuts the strip after the last label.</translation>
+    </message>
+    <message>
+        <source>RS_Help_Mirror</source>
+        <translation>Prints in mirror writing, to be read through transparent tape or glass.</translation>
+    </message>
+    <message>
+        <source>RS_Help_AutoCut</source>
+        <translation>Lets the printer cut the labels off by itself.</translation>
+    </message>
+    <message>
+        <source>RS_Help_HalfCut</source>
+        <translation>Cuts the label but not its backing, so that it is easy to peel off.</translation>
+    </message>
+    <message>
+        <source>RS_Help_ChainPrint</source>
+        <translation>Leaves no blank tape between this print job and the next one.</translation>
+    </message>
+    <message>
+        <source>RS_Help_SpecialTape</source>
+        <translation>For tape that the printer cannot cut. Turns all cutting off.</translation>
+    </message>
+    <message>
+        <source>RS_Help_RemoveBlkSpace</source>
+        <translation>Leaves out the blank tape before and after the print.</translation>
+    </message>
+    <message>
+        <source>RS_Help_CutMark</source>
+        <translation>Prints marks between the labels that show where to cut by hand.</translation>
+    </message>
+    <message>
+        <source>RS_Help_Count</source>
+        <extracomment>Tool tip of the number field. %1 is the smallest number, %2 the largest.</extracomment>
+        <translation>A number from %1 to %2.</translation>
+    </message>
+    <message>
+        <source>RS_Help_Presets</source>
+        <extracomment>Describes the list of ready-made combinations to assistive technology.</extracomment>
+        <translation>Ticks the check boxes of a usual combination of the options.</translation>
+    </message>
+    <message>
+        <source>RS_Why_Tape</source>
+        <extracomment>The RS_Why texts are tool tips of a check box or menu item that is greyed: why it cannot be used.</extracomment>
+        <translation>Not available on this tape.</translation>
+    </message>
+    <message>
+        <source>RS_Why_Printer</source>
+        <translation>Not available for this printer.</translation>
+    </message>
+    <message>
+        <source>RS_Why_Together</source>
+        <extracomment>%1 is the text of another check box, which is ticked.</extracomment>
+        <translation>Not available together with “%1”.</translation>
+    </message>
+    <message>
+        <source>RS_Why_Needs</source>
+        <extracomment>%1 is the text of another check box, which is not ticked.</extracomment>
+        <translation>Available when “%1” is ticked.</translation>
+    </message>
+    <message>
+        <source>RS_Why_Reopen</source>
+        <extracomment>The check box stays greyed although the tape was changed back.</extracomment>
+        <translation>Not available since the tape was changed. Open the print dialog again to use it.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_Uncut</source>
+        <extracomment>The RS_Strip texts are sentences that tell people who do not see the picture what the printed strip will look like. Those that apply are read out one after the other.</extracomment>
+        <translation>The labels stay together on one strip, which is not cut.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_Cut</source>
+        <translation>The strip is cut between the labels.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_Count</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Number of labels between cuts: %1.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_CutAtEnd</source>
+        <translation>The strip is cut at its end.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_SpecialTape</source>
+        <translation>It is a special tape, which is not cut.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_HalfCut</source>
+        <translation>The labels are cut but their backing is not, so that they are easy to peel off.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_ChainPrint</source>
+        <translation>The last label stays in the printer until the next print job.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_CutMark</source>
+        <translation>Marks between the labels show where to cut by hand.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_RemoveBlkSpace</source>
+        <translation>There is no blank tape before and after the print.</translation>
+    </message>
+    <message>
+        <source>RS_Strip_Mirror</source>
+        <translation>The print is in mirror writing.</translation>
+    </message>
+    <message>
+        <source>Cut Every</source>
+        <extracomment>The texts without RS_ are those of the sample printers&apos; options. This one stands in front of a number field; RS_Labels follows the field.</extracomment>
+        <translation>Cut Every</translation>
+    </message>
+    <message>
+        <source>Cut at End</source>
+        <translation>Cut at End</translation>
+    </message>
+    <message>
+        <source>Mirror Printing</source>
+        <translation>Mirror Printing</translation>
+    </message>
+    <message>
+        <source>Auto Cut</source>
+        <translation>Auto Cut</translation>
+    </message>
+    <message>
+        <source>Half Cut</source>
+        <translation>Half Cut</translation>
+    </message>
+    <message>
+        <source>Chain Printing</source>
+        <translation>Chain Printing</translation>
+    </message>
+    <message>
+        <source>Special Tape</source>
+        <translation>Special Tape</translation>
+    </message>
+    <message>
+        <source>Remove Blank Space</source>
+        <translation>Remove Blank Space</translation>
+    </message>
+    <message>
+        <source>Cut Mark</source>
+        <translation>Cut Mark</translation>
+    </message>
 </context>
 </TS>

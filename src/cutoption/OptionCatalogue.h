@@ -34,6 +34,8 @@ struct OptionRow
     const char *labelKey;
     /// Key of the summary line's title, likewise.
     const char *summaryTitleKey;
+    /// Key of what the option does, for its tip.
+    const char *helpKey;
     /// The default choice keyword with which the box starts ticked.
     const char *checkedKeyword;
     quint32 itemType;

@@ -15,6 +15,7 @@ class QAbstractButton;
 class Stepper;
 struct OptionCatalogue;
 struct OptionRow;
+struct StripWords;
 struct TapeInfo;
 
 /**
@@ -201,9 +202,20 @@ private:
     void removePresets(std::span<const char *const> identifiers);
     int layOutRows(double top);
     double layOutCutEveryFields(double boxOrigin);
-    void describeControls();
+    void widenToTexts();
+    double missingWidth() const;
+    void alignFieldLine();
+    void dressMenu();
     void nameOptions();
     void insertPreview();
+
+    void describeControls();
+    void explainControls();
+    void explainCount();
+    QString countHelp() const;
+    /// Why a control is greyed: an index of the catalogue, or OptionCatalogue::Count for the count.
+    QString greyReason(std::size_t control) const;
+    StripWords stripWords() const;
 
     QString localized(const char *key) const;
     QString localizedOptionTitle(const OptionRow &row, const char *fallbackKey) const;

@@ -1,5 +1,6 @@
 #include "cutoption/OptionPDE.h"
 
+#include "cutoption/CountBounds.h"
 #include "cutoption/OptionCatalogue.h"
 #include "ppd/TapeInfo.h"
 #include "preview/OptionView.h"
@@ -12,21 +13,6 @@
 #include <algorithm>
 
 namespace {
-/// The counts that the choices of "KvCutLabel" offer.
-struct CountBounds
-{
-    qint32 smallest = 1;
-    qint32 largest = 99;
-};
-
-CountBounds boundsOf(const ChoiceList *choices)
-{
-    if (!choices || choices->empty()) {
-        return {};
-    }
-    return {integerValue(choices->front()->ppdTitle()), integerValue(choices->back()->ppdTitle())};
-}
-
 qint32 clampedTo(const CountBounds &bounds, qint32 count)
 {
     if (count < bounds.smallest) {
@@ -73,7 +59,7 @@ void OptionPDE13_v400_::changeOptionPopUpButton(QObject *)
 
 void OptionPDE13_v400_::changeCutEveryValue(QObject *sender)
 {
-    const CountBounds bounds = boundsOf(mCutEvery_Choices.get());
+    const CountBounds bounds = CountBounds::of(mCutEvery_Choices.get());
     qint32 count = 0;
     if (sender && (sender == mCutEveryStpr || sender == mCutEveryTxBx)) {
         const qint32 entered = sender == mCutEveryStpr ? mCutEveryStpr->intValue()

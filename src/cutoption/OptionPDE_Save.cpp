@@ -72,6 +72,7 @@ void OptionPDE13_v400_::saveSetting_RemoveBlkSpace()
     setTapeState(currentTapeInfo().tapeState);
     // Unlike the initialiser, which enables the box for custom sizes too.
     setControlEnabled(mRemoveBlkSpaceChkBx, mTapeState == 0);
+    explainControls();
     saveOption(OptionCatalogue::rows[OptionCatalogue::RemoveBlkSpace]);
 }
 

@@ -119,6 +119,7 @@ void OptionPDE13_v400_::enabledCheck_OP()
         applySpecialTapeRules(isFLPaper);
     }
     applyCutEveryRules();
+    explainControls();
 }
 
 void OptionPDE13_v400_::applySpecialTapeRules(bool isFLPaper)

@@ -2,7 +2,9 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "preview/OptionView.h"
+#include "preview/OptionViewAccessible.h"
 #include "textinput/PDETextField.h"
+#include "toolkit/AccessibleRegistration.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PictureIcon.h"
 #include "toolkit/PopUpButton.h"
@@ -12,6 +14,7 @@
 #include <QIcon>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 // Lengths of the layout, in points.
@@ -23,6 +26,14 @@ constexpr int stepperOffset = -5;
 constexpr int captionOffset = 2;
 constexpr double leastViewHeight = 150.0;
 constexpr double previewBelowTop = 130.0;
+/// The tallest field that does not reach into the row above.
+constexpr double tallestField = 30.0;
+/// What cannot be seen is not worth it.
+constexpr double leastHeightening = 1.0;
+/// How much wider than in the nib the texts may make the view.
+constexpr double mostWidening = 280.0;
+/// How far the middle of the caption's text is above the field's lower edge, without half of it.
+constexpr double captionAboveField = captionOffset - fieldOffset;
 
 using Presets = std::span<const char *const>;
 
@@ -89,6 +100,30 @@ void hide(QWidget *control)
     }
 }
 
+void widen(QWidget *control, double by)
+{
+    const QSizeF size = frameSize(control);
+    setFrameSize(control, {size.width() + by, size.height()});
+}
+
+void heighten(QWidget *control, double by)
+{
+    const QSizeF size = frameSize(control);
+    setFrameSize(control, {size.width(), size.height() + by});
+}
+
+void shift(QWidget *control, double by)
+{
+    const QPointF origin = frameOrigin(control);
+    setFrameOrigin(control, origin.x() + by, origin.y());
+}
+
+/// How many points a control lacks of so many pixels.
+double widthMissing(const QWidget *control, int pixels)
+{
+    return std::ceil(pixels / pixelsPerPoint(control)) - frameSize(control).width();
+}
+
 void showAt(QWidget *control, double y)
 {
     if (control) {
@@ -138,16 +173,67 @@ void OptionPDE13_v400_::connectActions()
 
 void OptionPDE13_v400_::awakeFromNib()
 {
+    widenToTexts();
+    alignFieldLine();
     const QSizeF size = frameSize(kPDEView);
     hideControls();
     removePresets(isRVPrinter() ? Presets(rvFamilyRemoves) : Presets(tapeFamilyRemoves));
     const int removedHeight = layOutRows(size.height() - firstRowBelowTop);
-    describeControls();
+    dressMenu();
+    nameOptions();
 
     const double viewHeight = std::max(leastViewHeight, size.height() - removedHeight);
     insertPreview();
     setViewFrameSize({size.width(), viewHeight});
     setFrameOrigin(mOptionView, frameOrigin(mOptionView).x(), viewHeight - previewBelowTop);
+    describeControls();
+}
+
+void OptionPDE13_v400_::widenToTexts()
+{
+    const double by = std::clamp(missingWidth(), 0.0, mostWidening);
+    if (by == 0.0) {
+        return;
+    }
+    widen(kPDEView, by);
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        widen(this->*row.checkBox, by);
+    }
+    widen(mCutEveryStr, by);
+    shift(mOptionPopUpButton, by);
+    shift(mOptionDummyView, by);
+}
+
+double OptionPDE13_v400_::missingWidth() const
+{
+    double missing = 0.0;
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        const CheckBox *box = this->*row.checkBox;
+        if (box && this->*row.choices) {
+            const QString title = localizedOptionTitle(row, row.labelKey);
+            missing = std::max(missing, widthMissing(box, box->widthForTitle(title)));
+        }
+    }
+    if (mCutEveryStr && mCutEvery_Choices) {
+        const int text = mCutEveryStr->fontMetrics().horizontalAdvance(localized("RS_Labels"));
+        missing = std::max(missing, widthMissing(mCutEveryStr, text));
+    }
+    return missing;
+}
+
+void OptionPDE13_v400_::alignFieldLine()
+{
+    if (!mCutEveryTxBx || !mCutEveryStr) {
+        return;
+    }
+    // The caption's text stands at its lower edge, the field's in its middle.
+    const double text = mCutEveryStr->fontMetrics().height() / pixelsPerPoint(mCutEveryStr);
+    const double height = frameSize(mCutEveryTxBx).height();
+    const double by = std::min(2 * captionAboveField + text, tallestField) - height;
+    if (by > leastHeightening) {
+        heighten(mCutEveryTxBx, by);
+        heighten(mCutEveryStpr, by);
+    }
 }
 
 void OptionPDE13_v400_::hideControls()
@@ -200,29 +286,22 @@ double OptionPDE13_v400_::layOutCutEveryFields(double boxOrigin)
     return fieldLine - rowHeight;
 }
 
-void OptionPDE13_v400_::describeControls()
+void OptionPDE13_v400_::dressMenu()
 {
-    if (PopUpButton *popUp = mOptionPopUpButton) {
-        popUp->setAccessibleName(localized("RS_Presets"));
-        popUp->setIconSize(popUp->iconSize() * pixelsPerPoint(popUp));
-        for (int i = 0; i < popUp->count(); ++i) {
-            const QString identifier = popUp->itemText(i);
-            const QString picture =
-                nsPDEBundle->pathForImageResource(QStringLiteral("Preset") + identifier);
-            popUp->setItemIdentifier(i, identifier);
-            popUp->setItemIcon(i, picture.isNull() ? QIcon() : QIcon(new PictureIcon(picture)));
-            popUp->setItemName(
-                i, nsPDEBundle->localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));
-            popUp->setItemText(i, QString());
-        }
+    PopUpButton *popUp = mOptionPopUpButton;
+    if (!popUp) {
+        return;
     }
-    nameOptions();
-    if (mCutEveryTxBx) {
-        mCutEveryTxBx->setAccessibleName(localized("RS_CutEveryCount"));
-    }
-    if (mCutEveryStpr) {
-        mCutEveryStpr->setAccessibleName(localized("RS_CutEveryCount"));
-        mCutEveryStpr->setStepNames(localized("RS_Increase"), localized("RS_Decrease"));
+    popUp->setIconSize(popUp->iconSize() * pixelsPerPoint(popUp));
+    for (int i = 0; i < popUp->count(); ++i) {
+        const QString identifier = popUp->itemText(i);
+        const QString picture =
+            nsPDEBundle->pathForImageResource(QStringLiteral("Preset") + identifier);
+        popUp->setItemIdentifier(i, identifier);
+        popUp->setItemIcon(i, picture.isNull() ? QIcon() : QIcon(new PictureIcon(picture)));
+        popUp->setItemName(
+            i, nsPDEBundle->localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));
+        popUp->setItemText(i, QString());
     }
 }
 
@@ -240,11 +319,11 @@ void OptionPDE13_v400_::nameOptions()
 
 void OptionPDE13_v400_::insertPreview()
 {
+    static const AccessibleRegistration<OptionView13_v400_, OptionViewAccessible> registration;
     const QRect frame = mOptionDummyView ? mOptionDummyView->geometry() : QRect(0, 0, 0, 0);
     QWidget *superview = mOptionDummyView ? mOptionDummyView->parentWidget() : nullptr;
     delete mOptionView;
     mOptionView = OptionView13_v400_::initWithFrame(frame, *nsPDEBundle, isRVPrinter()).release();
-    mOptionView->setAccessibleName(localized("RS_Preview"));
     if (superview) {
         mOptionView->setParent(superview);
         mOptionView->setGeometry(frame);

@@ -41,11 +41,6 @@ constexpr Setting presetSettings[lastTag][std::size(presetColumns)] = {
     {Keep, Keep, Keep, Keep, Off, Keep, Off},
 };
 
-bool isOn(const CheckBox *box)
-{
-    return box && !box->isHidden() && box->isChecked();
-}
-
 void setState(CheckBox *box, bool on)
 {
     if (box) {

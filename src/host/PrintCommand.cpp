@@ -1,5 +1,6 @@
 #include "host/PrintCommand.h"
 
+#include "host/HostText.h"
 #include "host/JobSubmission.h"
 #include "host/OptionCheck.h"
 #include "host/PPDFile.h"
@@ -140,7 +141,7 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
     mDialog->setMinMax(1, mostPages);
-    mDialog->setWindowTitle(QStringLiteral("Print %1").arg(mPrinter->docName()));
+    mDialog->setWindowTitle(HostText().text("Print %1").arg(mPrinter->docName()));
     mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
     mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices,
                                             mCommandLine.options);

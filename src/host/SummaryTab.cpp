@@ -1,5 +1,6 @@
 #include "host/SummaryTab.h"
 
+#include "host/HostText.h"
 #include "host/PanelHost.h"
 
 #include <QHeaderView>
@@ -9,9 +10,10 @@ SummaryTab::SummaryTab(PanelHost &host, QWidget *parent)
     , mHost(&host)
 {
     setObjectName(QStringLiteral("panelSummary"));
-    setWindowTitle(tr("Summary"));
+    const HostText texts;
+    setWindowTitle(texts.text("Summary"));
     setAccessibleName(windowTitle());
-    setHeaderLabels({tr("Option"), tr("Choice")});
+    setHeaderLabels({texts.text("Option"), texts.text("Choice")});
     setRootIsDecorated(false);
     setSelectionMode(NoSelection);
     setUniformRowHeights(true);

@@ -1,7 +1,6 @@
 #include "preview/OptionView.h"
 
 #include "printcore/Bundle.h"
-#include "toolkit/QtWidgetVersions.h"
 #include "toolkit/ViewGeometry.h"
 
 #include <QAbstractButton>
@@ -103,9 +102,9 @@ void OptionView13_v400_::paintEvent(QPaintEvent *event)
         return;
     }
     const double scale = pixelsPerPoint(this);
-    const double pictureHeight = drawnSizeOf(*picture).height();
+    const double ratio = picture->devicePixelRatio();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != 1.0);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale * devicePixelRatioF() != ratio);
     painter.scale(scale, scale);
-    painter.drawPixmap(QPointF(0.0, height() / scale - pictureHeight), *picture);
+    painter.drawPixmap(QPointF(0.0, height() / scale - picture->height() / ratio), *picture);
 }

@@ -8,15 +8,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
-#include <QTranslator>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
 constexpr char kDefaultTable[] = "Localizable";
-constexpr char kLastResortLanguage[] = "en";
 constexpr QLatin1String kTableSuffix(".qm");
 constexpr const char *kImageTypes[] = {"png", "svg", "jpg", "bmp", "gif", "webp"};
 
@@ -34,31 +30,6 @@ QString fileIn(const QString &folder, const QString &name)
     }
     const QString path = folder + u'/' + name;
     return QFileInfo(path).isFile() ? path : QString();
-}
-
-std::unique_ptr<QTranslator> loadTable(const QString &path)
-{
-    auto table = std::make_unique<QTranslator>();
-    if (!QFileInfo(path).isReadable() || !table->load(path)) {
-        return nullptr;
-    }
-    return table;
-}
-
-/// The languages' table names and, after each, those of the languages that it is a variant of.
-QStringList tableNames(const QStringList &languages)
-{
-    QStringList names;
-    for (QString language : languages) {
-        language.replace(u'-', u'_');
-        while (!language.isEmpty()) {
-            names.append(language);
-            language.truncate(std::max<QtSize>(language.lastIndexOf(u'_'), 0));
-        }
-    }
-    names.append(QLatin1String(kLastResortLanguage));
-    names.removeDuplicates();
-    return names;
 }
 
 /// Reads an array of file names; answers what is wrong with it.
@@ -94,8 +65,7 @@ std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
         }
         return nullptr;
     }
-    bundle->setLanguages(QLocale::system().uiLanguages()
-                         << QString::fromLatin1(kLastResortLanguage));
+    bundle->setLanguages(StringTables::usersLanguages());
     return bundle;
 }
 
@@ -208,45 +178,21 @@ QString Bundle::pathForImageResource(const QString &name) const
 QString Bundle::localizedStringForKey(const QString &key, const QString &value,
                                       const QString &table) const
 {
-    const QByteArray context = table.isNull() ? QByteArray(kDefaultTable) : table.toUtf8();
-    const QByteArray source = key.toUtf8();
-    // The empty source text is where a table keeps its own description.
-    if (!source.isEmpty()) {
-        for (const std::unique_ptr<QTranslator> &candidate : mTables) {
-            QString text = candidate->translate(context.constData(), source.constData());
-            if (!text.isEmpty()) {
-                return text;
-            }
-        }
+    QString text = mTables.text(table.isNull() ? QString::fromLatin1(kDefaultTable) : table, key);
+    if (!text.isNull()) {
+        return text;
     }
     return value.isNull() ? key : value;
 }
 
 void Bundle::setLanguages(const QStringList &languages)
 {
-    mTables.clear();
-    mUnreadableTables.clear();
-    if (languages.isEmpty()) {
-        return;
-    }
-    const QStringList names = tableNames(languages);
-    for (const QString &name : names) {
-        const QString fileName = name + kTableSuffix;
-        const QString path = fileIn(resourcePath(), fileName);
-        if (path.isNull()) {
-            continue;
-        }
-        if (auto table = loadTable(path)) {
-            mTables.push_back(std::move(table));
-        } else {
-            mUnreadableTables.append(fileName);
-        }
-    }
+    mTables.load(resourcePath(), languages);
 }
 
 QStringList Bundle::problems() const
 {
-    QStringList names = mDeclaredResources + mUnreadableTables;
+    QStringList names = mDeclaredResources + mTables.unreadable();
     names.removeDuplicates();
     const QString bundleName = QFileInfo(mPath).fileName();
     QStringList problems;
@@ -268,8 +214,7 @@ QString Bundle::resourceFault(const QString &name) const
     if (!QFileInfo(path).isReadable()) {
         return QStringLiteral("cannot be read");
     }
-    const bool isTable = name.endsWith(kTableSuffix);
-    if (mUnreadableTables.contains(name) || (isTable && !loadTable(path))) {
+    if (name.endsWith(kTableSuffix) && !StringTables::isTable(path)) {
         return QStringLiteral("is no string table");
     }
     return {};

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "printcore/Export.h"
+#include "printcore/StringTables.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-#include <vector>
 
 class QJsonObject;
 class QJsonValue;
-class QTranslator;
 
 /**
  * A folder with a plug-in and its resources.
@@ -72,7 +71,8 @@ public:
                                   const QString &table = {}) const;
 
     /// Uses the string tables of these languages ("de", "pt_BR"), most wanted first, instead of the
-    /// user's. An empty list leaves the bundle without any table, so that keys show as themselves.
+    /// user's, as StringTables::namesFor() says. An empty list leaves the bundle without any table,
+    /// so that keys show as themselves.
     void setLanguages(const QStringList &languages);
 
     /// What is wrong with the declared resources that the bundle itself reads: one sentence, with
@@ -95,6 +95,5 @@ private:
     QString mPrincipalClass;
     QString mLibrary;
     QStringList mDeclaredResources;
-    QStringList mUnreadableTables;
-    std::vector<std::unique_ptr<QTranslator>> mTables;
+    StringTables mTables;
 };

@@ -27,12 +27,22 @@ void CheckBox::setTitle(const QString &title)
 
 bool CheckBox::event(QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        const QString text = elidedTitle() == title() ? QString() : title();
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text, this);
+    if (event->type() == QEvent::ToolTip && elidedTitle() != title()) {
+        const QString tip = toolTip().isEmpty() ? title() : title() + QLatin1Char('\n') + toolTip();
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
         return true;
     }
     return QCheckBox::event(event);
+}
+
+int CheckBox::widthForTitle(const QString &title) const
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = withoutMnemonic(title);
+    const QFontMetrics metrics = fontMetrics();
+    const QSize text(metrics.horizontalAdvance(title), metrics.height());
+    return style()->sizeFromContents(QStyle::CT_CheckBox, &option, text, this).width();
 }
 
 void CheckBox::paintEvent(QPaintEvent *)

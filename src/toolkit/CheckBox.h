@@ -3,8 +3,8 @@
 #include <QCheckBox>
 
 /**
- * A check box with two states that keeps within its frame: a title that does not fit is elided and
- * shown whole as the tool tip.
+ * A check box with two states that keeps within its frame: a title that does not fit is elided, and
+ * shown whole in front of the tool tip.
  */
 class CheckBox : public QCheckBox
 {
@@ -17,6 +17,9 @@ public:
     QString title() const { return mTitle.isNull() ? text() : mTitle; }
     void setTitle(const QString &title);
 
+    /// How wide the box has to be for the whole of a title.
+    int widthForTitle(const QString &title) const;
+
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -26,3 +29,9 @@ private:
 
     QString mTitle;
 };
+
+/// Whether a check box counts as on: it is there, not hidden, and ticked.
+inline bool isOn(const CheckBox *box)
+{
+    return box && !box->isHidden() && box->isChecked();
+}

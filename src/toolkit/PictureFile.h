@@ -4,18 +4,25 @@
 #include <QPixmap>
 #include <QString>
 
-/// A picture whose file is read at once, and decoded when it is first asked for.
+/**
+ * A picture whose file is read at once, and decoded when it is first asked for.
+ *
+ * Beside the file there may be finer ones of the same picture, with "@1.5x", "@2x" and "@3x" in
+ * their names.
+ */
 class PictureFile
 {
 public:
     PictureFile() = default;
-    /// Reads the file, or on a finer screen the one beside it with "@2x" in its name.
+    /// Reads the coarsest of the files that is as fine as the screen, or the finest there is.
     explicit PictureFile(const QString &path);
 
     /// The picture; a null one when the file could not be read or is no picture.
     const QPixmap &pixmap() const;
 
 private:
+    bool read(const QString &path, qreal ratio);
+
     mutable QByteArray mBytes;
     mutable QPixmap mPixmap;
     qreal mRatio = 1.0;

@@ -1,36 +1,51 @@
 #include "toolkit/PictureIcon.h"
 
-#include "toolkit/QtWidgetVersions.h"
+#include <QApplication>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace {
+QPixmap inMode(QIcon::Mode mode, const QPixmap &picture)
+{
+    if (mode == QIcon::Normal) {
+        return picture;
+    }
+    QStyleOption option;
+    option.palette = QApplication::palette();
+    return QApplication::style()->generatedIconPixmap(mode, picture, &option);
+}
+} // namespace
 
 void PictureIcon::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state)
 {
-    icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    QPixmap picture = pixmap(rect.size() * ratio, mode, state);
+    if (picture.isNull()) {
+        return;
+    }
+    picture.setDevicePixelRatio(ratio);
+    QRectF place(QPointF(), QSizeF(picture.size()) / ratio);
+    place.moveCenter(QRectF(rect).center());
+    painter->drawPixmap(place.topLeft(), picture);
 }
 
 QPixmap PictureIcon::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
-    return icon().pixmap(size, mode, state);
-}
-
-void PictureIcon::virtual_hook(int id, void *data)
-{
-    if (id != ScaledPixmapHook) {
-        return QIconEngine::virtual_hook(id, data);
+    QPixmap picture = mPicture.pixmap();
+    const QSize actual = actualSize(size, mode, state);
+    if (actual.isEmpty()) {
+        return {};
     }
-    auto *wanted = static_cast<ScaledPixmapArgument *>(data);
-    wanted->pixmap = scaledPixmapOf(icon(), wanted->size / wanted->scale, wanted->scale,
-                                    wanted->mode, wanted->state);
+    picture.setDevicePixelRatio(1.0);
+    return inMode(mode, picture.size() == actual ? picture
+                                                 : picture.scaled(actual, Qt::IgnoreAspectRatio,
+                                                                  Qt::SmoothTransformation));
 }
 
-QSize PictureIcon::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)
+QSize PictureIcon::actualSize(const QSize &size, QIcon::Mode /*mode*/, QIcon::State /*state*/)
 {
-    return icon().actualSize(size, mode, state);
-}
-
-const QIcon &PictureIcon::icon()
-{
-    if (mIcon.isNull()) {
-        mIcon = QIcon(mPath);
-    }
-    return mIcon;
+    const QSize natural = mPicture.pixmap().size();
+    const bool fits = natural.width() <= size.width() && natural.height() <= size.height();
+    return fits ? natural : natural.scaled(size, Qt::KeepAspectRatio);
 }

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "toolkit/PictureFile.h"
+
 #include <QIconEngine>
 
-/// An icon of a picture file that is decoded when the icon is first drawn.
+/// An icon of a picture file that is read at once, and decoded when the icon is first drawn.
 class PictureIcon : public QIconEngine
 {
 public:
+    /// Reads the file that is fine enough for the screen.
     explicit PictureIcon(const QString &path)
-        : mPath(path)
+        : mPicture(path)
     {
     }
 
@@ -15,12 +18,7 @@ public:
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
     QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
     QIconEngine *clone() const override { return new PictureIcon(*this); }
-    /// Answers for a picture for a display of another scale.
-    void virtual_hook(int id, void *data) override;
 
 private:
-    const QIcon &icon();
-
-    QString mPath;
-    QIcon mIcon;
+    PictureFile mPicture;
 };

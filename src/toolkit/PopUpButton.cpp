@@ -1,5 +1,8 @@
 #include "toolkit/PopUpButton.h"
 
+#include "toolkit/AccessibleRegistration.h"
+#include "toolkit/PopUpButtonAccessible.h"
+
 #include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QStandardItemModel>
@@ -12,6 +15,7 @@ constexpr int identifierRole = Qt::UserRole + 1;
 PopUpButton::PopUpButton(QWidget *parent)
     : QComboBox(parent)
 {
+    static const AccessibleRegistration<PopUpButton, PopUpButtonAccessible> registration;
     connect(model(), &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex &, int first, int last) { applyTags(first, last); });
     connect(this, qOverload<int>(&QComboBox::currentIndexChanged), this,
@@ -81,6 +85,11 @@ void PopUpButton::setItemName(int index, const QString &name)
     describeSelection();
 }
 
+QString PopUpButton::itemName(int index) const
+{
+    return itemData(index, Qt::AccessibleTextRole).toString();
+}
+
 void PopUpButton::setValidator(Validator validator)
 {
     mValidator = std::move(validator);
@@ -90,8 +99,21 @@ void PopUpButton::validateItems()
 {
     auto *items = qobject_cast<QStandardItemModel *>(model());
     for (int i = 0; items && i < count(); ++i) {
-        items->item(i)->setEnabled(!mValidator || mValidator(tagAt(i)));
+        const bool isEnabled = !mValidator || mValidator(tagAt(i));
+        if (items->item(i)->isEnabled() != isEnabled) {
+            items->item(i)->setEnabled(isEnabled);
+            describeItem(i, isEnabled);
+        }
     }
+}
+
+void PopUpButton::describeItem(int index, bool isEnabled)
+{
+    const QString reason = isEnabled ? QString() : mGreyReason;
+    const QString name = itemName(index);
+    setItemData(index, reason, Qt::AccessibleDescriptionRole);
+    setItemData(index, reason.isEmpty() ? name : name + QLatin1Char('\n') + reason,
+                Qt::ToolTipRole);
 }
 
 void PopUpButton::showPopup()
@@ -125,7 +147,11 @@ void PopUpButton::wheelEvent(QWheelEvent *event)
 
 void PopUpButton::describeSelection()
 {
-    const QString name = currentData(Qt::AccessibleTextRole).toString();
+    const QString name = selectedName();
+    if (name == toolTip()) {
+        return;
+    }
     setToolTip(name);
-    setAccessibleDescription(name);
+    QAccessibleValueChangeEvent event(this, name);
+    QAccessible::updateAccessibility(&event);
 }

@@ -44,9 +44,14 @@ public:
 
     /// Names an item for its tool tip and for people who do not see its picture.
     void setItemName(int index, const QString &name);
+    QString itemName(int index) const;
+    /// The selected item's name; null when the menu is empty.
+    QString selectedName() const { return itemName(currentIndex()); }
 
     /// Asked with the tag of each item whether it can be chosen now; all can without a validator.
     void setValidator(Validator validator);
+    /// Says in the tip and the description of an item why it cannot be chosen while it cannot.
+    void setGreyReason(const QString &reason) { mGreyReason = reason; }
     /// Asks the validator about every item.
     void validateItems();
 
@@ -61,7 +66,9 @@ protected:
 private:
     void applyTags(int first, int last);
     void describeSelection();
+    void describeItem(int index, bool isEnabled);
 
     QStringList mItemTags;
     Validator mValidator;
+    QString mGreyReason;
 };

@@ -1,5 +1,7 @@
 #include "toolkit/ViewGeometry.h"
 
+#include "toolkit/LayoutMirror.h"
+
 #include <QVariant>
 #include <QWidget>
 
@@ -28,6 +30,19 @@ int parentHeight(const QWidget *widget)
     return parent ? parent->height() : 0;
 }
 
+/// Whether the widget stands in a nib that is read from right to left.
+bool isMirrored(const QWidget *widget)
+{
+    const QWidget *parent = widget->parentWidget();
+    return parent && parent->isRightToLeft() && parent->property(pixelsPerPointProperty).isValid();
+}
+
+/// Qt's x of a widget that is so many pixels away from the edge where lines begin, and vice versa.
+int mirrored(const QWidget *widget, int x)
+{
+    return isMirrored(widget) ? widget->parentWidget()->width() - x - widget->width() : x;
+}
+
 void stretch(QWidget *widget, double scale)
 {
     const QRect frame = widget->geometry();
@@ -45,6 +60,7 @@ void fitToFont(QWidget *nib)
     for (QWidget *control : controls) {
         stretch(control, scale);
     }
+    new LayoutMirror(nib);
 }
 
 double pixelsPerPoint(const QWidget *widget)
@@ -64,7 +80,7 @@ QPointF frameOrigin(const QWidget *widget)
         return {};
     }
     const double scale = pixelsPerPoint(widget);
-    return {toPoints(widget->x(), scale),
+    return {toPoints(mirrored(widget, widget->x()), scale),
             toPoints(parentHeight(widget) - widget->y() - widget->height(), scale)};
 }
 
@@ -74,7 +90,7 @@ void setFrameOrigin(QWidget *widget, double x, double y)
         return;
     }
     const double scale = pixelsPerPoint(widget);
-    widget->move(toPixels(std::trunc(x), scale),
+    widget->move(mirrored(widget, toPixels(std::trunc(x), scale)),
                  parentHeight(widget) - toPixels(std::trunc(y), scale) - widget->height());
 }
 
@@ -89,8 +105,14 @@ QSizeF frameSize(const QWidget *widget)
 
 void setFrameSize(QWidget *widget, const QSizeF &size)
 {
-    if (widget) {
-        const double scale = pixelsPerPoint(widget);
-        widget->resize(toPixels(size.width(), scale), toPixels(size.height(), scale));
+    if (!widget) {
+        return;
+    }
+    const double scale = pixelsPerPoint(widget);
+    const int start = mirrored(widget, widget->x());
+    widget->resize(toPixels(size.width(), scale), toPixels(size.height(), scale));
+    widget->move(mirrored(widget, start), widget->y());
+    if (auto *mirror = widget->findChild<LayoutMirror *>(QString(), Qt::FindDirectChildrenOnly)) {
+        mirror->followWidth();
     }
 }

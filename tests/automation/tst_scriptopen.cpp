@@ -246,8 +246,9 @@ void tst_scriptopen::locale_data()
     QTest::newRow("English") << u"en"_qs << u"Cut Options"_qs;
     QTest::newRow("English of a country") << u"en_GB"_qs << u"Cut Options"_qs;
     QTest::newRow("none") << u"none"_qs << u"OP_PANEL_NAME"_qs;
+    QTest::newRow("German of a country") << u"de_AT"_qs << u"Schnittoptionen"_qs;
     // English where there is no table for the language.
-    QTest::newRow("German") << u"de"_qs << u"Cut Options"_qs;
+    QTest::newRow("Norwegian") << u"nb"_qs << u"Cut Options"_qs;
     QTest::newRow("no language") << u"xx"_qs << u"Cut Options"_qs;
     QTest::newRow("empty") << u""_qs << u"Cut Options"_qs;
 }

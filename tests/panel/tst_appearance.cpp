@@ -3,6 +3,9 @@
 #include "toolkit/ViewGeometry.h"
 
 #include <QApplication>
+#include <QStyleFactory>
+
+#include <cmath>
 
 /// How the panel looks with the user's fonts and with long texts.
 class AppearanceTest : public QObject
@@ -16,6 +19,11 @@ private Q_SLOTS:
     void noTextIsClipped();
     void layoutKeepsItsPoints_data();
     void layoutKeepsItsPoints();
+    void longTextsFit_data();
+    void longTextsFit();
+    void shortTextsKeepTheWidth();
+    void captionStandsOnTheFieldsLine_data();
+    void captionStandsOnTheFieldsLine();
     void pictureGrowsWithTheFont();
     void longTitleIsElidedAndKeptWhole();
     void ampersandOfATitleIsShown();
@@ -24,11 +32,33 @@ private:
     static void useFontOf(int points);
 
     const QFont mFont = QApplication::font();
+    const QString mStyle = QApplication::style()->objectName();
 };
+
+namespace {
+/// A printer with all nine options, whose texts are twice as long as usual.
+PPDText wordyPrinter()
+{
+    PPDText text;
+    for (const Option option : everyOption) {
+        const QString title = testBundle()->localizedStringForKey(
+            QLatin1String(OptionCatalogue::rows[option].labelKey));
+        const QByteArray twice = (title + u' ' + title).toUtf8();
+        if (option == OptionCatalogue::CutEvery) {
+            text.option("KvCutLabel", countsFrom(1, 99), "1", twice);
+        } else {
+            text.onOff(factsOf(option).keyword, "OFF", twice);
+        }
+    }
+    return text.attribute("KvAutoCutObjHidden", "False").size("62x29", 175.0, 82.0);
+}
+} // namespace
 
 void AppearanceTest::cleanup()
 {
     QApplication::setFont(mFont);
+    QApplication::setStyle(mStyle);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 void AppearanceTest::useFontOf(int points)
@@ -85,6 +115,94 @@ void AppearanceTest::layoutKeepsItsPoints()
     QCOMPARE(frameOrigin(fixture.panel->mCutEveryStr).y(), 204.0);
     QCOMPARE(frameOrigin(fixture.box(OptionCatalogue::RemoveBlkSpace)).y(), 20.0);
     QCOMPARE(frameOrigin(fixture.panel->mOptionView).y(), 162.0);
+}
+
+void AppearanceTest::longTextsFit_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    const QStringList styles = QStyleFactory::keys();
+    for (const QString &style : styles) {
+        for (const int points : {7, 9, 14, 20}) {
+            QTest::addRow("%s, %d points", qPrintable(style), points)
+                << style << points << Qt::LeftToRight;
+            QTest::addRow("%s, %d points, from right to left", qPrintable(style), points)
+                << style << points << Qt::RightToLeft;
+        }
+    }
+}
+
+void AppearanceTest::longTextsFit()
+{
+    QFETCH(QString, style);
+    QFETCH(int, points);
+    QFETCH(Qt::LayoutDirection, direction);
+    QApplication::setStyle(style);
+    QApplication::setLayoutDirection(direction);
+    useFontOf(points);
+    PanelFixture fixture(wordyPrinter());
+    fixture.show();
+    const QRect view = fixture.panel->kPDEView->rect();
+    QList<QRect> right = {fixture.panel->mOptionPopUpButton->geometry(),
+                          fixture.panel->mOptionView->geometry()};
+    for (const QRect &frame : right) {
+        QVERIFY(view.contains(frame));
+    }
+    for (const Option option : everyOption) {
+        const CheckBox *box = fixture.box(option);
+        QVERIFY2(box->widthForTitle(box->title()) <= box->width(), qPrintable(box->title()));
+        QVERIFY(view.contains(box->geometry()));
+        for (const QRect &frame : right) {
+            QVERIFY2(!frame.intersects(box->geometry()), qPrintable(box->title()));
+        }
+    }
+    QCOMPARE(frameOrigin(fixture.panel->mOptionView).x(),
+             frameOrigin(fixture.panel->mOptionPopUpButton).x());
+}
+
+void AppearanceTest::shortTextsKeepTheWidth()
+{
+    PanelFixture fixture;
+    fixture.show();
+    QCOMPARE(frameSize(fixture.panel->kPDEView).width(), 550.0);
+    QCOMPARE(frameSize(fixture.box(OptionCatalogue::HalfCut)).width(), 260.0);
+    useFontOf(9);
+    PanelFixture wordy(PPDText().onOff("KvHalfCut", "OFF", QByteArray(30, 'W')));
+    wordy.show();
+    const double by = frameSize(wordy.box(OptionCatalogue::HalfCut)).width() - 260.0;
+    QVERIFY(by > 0.0);
+    QCOMPARE(frameSize(wordy.panel->kPDEView).width(), 550.0 + by);
+    QCOMPARE(frameOrigin(wordy.panel->mOptionView).x(), 290.0 + by);
+    QCOMPARE(frameOrigin(wordy.panel->mOptionPopUpButton).x(), 290.0 + by);
+}
+
+void AppearanceTest::captionStandsOnTheFieldsLine_data()
+{
+    noTextIsClipped_data();
+}
+
+void AppearanceTest::captionStandsOnTheFieldsLine()
+{
+    QFETCH(int, points);
+    useFontOf(points);
+    PanelFixture fixture;
+    fixture.show();
+    const QLabel *caption = fixture.panel->mCutEveryStr;
+    const QLineEdit *field = fixture.panel->mCutEveryTxBx;
+    const Stepper *stepper = fixture.panel->mCutEveryStpr;
+    const double middle = caption->geometry().bottom() + 1 - caption->fontMetrics().height() / 2.0;
+    const double fieldsMiddle = field->geometry().top() + field->height() / 2.0;
+    const double steppersMiddle = stepper->geometry().top() + stepper->height() / 2.0;
+    QVERIFY2(std::abs(middle - fieldsMiddle) <= 2.0,
+             qPrintable(QString::number(middle - fieldsMiddle)));
+    QVERIFY(std::abs(fieldsMiddle - steppersMiddle) <= 1.0);
+    QVERIFY(field->geometry().right() < stepper->geometry().left());
+    QVERIFY(stepper->geometry().right() < caption->geometry().left());
+    // Neighbours touch; a length that is no whole pixel may make that one pixel of both.
+    const QRect inside = field->geometry().adjusted(0, 1, 0, -1);
+    QVERIFY(!fixture.box(OptionCatalogue::CutEvery)->geometry().intersects(inside));
+    QVERIFY(!fixture.box(OptionCatalogue::AutoCut)->geometry().intersects(inside));
 }
 
 void AppearanceTest::pictureGrowsWithTheFont()

@@ -233,8 +233,9 @@ void PreviewTest::missingPictureLeavesItsCombinationsBlank()
     QFETCH(bool, isRV);
     QFETCH(QString, name);
     BundleCopy copy;
-    QVERIFY(copy.removeResource(name + u".png"_qs));
-    QVERIFY(copy.removeResource(name + u"@2x.png"_qs));
+    for (const char *mark : {"", "@1.5x", "@2x", "@3x"}) {
+        QVERIFY(copy.removeResource(name + QLatin1String(mark) + u".png"_qs));
+    }
     Preview preview(isRV, *copy.open());
     int blanks = 0;
     for (unsigned long long on = 0; on < everyCombination; ++on) {

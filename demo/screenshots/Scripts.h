@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QStringList>
+
+/// The scripts of these languages that no installed font can write.
+QStringList scriptsWithoutFont(const QStringList &languages);

@@ -1,0 +1,1 @@
+"""The pictures of a printed strip: what it shows, where its parts lie, how they look, the files."""

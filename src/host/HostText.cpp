@@ -1,0 +1,22 @@
+#include "host/HostText.h"
+
+#include <QDir>
+
+/// Q_INIT_RESOURCE works in no namespace. Without it a static library leaves its resources out.
+static void keepTables()
+{
+    Q_INIT_RESOURCE(hosttexts);
+}
+
+HostText::HostText()
+{
+    keepTables();
+    mTables.load(QStringLiteral(":/kvprint/host"), StringTables::usersLanguages());
+}
+
+QString HostText::text(const char *english) const
+{
+    const QString key = QString::fromLatin1(english);
+    const QString text = mTables.text(QStringLiteral("Host"), key);
+    return text.isNull() ? key : text;
+}

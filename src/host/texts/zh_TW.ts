@@ -1,0 +1,23 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_TW" sourcelanguage="en">
+<context>
+    <name>Host</name>
+    <message>
+        <source>Summary</source>
+        <translation>摘要</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>選項</translation>
+    </message>
+    <message>
+        <source>Choice</source>
+        <translation>選擇</translation>
+    </message>
+    <message>
+        <source>Print %1</source>
+        <translation>列印 %1</translation>
+    </message>
+</context>
+</TS>

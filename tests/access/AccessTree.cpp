@@ -1,0 +1,32 @@
+#include "AccessTree.h"
+
+QAccessibleInterface *accessOf(const QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
+}
+
+QString nameOf(const QWidget *widget)
+{
+    return accessOf(widget)->text(QAccessible::Name);
+}
+
+QString descriptionOf(const QWidget *widget)
+{
+    return accessOf(widget)->text(QAccessible::Description);
+}
+
+QString valueOf(const QWidget *widget)
+{
+    return accessOf(widget)->text(QAccessible::Value);
+}
+
+QList<const QObject *> objectsBelow(QAccessibleInterface *interface)
+{
+    QList<const QObject *> objects = {interface->object()};
+    for (int i = 0; i < interface->childCount(); ++i) {
+        if (QAccessibleInterface *child = interface->child(i)) {
+            objects.append(objectsBelow(child));
+        }
+    }
+    return objects;
+}

@@ -1,0 +1,269 @@
+#include "AccessTree.h"
+#include "PanelFixture.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+/// Why a control is greyed, in its tip and its description.
+class GreyReasonTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void reasonIsThatOfTheRule_data();
+    void reasonIsThatOfTheRule();
+    void usableControlTellsWhatItDoes();
+    void everyGreyedControlTellsAReason();
+    void reasonGoesWithThePaper();
+    void reasonGoesWithSpecialTape();
+    void countTellsWhatItNeeds();
+    void customSizeGreysBlankSpaceWhenSaved();
+    void stuckBoxSaysSo();
+    void missingOptionSaysSo();
+    void greyedBoxShowsTheReasonAsTip();
+    void elidedTitleStandsInFrontOfTheTip();
+    void markupInATitleIsText();
+};
+
+namespace {
+constexpr auto cutEvery = OptionCatalogue::CutEvery;
+constexpr auto autoCut = OptionCatalogue::AutoCut;
+constexpr auto half = OptionCatalogue::HalfCut;
+constexpr auto chain = OptionCatalogue::ChainPrint;
+constexpr auto special = OptionCatalogue::SpecialTape;
+constexpr auto blank = OptionCatalogue::RemoveBlkSpace;
+
+const QString onThisTape = QStringLiteral("Not available on this tape.");
+const QString withSpecialTape = QStringLiteral("Not available together with “KvSpecialTape”.");
+const QString withoutCutEvery = QStringLiteral("Available when “KvCutLabel” is ticked.");
+const QString reopen = QStringLiteral(
+    "Not available since the tape was changed. Open the print dialog again to use it.");
+
+struct Boxes
+{
+    QList<Option> greyed;
+};
+
+/// Everything off.
+TestPrinter allOff()
+{
+    return {.defaults = {{cutEvery, "7"}}};
+}
+
+QString reasonOf(const PanelFixture &fixture, Option option)
+{
+    const CheckBox *box = fixture.box(option);
+    return box->isEnabled() ? QString() : descriptionOf(box);
+}
+
+QString helpOf(const PanelFixture &fixture, Option option)
+{
+    return fixture.bundle->localizedStringForKey(
+        QLatin1String(OptionCatalogue::rows[option].helpKey));
+}
+
+/// The options that are greyed for this reason.
+QList<Option> greyedFor(const PanelFixture &fixture, const QString &reason)
+{
+    QList<Option> options;
+    for (const Option option : everyOption) {
+        if (reasonOf(fixture, option) == reason) {
+            options.append(option);
+        }
+    }
+    return options;
+}
+
+/// Asks for the tip of a widget, as resting the mouse on it does.
+QString shownTip(QWidget *widget)
+{
+    QToolTip::hideText();
+    const QPoint at = widget->rect().center();
+    QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
+    QCoreApplication::sendEvent(widget, &event);
+    return QToolTip::text();
+}
+} // namespace
+
+void GreyReasonTest::reasonIsThatOfTheRule_data()
+{
+    QTest::addColumn<QString>("paper");
+    QTest::addColumn<bool>("specialTape");
+    QTest::addColumn<Boxes>("tapeGreys");
+    QTest::addColumn<Boxes>("specialTapeGreys");
+    const Boxes excluded{{cutEvery, autoCut, half, chain}};
+    QTest::newRow("standard size") << u"62x29"_qs << false << Boxes() << Boxes();
+    for (const char *paper : {"DC03", "AV2055", "C_62"}) {
+        QTest::addRow("%s", paper)
+            << QString::fromLatin1(paper) << false << Boxes{{blank}} << Boxes();
+        QTest::addRow("%s, special tape", paper)
+            << QString::fromLatin1(paper) << true << Boxes{{blank}} << excluded;
+    }
+    QTest::newRow("FL30") << u"FL30"_qs << false << Boxes{{half, chain, special, blank}} << Boxes();
+    QTest::newRow("standard size, special tape") << u"62x29"_qs << true << Boxes() << excluded;
+    // What special tape had greyed stays greyed: the reason is still that.
+    QTest::newRow("FL30, special tape")
+        << u"FL30"_qs << true << Boxes{{half, chain, special, blank}} << Boxes{{cutEvery, autoCut}};
+}
+
+void GreyReasonTest::reasonIsThatOfTheRule()
+{
+    QFETCH(QString, paper);
+    QFETCH(bool, specialTape);
+    QFETCH(Boxes, tapeGreys);
+    QFETCH(Boxes, specialTapeGreys);
+    PanelFixture fixture(allOff());
+    fixture.show();
+    if (specialTape) {
+        fixture.click(special);
+    }
+    fixture.host->changePaper(paper);
+    QCOMPARE(greyedFor(fixture, onThisTape), tapeGreys.greyed);
+    QCOMPARE(greyedFor(fixture, withSpecialTape), specialTapeGreys.greyed);
+    int greyed = 0;
+    for (const Option option : everyOption) {
+        greyed += int(!fixture.box(option)->isEnabled());
+    }
+    QCOMPARE(greyed, int(tapeGreys.greyed.size() + specialTapeGreys.greyed.size()));
+}
+
+void GreyReasonTest::usableControlTellsWhatItDoes()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    for (const Option option : everyOption) {
+        QVERIFY(fixture.box(option)->isEnabled());
+        QCOMPARE(descriptionOf(fixture.box(option)), helpOf(fixture, option));
+        QCOMPARE(fixture.box(option)->toolTip(), helpOf(fixture, option));
+    }
+}
+
+void GreyReasonTest::everyGreyedControlTellsAReason()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    const auto isRight = [&fixture](Option option) {
+        const CheckBox *box = fixture.box(option);
+        const bool tellsHelp = box->accessibleDescription() == helpOf(fixture, option);
+        return tellsHelp == box->isEnabled() && box->toolTip() == box->accessibleDescription();
+    };
+    for (const char *paper : {"62x29", "FL30", "DC03", "HS058", "Custom.62x100", "FL30", "62x29"}) {
+        for (const Option clicked : everyOption) {
+            fixture.click(clicked);
+            fixture.host->changePaper(QString::fromLatin1(paper));
+            for (const Option option : everyOption) {
+                QVERIFY2(isRight(option), factsOf(option).outlet);
+            }
+            const QLineEdit *field = fixture.panel->mCutEveryTxBx;
+            QCOMPARE(field->accessibleDescription() == u"A number from 1 to 99.",
+                     field->isEnabled());
+        }
+    }
+}
+
+void GreyReasonTest::reasonGoesWithThePaper()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    fixture.host->changePaper(u"FL30"_qs);
+    QCOMPARE(fixture.box(half)->toolTip(), onThisTape);
+    fixture.host->changePaper(u"62x29"_qs);
+    QCOMPARE(fixture.box(half)->toolTip(), helpOf(fixture, half));
+    QCOMPARE(descriptionOf(fixture.box(half)), helpOf(fixture, half));
+}
+
+void GreyReasonTest::reasonGoesWithSpecialTape()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    fixture.click(special);
+    QCOMPARE(fixture.box(chain)->toolTip(), withSpecialTape);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->toolTip(), withSpecialTape);
+    fixture.click(special);
+    QCOMPARE(fixture.box(chain)->toolTip(), helpOf(fixture, chain));
+    QCOMPARE(fixture.panel->mCutEveryTxBx->toolTip(), withoutCutEvery);
+}
+
+void GreyReasonTest::countTellsWhatItNeeds()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    const QList<QWidget *> count = {fixture.panel->mCutEveryTxBx, fixture.panel->mCutEveryStpr,
+                                    fixture.panel->mCutEveryStr};
+    for (const QWidget *control : count) {
+        QCOMPARE(descriptionOf(control), withoutCutEvery);
+        QCOMPARE(control->toolTip(), withoutCutEvery);
+    }
+    fixture.click(cutEvery);
+    for (const QWidget *control : count) {
+        QCOMPARE(descriptionOf(control), u"A number from 1 to 99."_qs);
+    }
+}
+
+void GreyReasonTest::customSizeGreysBlankSpaceWhenSaved()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    fixture.host->changePaper(u"Custom.62x100"_qs);
+    QCOMPARE(reasonOf(fixture, blank), QString());
+    fixture.panel->saveValuesAndReturnError(nullptr);
+    QCOMPARE(reasonOf(fixture, blank), onThisTape);
+}
+
+void GreyReasonTest::stuckBoxSaysSo()
+{
+    // Without special tape nothing enables half cut again.
+    PanelFixture fixture({.options = everyOptionBut(special), .defaults = {{cutEvery, "7"}}});
+    fixture.show();
+    fixture.host->changePaper(u"FL30"_qs);
+    QCOMPARE(greyedFor(fixture, onThisTape), QList<Option>({half, blank}));
+    fixture.host->changePaper(u"62x29"_qs);
+    QVERIFY(!fixture.box(half)->isEnabled());
+    QCOMPARE(reasonOf(fixture, half), reopen);
+}
+
+void GreyReasonTest::missingOptionSaysSo()
+{
+    PanelFixture fixture({.options = everyOptionBut(half)});
+    fixture.show();
+    QVERIFY(!fixture.panel->option(half));
+    fixture.box(half)->setEnabled(false);
+    fixture.box(special)->hide();
+    fixture.panel->enabledCheck_OP();
+    QCOMPARE(reasonOf(fixture, half), u"Not available for this printer."_qs);
+}
+
+void GreyReasonTest::greyedBoxShowsTheReasonAsTip()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    fixture.click(special);
+    QVERIFY(!fixture.box(half)->isEnabled());
+    QCOMPARE(shownTip(fixture.box(half)), withSpecialTape);
+    fixture.click(special);
+    QCOMPARE(shownTip(fixture.box(half)), helpOf(fixture, half));
+}
+
+void GreyReasonTest::elidedTitleStandsInFrontOfTheTip()
+{
+    const QByteArray title(79, 'W');
+    PanelFixture fixture(PPDText().onOff("KvHalfCut", "OFF", title));
+    fixture.show();
+    QCOMPARE(shownTip(fixture.box(half)),
+             QString::fromLatin1(title) + u'\n' + helpOf(fixture, half));
+}
+
+void GreyReasonTest::markupInATitleIsText()
+{
+    PanelFixture fixture(PPDText()
+                             .onOff("KvHalfCut")
+                             .onOff("KvSpecialTape", "OFF", "<3C>b>Special<3C>/b>")
+                             .size("62x29", 175.0, 82.0));
+    fixture.show();
+    fixture.click(special);
+    QCOMPARE(descriptionOf(fixture.box(half)), u"Not available together with “<b>Special</b>”."_qs);
+    QVERIFY(fixture.box(half)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_qs));
+}
+
+QTEST_MAIN(GreyReasonTest)
+#include "tst_greyreason.moc"

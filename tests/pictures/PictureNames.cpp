@@ -1,0 +1,112 @@
+#include "PictureNames.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+namespace {
+const QString resources = QStringLiteral(KV_BUNDLE_DIR "/Contents/Resources/");
+
+QString form()
+{
+    QFile file(resources + QStringLiteral("OptionPDE.ui"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The form's text from one widget's name to the end of its own properties and items.
+QString widget(const QString &name)
+{
+    const QString text = form();
+    const qsizetype start = text.indexOf(QStringLiteral("name=\"%1\"").arg(name));
+    return start < 0 ? QString() : text.mid(start, text.indexOf(u"</widget>", start) - start);
+}
+
+QSize firstSize(const QString &text)
+{
+    static const QRegularExpression size(
+        QStringLiteral("<width>(\\d+)</width>\\s*<height>(\\d+)</height>"));
+    const QRegularExpressionMatch match = size.match(text);
+    return {match.captured(1).toInt(), match.captured(2).toInt()};
+}
+
+QRegularExpressionMatch partsOf(const QString &name)
+{
+    static const QRegularExpression parts(QStringLiteral("^([A-Za-z]+?)((?:On|Off)+)$"));
+    return parts.match(name);
+}
+
+QString word(bool on)
+{
+    return on ? QStringLiteral("On") : QStringLiteral("Off");
+}
+} // namespace
+
+QList<bool> PictureNames::switchesOf(const QString &name)
+{
+    QList<bool> switches;
+    static const QRegularExpression state(QStringLiteral("On|Off"));
+    auto states = state.globalMatch(partsOf(name).captured(2));
+    while (states.hasNext()) {
+        switches.append(states.next().captured() == u"On");
+    }
+    return switches;
+}
+
+QString PictureNames::toggled(const QString &name, qsizetype which)
+{
+    QList<bool> switches = switchesOf(name);
+    switches[which] = !switches[which];
+    QString other = partsOf(name).captured(1);
+    for (const bool on : std::as_const(switches)) {
+        other += word(on);
+    }
+    return other;
+}
+
+QStringList PictureNames::previews()
+{
+    QStringList names;
+    for (const bool mirror : {false, true}) {
+        for (const QString &cuts :
+             {QStringLiteral("OffOff"), QStringLiteral("OffOn"), QStringLiteral("OnOff")}) {
+            names.append(QStringLiteral("EveryEndMirror") + cuts + word(mirror));
+        }
+        names.append(QStringLiteral("SPMROn") + word(mirror));
+    }
+    for (int i = 0; i < 16; ++i) {
+        names.append(QStringLiteral("AHCM") + word(i & 8) + word(i & 4) + word(i & 2) +
+                     word(i & 1));
+    }
+    for (int i = 0; i < 4; ++i) {
+        names.append(QStringLiteral("CTMR") + word(i & 2) + word(i & 1) + word(false));
+    }
+    return names;
+}
+
+QStringList PictureNames::presets()
+{
+    QStringList names;
+    static const QRegularExpression item(
+        QStringLiteral("<item>\\s*<property name=\"text\">\\s*<string[^>]*>([A-Za-z]+)</string>"));
+    auto items = item.globalMatch(widget(QStringLiteral("mOptionPopUpButton")));
+    while (items.hasNext()) {
+        names.append(QStringLiteral("Preset") + items.next().captured(1));
+    }
+    return names;
+}
+
+QString PictureNames::path(const QString &name, const char *mark)
+{
+    return resources + name + QLatin1String(mark) + QStringLiteral(".png");
+}
+
+QSize PictureNames::previewFrame()
+{
+    return firstSize(widget(QStringLiteral("mOptionDummyView")));
+}
+
+QSize PictureNames::iconFrame()
+{
+    const QString popUp = widget(QStringLiteral("mOptionPopUpButton"));
+    return firstSize(popUp.mid(popUp.indexOf(u"iconSize")));
+}

@@ -1,0 +1,170 @@
+#include "TranslationFile.h"
+#include "printcore/StringTables.h"
+#include "support/TestHost.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+const QString panelName = QStringLiteral("OP_PANEL_NAME");
+
+QString nameIn(const QString &language)
+{
+    return TranslationFile::ofBundle(language).text(panelName);
+}
+
+/// The panel's name that the program tells a user with these settings.
+QString nameToldTo(const QString &locale, const QString &languages)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    environment.insert(QStringLiteral("LANGUAGE"), languages);
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(KV_PRINT_PROGRAM),
+                  {QStringLiteral("--ppd"), QStringLiteral(KV_PPD_DIR "/korvane-tape.ppd"),
+                   QStringLiteral("--script"), QStringLiteral("-")});
+    program.write("{\"cmd\":\"open\"}\n");
+    program.closeWriteChannel();
+    if (!program.waitForFinished()) {
+        return {};
+    }
+    return QJsonDocument::fromJson(program.readAllStandardOutput())
+        .object()
+        .value(u"name")
+        .toString();
+}
+} // namespace
+
+/// Which language is shown to users whose own there is no table for.
+class FallbacksTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void namesOfTables_data();
+    void namesOfTables();
+    void languageOfTheBundle_data();
+    void languageOfTheBundle();
+    void languageOfTheUser_data();
+    void languageOfTheUser();
+};
+
+void FallbacksTest::namesOfTables_data()
+{
+    QTest::addColumn<QStringList>("languages");
+    QTest::addColumn<QString>("names");
+    const auto row = [](const QString &languages, const char *names) {
+        QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(names);
+    };
+    row(u"en"_qs, "en");
+    row(u"de-AT"_qs, "de_AT de en");
+    row(u"de_AT.UTF-8"_qs, "de_AT de en");
+    row(u"de_DE@euro"_qs, "de_DE de en");
+    row(u"de-Latn-AT"_qs, "de_Latn_AT de_AT de_Latn de en");
+    row(u"DE-at"_qs, "de_AT de en");
+    row(u"de-AT de fr-FR"_qs, "de_AT de fr_FR fr en");
+    row(u"en-GB de"_qs, "en_GB en de");
+    row(u"pt-PT"_qs, "pt_PT pt pt_BR en");
+    row(u"pt-PT pt-Latn-PT es"_qs, "pt_PT pt pt_BR pt_Latn_PT pt_Latn es en");
+    row(u"ar-EG"_qs, "ar_EG ar en");
+    row(u"nb-NO"_qs, "nb_NO nb en");
+    row(u"zh"_qs, "zh_CN zh en");
+    row(u"zh-Hans"_qs, "zh_Hans zh_CN zh en");
+    row(u"zh-Hant"_qs, "zh_Hant zh_TW zh en");
+    row(u"zh-HK"_qs, "zh_HK zh_TW zh en");
+    row(u"zh-hant-hk"_qs, "zh_Hant_HK zh_HK zh_Hant zh_TW zh en");
+    row(u"zh-Hans-HK"_qs, "zh_Hans_HK zh_HK zh_Hans zh_CN zh en");
+    row(u"zh-MO"_qs, "zh_MO zh_TW zh en");
+    row(u"zh-SG"_qs, "zh_SG zh_CN zh en");
+    row(u"C"_qs, "c en");
+    row(u"../de"_qs, "en");
+    row(u"/de"_qs, "en");
+    row(u"-"_qs, "en");
+}
+
+void FallbacksTest::namesOfTables()
+{
+    QFETCH(const QStringList, languages);
+    QFETCH(const QString, names);
+    QCOMPARE(StringTables::namesFor(languages).join(u' '), names);
+}
+
+void FallbacksTest::languageOfTheBundle_data()
+{
+    QTest::addColumn<QStringList>("languages");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const QString &languages, const char *shown) {
+        QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(shown);
+    };
+    row(u"de-AT"_qs, "de");
+    row(u"de-CH"_qs, "de");
+    row(u"fr-CA"_qs, "fr");
+    row(u"es-MX"_qs, "es");
+    row(u"nl-BE"_qs, "nl");
+    row(u"pt"_qs, "pt_BR");
+    row(u"pt-PT"_qs, "pt_BR");
+    row(u"pt-PT es"_qs, "pt_BR");
+    row(u"zh"_qs, "zh_CN");
+    row(u"zh-Hans"_qs, "zh_CN");
+    row(u"zh-SG"_qs, "zh_CN");
+    row(u"zh-Hans-HK"_qs, "zh_CN");
+    row(u"zh-Hant"_qs, "zh_TW");
+    row(u"zh-HK"_qs, "zh_TW");
+    row(u"zh-MO"_qs, "zh_TW");
+    row(u"zh-Hant-HK"_qs, "zh_TW");
+    row(u"ar-EG"_qs, "ar");
+    row(u"nb-NO"_qs, "en");
+    row(u"nb-NO de"_qs, "de");
+    row(u"en-GB de"_qs, "en");
+    row(u"xx"_qs, "en");
+    row(u"C"_qs, "en");
+}
+
+void FallbacksTest::languageOfTheBundle()
+{
+    QFETCH(const QStringList, languages);
+    QFETCH(const QString, shown);
+    const auto bundle = testBundle();
+    bundle->setLanguages(languages);
+    QCOMPARE(bundle->localizedStringForKey(panelName), nameIn(shown));
+}
+
+void FallbacksTest::languageOfTheUser_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("languages");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const QString &locale, const QString &languages, const char *shown) {
+        QTest::addRow("%s %s", qPrintable(locale), qPrintable(languages))
+            << locale << languages << QString::fromLatin1(shown);
+    };
+    const QStringList everyLanguage = TranslationFile::languages();
+    for (const QString &language : everyLanguage) {
+        row(language + u".UTF-8"_qs, QString(), qPrintable(language));
+    }
+    row(u"de_AT.UTF-8"_qs, QString(), "de");
+    row(u"pt_PT.UTF-8"_qs, QString(), "pt_BR");
+    row(u"zh_HK.UTF-8"_qs, QString(), "zh_TW");
+    row(u"zh_MO.UTF-8"_qs, QString(), "zh_TW");
+    row(u"zh_SG.UTF-8"_qs, QString(), "zh_CN");
+    row(u"ar_EG.UTF-8"_qs, QString(), "ar");
+    row(u"nb_NO.UTF-8"_qs, QString(), "en");
+    row(u"C.UTF-8"_qs, QString(), "en");
+    row(u"en_US.UTF-8"_qs, u"nb:ja"_qs, "ja");
+    row(u"en_US.UTF-8"_qs, u"zh_Hant_HK:en"_qs, "zh_TW");
+    row(u"de_DE.UTF-8"_qs, u"en_GB:de"_qs, "en");
+}
+
+void FallbacksTest::languageOfTheUser()
+{
+    QFETCH(const QString, locale);
+    QFETCH(const QString, languages);
+    QFETCH(const QString, shown);
+    QCOMPARE(nameToldTo(locale, languages), nameIn(shown));
+}
+
+QTEST_MAIN(FallbacksTest)
+#include "tst_fallbacks.moc"
