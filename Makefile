@@ -2,17 +2,23 @@
 
 JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
+# More options for CMake, such as -DKV_QT_VERSIONS=6 for a build without Qt 5.
+CMAKE_OPTIONS ?=
 # How long "make prove" takes, in seconds.
 FOR ?= 600
 
-.PHONY: all run test lint test-release test-sanitize prove coverage bench screenshots deps install clean
+.PHONY: all run test lint test-release test-sanitize prove coverage bench screenshots deps \
+	install uninstall package check-package clean
 .NOTPARALLEL:
+
+# A user's umask may let a group write; from folders that others can write to nothing is loaded.
+SHELL = tools/shell
+export CMAKE_OPTIONS JOBS
 
 # What has to be built for a user.
 all: deps
-	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS) --target \
-		kvprint kvprint-demo KVMQRVOptions bundle_resources sample_printers
+	cmake --preset release $(CMAKE_OPTIONS)
+	cmake --build --preset release --parallel $(JOBS) --target installed kvprint-demo
 
 # Prints a sample label through the dialog, at a scheduler of its own.
 run: all
@@ -62,7 +68,20 @@ deps:
 
 # Installs below PREFIX, and below DESTDIR when that is set.
 install: all
-	cmake --install build/release --prefix $(PREFIX)
+	cmake --install build/release --prefix "$(PREFIX)"
+
+# Removes what the last "make install" has installed.
+uninstall:
+	tools/uninstall build/release/install_manifest.txt
+
+# Builds Debian packages in build/package, and has lintian look at them.
+package: deps
+	tools/package build/package
+
+# Installs the packages in a Debian 12 of their own, prints with them, and removes them without a
+# trace. As root, with the network.
+check-package: package
+	tests/package/check build/package build/check-package
 
 clean:
 	rm -rf build

@@ -1,13 +1,24 @@
 #include "dialog/DialogService.h"
 
+#include "dialog/DialogSettings.h"
 #include "dialog/OwnFile.h"
 #include "host/PrintDialogAttachment.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QPrintDialog>
+
+namespace {
+QString programName()
+{
+    return QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+}
+} // namespace
 
 void DialogService::extend(QObject *printDialog)
 {
-    if (auto *dialog = qobject_cast<QPrintDialog *>(printDialog)) {
+    auto *dialog = qobject_cast<QPrintDialog *>(printDialog);
+    if (dialog && DialogSettings(mReporter).isOn(programName())) {
         new PrintDialogAttachment(dialog, bundles(), mReporter, mLastChoices);
     }
 }

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// Extends all print dialogs of an application, with the bundles that are installed beside this
-/// library.
+/// Extends all print dialogs of an application, unless the DialogSettings switch it off, with the
+/// bundles that are installed beside this library.
 class DialogService : public QObject, public PrintDialogExtender
 {
     Q_OBJECT

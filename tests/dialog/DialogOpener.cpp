@@ -1,0 +1,58 @@
+#include "DialogOpener.h"
+
+#include <QFile>
+
+namespace {
+constexpr int timeoutMs = 60'000;
+} // namespace
+
+DialogOpener::DialogOpener(const QString &qt, const QString &userFolder,
+                           const QString &systemFolder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), userFolder);
+    environment.insert(QStringLiteral("XDG_CONFIG_DIRS"), systemFolder);
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(KV_PLUGIN_FOLDER).arg(qt));
+    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("kvprintdialog"));
+    mProcess.setProcessEnvironment(environment);
+    mProcess.start(QStringLiteral(KV_DIALOG_OPENER).arg(qt), QStringList());
+}
+
+DialogOpener::~DialogOpener()
+{
+    mProcess.kill();
+    mProcess.waitForFinished();
+}
+
+QStringList DialogOpener::tabs(const QString &printer)
+{
+    mProcess.write(printer.toUtf8() + '\n');
+    while (!mProcess.canReadLine() && mProcess.waitForReadyRead(timeoutMs)) {
+    }
+    const QString line = QString::fromUtf8(mProcess.readLine()).trimmed();
+    return line.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+}
+
+bool DialogOpener::hasLoaded(const QString &library) const
+{
+    QFile maps(QStringLiteral("/proc/%1/maps").arg(mProcess.processId()));
+    return maps.open(QIODevice::ReadOnly) &&
+           maps.readAll().contains('/' + QFile::encodeName(library) + '\n');
+}
+
+QString DialogOpener::finish()
+{
+    mProcess.setReadChannel(QProcess::StandardError);
+    mProcess.closeWriteChannel();
+    if (!mProcess.waitForFinished(timeoutMs) || mProcess.exitStatus() != QProcess::NormalExit) {
+        return {};
+    }
+    QString ours = QStringLiteral("");
+    while (!mProcess.atEnd()) {
+        const QByteArray line = mProcess.readLine();
+        if (line.startsWith("kvprint: ")) {
+            ours += QString::fromLocal8Bit(line);
+        }
+    }
+    return ours;
+}

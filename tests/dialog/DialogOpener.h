@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+
+/// A run of an application that shows print dialogs and knows nothing of us.
+class DialogOpener
+{
+public:
+    /// Starts the application of that version of Qt with the plug-in switched on, and with the
+    /// settings of these folders in place of those in ~/.config and /etc/xdg.
+    DialogOpener(const QString &qt, const QString &userFolder, const QString &systemFolder);
+    ~DialogOpener();
+
+    /// The titles of the tabs of a new dialog for the printer; none when the application is gone.
+    QStringList tabs(const QString &printer);
+    /// Whether the application has loaded a library of that name up to now.
+    bool hasLoaded(const QString &library) const;
+    /// Ends the application: the lines that are ours of what it has written to its standard error,
+    /// null after a crash.
+    QString finish();
+
+private:
+    QProcess mProcess;
+};
