@@ -11,11 +11,9 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -210,8 +208,7 @@ bool isString(ipp_tag_t tag)
 QString valueText(ipp_attribute_t *attribute)
 {
     if (!isString(ippGetValueTag(attribute))) {
-        QByteArray text(static_cast<qsizetype>(ippAttributeString(attribute, nullptr, 0)) + 1,
-                        '\0');
+        QByteArray text(int(ippAttributeString(attribute, nullptr, 0)) + 1, '\0');
         ippAttributeString(attribute, text.data(), static_cast<size_t>(text.size()));
         return QString::fromUtf8(text.constData());
     }
@@ -221,20 +218,11 @@ QString valueText(ipp_attribute_t *attribute)
     }
     return values.join(u',');
 }
-
-void dieWithParent(pid_t parent)
-{
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    if (getppid() != parent) {
-        _exit(EXIT_FAILURE);
-    }
-}
 } // namespace
 
 PrivateScheduler::PrivateScheduler()
     : mFolder(QDir::tempPath() + QStringLiteral("/kvscheduler-XXXXXX"))
 {
-    mProcess.setChildProcessModifier([parent = getpid()] { dieWithParent(parent); });
     mProcess.setProcessChannelMode(QProcess::MergedChannels);
     mProcess.setStandardInputFile(QProcess::nullDevice());
     mProcess.setStandardOutputFile(mFolder.filePath(outputFile));

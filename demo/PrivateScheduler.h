@@ -1,8 +1,9 @@
 #pragma once
 
+#include "demo/BoundProcess.h"
+
 #include <QList>
 #include <QMap>
-#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -81,7 +82,7 @@ private:
     void stop();
 
     QTemporaryDir mFolder;
-    QProcess mProcess;
+    BoundProcess mProcess;
     int mPort = 0;
     bool mIsPublished = false;
     std::optional<QByteArray> mPreviousServer;

@@ -38,6 +38,6 @@ QByteArrayList LogSocket::records(int milliseconds)
         if (size < 0) {
             return records;
         }
-        records += buffer.first(size);
+        records += buffer.left(int(size));
     }
 }

@@ -81,6 +81,6 @@ void ReadPipe::readAll()
         if (size <= 0) {
             return;
         }
-        mBytes.append(buffer.constData(), size);
+        mBytes.append(buffer.constData(), int(size));
     }
 }

@@ -26,7 +26,7 @@ QByteArray StandardErrorCapture::text() const
 {
     struct stat file = {};
     fstat(mFile, &file);
-    QByteArray bytes(file.st_size, Qt::Uninitialized);
-    bytes.resize(pread(mFile, bytes.data(), std::size_t(bytes.size()), 0));
+    QByteArray bytes(int(file.st_size), Qt::Uninitialized);
+    bytes.resize(int(pread(mFile, bytes.data(), std::size_t(bytes.size()), 0)));
     return bytes;
 }

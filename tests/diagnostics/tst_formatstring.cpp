@@ -10,6 +10,7 @@
 
 #include <clocale>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -73,7 +74,7 @@ QString printed(const QByteArray &format, Number number)
 {
     QByteArray text(4096, '\0');
     const int size = std::snprintf(text.data(), size_t(text.size()), format.constData(), number);
-    return QString::fromLatin1(text.first(size));
+    return QString::fromLatin1(text.left(size));
 }
 
 template <typename... Values>

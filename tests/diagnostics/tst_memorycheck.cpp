@@ -13,10 +13,10 @@ constexpr qint32 smallest = std::numeric_limits<qint32>::min();
 constexpr qint32 largest = std::numeric_limits<qint32>::max();
 
 /// So many bytes that differ from their neighbours.
-QByteArray bytesOf(qsizetype size)
+QByteArray bytesOf(int size)
 {
     QByteArray bytes(size, Qt::Uninitialized);
-    for (qsizetype i = 0; i < size; ++i) {
+    for (int i = 0; i < size; ++i) {
         bytes[i] = static_cast<char>(i * 7 + i / 256);
     }
     return bytes;
@@ -41,7 +41,7 @@ QByteArray expectedOnStandardError(const QByteArray &bytes)
 {
     QByteArray text;
     QByteArray buffer;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
+    for (int i = 0; i < bytes.size(); ++i) {
         buffer += QByteArray(1, bytes[i]).toHex();
         if (i % 16 == 15) {
             text += "DEBUG:" + buffer;
@@ -54,7 +54,7 @@ QByteArray expectedOnStandardError(const QByteArray &bytes)
 QByteArray expectedOnDescriptor(const QByteArray &bytes)
 {
     QByteArray text;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
+    for (int i = 0; i < bytes.size(); ++i) {
         text += QByteArray(1, bytes[i]).toHex();
         if (i % 16 == 15 || i == bytes.size() - 1) {
             text += '\n';
@@ -114,7 +114,7 @@ void MemoryCheckTest::printsTwoLowerCaseDigits()
         const char bytes[] = {static_cast<char>(byte)};
         char digits[3];
         std::snprintf(digits, sizeof(digits), "%02hhx", static_cast<unsigned char>(byte));
-        QCOMPARE(onStandardError(0, bytes, 1), QByteArray("DEBUG:") + digits);
+        QCOMPARE(onStandardError(0, bytes, 1), "DEBUG:" + QByteArray(digits));
     }
 }
 
@@ -182,7 +182,7 @@ void MemoryCheckTest::readsNoByteMore()
     // The sanitizers see a byte that is read behind the array.
     for (const std::size_t size : {1U, 15U, 16U, 17U, 32U}) {
         const auto bytes = std::make_unique<char[]>(size);
-        const QByteArray digits(qsizetype(size) * 2, '0');
+        const QByteArray digits(int(size) * 2, '0');
         QCOMPARE(onDescriptor(0, bytes.get(), qint32(size)).replace('\n', QByteArray()), digits);
         QCOMPARE(onStandardError(0, bytes.get(), qint32(size)).replace("DEBUG:", QByteArray()),
                  digits);

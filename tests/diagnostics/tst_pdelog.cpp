@@ -36,7 +36,7 @@ QByteArrayList valuesOf(const QByteArrayList &lines, const QByteArray &beginning
     QByteArrayList values;
     for (const QByteArray &line : lines) {
         if (line.startsWith(beginning)) {
-            values += line.sliced(beginning.size());
+            values += line.mid(beginning.size());
         }
     }
     return values;
@@ -275,13 +275,13 @@ void PDELogTest::dumpsAnOptionWithoutChoices()
     QVERIFY(ppd);
     QCOMPARE(optionOf(ppd)->num_choices, 0);
     _PDELog_ppd_option_t(ppd.get(), "KvTest");
-    QCOMPARE(logged().sliced(8), QByteArrayList({
-                                     "***** num_choices == 0",
-                                     "***** choices->marked | (null)",
-                                     "***** choices->choice | (null)",
-                                     "***** choices->text | (null)",
-                                     "+-+-+-+-+-+-+-+-+-+- end is KvTest",
-                                 }));
+    QCOMPARE(logged().mid(8), QByteArrayList({
+                                  "***** num_choices == 0",
+                                  "***** choices->marked | (null)",
+                                  "***** choices->choice | (null)",
+                                  "***** choices->text | (null)",
+                                  "+-+-+-+-+-+-+-+-+-+- end is KvTest",
+                              }));
 }
 
 void PDELogTest::dumpsNumbersAtTheirEnds()
@@ -292,8 +292,8 @@ void PDELogTest::dumpsNumbersAtTheirEnds()
     optionOf(ppd)->section = PPD_ORDER_PROLOG;
     optionOf(ppd)->order = -1234.5F;
     _PDELog_ppd_option_t(ppd.get(), "KvTest");
-    QCOMPARE(logged().sliced(5, 3), QByteArrayList({"***** ui == 2", "***** section == 5",
-                                                    "***** order == -1234.500000"}));
+    QCOMPARE(logged().mid(5, 3), QByteArrayList({"***** ui == 2", "***** section == 5",
+                                                 "***** order == -1234.500000"}));
 }
 
 void PDELogTest::dumpsInTheSystemEncoding()
@@ -331,7 +331,7 @@ void PDELogTest::dumpEndsWithTheRecord()
     option->choices = former;
     const QByteArrayList lines = logged();
     const auto toTheEnd = [](std::size_t offset) {
-        return QByteArrayList({QByteArray(qsizetype(sizeof(ppd_choice_t) - offset), 'A')});
+        return QByteArrayList({QByteArray(int(sizeof(ppd_choice_t) - offset), 'A')});
     };
     QCOMPARE(valuesOf(lines, "***** choices->marked | "), toTheEnd(0));
     QCOMPARE(valuesOf(lines, "***** choices->choice | "), toTheEnd(offsetof(ppd_choice_t, choice)));

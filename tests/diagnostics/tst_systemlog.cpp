@@ -2,10 +2,13 @@
 #include "diagnostics/SystemLog.h"
 
 #include "PrivateRoot.h"
+#include "printcore/UTF8.h"
 #include "support/PPDText.h"
 
 #include <QRegularExpression>
 #include <QTest>
+
+#include <cerrno>
 
 #include <sys/stat.h>
 #include <syslog.h>
@@ -24,10 +27,10 @@ QByteArrayList recordsOf(const QStringList &lines)
 }
 
 /// The text of a record as a log daemon gets it; what is wrong with its head, if anything is.
-QByteArray textOf(const QByteArray &record, const char *identity = "tst_systemlog")
+QByteArray textOf(const QByteArray &record, const char *identity = program_invocation_short_name)
 {
     static const QRegularExpression head(QStringLiteral(
-        R"(^<(\d+)>[A-Z][a-z]{2} [ 123]\d [0-2]\d:[0-5]\d:[0-5]\d (\w+)(\[\d+\])?: )"));
+        R"(^<(\d+)>[A-Z][a-z]{2} [ 123]\d [0-2]\d:[0-5]\d:[0-5]\d ([\w-]+)(\[\d+\])?: )"));
     const QRegularExpressionMatch match = head.match(QString::fromLatin1(record));
     if (!match.hasMatch()) {
         return "no head: " + record;
@@ -38,7 +41,7 @@ QByteArray textOf(const QByteArray &record, const char *identity = "tst_systemlo
     if (match.captured(2) != QLatin1String(identity)) {
         return "other identity: " + record;
     }
-    return record.sliced(match.capturedLength());
+    return record.mid(int(match.capturedLength()));
 }
 
 QByteArrayList textsOf(const QByteArrayList &records)
@@ -54,14 +57,14 @@ QByteArrayList textsOf(const QByteArrayList &records)
 QByteArray joined(const QByteArrayList &pieces)
 {
     QByteArray line;
-    for (qsizetype i = 0; i < pieces.size(); ++i) {
+    for (int i = 0; i < pieces.size(); ++i) {
         const QByteArray mark = QByteArray("(") + QByteArray::number(i + 1) + '/' +
                                 QByteArray::number(pieces.size()) + ") ";
         if (!pieces[i].startsWith(mark) || pieces[i].size() > kLogRecordSize ||
-            !pieces[i].isValidUtf8()) {
+            textOfUTF8(pieces[i]).isNull()) {
             return {};
         }
-        line += pieces[i].sliced(mark.size());
+        line += pieces[i].mid(mark.size());
     }
     return line;
 }

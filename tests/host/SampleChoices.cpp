@@ -1,5 +1,7 @@
 #include "SampleChoices.h"
 
+#include "printcore/QtVersions.h"
+
 #include "PrintingSite.h"
 
 #include <QFile>
@@ -37,7 +39,7 @@ QStringList SampleChoices::replaced(QStringList choices, const QString &others)
     const QStringList replacements = others.split(u' ', Qt::SkipEmptyParts);
     for (const QString &other : replacements) {
         const QString key = other.section(u'=', 0, 0) + u'=';
-        choices.removeIf([&key](const QString &choice) { return choice.startsWith(key); });
+        removeFrom(choices, [&key](const QString &choice) { return choice.startsWith(key); });
         choices.append(other);
     }
     choices.sort();

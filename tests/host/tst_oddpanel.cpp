@@ -153,7 +153,7 @@ void tst_oddpanel::panelThatRefusesToPrint()
     QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Refusing")));
     CommandLine line;
     line.printer = QStringLiteral("tape");
-    line.files = {mSite.document()};
+    line.files = QStringList{mSite.document()};
     PrintCommand command(line, folder.path());
     ExitStatus status = ExitStatus::Printed;
     QPrintDialog *dialog = command.prepare(&status);

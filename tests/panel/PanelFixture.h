@@ -47,6 +47,7 @@ struct TestPrinter
     /// The PPD, with the sizes 62x29, DC03, AV2055, FL30, C_62, HS058 and Custom.62x100.
     PPDText text() const;
 };
+Q_DECLARE_METATYPE(TestPrinter)
 
 /// A panel that records which items it refreshes and which selections it re-reads.
 class RecordingPanel : public PanelProbe

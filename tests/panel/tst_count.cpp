@@ -186,7 +186,7 @@ void CountTest::stepperTakesKeysAndWheel()
     QTest::keyClick(stepper, Qt::Key_Up);
     QTest::keyClick(stepper, Qt::Key_Up);
     QTest::keyClick(stepper, Qt::Key_Down);
-    const QPointF at(2.0, 2.0);
+    const QPoint at(2, 2);
     QWheelEvent wheel(at, stepper->mapToGlobal(at), QPoint(), QPoint(0, 120), {}, {},
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(stepper, &wheel);

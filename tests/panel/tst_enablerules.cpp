@@ -128,7 +128,7 @@ void EnableRulesTest::mediumAndSpecialTapeDecide()
         for (const bool before : {false, true}) {
             prepare(fixture, paper, Special(special), cutEveryOn, before);
             fixture.panel->enabledCheck_OP();
-            for (qsizetype i = 0; i < ruledBoxes.size(); ++i) {
+            for (int i = 0; i < ruledBoxes.size(); ++i) {
                 const bool expected = rules.at(i) == '=' ? before : rules.at(i) == '+';
                 QCOMPARE(fixture.box(ruledBoxes.at(i))->isEnabled(), expected);
             }

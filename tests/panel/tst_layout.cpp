@@ -96,7 +96,7 @@ void LayoutTest::rowsStandOnTopOfEachOther_data()
                                    OptionCatalogue::Mirror},
                        .labelSeries = true}
         << QList<int>{hidden, 254, hidden, 202, hidden, hidden, hidden, 176, hidden} << 150;
-    QTest::newRow("none") << TestPrinter{.options = {}} << QList<int>(9, hidden) << 150;
+    QTest::newRow("none") << TestPrinter{.options = {}} << QVector<int>(9, hidden).toList() << 150;
 }
 
 void LayoutTest::rowsStandOnTopOfEachOther()
@@ -347,7 +347,7 @@ void LayoutTest::previewKnowsItsPrinterAndCheckBoxes()
         preview->cutEveryChkBx(),    preview->cutAndEndChkBx(),     preview->mirrorPrintChkBx(),
         preview->autoCutChkBx(),     preview->halfCutChkBx(),       preview->chainPrintChkBx(),
         preview->specialTapeChkBx(), preview->removeBlkSpaceChkBx()};
-    for (qsizetype i = 0; i < boxes.size(); ++i) {
+    for (int i = 0; i < boxes.size(); ++i) {
         QCOMPARE(boxes.at(i), fixture.box(everyOption.at(i)));
     }
 }

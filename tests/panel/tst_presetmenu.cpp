@@ -89,13 +89,14 @@ void hover(const PanelFixture &fixture, int tag)
 {
     QWidget *viewport = menuOf(fixture)->view()->viewport();
     const QPointF at = centerOf(fixture, tag);
-    QMouseEvent event(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, {}, {});
+    QMouseEvent event(QEvent::MouseMove, at, viewport->mapToGlobal(at.toPoint()), Qt::NoButton, {},
+                      {});
     QCoreApplication::sendEvent(viewport, &event);
 }
 
 void turnWheel(QWidget *widget, int notches)
 {
-    const QPointF at = widget->rect().center();
+    const QPoint at = widget->rect().center();
     QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, 120 * notches), {}, {},
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(widget, &event);

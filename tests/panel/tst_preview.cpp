@@ -158,8 +158,8 @@ void PreviewTest::everyCombinationHasItsPicture()
     // No two of them look the same, and none is empty.
     pictures.insert(u"none"_qs, blank(preview.view->size()));
     const QList<QImage> images = pictures.values();
-    for (qsizetype i = 0; i < images.size(); ++i) {
-        QCOMPARE(images.indexOf(images.at(i)), i);
+    for (int i = 0; i < images.size(); ++i) {
+        QCOMPARE(int(images.indexOf(images.at(i))), i);
     }
 }
 

@@ -52,7 +52,7 @@ QByteArray copiedURI(const QString &uri)
 }
 
 /// "usb://Korvane/" and as many letters as make it that long.
-QString uriOfLength(qsizetype length)
+QString uriOfLength(int length)
 {
     const QString start = u"usb://Korvane/"_qs;
     return start + QString(length - start.size(), u'x');

@@ -4,8 +4,10 @@
 #include <QRect>
 #include <QTest>
 
+#include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 using Format = PropertyList::Format;
@@ -177,7 +179,7 @@ void PropertyListTest::everyValueSurvives()
 
     const QVariant read = PropertyList::read(data, &error);
     QVERIFY2(read.isValid(), qPrintable(error));
-    QCOMPARE(read.typeId(), value.typeId());
+    QCOMPARE(read.userType(), value.userType());
     QCOMPARE(read, value);
     QCOMPARE(error, QString());
 }
@@ -206,7 +208,7 @@ void PropertyListTest::everyIntegerTypeIsWritten()
     for (const Format format : {Format::XML, Format::Binary}) {
         const QVariant read = PropertyList::read(PropertyList::write(value, format));
         QCOMPARE(read, QVariant(expected));
-        QCOMPARE(read.typeId(), int(QMetaType::LongLong));
+        QCOMPARE(read.userType(), int(QMetaType::LongLong));
     }
 }
 
@@ -214,7 +216,7 @@ void PropertyListTest::realsThatAreNoNumbersSurvive()
 {
     for (const Format format : {Format::XML, Format::Binary}) {
         const QVariant read = PropertyList::read(PropertyList::write(std::nan(""), format));
-        QCOMPARE(read.typeId(), int(QMetaType::Double));
+        QCOMPARE(read.userType(), int(QMetaType::Double));
         QVERIFY(std::isnan(read.toDouble()));
     }
 }
@@ -517,7 +519,7 @@ void PropertyListTest::refusesDataCutOffAnywhere()
     QFETCH(Format, format);
     const QByteArray data = PropertyList::write(everyType(), format).trimmed();
     QVERIFY(PropertyList::read(data).isValid());
-    for (qsizetype length = 0; length < data.size(); ++length) {
+    for (int length = 0; length < data.size(); ++length) {
         QString error;
         QVERIFY2(!PropertyList::read(data.left(length), &error).isValid(),
                  qPrintable(QString::number(length)));
@@ -534,7 +536,7 @@ void PropertyListTest::survivesAnyDamagedByte()
 {
     QFETCH(Format, format);
     const QByteArray sound = PropertyList::write(everyType(), format);
-    for (qsizetype at = 0; at < sound.size(); ++at) {
+    for (int at = 0; at < sound.size(); ++at) {
         for (const char damage : {'\x00', '\x01', '\x0f', '\x7f', '\xa1', '\xd1', '\xff', '<'}) {
             QByteArray data = sound;
             data[at] = damage;
@@ -590,7 +592,8 @@ void PropertyListTest::readsValuesThatAreReferredToMoreThanOnce()
     QCOMPARE(PropertyList::read(binary({arrayOf({1, 1}), arrayOf({2, 2}), "\x09"})),
              QVariant(QVariantList{QVariant(pair), QVariant(pair)}));
 
-    const QVariantList same(10'000, QVariant(u"the same text over and over again"_qs));
+    QVariantList same;
+    std::fill_n(std::back_inserter(same), 10'000, u"the same text over and over again"_qs);
     QCOMPARE(PropertyList::read(PropertyList::write(same, Format::Binary)), QVariant(same));
 }
 

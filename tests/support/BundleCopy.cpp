@@ -1,5 +1,7 @@
 #include "support/BundleCopy.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -68,10 +70,10 @@ bool BundleCopy::removeOutlet(const QString &name) const
     }
     QString form = QString::fromUtf8(nib());
     form.remove(QStringLiteral("<tabstop>%1</tabstop>").arg(name));
-    const qsizetype named = form.indexOf(QStringLiteral("name=\"%1\"").arg(name));
-    const qsizetype start = named < 0 ? -1 : form.lastIndexOf(QLatin1String("<widget"), named);
+    const QtSize named = form.indexOf(QStringLiteral("name=\"%1\"").arg(name));
+    const QtSize start = named < 0 ? -1 : form.lastIndexOf(QLatin1String("<widget"), named);
     const QLatin1String end("</widget>");
-    const qsizetype stop = form.indexOf(end, named);
+    const QtSize stop = form.indexOf(end, named);
     return start >= 0 && stop >= 0 &&
            setNib(form.remove(start, stop + end.size() - start).toUtf8());
 }

@@ -49,7 +49,7 @@ bool isRoman(const QString &text)
 
 bool hasHalfAPair(const QString &text)
 {
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    for (int i = 0; i < text.size(); ++i) {
         if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
             ++i;
         } else if (text[i].isSurrogate()) {
@@ -118,7 +118,7 @@ QString typedText(const CheckedEdit &edit)
     const qint64 from = edit.originalSelection.location;
     const qint64 to = edit.proposedSelection->location;
     QString typed;
-    for (qint64 i = 0; i < edit.proposedText.size(); ++i) {
+    for (int i = 0; i < edit.proposedText.size(); ++i) {
         if (i >= from && i < to) {
             typed += edit.proposedText[i];
         }

@@ -1,5 +1,6 @@
 #include "RefusalLog.h"
 
+#include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
 #include "textinput/PDEFormatter.h"
 
@@ -7,6 +8,8 @@
 #include <QTest>
 
 #include <limits>
+
+Q_DECLARE_METATYPE(TextRange)
 
 /// Which edits a formatter allows, and what it tells of those that it refuses.
 class EditCheckTest : public QObject
@@ -60,8 +63,8 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 namespace {
 constexpr qint32 largest = std::numeric_limits<qint32>::max();
 constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-constexpr qsizetype farthest = std::numeric_limits<qsizetype>::max();
-constexpr qsizetype farthestBack = std::numeric_limits<qsizetype>::min();
+constexpr QtSize farthest = std::numeric_limits<QtSize>::max();
+constexpr QtSize farthestBack = std::numeric_limits<QtSize>::min();
 
 const QStringList nothing;
 const QStringList invalid{u"InvalidCharacterNotification"_qs};
@@ -141,23 +144,23 @@ void EditCheckTest::allowsWhatDoesNotMoveTheCaretForward()
 
 void EditCheckTest::staysWithinTheText_data()
 {
-    QTest::addColumn<qsizetype>("before");
-    QTest::addColumn<qsizetype>("after");
+    QTest::addColumn<QtSize>("before");
+    QTest::addColumn<QtSize>("after");
     QTest::addColumn<QString>("refused");
 
     // The text is "1x3".
-    QTest::newRow("beyond the end") << qsizetype(1) << qsizetype(9) << u"x3"_qs;
-    QTest::newRow("far beyond the end") << qsizetype(2) << farthest << u"3"_qs;
-    QTest::newRow("both beyond the end") << qsizetype(3) << farthest << QString();
-    QTest::newRow("before the start") << qsizetype(-5) << qsizetype(2) << u"1x"_qs;
+    QTest::newRow("beyond the end") << QtSize(1) << QtSize(9) << u"x3"_qs;
+    QTest::newRow("far beyond the end") << QtSize(2) << farthest << u"3"_qs;
+    QTest::newRow("both beyond the end") << QtSize(3) << farthest << QString();
+    QTest::newRow("before the start") << QtSize(-5) << QtSize(2) << u"1x"_qs;
     QTest::newRow("far before the start") << farthestBack << farthest << u"1x3"_qs;
-    QTest::newRow("both before the start") << farthestBack << qsizetype(-1) << QString();
+    QTest::newRow("both before the start") << farthestBack << QtSize(-1) << QString();
 }
 
 void EditCheckTest::staysWithinTheText()
 {
-    QFETCH(qsizetype, before);
-    QFETCH(qsizetype, after);
+    QFETCH(QtSize, before);
+    QFETCH(QtSize, after);
     QFETCH(QString, refused);
     const TextRange caret{after, farthest};
     RefusalLog log;
@@ -167,7 +170,7 @@ void EditCheckTest::staysWithinTheText()
         const bool allowed =
             mFormatter->isPartialStringValid(u"1x3"_qs, &caret, {}, {before, farthest}, nullptr);
         QCOMPARE(allowed, string != refused);
-        QCOMPARE(log.taken(), allowed ? nothing : invalidCharacter(string.last(1)));
+        QCOMPARE(log.taken(), allowed ? nothing : invalidCharacter(string.right(1)));
     }
 }
 
@@ -491,7 +494,7 @@ void EditCheckTest::longTextsAreQuick_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("allowed");
 
-    constexpr qsizetype mebi = 1 << 20;
+    constexpr QtSize mebi = 1 << 20;
     QTest::newRow("any text") << 0 << QString(mebi, u'あ') << true;
     QTest::newRow("ASCII") << 1 << QString(mebi, u'x') << true;
     QTest::newRow("digits") << 2 << QString(mebi, u'7') << false;

@@ -292,7 +292,7 @@ void FormatterTest::readsTextsAsTexts()
     const auto formatter = PDEFormatter::initWithFormatString(u"%03d"_qs, 2);
     QVERIFY(formatter->getObjectValue(&object, u"12x"_qs, &error));
     QCOMPARE(object, QVariant(u"012"_qs));
-    QCOMPARE(object.typeId(), int(QMetaType::QString));
+    QCOMPARE(object.userType(), int(QMetaType::QString));
     formatter->setFormatString({});
     QVERIFY(formatter->getObjectValue(&object, u"12x"_qs, nullptr));
     QCOMPARE(object, QVariant(u"12x"_qs));

@@ -1,6 +1,7 @@
 #include "EditOracle.h"
 #include "RefusalLog.h"
 
+#include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
 #include "textinput/PDEFormatter.h"
 
@@ -95,30 +96,30 @@ QString someText(qint32 style, int length)
     QString text;
     for (int i = 0; i < length; ++i) {
         const int pool = sort < 4 ? sort : *rc::gen::inRange(0, 4);
-        text += pools[pool][*rc::gen::inRange<qsizetype>(0, pools[pool].size())];
+        text += pools[pool][*rc::gen::inRange<QtSize>(0, pools[pool].size())];
     }
     return text;
 }
 
 /// A place in a text of that length, which it may lie beyond now and then.
-qsizetype somePlace(qsizetype length)
+QtSize somePlace(QtSize length)
 {
-    const auto farthest = std::numeric_limits<qsizetype>::max();
+    const auto farthest = std::numeric_limits<QtSize>::max();
     const int sort = *rc::gen::weightedElement<int>({{96, 0}, {2, 1}, {1, 2}, {1, 3}});
-    return sort == 0   ? *rc::gen::inRange<qsizetype>(0, length + 1)
-           : sort == 1 ? length + *rc::gen::inRange<qsizetype>(1, 4)
+    return sort == 0   ? *rc::gen::inRange<QtSize>(0, length + 1)
+           : sort == 1 ? length + *rc::gen::inRange<QtSize>(1, 4)
            : sort == 2 ? farthest
-                       : -*rc::gen::inRange<qsizetype>(1, 4);
+                       : -*rc::gen::inRange<QtSize>(1, 4);
 }
 
 /// Puts text in the place of a selection, as a user does.
 void setUsersEdit(CheckedEdit &edit)
 {
     edit.originalText = someText(edit.style, *rc::gen::inRange(0, 6));
-    const auto start = *rc::gen::inRange<qsizetype>(0, edit.originalText.size() + 1);
-    const auto length = *rc::gen::weightedOneOf<qsizetype>(
-        {{2, rc::gen::just<qsizetype>(0)},
-         {1, rc::gen::inRange<qsizetype>(0, edit.originalText.size() - start + 1)}});
+    const auto start = *rc::gen::inRange<QtSize>(0, edit.originalText.size() + 1);
+    const auto length = *rc::gen::weightedOneOf<QtSize>(
+        {{2, rc::gen::just<QtSize>(0)},
+         {1, rc::gen::inRange<QtSize>(0, edit.originalText.size() - start + 1)}});
     const QString typed = someText(
         edit.style, *rc::gen::weightedElement<int>({{1, 0}, {8, 1}, {4, 2}, {3, 3}, {1, 6}}));
     edit.originalSelection = {start, length};
@@ -169,8 +170,8 @@ QStringList someRefusedStrings(const CheckedEdit &edit)
     QStringList strings;
     const int count = *rc::gen::weightedElement<int>({{8, 0}, {2, 1}, {1, 3}});
     for (int i = 0; i < count; ++i) {
-        const qsizetype caret = edit.proposedSelection ? edit.proposedSelection->location : 0;
-        const qsizetype start = edit.originalSelection.location;
+        const QtSize caret = edit.proposedSelection ? edit.proposedSelection->location : 0;
+        const QtSize start = edit.originalSelection.location;
         const bool isTyped = start >= 0 && start < caret && *rc::gen::inRange(0, 2) == 0;
         strings += isTyped ? edit.proposedText.mid(start, caret - start)
                            : someText(edit.style, *rc::gen::inRange(0, 3)) + u""_qs;
@@ -227,7 +228,7 @@ Verdict answerOn(const CheckedEdit &edit)
     const bool isCharacter = told.first().contains(u' ');
     RC_ASSERT(isCharacter || log.lastObject() == formatter.get());
     const QString name = told.first().section(u' ', 0, 0);
-    return {name, isCharacter ? told.first().sliced(name.size() + 1) : QString()};
+    return {name, isCharacter ? told.first().mid(name.size() + 1) : QString()};
 }
 
 /// Says nothing while edits are tried.

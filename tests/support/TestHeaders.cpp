@@ -1,0 +1,1 @@
+// What is compiled here is the precompiled header alone.
