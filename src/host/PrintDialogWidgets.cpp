@@ -11,7 +11,7 @@
 
 namespace {
 /// The width of what is beside the tabs in the dialog and around it, in lines of text.
-constexpr int marginsInLines = 8;
+constexpr int marginsInLines = 4;
 
 /// Hides the form's rows with these labels; whether any other row is left.
 bool hideRows(const QGroupBox &group, const QStringList &labels)
