@@ -15,9 +15,6 @@ public:
     /// Keeps the options that a job of the queue is given, in place of the former ones.
     void remember(const QString &queue, const JobOptions &options);
 
-    /// Takes out what an earlier job of any queue was given. Whether there was anything.
-    bool removeFrom(JobOptions &options) const;
-
 private:
     QMap<QString, JobOptions> mChoices;
 };

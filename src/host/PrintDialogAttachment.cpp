@@ -276,25 +276,19 @@ void PrintDialogAttachment::passChoicesToJob()
     if (mRequestedPaper.isValid()) {
         mDialog->printer()->setPageSize(mRequestedPaper);
     }
-    JobOptions options = jobOptions();
-    const bool hadFormerChoices = mLastChoices.removeFrom(options);
-    const bool hasChoices = takeChoices(options);
-    if (hadFormerChoices || hasChoices) {
-        writeEngineOptions(*mDialog->printer(), options);
+    if (mHost) {
+        passPanelsChoices();
     }
 }
 
-bool PrintDialogAttachment::takeChoices(JobOptions &options)
+void PrintDialogAttachment::passPanelsChoices()
 {
-    if (!mHost) {
-        return false;
-    }
     followPageSize(mDialog->printer()->pageLayout().pageSize());
     if (!mHost->accept()) {
         mIsRefused = true;
         mReporter.report(
             QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
-        return false;
+        return;
     }
     QString error;
     if (!PrintQueue::find(mQueue, &error)) {
@@ -302,6 +296,7 @@ bool PrintDialogAttachment::takeChoices(JobOptions &options)
     }
     const JobOptions choices = mHost->jobOptions();
     mLastChoices.remember(mQueue, choices);
+    JobOptions options = jobOptions();
     options.merge(choices);
-    return !choices.pairs().isEmpty();
+    writeEngineOptions(*mDialog->printer(), options);
 }

@@ -67,7 +67,7 @@ private:
     void watchProperties(QWidget *properties);
     void followPageSize(const QPageSize &size);
     void passChoicesToJob();
-    bool takeChoices(JobOptions &options);
+    void passPanelsChoices();
     QPageSize startPaper() const;
     QPageSize requestedPageSize(const PPDFile *ppd) const;
 
