@@ -6,10 +6,10 @@
 #include "host/PPDPaper.h"
 #include "plugin/PDEPanelAutomation.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 
 namespace {

@@ -14,7 +14,7 @@ namespace {
 /// Whether the dialog has been extended before, by us or by the application itself as kvprint does.
 bool isExtended(const QObject &dialog)
 {
-    const QObjectList children = dialog.children();
+    const QObjectList &children = dialog.children();
     return std::any_of(children.begin(), children.end(), [](const QObject *child) {
         return child->inherits("PrintDialogAttachment");
     });

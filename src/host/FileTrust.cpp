@@ -40,7 +40,7 @@ QString distrust(const QString &folder, const QString &file)
             .arg(file, folder, QFileInfo(path).path());
     }
     while (path != top) {
-        const QString fault = distrust(path);
+        QString fault = distrust(path);
         if (!fault.isNull()) {
             return fault;
         }

@@ -3,7 +3,6 @@
 #include "host/JobOptions.h"
 
 #include <QMap>
-#include <QStringList>
 
 /// What the user of an application has last chosen for each printer, while the application runs.
 class LastChoices

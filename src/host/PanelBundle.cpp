@@ -48,7 +48,7 @@ std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, 
 {
     const QString path = QDir(folder).filePath(name);
     QString distrusted = distrust(folder, path);
-    const auto bundle = distrusted.isNull() ? Bundle::open(path, error) : nullptr;
+    auto bundle = distrusted.isNull() ? Bundle::open(path, error) : nullptr;
     if (bundle) {
         distrusted = distrust(folder, bundle->libraryPath());
     }

@@ -3,6 +3,7 @@
 #include "host/PanelHost.h"
 
 #include <QScreen>
+#include <QScrollBar>
 #include <QShowEvent>
 
 namespace {
@@ -40,7 +41,10 @@ QSize PanelTab::sizeHint() const
 QSize PanelTab::minimumSizeHint() const
 {
     const int room = screen()->availableGeometry().height() - heightOfTheRest;
-    return {sizeHint().width(), std::min(sizeHint().height(), std::max(room, leastSize.height()))};
+    const int height = std::min(sizeHint().height(), std::max(room, leastSize.height()));
+    const bool isScrolled = height < sizeHint().height();
+    const int barWidth = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
+    return {sizeHint().width() + barWidth, height};
 }
 
 void PanelTab::showEvent(QShowEvent *event)
