@@ -3,10 +3,12 @@
 #include "dialog/OwnFile.h"
 #include "dialog/PrintDialogWatcher.h"
 
+#include <QDir>
+
 QObject *PrintDialogPlugIn::create(const QString & /*key*/, const QString & /*specification*/)
 {
     if (qgetenv("KVPRINT_DIALOG") == "off") {
         return new QObject;
     }
-    return new PrintDialogWatcher(ownFolder() + QStringLiteral("/" KV_EXTENDER));
+    return new PrintDialogWatcher(QDir::cleanPath(ownFolder() + QStringLiteral("/" KV_EXTENDER)));
 }

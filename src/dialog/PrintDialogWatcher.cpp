@@ -53,10 +53,12 @@ void PrintDialogWatcher::loadExtender()
     QPluginLoader loader(mExtenderPath);
     mExtender = qobject_cast<PrintDialogExtender *>(loader.instance());
     if (!mExtender) {
-        const QString reason =
-            loader.isLoaded()
-                ? QStringLiteral("%1 does not extend print dialogs").arg(mExtenderPath)
-                : loader.errorString();
-        std::fprintf(stderr, "kvprint: %s\n", reason.toLocal8Bit().constData());
+        const QString fault = loader.isLoaded() ? QStringLiteral("it does not extend print dialogs")
+                                                : loader.errorString();
+        // Not every fault that the loader tells names the file.
+        const QString named = fault.contains(mExtenderPath)
+                                  ? fault
+                                  : QStringLiteral("%1: %2").arg(mExtenderPath, fault);
+        std::fprintf(stderr, "kvprint: %s\n", named.toLocal8Bit().constData());
     }
 }

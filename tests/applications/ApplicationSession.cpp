@@ -1,0 +1,34 @@
+#include "ApplicationSession.h"
+
+ApplicationSession::ApplicationSession(const DisplayServer &display, const Application &application,
+                                       const ApplicationRun::Setting &setting)
+    : mRun(display, application, setting)
+    , mDialog(display, mRun)
+{
+}
+
+bool ApplicationSession::openAt(const QString &printer)
+{
+    return mDialog.open() && mDialog.pickPrinter(printer);
+}
+
+bool ApplicationSession::openPanelAt(const QString &printer)
+{
+    return openAt(printer) && mDialog.openPanel();
+}
+
+QString ApplicationSession::end()
+{
+    const QStringList foreign = mRun.foreignLibraries();
+    if (!foreign.isEmpty()) {
+        return QStringLiteral("mapped: ") + foreign.join(QLatin1Char(' '));
+    }
+    if (!mDialog.quit()) {
+        return QStringLiteral("cannot quit");
+    }
+    const int status = mRun.exitStatus();
+    return status == 0 ? QString()
+                       : QStringLiteral("exit status %1: %2")
+                             .arg(status)
+                             .arg(mRun.errors().join(QLatin1Char('\n')));
+}

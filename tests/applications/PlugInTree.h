@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// A copy of the built plug-ins, libraries and bundles, where a test may spoil them.
+class PlugInTree
+{
+public:
+    PlugInTree();
+
+    /// Whether everything was copied.
+    bool isCopied() const { return mIsCopied; }
+    /// The folder of libraries, as it would be below a prefix.
+    QString libraries() const { return mFolder.path(); }
+
+    /// Removes the files and folders of the copy whose paths match the pattern; whether there were
+    /// any.
+    bool remove(const QString &pattern) const;
+    /// Replaces the contents of the files whose paths match; whether there were any.
+    bool overwrite(const QString &pattern, const QByteArray &bytes) const;
+
+private:
+    QStringList matching(const QString &pattern) const;
+
+    QTemporaryDir mFolder;
+    bool mIsCopied;
+};

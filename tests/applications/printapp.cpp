@@ -1,0 +1,11 @@
+#include "PrintWindow.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    PrintWindow window(QApplication::arguments().mid(1));
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,254 @@
+#include "ApplicationSession.h"
+#include "DisplayServer.h"
+#include "JobTicket.h"
+#include "PlugInTree.h"
+#include "Waiting.h"
+#include "host/PrintingSite.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <cups/cups.h>
+
+#include <memory>
+
+namespace {
+const QString tape = QStringLiteral("tape");
+const QString panelTitle = QStringLiteral("Cut Options");
+const QString halfCutBox = QStringLiteral("mHalfCutChkBx");
+
+bool removeQueue(const QString &queue)
+{
+    ipp_t *request = ippNewRequest(IPP_OP_CUPS_DELETE_PRINTER);
+    const QByteArray uri = "ipp://localhost/printers/" + queue.toUtf8();
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
+    ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/admin/"));
+    return cupsLastError() <= IPP_STATUS_OK_CONFLICTING;
+}
+
+bool overwrite(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.exists() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+/// The one line of ours that the application has written; all of them when it is not one.
+QString onlyError(ApplicationSession &session)
+{
+    return session.run().ownErrors().join(QLatin1String("; "));
+}
+
+bool tellsNoScheduler(const QString &error)
+{
+    static const QRegularExpression line(QStringLiteral(
+        "^kvprint: no print scheduler answers at 127.0.0.1 \\(port \\d+\\): [^;]+$"));
+    return line.match(error).hasMatch();
+}
+} // namespace
+
+/// What users of an application are told when something is wrong, and that it works on.
+class tst_applicationfaults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void noScheduler_data() { everyApplication(); }
+    void noScheduler();
+    void schedulerStopsWhileTheDialogIsOpen_data() { everyApplication(); }
+    void schedulerStopsWhileTheDialogIsOpen();
+    void brokenPPD_data() { everyApplication(); }
+    void brokenPPD();
+    void chosenQueueIsRemoved_data() { everyApplication(); }
+    void chosenQueueIsRemoved();
+    void spoiltInstallation_data();
+    void spoiltInstallation();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    void everyApplication() const;
+    const Application &application() const;
+    /// The options of ours that the one job that there is carries; "no job" without one.
+    QStringList printedChoices() const;
+
+    std::unique_ptr<PrintingSite> mSite;
+    DisplayServer mDisplay;
+    std::vector<Application> mApplications = Application::all();
+};
+
+void tst_applicationfaults::initTestCase()
+{
+    QVERIFY(!mApplications.empty());
+    QCOMPARE(mDisplay.open(), QString());
+}
+
+void tst_applicationfaults::init()
+{
+    mSite.reset();
+    mSite = std::make_unique<PrintingSite>();
+    QCOMPARE(mSite->open(), QString());
+}
+
+void tst_applicationfaults::everyApplication() const
+{
+    QTest::addColumn<int>("row");
+    for (size_t i = 0; i < mApplications.size(); ++i) {
+        QTest::newRow(mApplications[i].name) << int(i);
+    }
+}
+
+const Application &tst_applicationfaults::application() const
+{
+    const auto *row = static_cast<const int *>(QTest::qData("row", qMetaTypeId<int>()));
+    return mApplications[size_t(*row)];
+}
+
+QStringList tst_applicationfaults::printedChoices() const
+{
+    QList<int> jobs;
+    waitFor([&] {
+        jobs = mSite->scheduler().jobIds();
+        return !jobs.isEmpty();
+    });
+    const bool isPrinted =
+        jobs.size() == 1 && mSite->scheduler().waitForJob(jobs.first(), kPatienceMs);
+    return isPrinted ? JobTicket::attributes(jobs.first(), QStringLiteral("Kv"))
+                     : QStringList{QStringLiteral("no job")};
+}
+
+void tst_applicationfaults::noScheduler()
+{
+    ApplicationRun::Setting setting;
+    // A port that nobody listens at.
+    setting.variables.append(QStringLiteral("CUPS_SERVER=127.0.0.1:1"));
+    ApplicationSession session(mDisplay, application(), setting);
+    RemotePrintDialog &dialog = session.dialog();
+    QVERIFY(dialog.open());
+    QVERIFY(!dialog.printers().contains(tape));
+    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(dialog.print());
+    QVERIFY(
+        waitFor([&] { return QDir(session.run().home()).exists(QStringLiteral("print.pdf")); }));
+    QVERIFY(dialog.open());
+    QVERIFY(dialog.cancel());
+    QCOMPARE(session.end(), QString());
+    QVERIFY2(tellsNoScheduler(onlyError(session)), qPrintable(onlyError(session)));
+}
+
+void tst_applicationfaults::schedulerStopsWhileTheDialogIsOpen()
+{
+    ApplicationSession session(mDisplay, application());
+    RemotePrintDialog &dialog = session.dialog();
+    QVERIFY(session.openPanelAt(tape));
+    QVERIFY(dialog.tick(halfCutBox));
+    mSite.reset();
+    QVERIFY(dialog.print());
+    QVERIFY(dialog.open());
+    QVERIFY(dialog.cancel());
+    QCOMPARE(session.end(), QString());
+    QVERIFY2(tellsNoScheduler(onlyError(session)), qPrintable(onlyError(session)));
+}
+
+void tst_applicationfaults::brokenPPD()
+{
+    const QString spoilt = QStringLiteral("spoilt");
+    QString error;
+    QVERIFY(mSite->scheduler().addPrinter(spoilt, PrintingSite::ppdPath(tape), &error));
+    QVERIFY(overwrite(mSite->scheduler().folder() + QStringLiteral("/etc/ppd/spoilt.ppd"),
+                      "*PPD-Adobe: \"4.3\"\nno PPD\n"));
+
+    ApplicationSession session(mDisplay, application());
+    RemotePrintDialog &dialog = session.dialog();
+    QVERIFY(session.openAt(spoilt));
+    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(dialog.pickPrinter(tape));
+    QVERIFY(dialog.openPanel());
+    QVERIFY(dialog.tick(halfCutBox));
+    QVERIFY(dialog.pickPrinter(spoilt));
+    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(dialog.print());
+    QCOMPARE(printedChoices(), QStringList());
+    QCOMPARE(session.end(), QString());
+    QCOMPARE(onlyError(session),
+             QStringLiteral("kvprint: PPD of spoilt: line 2: Missing asterisk in column 1"));
+}
+
+void tst_applicationfaults::chosenQueueIsRemoved()
+{
+    ApplicationSession session(mDisplay, application());
+    RemotePrintDialog &dialog = session.dialog();
+    QVERIFY(session.openPanelAt(tape));
+    QVERIFY(dialog.tick(halfCutBox));
+    QVERIFY(removeQueue(tape));
+    QVERIFY(dialog.print());
+
+    QVERIFY(session.openPanelAt(QStringLiteral("mark")));
+    const QStringList shown = dialog.shownChoices();
+    QVERIFY(dialog.print());
+    QCOMPARE(printedChoices(), shown);
+    QCOMPARE(session.end(), QString());
+    QCOMPARE(onlyError(session),
+             QStringLiteral("kvprint: the print scheduler has no printer tape"));
+}
+
+void tst_applicationfaults::spoiltInstallation_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("spoilt");
+    QTest::addColumn<QString>("contents");
+    QTest::addColumn<QString>("reason");
+    struct Spoilt
+    {
+        const char *name;
+        const char *pattern;
+        /// Null for nothing at all.
+        const char *contents;
+        const char *reason;
+    };
+    constexpr Spoilt table[] = {
+        {"no folder of bundles", "/kvprint/pde", nullptr,
+         "^kvprint: [^ ;]*/kvprint/pde: there is no panel bundle$"},
+        {"no library of the bundle", "/libKVMQRVOptions-qt\\d.so", nullptr,
+         "^kvprint: KVMQRVOptions.pde: libKVMQRVOptions-qt\\d.so is missing$"},
+        {"bundle's library is a text", "/libKVMQRVOptions-qt\\d.so", "text",
+         "^kvprint: KVMQRVOptions.pde: .*libKVMQRVOptions-qt\\d.so' is not a[^;]*$"},
+        {"no library of dialogs", "/libkvprintdialog-qt\\d.so", nullptr,
+         "^kvprint: [^ ;]*/libkvprintdialog-qt\\d.so: The shared library was not found.$"},
+        {"library of dialogs is a text", "/libkvprintdialog-qt\\d.so", "text",
+         "^kvprint: [^;]*/libkvprintdialog-qt\\d.so' is not a[^;]*$"},
+    };
+    for (size_t i = 0; i < mApplications.size(); ++i) {
+        for (const Spoilt &spoilt : table) {
+            QTest::addRow("%s, %s", mApplications[i].name, spoilt.name)
+                << int(i) << QString::fromLatin1(spoilt.pattern)
+                << QString::fromLatin1(spoilt.contents) << QString::fromLatin1(spoilt.reason);
+        }
+    }
+}
+
+void tst_applicationfaults::spoiltInstallation()
+{
+    QFETCH(const QString, spoilt);
+    QFETCH(const QString, contents);
+    QFETCH(const QString, reason);
+    const PlugInTree tree;
+    QVERIFY(tree.isCopied());
+    QVERIFY(contents.isNull() ? tree.remove(spoilt) : tree.overwrite(spoilt, contents.toUtf8()));
+
+    ApplicationSession session(mDisplay, application(), {{}, tree.libraries()});
+    RemotePrintDialog &dialog = session.dialog();
+    QVERIFY(session.openAt(tape));
+    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(dialog.cancel());
+    QVERIFY(session.openAt(tape));
+    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(dialog.print());
+    QCOMPARE(printedChoices(), QStringList());
+    QCOMPARE(session.end(), QString());
+    const QString error = onlyError(session);
+    QVERIFY2(QRegularExpression(reason).match(error).hasMatch(), qPrintable(error));
+}
+
+QTEST_GUILESS_MAIN(tst_applicationfaults)
+#include "tst_applicationfaults.moc"
