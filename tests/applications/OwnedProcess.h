@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QProcess>
+#include "demo/BoundProcess.h"
 
-/// A process that ends with this one, even when this one crashes.
-class OwnedProcess : public QProcess
+/// A process that is stopped when it goes out of scope.
+class OwnedProcess : public BoundProcess
 {
     Q_OBJECT
 
