@@ -54,9 +54,10 @@ std::vector<Application> table()
 #endif
         {"printapp-exec", 6, KV_PRINTAPP, words("exec --own-tab"), "", "Ctrl+P", "Ctrl+Q", true},
         {"printapp-open", 6, KV_PRINTAPP, words("open --keep"), "", "Ctrl+P", "Ctrl+Q", true},
-        {"printapp-show", 6, KV_PRINTAPP, words("show"), "", "Ctrl+P", "Ctrl+Q", true},
+        {"printapp-show", 6, KV_PRINTAPP, words("show --subclass"), "", "Ctrl+P", "Ctrl+Q", true},
 #ifdef KV_PRINTAPP_QT5
-        {"printapp5-exec", 5, KV_PRINTAPP_QT5, words("exec --keep"), "", "Ctrl+P", "Ctrl+Q", true},
+        {"printapp5-exec", 5, KV_PRINTAPP_QT5, words("exec --keep --subclass"), "", "Ctrl+P",
+         "Ctrl+Q", true},
         {"printapp5-show", 5, KV_PRINTAPP_QT5, words("show --own-tab"), "", "Ctrl+P", "Ctrl+Q",
          true},
 #endif

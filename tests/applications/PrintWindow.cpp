@@ -1,5 +1,7 @@
 #include "PrintWindow.h"
 
+#include "OwnPrintDialog.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QMenuBar>
@@ -35,7 +37,9 @@ QPrintDialog *PrintWindow::makeDialog()
         return mDialog;
     }
     mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    mDialog = new QPrintDialog(mPrinter.get(), this);
+    mDialog = mWays.contains(QStringLiteral("--subclass"))
+                  ? new OwnPrintDialog(mPrinter.get(), this)
+                  : new QPrintDialog(mPrinter.get(), this);
     if (mWays.contains(QStringLiteral("--own-tab"))) {
         addOwnTab(*mDialog);
     }

@@ -15,7 +15,8 @@ class PrintWindow : public QMainWindow
 
 public:
     /// @param ways how the dialog is shown ("exec", "open" or "show"), "--keep" to use one dialog
-    ///        and printer again and again, "--own-tab" for a tab of the application's own in it.
+    ///        and printer again and again, "--own-tab" for a tab of the application's own in it,
+    ///        "--subclass" for a dialog of its own class.
     explicit PrintWindow(QStringList ways);
     ~PrintWindow() override;
 
