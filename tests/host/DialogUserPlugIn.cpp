@@ -1,21 +1,36 @@
 #include "demo/DialogDriver.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QGenericPlugin>
 #include <QPrintDialog>
 #include <QTimer>
 
+#include <cstdio>
+#include <utility>
+
 namespace {
 constexpr int lookMs = 20;
 
-/// Ticks half cut in the print dialog of its process, and accepts or cancels it.
+/// Writes what stands on the dialog's buttons to standard output, one a line.
+void tellButtons(const QPrintDialog &dialog)
+{
+    const auto *box = dialog.findChild<QDialogButtonBox *>();
+    const auto buttons = box->buttons();
+    for (const QAbstractButton *button : buttons) {
+        std::puts(qPrintable(button->text().remove(QLatin1Char('&'))));
+    }
+}
+
+/// Ticks half cut in the print dialog of its process, and accepts or cancels it; or tells of it.
 class DialogUser : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit DialogUser(bool accepts)
-        : mAccepts(accepts)
+    explicit DialogUser(QString deed)
+        : mDeed(std::move(deed))
     {
         connect(&mTimer, &QTimer::timeout, this, &DialogUser::look);
         mTimer.start(lookMs);
@@ -30,30 +45,33 @@ private:
         }
         mTimer.stop();
         DialogDriver user(*dialog);
+        if (mDeed == QLatin1String("tell")) {
+            tellButtons(*dialog);
+            user.cancel();
+            return;
+        }
+        const bool accepts = mDeed == QLatin1String("accept");
         const bool ticked = user.showOptions() && user.showTab(QStringLiteral("Cut Options")) &&
                             user.click(QStringLiteral("mHalfCutChkBx"));
-        if (!ticked || !(mAccepts ? user.print() : user.cancel())) {
+        if (!ticked || !(accepts ? user.print() : user.cancel())) {
             QApplication::exit(EXIT_FAILURE);
         }
     }
 
     QTimer mTimer;
-    bool mAccepts;
+    QString mDeed;
 };
 } // namespace
 
 /// Works the print dialog of a process that is started with
-/// QT_QPA_GENERIC_PLUGINS=dialoguser:accept or dialoguser:cancel.
+/// QT_QPA_GENERIC_PLUGINS=dialoguser:accept, dialoguser:cancel or dialoguser:tell.
 class DialogUserPlugIn : public QGenericPlugin
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "DialogUserPlugIn.json")
 
 public:
-    QObject *create(const QString &, const QString &deed) override
-    {
-        return new DialogUser(deed == QLatin1String("accept"));
-    }
+    QObject *create(const QString &, const QString &deed) override { return new DialogUser(deed); }
 };
 
 #include "DialogUserPlugIn.moc"

@@ -98,6 +98,8 @@ private Q_SLOTS:
     void programWithoutDisplay();
     void acceptedProgramPrints();
     void cancelledProgramPrintsNothing();
+    void dialogSpeaksTheUsersLanguage_data();
+    void dialogSpeaksTheUsersLanguage();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     PrintingSite mSite;
@@ -540,6 +542,27 @@ void tst_commandline::cancelledProgramPrintsNothing()
                                environmentWithUser(QStringLiteral("cancel")));
     QVERIFY2(run.status == 1, qPrintable(run.errors));
     QCOMPARE(mSite.scheduler().jobIds(), before);
+}
+
+void tst_commandline::dialogSpeaksTheUsersLanguage_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("cancel");
+    QTest::newRow("English") << u"en_GB.UTF-8"_qs << u"Cancel"_qs;
+    QTest::newRow("German") << u"de_DE.UTF-8"_qs << u"Abbrechen"_qs;
+    QTest::newRow("no texts of Qt's") << u"sw_KE.UTF-8"_qs << u"Cancel"_qs;
+}
+
+void tst_commandline::dialogSpeaksTheUsersLanguage()
+{
+    QFETCH(const QString, locale);
+    QFETCH(const QString, cancel);
+    QProcessEnvironment environment = environmentWithUser(QStringLiteral("tell"));
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    const Run run = runProgram({u"-d"_qs, u"tape"_qs, mSite.document()}, environment);
+    QVERIFY2(run.status == 1, qPrintable(run.errors));
+    const QStringList buttons = run.output.split(u'\n');
+    QVERIFY2(buttons.contains(cancel), qPrintable(run.output));
 }
 
 QTEST_MAIN(tst_commandline)
