@@ -5,7 +5,7 @@
 
 #include <QDir>
 
-QObject *PrintDialogPlugIn::create(const QString & /*key*/, const QString & /*specification*/)
+QObject *PrintDialogPlugIn::create(const QString & /*key*/, const QString & /*details*/)
 {
     if (qgetenv("KVPRINT_DIALOG") == "off") {
         return new QObject;

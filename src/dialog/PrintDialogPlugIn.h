@@ -14,5 +14,5 @@ class PrintDialogPlugIn : public QGenericPlugin
 public:
     /// An object that Qt deletes with the application: it must not have a parent. It does nothing
     /// when KVPRINT_DIALOG is "off".
-    QObject *create(const QString &key, const QString &specification) override;
+    QObject *create(const QString &key, const QString &details) override;
 };

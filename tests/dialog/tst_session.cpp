@@ -284,7 +284,7 @@ void tst_session::scriptSeesItsOwnValues_data()
     QTest::newRow("alone") << QStringLiteral("kvprintdialog");
     QTest::newRow("first") << QStringLiteral("kvprintdialog,tuio");
     QTest::newRow("last") << QStringLiteral("tuio,kvprintdialog");
-    QTest::newRow("with a specification") << QStringLiteral("tuio,kvprintdialog:x,libinput");
+    QTest::newRow("with details") << QStringLiteral("tuio,kvprintdialog:x,libinput");
 }
 
 void tst_session::scriptSeesItsOwnValues()
