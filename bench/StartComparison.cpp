@@ -4,7 +4,6 @@
 
 #include <QFileInfo>
 #include <QProcess>
-#include <QProcessEnvironment>
 
 #include <chrono>
 #include <iomanip>
@@ -22,12 +21,13 @@ constexpr int timeoutMs = 30'000;
 /// What QT_QPA_GENERIC_PLUGINS says.
 enum class PlugIn { None, Unknown, Ours };
 
-QProcessEnvironment environment(const QString &pluginFolder, PlugIn plugIn)
+QProcessEnvironment environment(const StartedApplication &application, PlugIn plugIn)
 {
     const QString plugins = QStringLiteral("QT_QPA_GENERIC_PLUGINS");
-    auto environment = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment environment = application.environment;
+    environment.insert(QStringLiteral("LD_PRELOAD"), application.leaver);
     // Qt looks for plug-ins in as many folders in all cases.
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), pluginFolder);
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), application.pluginFolder);
     environment.remove(plugins);
     if (plugIn != PlugIn::None) {
         environment.insert(plugins, plugIn == PlugIn::Ours ? QStringLiteral("kvprintdialog")
@@ -36,13 +36,12 @@ QProcessEnvironment environment(const QString &pluginFolder, PlugIn plugIn)
     return environment;
 }
 
-QByteArray outputOf(const QString &program, const QStringList &arguments,
-                    const QProcessEnvironment &environment)
+QByteArray outputOf(const QString &program, const QProcessEnvironment &environment)
 {
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::SeparateChannels);
-    process.start(program, arguments, QIODevice::ReadOnly);
+    process.start(program, QStringList(), QIODevice::ReadOnly);
     if (!process.waitForFinished(timeoutMs) || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0) {
         throw std::runtime_error(program.toStdString() +
@@ -74,7 +73,7 @@ Times timesOf(const QString &program, const QProcessEnvironment &environment)
 {
     const double processorBefore = processorSeconds();
     const auto before = std::chrono::steady_clock::now();
-    outputOf(program, {}, environment);
+    outputOf(program, environment);
     const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - before;
     return {wall.count(), processorSeconds() - processorBefore};
 }
@@ -104,12 +103,12 @@ struct Beside
     PairedTimes processor;
 
     /// Starts both; which comes first is for the caller to alternate.
-    void measurePair(const QString &program, const QString &pluginFolder, bool isOtherFirst)
+    void measurePair(const StartedApplication &application, bool isOtherFirst)
     {
-        const auto others = environment(pluginFolder, other);
-        const auto ours = environment(pluginFolder, PlugIn::Ours);
-        const Times early = timesOf(program, isOtherFirst ? others : ours);
-        const Times late = timesOf(program, isOtherFirst ? ours : others);
+        const auto others = environment(application, other);
+        const auto ours = environment(application, PlugIn::Ours);
+        const Times early = timesOf(application.program, isOtherFirst ? others : ours);
+        const Times late = timesOf(application.program, isOtherFirst ? ours : others);
         const auto [first, second] = isOtherFirst ? std::pair(early, late) : std::pair(late, early);
         wall.add(first.wall, second.wall);
         processor.add(first.processor, second.processor);
@@ -117,14 +116,13 @@ struct Beside
 };
 } // namespace
 
-StartComparison::StartComparison(QString program, QString pluginFolder, QString buildFolder)
-    : mProgram(std::move(program))
-    , mPluginFolder(std::move(pluginFolder))
+StartComparison::StartComparison(StartedApplication application, QString buildFolder)
+    : mApplication(std::move(application))
     , mBuildFolder(std::move(buildFolder))
 {
 }
 
-void StartComparison::run(std::ostream &stream, const std::string &title) const
+void StartComparison::run(std::ostream &stream) const
 {
     if (!mappedLibraries(false).isEmpty() || mappedLibraries(true).isEmpty()) {
         throw std::runtime_error("the plug-in is not loaded as it should be");
@@ -134,10 +132,10 @@ void StartComparison::run(std::ostream &stream, const std::string &title) const
         {"beside a start with a plug-in that Qt does not find", PlugIn::Unknown, {}, {}}};
     for (int i = 0; i < pairs; ++i) {
         for (Beside &beside : comparisons) {
-            beside.measurePair(mProgram, mPluginFolder, i % 2 == 0);
+            beside.measurePair(mApplication, i % 2 == 0);
         }
     }
-    stream << title << ", " << pairs << " pairs of starts each\n  mapped of ours: "
+    stream << mApplication.title << ", " << pairs << " pairs of starts each\n  mapped of ours: "
            << mappedLibraries(true).join(QStringLiteral(", ")).toStdString() << "\n";
     for (const Beside &beside : comparisons) {
         stream << "  " << beside.title << "\n"
@@ -147,13 +145,13 @@ void StartComparison::run(std::ostream &stream, const std::string &title) const
 
 QStringList StartComparison::mappedLibraries(bool hasPlugIn) const
 {
-    const QByteArray maps =
-        outputOf(mProgram, {QStringLiteral("--maps")},
-                 environment(mPluginFolder, hasPlugIn ? PlugIn::Ours : PlugIn::None));
+    auto surroundings = environment(mApplication, hasPlugIn ? PlugIn::Ours : PlugIn::None);
+    surroundings.insert(QStringLiteral("KV_BENCH_MAPS"), QStringLiteral("1"));
+    const QStringList known = {mApplication.program, mApplication.leaver};
     QStringList libraries;
-    for (const QByteArray &line : maps.split('\n')) {
+    for (const QByteArray &line : outputOf(mApplication.program, surroundings).split('\n')) {
         const QString path = QString::fromLocal8Bit(line.mid(line.indexOf('/')));
-        if (line.contains('/') && path.startsWith(mBuildFolder) && path != mProgram) {
+        if (line.contains('/') && path.startsWith(mBuildFolder) && !known.contains(path)) {
             libraries.append(QStringLiteral("%1 (%2 KB)")
                                  .arg(QFileInfo(path).fileName())
                                  .arg(QFileInfo(path).size() / 1024));

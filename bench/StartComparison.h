@@ -1,34 +1,44 @@
 #pragma once
 
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
 #include <iosfwd>
 #include <string>
 
+/// An application that shows no print dialog.
+struct StartedApplication
+{
+    /// What it is called in the results.
+    std::string title;
+    QString program;
+    /// A library that ends it when it has been seen, as bench/start/Leaver.cpp does.
+    QString leaver;
+    /// Where its Qt finds the plug-in, in the subfolder "generic".
+    QString pluginFolder;
+    /// Where it runs: its display and its home.
+    QProcessEnvironment environment;
+};
+
 /**
  * What the plug-in costs an application that shows no print dialog: the application is started and
- * ends by itself, with the plug-in and without it in turn, many times.
+ * left when it has been seen, with the plug-in and without it in turn, many times.
  *
  * Throws std::runtime_error when the application cannot be run or does not map what it should.
  */
 class StartComparison
 {
 public:
-    /**
-     * @param program that ends by itself, and prints its mapped files when given an argument.
-     * @param pluginFolder where Qt finds the plug-in, in its subfolder "generic".
-     * @param buildFolder holds all files of ours.
-     */
-    StartComparison(QString program, QString pluginFolder, QString buildFolder);
+    /// @param buildFolder holds all files of ours.
+    StartComparison(StartedApplication application, QString buildFolder);
 
     /// Measures, and prints the times, their difference and the files of ours that are mapped.
-    void run(std::ostream &stream, const std::string &title) const;
+    void run(std::ostream &stream) const;
 
 private:
     QStringList mappedLibraries(bool hasPlugIn) const;
 
-    QString mProgram;
-    QString mPluginFolder;
+    StartedApplication mApplication;
     QString mBuildFolder;
 };

@@ -6,9 +6,11 @@
 #include "bench/Openings.h"
 #include "bench/RatioTable.h"
 #include "bench/StartComparison.h"
+#include "tests/applications/DisplayServer.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -17,6 +19,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <stdexcept>
+#include <vector>
 
 namespace {
 /// As a shell tells that a program was interrupted.
@@ -71,20 +74,44 @@ void run(const QString &home)
                {Openings::comparisons(), Clicks::comparisons(), Drawings::comparisons()});
 }
 
-/// What the plug-in costs applications that do not print, of each Qt that it was built for.
-void compareStarts()
+/// Applications that do not print: a small one without a display, and one that people use.
+std::vector<StartedApplication> startedApplications(const QString &display)
 {
     const QString build = QStringLiteral(KV_BUILD_FOLDER);
-    for (const int qt : {6, 5}) {
-        const QString program =
-            QStringLiteral("%1/bin/kvprint-bench-start-qt%2").arg(build).arg(qt);
+    const auto offscreen = QProcessEnvironment::systemEnvironment();
+    auto onDisplay = offscreen;
+    onDisplay.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    onDisplay.insert(QStringLiteral("DISPLAY"), display);
+    std::vector<StartedApplication> applications;
+    const auto add = [&](int qt, const QString &used) {
+        const QString own = QStringLiteral("%1/bin/kvprint-bench-start-qt%2").arg(build).arg(qt);
+        const QString leaver =
+            QStringLiteral("%1/bin/libkvprint-bench-leave-qt%2.so").arg(build).arg(qt);
         const QString plugins = QStringLiteral(KV_LIBRARIES "/qt%1/plugins").arg(qt);
-        if (QFile::exists(program)) {
-            std::cout << "\n";
-            StartComparison(program, plugins, build)
-                .run(std::cout,
-                     "An application of Qt " + std::to_string(qt) + " that shows no print dialog");
-        }
+        const std::string qtName = " (Qt " + std::to_string(qt) + ")";
+        applications.push_back(
+            {"A window without a display" + qtName, own, leaver, plugins, offscreen});
+        applications.push_back({QFileInfo(used).fileName().toStdString() + " at a display" + qtName,
+                                used, leaver, plugins, onDisplay});
+    };
+    add(6, QStringLiteral(KV_QT6_TOOLS "/linguist"));
+#ifdef KV_HAS_QT5
+    add(5, QStringLiteral("/usr/bin/qpdfview"));
+#endif
+    return applications;
+}
+
+/// What the plug-in costs applications that do not print.
+void compareStarts()
+{
+    DisplayServer server;
+    const QString fault = server.open();
+    if (!fault.isEmpty()) {
+        throw std::runtime_error(fault.toStdString());
+    }
+    for (const StartedApplication &application : startedApplications(server.name())) {
+        std::cout << "\n";
+        StartComparison(application, QStringLiteral(KV_BUILD_FOLDER)).run(std::cout);
     }
 }
 } // namespace

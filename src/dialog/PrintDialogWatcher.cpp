@@ -1,8 +1,10 @@
 #include "dialog/PrintDialogWatcher.h"
 
+#include "dialog/OwnFile.h"
 #include "dialog/PrintDialogExtender.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEvent>
 #include <QPluginLoader>
 
@@ -21,8 +23,7 @@ bool isExtended(const QObject &dialog)
 }
 } // namespace
 
-PrintDialogWatcher::PrintDialogWatcher(QString extenderPath)
-    : mExtenderPath(std::move(extenderPath))
+PrintDialogWatcher::PrintDialogWatcher()
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -50,15 +51,15 @@ void PrintDialogWatcher::extend(QObject *dialog)
 
 void PrintDialogWatcher::loadExtender()
 {
-    QPluginLoader loader(mExtenderPath);
+    const QString path = QDir::cleanPath(ownFolder() + QStringLiteral("/" KV_EXTENDER));
+    QPluginLoader loader(path);
     mExtender = qobject_cast<PrintDialogExtender *>(loader.instance());
     if (!mExtender) {
         const QString fault = loader.isLoaded() ? QStringLiteral("it does not extend print dialogs")
                                                 : loader.errorString();
         // Not every fault that the loader tells names the file.
-        const QString named = fault.contains(mExtenderPath)
-                                  ? fault
-                                  : QStringLiteral("%1: %2").arg(mExtenderPath, fault);
+        const QString named =
+            fault.contains(path) ? fault : QStringLiteral("%1: %2").arg(path, fault);
         std::fprintf(stderr, "kvprint: %s\n", named.toLocal8Bit().constData());
     }
 }

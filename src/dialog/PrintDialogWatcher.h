@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
 
 class PrintDialogExtender;
 
@@ -14,8 +13,7 @@ class PrintDialogWatcher : public QObject
     Q_OBJECT
 
 public:
-    /// @param extenderPath the library with the PrintDialogExtender.
-    explicit PrintDialogWatcher(QString extenderPath);
+    PrintDialogWatcher();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -23,7 +21,6 @@ private:
     void extend(QObject *dialog);
     void loadExtender();
 
-    QString mExtenderPath;
     PrintDialogExtender *mExtender = nullptr;
     bool mHasTriedToLoad = false;
 };
