@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>للشريط الذي لا تستطيع الطابعة قصه. يوقف كل أنواع القص.</translation>
+        <translation>للشريط الذي لا تستطيع الطابعة قصه. يوقف القص النصفي والقص بين الملصقات.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -221,7 +221,7 @@
     </message>
     <message>
         <source>RS_Help_Count</source>
-        <translation>رقم من %1 إلى %2.</translation>
+        <translation>عدد من %1 إلى %2.</translation>
     </message>
     <message>
         <source>RS_Help_Presets</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>هذا شريط خاص لا يُقص.</translation>
+        <translation>هذا شريط خاص لا يُقص بين الملصقات.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>RS_CutAtEvery</source>
-        <translation>Schneiden alle</translation>
+        <translation>Schnitt alle</translation>
     </message>
     <message>
         <source>RS_Labels</source>
@@ -185,7 +185,7 @@
     </message>
     <message>
         <source>RS_Help_CutEvery</source>
-        <translation>Schneidet den Streifen jeweils nach so vielen Etiketten ab.</translation>
+        <translation>Schneidet den Streifen jeweils nach der angegebenen Anzahl von Etiketten ab.</translation>
     </message>
     <message>
         <source>RS_Help_CutAtEnd</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Für Band, das der Drucker nicht schneiden kann. Schaltet jeden Schnitt aus.</translation>
+        <translation>Für Band, das der Drucker nicht schneiden kann. Schaltet Halbschnitte und die Schnitte zwischen den Etiketten aus.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>RS_Help_Presets</source>
-        <translation>Kreuzt die Kästchen einer üblichen Kombination der Optionen an.</translation>
+        <translation>Aktiviert die Kontrollkästchen einer üblichen Kombination der Optionen.</translation>
     </message>
     <message>
         <source>RS_Why_Tape</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>RS_Why_Needs</source>
-        <translation>Verfügbar, wenn „%1“ angekreuzt ist.</translation>
+        <translation>Verfügbar, wenn „%1“ aktiviert ist.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>Es ist ein Spezialband, das nicht geschnitten wird.</translation>
+        <translation>Es ist ein Spezialband, das zwischen den Etiketten nicht geschnitten wird.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>
@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>Cut Every</source>
-        <translation>Schneiden alle</translation>
+        <translation>Schnitt alle</translation>
     </message>
     <message>
         <source>Cut at End</source>

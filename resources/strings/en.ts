@@ -201,7 +201,7 @@
     <message>
         <source>RS_Help_CutEvery</source>
         <extracomment>The RS_Help texts are tool tips of the check boxes, and are read out by assistive technology.</extracomment>
-        <translation>Cuts the strip after every so many labels.</translation>
+        <translation>Cuts the strip each time this number of labels has been printed.</translation>
     </message>
     <message>
         <source>RS_Help_CutAtEnd</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>For tape that the printer cannot cut. Turns all cutting off.</translation>
+        <translation>For tape that the printer cannot cut. Turns off half cuts and the cuts between labels.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -243,7 +243,7 @@
     <message>
         <source>RS_Help_Presets</source>
         <extracomment>Describes the list of ready-made combinations to assistive technology.</extracomment>
-        <translation>Ticks the check boxes of a usual combination of the options.</translation>
+        <translation>Selects the check boxes of a usual combination of the options.</translation>
     </message>
     <message>
         <source>RS_Why_Tape</source>
@@ -262,7 +262,7 @@
     <message>
         <source>RS_Why_Needs</source>
         <extracomment>%1 is the text of another check box, which is not ticked.</extracomment>
-        <translation>Available when “%1” is ticked.</translation>
+        <translation>Available when “%1” is selected.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>It is a special tape, which is not cut.</translation>
+        <translation>It is a special tape, which is not cut between the labels.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

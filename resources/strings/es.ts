@@ -193,7 +193,7 @@
     </message>
     <message>
         <source>RS_Help_Mirror</source>
-        <translation>Imprime al revés, para leerse a través de una cinta transparente o de un cristal.</translation>
+        <translation>Imprime en espejo, para leerse a través de una cinta transparente o de un cristal.</translation>
     </message>
     <message>
         <source>RS_Help_AutoCut</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Para cintas que la impresora no puede cortar. Desactiva todos los cortes.</translation>
+        <translation>Para cintas que la impresora no puede cortar. Desactiva los medios cortes y los cortes entre etiquetas.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>RS_Why_Needs</source>
-        <translation>Disponible cuando «%1» está marcado.</translation>
+        <translation>Disponible cuando la opción «%1» está marcada.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>Es una cinta especial, que no se corta.</translation>
+        <translation>Es una cinta especial, que no se corta entre las etiquetas.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -193,7 +193,7 @@
     </message>
     <message>
         <source>RS_Help_Mirror</source>
-        <translation>Imprime à l’envers, pour une lecture à travers un ruban transparent ou une vitre.</translation>
+        <translation>Imprime en miroir, pour une lecture à travers un ruban transparent ou une vitre.</translation>
     </message>
     <message>
         <source>RS_Help_AutoCut</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Pour les rubans que l’imprimante ne peut pas couper. Désactive toutes les coupes.</translation>
+        <translation>Pour les rubans que l’imprimante ne peut pas couper. Désactive les demi-coupes et les coupes entre les étiquettes.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>RS_Why_Needs</source>
-        <translation>Disponible lorsque « %1 » est coché.</translation>
+        <translation>Disponible lorsque l’option « %1 » est cochée.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>Il s’agit d’un ruban spécial, qui n’est pas coupé.</translation>
+        <translation>Il s’agit d’un ruban spécial, qui n’est pas coupé entre les étiquettes.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -193,7 +193,7 @@
     </message>
     <message>
         <source>RS_Help_Mirror</source>
-        <translation>Stampa a rovescio, per la lettura attraverso un nastro trasparente o un vetro.</translation>
+        <translation>Stampa in modo speculare, per la lettura attraverso un nastro trasparente o un vetro.</translation>
     </message>
     <message>
         <source>RS_Help_AutoCut</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Per i nastri che la stampante non può tagliare. Disattiva tutti i tagli.</translation>
+        <translation>Per i nastri che la stampante non può tagliare. Disattiva i mezzi tagli e i tagli tra le etichette.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>RS_Why_Needs</source>
-        <translation>Disponibile quando “%1” è selezionato.</translation>
+        <translation>Disponibile quando l’opzione “%1” è selezionata.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>È un nastro speciale, che non viene tagliato.</translation>
+        <translation>È un nastro speciale, che non viene tagliato tra le etichette.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>プリンターでカットできないテープに使用します。すべてのカットがオフになります。</translation>
+        <translation>プリンターでカットできないテープに使用します。ハーフカットとラベル間のカットがオフになります。</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>特殊テープのため、カットされません。</translation>
+        <translation>特殊テープのため、ラベルの間ではカットされません。</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

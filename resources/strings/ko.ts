@@ -201,7 +201,7 @@
     </message>
     <message>
         <source>RS_Help_HalfCut</source>
-        <translation>라벨만 절단하고 뒷면 용지는 남겨 두어 쉽게 떼어 낼 수 있습니다.</translation>
+        <translation>라벨만 절단하고 이형지는 남겨 두어 쉽게 떼어 낼 수 있습니다.</translation>
     </message>
     <message>
         <source>RS_Help_ChainPrint</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>프린터가 절단할 수 없는 테이프에 사용합니다. 모든 절단이 꺼집니다.</translation>
+        <translation>프린터가 절단할 수 없는 테이프에 사용합니다. 반절단과 라벨 사이의 절단이 꺼집니다.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,11 +265,11 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>절단하지 않는 특수 테이프입니다.</translation>
+        <translation>라벨 사이에서 절단하지 않는 특수 테이프입니다.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>
-        <translation>라벨만 절단되고 뒷면 용지는 남아 있어 쉽게 떼어 낼 수 있습니다.</translation>
+        <translation>라벨만 절단되고 이형지는 남아 있어 쉽게 떼어 낼 수 있습니다.</translation>
     </message>
     <message>
         <source>RS_Strip_ChainPrint</source>

@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>RS_ChainPrinting</source>
-        <translation>Kettingafdrukken</translation>
+        <translation>Kettingafdruk</translation>
     </message>
     <message>
         <source>RS_SpecialTape</source>
@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>RS_STitle_ChainPrint</source>
-        <translation>Kettingafdrukken</translation>
+        <translation>Kettingafdruk</translation>
     </message>
     <message>
         <source>RS_STitle_SpecialTape</source>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>RS_Preset_AHCMOffOffOnOff</source>
-        <translation>Kettingafdrukken</translation>
+        <translation>Kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_AHCMOffOnOffOff</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>RS_Preset_AHCMOffOnOnOff</source>
-        <translation>Half snijden en kettingafdrukken</translation>
+        <translation>Half snijden en kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_AHCMOnOffOffOff</source>
@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>RS_Preset_AHCMOnOffOnOff</source>
-        <translation>Automatisch snijden en kettingafdrukken</translation>
+        <translation>Automatisch snijden en kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_AHCMOnOnOffOff</source>
@@ -161,7 +161,7 @@
     </message>
     <message>
         <source>RS_Preset_AHCMOnOnOnOff</source>
-        <translation>Automatisch snijden, half snijden en kettingafdrukken</translation>
+        <translation>Automatisch snijden, half snijden en kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_SPMROnOff</source>
@@ -173,11 +173,11 @@
     </message>
     <message>
         <source>RS_Preset_CTMROnOnOff</source>
-        <translation>Snijtekens en kettingafdrukken</translation>
+        <translation>Snijtekens en kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_CTMROffOnOff</source>
-        <translation>Kettingafdrukken</translation>
+        <translation>Kettingafdruk</translation>
     </message>
     <message>
         <source>RS_Preset_CTMROffOffOff</source>
@@ -201,7 +201,7 @@
     </message>
     <message>
         <source>RS_Help_HalfCut</source>
-        <translation>Snijdt het label maar niet de achterkant, zodat het gemakkelijk loslaat.</translation>
+        <translation>Snijdt het label maar niet het rugpapier, zodat het gemakkelijk loslaat.</translation>
     </message>
     <message>
         <source>RS_Help_ChainPrint</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Voor tape die de printer niet kan snijden. Schakelt alle snijopties uit.</translation>
+        <translation>Voor tape die de printer niet kan snijden. Schakelt half snijden en het snijden tussen de labels uit.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,11 +265,11 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>Het is een speciale tape, die niet wordt gesneden.</translation>
+        <translation>Het is een speciale tape, die niet tussen de labels wordt gesneden.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>
-        <translation>De labels worden gesneden maar de achterkant niet, zodat ze gemakkelijk loslaten.</translation>
+        <translation>De labels worden gesneden maar het rugpapier niet, zodat ze gemakkelijk loslaten.</translation>
     </message>
     <message>
         <source>RS_Strip_ChainPrint</source>
@@ -309,7 +309,7 @@
     </message>
     <message>
         <source>Chain Printing</source>
-        <translation>Kettingafdrukken</translation>
+        <translation>Kettingafdruk</translation>
     </message>
     <message>
         <source>Special Tape</source>

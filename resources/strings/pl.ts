@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Do taśmy, której drukarka nie może ciąć. Wyłącza wszystkie rodzaje cięcia.</translation>
+        <translation>Do taśmy, której drukarka nie może ciąć. Wyłącza półcięcia i cięcia między etykietami.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>To taśma specjalna, która nie jest cięta.</translation>
+        <translation>To taśma specjalna, która nie jest cięta między etykietami.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

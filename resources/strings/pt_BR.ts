@@ -193,7 +193,7 @@
     </message>
     <message>
         <source>RS_Help_Mirror</source>
-        <translation>Imprime ao contrário, para leitura através de fita transparente ou vidro.</translation>
+        <translation>Imprime de forma espelhada, para leitura através de fita transparente ou vidro.</translation>
     </message>
     <message>
         <source>RS_Help_AutoCut</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>Para fitas que a impressora não consegue cortar. Desativa todos os cortes.</translation>
+        <translation>Para fitas que a impressora não consegue cortar. Desativa os meios cortes e os cortes entre as etiquetas.</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -241,7 +241,7 @@
     </message>
     <message>
         <source>RS_Why_Needs</source>
-        <translation>Disponível quando “%1” está marcado.</translation>
+        <translation>Disponível quando a opção “%1” está marcada.</translation>
     </message>
     <message>
         <source>RS_Why_Reopen</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>É uma fita especial, que não é cortada.</translation>
+        <translation>É uma fita especial, que não é cortada entre as etiquetas.</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -201,7 +201,7 @@
     </message>
     <message>
         <source>RS_Help_HalfCut</source>
-        <translation>只裁切标签而不裁切背纸，便于撕下。</translation>
+        <translation>只裁切标签而不裁切底纸，便于撕下。</translation>
     </message>
     <message>
         <source>RS_Help_ChainPrint</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>用于打印机无法裁切的标签带。将关闭所有裁切。</translation>
+        <translation>用于打印机无法裁切的标签带。将关闭半切和标签之间的裁切。</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,11 +265,11 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>这是不裁切的特殊标签带。</translation>
+        <translation>这是不在标签之间裁切的特殊标签带。</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>
-        <translation>只裁切标签而不裁切背纸，标签便于撕下。</translation>
+        <translation>只裁切标签而不裁切底纸，标签便于撕下。</translation>
     </message>
     <message>
         <source>RS_Strip_ChainPrint</source>

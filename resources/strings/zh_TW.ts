@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>RS_Help_SpecialTape</source>
-        <translation>用於印表機無法裁切的標籤帶。會關閉所有裁切。</translation>
+        <translation>用於印表機無法裁切的標籤帶。會關閉半切和標籤之間的裁切。</translation>
     </message>
     <message>
         <source>RS_Help_RemoveBlkSpace</source>
@@ -265,7 +265,7 @@
     </message>
     <message>
         <source>RS_Strip_SpecialTape</source>
-        <translation>這是不裁切的特殊標籤帶。</translation>
+        <translation>這是不在標籤之間裁切的特殊標籤帶。</translation>
     </message>
     <message>
         <source>RS_Strip_HalfCut</source>

@@ -89,14 +89,16 @@ StripWords OptionPDE13_v400_::stripWords() const
     strip.isSpecialTape = isOn(mSpecialTapeChkBx);
     strip.isMirrored = isOn(mMirrorPrintChkBx);
     strip.hasNoBlankSpace = isOn(mRemoveBlkSpaceChkBx) && isControlEnabled(mRemoveBlkSpaceChkBx);
+    strip.isCutAtEnd = isOn(mCutAndEndChkBx);
     if (strip.isSpecialTape) {
         return strip;
     }
     strip.isCut = isOn(mCutEveryChkBx) || isOn(mAutoCutChkBx);
-    strip.isCutAtEnd = isOn(mCutAndEndChkBx);
     strip.isHalfCut = isOn(mHalfCutChkBx);
     strip.isChained = isOn(mChainPrintChkBx);
     strip.hasCutMarks = isOn(mCutMarkChkBx);
+    // A tape printer cuts after the last label, too, unless that waits for the next job.
+    strip.isCutAtEnd = strip.isCutAtEnd || (!isRVPrinter() && strip.isCut && !strip.isChained);
     if (isOn(mCutEveryChkBx) && mCutEveryTxBx) {
         strip.count = mCutEveryTxBx->text();
     }

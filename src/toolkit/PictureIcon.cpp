@@ -6,9 +6,10 @@
 #include <QStyleOption>
 
 namespace {
+/// Grey when disabled; else as it is, as a tint for the selected item would hide what it shows.
 QPixmap inMode(QIcon::Mode mode, const QPixmap &picture)
 {
-    if (mode == QIcon::Normal) {
+    if (mode != QIcon::Disabled) {
         return picture;
     }
     QStyleOption option;

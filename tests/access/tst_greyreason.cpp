@@ -35,7 +35,7 @@ constexpr auto blank = OptionCatalogue::RemoveBlkSpace;
 
 const QString onThisTape = QStringLiteral("Not available on this tape.");
 const QString withSpecialTape = QStringLiteral("Not available together with “KvSpecialTape”.");
-const QString withoutCutEvery = QStringLiteral("Available when “KvCutLabel” is ticked.");
+const QString withoutCutEvery = QStringLiteral("Available when “KvCutLabel” is selected.");
 const QString reopen = QStringLiteral(
     "Not available since the tape was changed. Open the print dialog again to use it.");
 

@@ -132,7 +132,7 @@ void StepperValueTest::disabledArrowsShowTheReason()
     QCOMPARE(up->toolTip(), u"Increase"_qs);
     fixture.click(OptionCatalogue::CutEvery);
     QCOMPARE(up->toolTip(), QString());
-    QCOMPARE(stepper->toolTip(), u"Available when “%1” is ticked."_qs.arg(
+    QCOMPARE(stepper->toolTip(), u"Available when “%1” is selected."_qs.arg(
                                      fixture.box(OptionCatalogue::CutEvery)->title()));
     fixture.click(OptionCatalogue::CutEvery);
     QCOMPARE(up->toolTip(), u"Increase"_qs);

@@ -41,7 +41,8 @@ const QString uncut = QStringLiteral("The labels stay together on one strip, whi
 const QString cut = QStringLiteral("The strip is cut between the labels.");
 const QString count = QStringLiteral("Number of labels between cuts: 7.");
 const QString end = QStringLiteral("The strip is cut at its end.");
-const QString specialTape = QStringLiteral("It is a special tape, which is not cut.");
+const QString specialTape =
+    QStringLiteral("It is a special tape, which is not cut between the labels.");
 const QString halfCut = QStringLiteral(
     "The labels are cut but their backing is not, so that they are easy to peel off.");
 const QString chained =
@@ -70,13 +71,24 @@ void StripTextTest::choicesAreToldInSentences_data()
     QTest::addColumn<bool>("labelSeries");
     QTest::addColumn<Boxes>("boxes");
     QTest::addColumn<QStringList>("sentences");
-    const auto row = [](const char *name, const QList<Option> &on, const QStringList &sentences) {
+    const auto tapeRow = [](const char *name, const QList<Option> &on,
+                            const QStringList &sentences) {
         QTest::addRow("tape printer, %s", name) << false << Boxes{on} << sentences;
+    };
+    const auto labelRow = [](const char *name, const QList<Option> &on,
+                             const QStringList &sentences) {
         QTest::addRow("label printer, %s", name) << true << Boxes{on} << sentences;
     };
+    const auto row = [&](const char *name, const QList<Option> &on, const QStringList &sentences) {
+        tapeRow(name, on, sentences);
+        labelRow(name, on, sentences);
+    };
     row("nothing", {}, {uncut});
-    row("cut every", {cutEvery}, {cut, count});
-    row("auto cut", {autoCut}, {cut});
+    tapeRow("cut every", {cutEvery}, {cut, count, end});
+    labelRow("cut every", {cutEvery}, {cut, count});
+    tapeRow("auto cut", {autoCut}, {cut, end});
+    labelRow("auto cut", {autoCut}, {cut});
+    row("auto cut and chain printing", {autoCut, chain}, {cut, chained});
     row("cut at end", {atEnd}, {end});
     row("cut every and at end", {cutEvery, atEnd}, {cut, count, end});
     row("half cut", {half}, {uncut, halfCut});
@@ -85,7 +97,8 @@ void StripTextTest::choicesAreToldInSentences_data()
     row("no blank space", {blank}, {uncut, tight});
     row("cut marks", {mark}, {uncut, marks});
     row("special tape", {special}, {specialTape});
-    row("special tape wins", {special, cutEvery, autoCut, half, chain, mark, atEnd}, {specialTape});
+    row("special tape wins", {special, cutEvery, autoCut, half, chain, mark}, {specialTape});
+    row("special tape, cut at end", {special, atEnd}, {specialTape, end});
     row("special tape, the rest", {special, mirror, blank}, {specialTape, tight, mirrored});
     row("everything but special tape", {cutEvery, atEnd, mirror, autoCut, half, chain, blank, mark},
         {cut, count, end, halfCut, chained, marks, tight, mirrored});
@@ -109,11 +122,11 @@ void StripTextTest::countIsTold()
     PanelFixture fixture(allOff());
     fixture.show();
     fixture.click(cutEvery);
-    QCOMPARE(wordsOf(fixture), QStringList({cut, count}));
+    QCOMPARE(wordsOf(fixture), QStringList({cut, count, end}));
     fixture.type(u"12"_qs);
-    QCOMPARE(wordsOf(fixture).last(), u"Number of labels between cuts: 12."_qs);
+    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 12."_qs);
     fixture.step("stepUp");
-    QCOMPARE(wordsOf(fixture).last(), u"Number of labels between cuts: 13."_qs);
+    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 13."_qs);
 }
 
 void StripTextTest::greyedBlankSpaceIsLeftOut()

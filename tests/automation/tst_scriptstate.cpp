@@ -176,7 +176,7 @@ void tst_scriptstate::allNineOptions()
         {u"mChainPrintChkBx"_qs, shownBox(72, false, u"Chain Printing"_qs)},
         {u"mMirrorPrintChkBx"_qs, shownBox(46, false, u"Mirror Printing"_qs)},
         {u"mRemoveBlkSpaceChkBx"_qs, shownBox(20, false, u"Remove Blank Space"_qs)},
-        {u"mOptionPopUpButton"_qs, shownControl({290, 260, 240, 28})},
+        {u"mOptionPopUpButton"_qs, shownControl({290, 254, 240, 26})},
     };
     const QJsonObject found = state.value(u"controls").toObject();
     QCOMPARE(found.keys(), controls.keys());

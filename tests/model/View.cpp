@@ -36,7 +36,7 @@ const std::array<NibItem, View::OutletCount> nib = {{
     {QLatin1String("mCutEveryTxBx"), 44, 68, 56, 26, QLatin1String("")},
     {QLatin1String("mCutEveryStpr"), 102, 67, 20, 28, QLatin1String("")},
     {QLatin1String("mCutEveryStr"), 128, 66, 150, 22, QLatin1String("labels")},
-    {QLatin1String("mOptionPopUpButton"), 290, 4, 240, 28, QLatin1String("")},
+    {QLatin1String("mOptionPopUpButton"), 290, 12, 240, 26, QLatin1String("")},
 }};
 
 /// A row of the view, and the presets that go when it is there or when it is not.

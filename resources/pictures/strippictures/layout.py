@@ -15,7 +15,8 @@ class Layout:
         self.edges = [snap(first + pitch * i) for i in range(strip.labels + 1)]
         self.pitch = pitch
         self.start = snap(style.start if strip.leads_blank else self.edges[0])
-        self.end = snap(style.exit - style.end_gap)  # where the printer cuts after the last label
+        # Where the strip ends when the printer cuts after the last label.
+        self.end = self.edges[-1] if strip.blank_removed else snap(style.exit - style.end_gap)
 
     def breaks(self):
         """The middle of each full cut between labels."""
@@ -65,7 +66,7 @@ class Layout:
         for left, right in zip(self.edges, self.edges[1:]):
             begin = left + (half if left in breaks else 0)
             inside = [x for x in slits if left <= x < right]
-            begin = max([begin] + [x + style.slit + style.curl * 0.8 for x in inside])
+            begin = max([begin] + [x + style.slit + style.curl for x in inside])
             bounds.append((begin, right - (half if right in breaks else 0)))
         return bounds
 
@@ -78,11 +79,14 @@ class Layout:
             areas.append((self.edges[-1], self.end if self.strip.cut_after else self.style.exit))
         return areas
 
-    def ghost(self):
-        """Start and end of the blank tape that is left out; None for none."""
+    def ghosts(self):
+        """Start and end of the blank tape that is left out, at both ends."""
         if not self.strip.blank_removed:
-            return None
-        return (self.style.start, self.edges[0])
+            return []
+        return [
+            (self.style.start, self.edges[0]),
+            (self.end + self.style.end_gap, self.style.exit),
+        ]
 
     def next_job(self):
         """Start and end of what is seen of the next job's label; None for none."""

@@ -174,18 +174,16 @@ def draw_half_cuts(layout):
             yield signs.knife(middle, style.top - 1, style.symbol, CUT)
 
 
-def draw_ghost(layout):
-    """The outline of the blank tape that is left out."""
+def draw_ghosts(layout):
+    """The outlines of the blank tape that is left out."""
     style = layout.style
-    if not layout.ghost():
-        return
-    left, right = layout.ghost()
     half = style.line / 2
-    yield path(
-        "M", right, style.top + half, "H", left + half, "V", style.bottom - half, "H", right,
-        fill="none", stroke=OUTLINE, stroke_width=style.line,
-        stroke_dasharray=f"{style.dash} {style.dash}",
-    )  # fmt: skip
+    for left, right in layout.ghosts():
+        yield path(
+            "M", right, style.top + half, "H", left + half, "V", style.bottom - half, "H", right,
+            fill="none", stroke=OUTLINE, stroke_width=style.line,
+            stroke_dasharray=f"{style.dash} {style.dash}",
+        )  # fmt: skip
 
 
 def draw_full_cuts(layout):
@@ -261,7 +259,7 @@ PARTS = (
     draw_text,
     draw_marks,
     draw_half_cuts,
-    draw_ghost,
+    draw_ghosts,
     draw_hand_cut,
     draw_printer,
     draw_chain,

@@ -42,7 +42,7 @@ class Strip:
     @property
     def trails_blank(self):
         """Whether blank tape is fed after the last label."""
-        return self.family == "tape" and not self.chained
+        return self.family == "tape" and not (self.chained or self.blank_removed)
 
 
 # Prefix of the picture's name -> the strip with all switches off, the switches in the name's order.
@@ -100,7 +100,7 @@ OPTIONS = {
     "special-tape": Strip("tape", special=True),
     "chain-printing": Strip("tape", chained=True),
     "mirror-printing": Strip("tape", mirrored=True),
-    "remove-blank-space": Strip("tape", blank_removed=True),
+    "remove-blank-space": Strip("tape", blank_removed=True, cut_at_end=True),
     "cut-mark": Strip("tape", exit="teeth", marked=True),
 }
 

@@ -83,7 +83,7 @@ class Style:
 # fmt: off
 PREVIEW = Style(
     width=240, height=92, top=33, depth=36, film=3, backing=5, start=1, lead=11, feed=27,
-    liner_feed=18, exit=214, housing=8, teeth=9, tooth=4, gap=8, end_gap=10, slit=3, tab=7,
+    liner_feed=18, exit=214, housing=8, teeth=9, tooth=4, gap=8, end_gap=10, slit=3, tab=4,
     curl=11, letter=14, pen=2.5, line=1, over=5, dash=3, hatch=6, symbol=1, link=1.1, hand=1,
     stitch=3, inset=4,
 )
