@@ -1,18 +1,13 @@
 #pragma once
 
+#include "demo/screenshots/PhotoProcess.h"
+
 #include <QDir>
 #include <QList>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <memory>
-#include <vector>
-
-/**
- * Makes all pictures, each scale and language in a process of its own: Qt takes both over when a
- * program starts.
- */
+/// Makes all pictures, those of a style with the first version of Qt that has it.
 class Campaign
 {
 public:
@@ -22,27 +17,20 @@ public:
     /// Starts a scheduler and makes everything; the number of sheets, or −1 when one is missing.
     int run();
 
-    /// Makes the sheets of the running process's language and scale; how many, or −1.
-    static int makeSheets(const QString &folder, const QString &language, const QString &scale);
+    /// The styles that there are no sheets of, since no version of Qt has them.
+    QStringList missingStyles() const { return mMissingStyles; }
 
     /// The languages that the bundle has string tables of.
     static QStringList languages();
 
 private:
-    struct Task
-    {
-        QString language;
-        QString scale;
-        QStringList arguments;
-    };
-
-    QList<Task> tasks() const;
-    /// The file that describes the screen that pictures of a scale are taken on.
-    QString screenFile(const QString &scale) const;
-    std::unique_ptr<QProcess> start(const Task &task) const;
-    bool runAll(const QList<Task> &tasks) const;
+    QList<PhotoProcess::Task> tasks() const;
+    bool runAll(const QList<PhotoProcess::Task> &tasks) const;
 
     QTemporaryDir mFolder;
     QDir mSheets;
     QDir mGuide;
+    /// For each version of Qt the styles whose sheets are made with it.
+    QList<QStringList> mStyles;
+    QStringList mMissingStyles;
 };

@@ -3,6 +3,7 @@
 #include "host/PanelHost.h"
 #include "host/PrintDialogAttachment.h"
 
+#include <QAbstractAnimation>
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
@@ -10,14 +11,62 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTest>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace {
 bool isOverDialog(const QWidget &widget, const QWidget &dialog)
 {
     const Qt::WindowType type = widget.windowType();
     return widget.isVisible() && &widget != &dialog && (type == Qt::Popup || type == Qt::ToolTip);
+}
+
+/// What has changed is drawn as it was, and a style such as Breeze moves it from there on.
+void endAnimations()
+{
+    const auto animations = QApplication::style()->findChildren<QAbstractAnimation *>();
+    for (QAbstractAnimation *animation : animations) {
+        const bool isForward = animation->direction() == QAbstractAnimation::Forward;
+        animation->setCurrentTime(isForward ? std::max(animation->totalDuration(), 0) : 0);
+    }
+}
+
+QImage pictureOf(QWidget &widget)
+{
+    widget.grab();
+    endAnimations();
+    return widget.grab().toImage();
+}
+
+/// A window over the dialog.
+struct Overlay
+{
+    QPoint place;
+    QImage picture;
+};
+
+QList<Overlay> overlaysOf(const QWidget &dialog)
+{
+    QList<Overlay> overlays;
+    const auto widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (isOverDialog(*widget, dialog)) {
+            overlays.append({widget->pos() - dialog.mapToGlobal(QPoint()), pictureOf(*widget)});
+        }
+    }
+    return overlays;
+}
+
+/// The picture of the area, given in its units; what it does not have of that is transparent.
+QImage extended(const QImage &picture, const QRectF &area)
+{
+    const qreal ratio = picture.devicePixelRatio();
+    const QRectF pixels(area.topLeft() * ratio, area.size() * ratio);
+    return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+        .copy(pixels.toAlignedRect());
 }
 } // namespace
 
@@ -37,7 +86,7 @@ bool DialogStage::open(const QString &queue)
     label.close();
     CommandLine line;
     line.printer = queue;
-    line.files = {label.fileName()};
+    line.files = QStringList{label.fileName()};
     mCommand = std::make_unique<PrintCommand>(line, QStringLiteral(KV_BUNDLE_FOLDER));
     ExitStatus status = ExitStatus::NotPrinted;
     mDialog = mCommand->prepare(&status);
@@ -114,18 +163,24 @@ bool DialogStage::showSummary()
 
 QImage DialogStage::picture() const
 {
-    QImage picture = mDialog->grab().toImage();
+    QImage picture = pictureOf(*mDialog);
+    const QList<Overlay> overlays = overlaysOf(*mDialog);
+    QRectF area = mDialog->rect();
+    for (const Overlay &overlay : overlays) {
+        const QSizeF size = QSizeF(overlay.picture.size()) / overlay.picture.devicePixelRatio();
+        area |= QRectF(overlay.place, size);
+    }
+    if (area != QRectF(mDialog->rect())) {
+        picture = extended(picture, area);
+    }
     QPainter painter(&picture);
-    const auto widgets = QApplication::topLevelWidgets();
-    for (QWidget *widget : widgets) {
-        if (isOverDialog(*widget, *mDialog)) {
-            painter.drawPixmap(widget->pos() - mDialog->mapToGlobal(QPoint()), widget->grab());
-        }
+    for (const Overlay &overlay : overlays) {
+        painter.drawImage(overlay.place - area.topLeft(), overlay.picture);
     }
     return picture;
 }
 
 QImage DialogStage::panelPicture() const
 {
-    return panelTab()->grab().toImage();
+    return pictureOf(*panelTab());
 }

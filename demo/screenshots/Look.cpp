@@ -4,10 +4,8 @@
 #include <QFont>
 #include <QPalette>
 #include <QStyle>
-#include <QStyleFactory>
 
 namespace {
-constexpr const char *styles[] = {"Fusion", "Breeze", "Windows"};
 constexpr int largeFont = 150;
 
 QPalette darkPalette()
@@ -31,35 +29,18 @@ const QFont &usualFont()
 }
 } // namespace
 
-QList<Look> Look::all(const QString &scale)
+QList<Look> Look::all(const QStringList &styles, const QString &scale)
 {
     QList<Look> looks;
-    const QStringList available = QStyleFactory::keys();
-    for (const char *style : styles) {
-        const QLatin1String name(style);
-        if (!available.contains(name, Qt::CaseInsensitive)) {
-            continue;
-        }
+    for (const QString &style : styles) {
         for (const bool isDark : {false, true}) {
-            looks.append({name, isDark, 100});
+            looks.append({style, isDark, 100});
             if (scale == QLatin1String("1")) {
-                looks.append({name, isDark, largeFont});
+                looks.append({style, isDark, largeFont});
             }
         }
     }
     return looks;
-}
-
-QStringList Look::missingStyles()
-{
-    const QStringList available = QStyleFactory::keys();
-    QStringList missing;
-    for (const char *style : styles) {
-        if (!available.contains(QLatin1String(style), Qt::CaseInsensitive)) {
-            missing.append(QLatin1String(style));
-        }
-    }
-    return missing;
 }
 
 void Look::apply() const

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// How the user has set up the desktop: style, colours and size of the font.
 struct Look
@@ -11,12 +12,9 @@ struct Look
     /// Of the font's usual size.
     int fontPercent = 100;
 
-    /// Those that sheets are made of at a scale: every style in both themes, at the scale 1 with a
+    /// Those that sheets are made of at a scale: the styles in both themes, at the scale 1 with a
     /// large font, too.
-    static QList<Look> all(const QString &scale);
-
-    /// The styles that sheets should be made of but that this Qt does not have.
-    static QStringList missingStyles();
+    static QList<Look> all(const QStringList &styles, const QString &scale);
 
     /// Gives the application this look.
     void apply() const;

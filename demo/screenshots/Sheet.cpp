@@ -1,5 +1,7 @@
 #include "demo/screenshots/Sheet.h"
 
+#include "printcore/QtVersions.h"
+
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
@@ -23,7 +25,7 @@ Places placesOf(const QList<QSize> &sizes)
     Places places;
     QPoint at(margin, margin);
     int rowHeight = 0;
-    for (qsizetype i = 0; i < sizes.size(); ++i) {
+    for (QtSize i = 0; i < sizes.size(); ++i) {
         if (i > 0 && i % tilesInRow == 0) {
             at = QPoint(margin, at.y() + rowHeight + margin);
             rowHeight = 0;
@@ -50,7 +52,8 @@ bool Sheet::save(const QString &path) const
     const int captionHeight = QFontMetrics(QGuiApplication::font()).height() + margin / 4;
     QList<QSize> sizes;
     for (const Tile &tile : mTiles) {
-        sizes.append(tile.picture.deviceIndependentSize().toSize() + QSize(0, captionHeight));
+        const QSizeF size = QSizeF(tile.picture.size()) / tile.picture.devicePixelRatio();
+        sizes.append(size.toSize() + QSize(0, captionHeight));
     }
     const Places places = placesOf(sizes);
     const qreal ratio = mTiles.first().picture.devicePixelRatio();
@@ -60,7 +63,7 @@ bool Sheet::save(const QString &path) const
     QPainter painter(&sheet);
     painter.setPen(Qt::white);
     painter.setFont(QGuiApplication::font());
-    for (qsizetype i = 0; i < mTiles.size(); ++i) {
+    for (QtSize i = 0; i < mTiles.size(); ++i) {
         const QPoint at = places.tiles.at(i);
         painter.drawText(QRect(at, QSize(sizes.at(i).width(), captionHeight)), Qt::AlignTop,
                          mTiles.at(i).caption);

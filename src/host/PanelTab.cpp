@@ -6,11 +6,20 @@
 #include <QScrollBar>
 #include <QShowEvent>
 
+#include <cmath>
+
 namespace {
 /// The part of the screen's height that is left to the dialog around the tab.
 constexpr int heightOfTheRest = 420;
 /// A tab's size before there is a view, and the least that it needs of the screen.
 constexpr QSize leastSize(320, 160);
+
+/// How much smaller than it has asked for the display may make a window whose units are no whole
+/// numbers of pixels.
+int roundingLoss(qreal pixelRatio)
+{
+    return std::floor(pixelRatio) < pixelRatio ? 1 : 0;
+}
 } // namespace
 
 PanelTab::PanelTab(PanelHost &host, PDEPanel &panel, QWidget *parent)
@@ -44,7 +53,8 @@ QSize PanelTab::minimumSizeHint() const
     const int height = std::min(sizeHint().height(), std::max(room, leastSize.height()));
     const bool isScrolled = height < sizeHint().height();
     const int barWidth = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
-    return {sizeHint().width() + barWidth, height};
+    const int loss = roundingLoss(devicePixelRatioF());
+    return {sizeHint().width() + barWidth + loss, height + loss};
 }
 
 void PanelTab::showEvent(QShowEvent *event)

@@ -2,6 +2,11 @@
 
 #include "Waiting.h"
 
+DisplayServer::DisplayServer(const QSize &screen)
+    : mScreen(screen)
+{
+}
+
 QString DisplayServer::open()
 {
     const QString error = startServer();
@@ -14,8 +19,9 @@ QString DisplayServer::startServer()
     // It writes the number of a display that was free to its standard output.
     mServer.start(QStringLiteral("Xvfb"),
                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp"), QStringLiteral("-noreset")});
+                   QStringLiteral("0"),
+                   QStringLiteral("%1x%2x24").arg(mScreen.width()).arg(mScreen.height()),
+                   QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
     const bool isReady = waitFor([this] {
         return mServer.state() == QProcess::NotRunning || mServer.canReadLine() ||
                mServer.waitForReadyRead(0);
