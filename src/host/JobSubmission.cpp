@@ -1,5 +1,7 @@
 #include "host/JobSubmission.h"
 
+#include "host/PrintQueue.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -28,7 +30,7 @@ QString JobSubmission::faultOf(const QString &file)
     return {};
 }
 
-int JobSubmission::print(const QString &queue, const QStringList &files, const QString &title,
+int JobSubmission::print(const QString &printer, const QStringList &files, const QString &title,
                          const JobOptions &options, QString *error)
 {
     QByteArrayList names;
@@ -39,12 +41,13 @@ int JobSubmission::print(const QString &queue, const QStringList &files, const Q
     for (const QByteArray &name : names) {
         pointers.push_back(name.constData());
     }
+    const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     const CupsOptions cupsOptions(options);
-    const int job = cupsPrintFiles2(
-        CUPS_HTTP_DEFAULT, queue.toUtf8().constData(), int(pointers.size()), pointers.data(),
-        title.toUtf8().constData(), cupsOptions.count(), cupsOptions.data());
+    const int job =
+        cupsPrintFiles2(CUPS_HTTP_DEFAULT, queue.constData(), int(pointers.size()), pointers.data(),
+                        title.toUtf8().constData(), cupsOptions.count(), cupsOptions.data());
     if (job == 0) {
-        *error = QStringLiteral("%1: %2").arg(queue, QString::fromUtf8(cupsLastErrorString()));
+        *error = QStringLiteral("%1: %2").arg(printer, QString::fromUtf8(cupsLastErrorString()));
     }
     return job;
 }

@@ -16,10 +16,12 @@ public:
     /**
      * Sends the files as one job.
      *
+     * @param printer the queue's name, with or without an instance, whose saved options are not
+     *        added to the others.
      * @param title of the job.
      * @return the job's number; 0, with the reason in @p error and no job left behind, when it
      *         could not be sent whole.
      */
-    static int print(const QString &queue, const QStringList &files, const QString &title,
+    static int print(const QString &printer, const QStringList &files, const QString &title,
                      const JobOptions &options, QString *error);
 };

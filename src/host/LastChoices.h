@@ -4,7 +4,8 @@
 
 #include <QMap>
 
-/// What the user of an application has last chosen for each printer, while the application runs.
+/// What the user of an application has last chosen for each printer, be it a queue or an instance,
+/// while the application runs.
 class LastChoices
 {
 public:

@@ -1,6 +1,7 @@
 #include "host/PPDFile.h"
 
 #include "host/JobOptions.h"
+#include "host/PrintQueue.h"
 
 #include <QFile>
 #include <QStringList>
@@ -51,16 +52,17 @@ std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error, Mark
     return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
 }
 
-std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &queue, QString *error, Marks marks)
+std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &printer, QString *error, Marks marks)
 {
+    const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     time_t modified = 0;
     char path[1024] = {};
     const http_status_t status =
-        cupsGetPPD3(CUPS_HTTP_DEFAULT, queue.toUtf8().constData(), &modified, path, sizeof path);
+        cupsGetPPD3(CUPS_HTTP_DEFAULT, queue.constData(), &modified, path, sizeof path);
     if (status == HTTP_STATUS_NOT_FOUND) {
         return nullptr;
     }
-    const QString shownName = QStringLiteral("PPD of %1").arg(queue);
+    const QString shownName = QStringLiteral("PPD of %1").arg(printer);
     if (status != HTTP_STATUS_OK) {
         setError(error,
                  QStringLiteral("%1: %2").arg(shownName, QString::fromUtf8(cupsLastErrorString())));

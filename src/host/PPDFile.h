@@ -29,10 +29,11 @@ public:
     /**
      * Opens the PPD that the scheduler has for a queue.
      *
+     * @param printer the queue's name, with or without an instance.
      * @param error set as for open() when the result is null; left null when the queue just has no
      *        PPD.
      */
-    static std::unique_ptr<PPDFile> ofQueue(const QString &queue, QString *error,
+    static std::unique_ptr<PPDFile> ofQueue(const QString &printer, QString *error,
                                             Marks marks = Marks::Defaults);
 
     ~PPDFile();

@@ -29,6 +29,6 @@ std::optional<PanelTarget> PanelTarget::ofQueue(const QString &name, PPDFile::Ma
     JobOptions saved = queue->jobOptions();
     ppd->mark(saved);
     Paper paper = markedPaper(*ppd);
-    return PanelTarget{std::move(ppd), Printer(name, queue->deviceURI()), std::move(paper),
-                       PrintSettings(), std::move(saved)};
+    return PanelTarget{std::move(ppd), Printer(PrintQueue::queueOf(name), queue->deviceURI()),
+                       std::move(paper), PrintSettings(), std::move(saved)};
 }

@@ -23,7 +23,7 @@ struct PanelTarget
     /**
      * A queue with the options that its user has saved.
      *
-     * @param name of the queue, not empty.
+     * @param name of the queue or of an instance of it, not empty.
      * @param error set when there is no result because there is no scheduler, no such queue or a
      *        broken PPD; left null when the queue just has no PPD.
      */

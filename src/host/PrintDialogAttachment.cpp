@@ -52,13 +52,13 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
     , mReporter(reporter)
     , mLastChoices(lastChoices)
     , mRequested(requested)
-    , mHasBeenShown(dialog->isVisible())
 {
     if (QComboBox *menu = printersMenu(*mDialog)) {
         connect(menu, qOverload<int>(&QComboBox::currentIndexChanged), this,
                 &PrintDialogAttachment::followPrinter);
     }
-    connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::passChoicesToJob);
+    connect(mDialog, &QDialog::accepted, this, &PrintDialogAttachment::beAccepted);
+    connect(mDialog, &QDialog::finished, this, &PrintDialogAttachment::beFinished);
     qApp->installEventFilter(this);
     followPrinter();
     checkResourcesLater();
@@ -90,6 +90,9 @@ JobOptions PrintDialogAttachment::jobOptions() const
 
 bool PrintDialogAttachment::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == mDialog && event->type() == QEvent::Close) {
+        checkWhetherClosed();
+    }
     const bool isShow = event->type() == QEvent::Show;
     if ((!isShow && event->type() != QEvent::Hide) || event->spontaneous()) {
         return false;
@@ -107,7 +110,7 @@ void PrintDialogAttachment::beginShowing()
     // The result of the last time would look like this time's.
     mDialog->setResult(QDialog::Rejected);
     mIsHandedOver = false;
-    if (std::exchange(mHasBeenShown, true)) {
+    if (std::exchange(mIsFinished, false)) {
         buildTabs();
     }
 }
@@ -119,6 +122,30 @@ void PrintDialogAttachment::endShowing()
     if (mDialog->result() == QDialog::Accepted) {
         passChoicesToJob();
     }
+}
+
+void PrintDialogAttachment::beAccepted()
+{
+    // When the dialog is seen, the application has shown it again as soon as it was told.
+    if (!mDialog->isVisible()) {
+        passChoicesToJob();
+    }
+}
+
+void PrintDialogAttachment::beFinished(int result)
+{
+    if (!mDialog->isVisible()) {
+        mIsFinished = true;
+    } else if (result != QDialog::Accepted) {
+        // Shown again already, with the choices that the user has given up.
+        buildTabs();
+    }
+}
+
+void PrintDialogAttachment::checkWhetherClosed()
+{
+    // A dialog of a class of its own may refuse to be closed, or be closed without telling.
+    QTimer::singleShot(0, this, [this] { mIsFinished = mIsFinished || !mDialog->isVisible(); });
 }
 
 void PrintDialogAttachment::followPrinter()
@@ -160,8 +187,8 @@ void PrintDialogAttachment::buildHost()
     if (!ppd) {
         return;
     }
-    PanelTarget target{std::move(ppd), Printer(mQueue, known->deviceURI()), Paper(QString(), 0.0),
-                       PrintSettings(), JobOptions()};
+    PanelTarget target{std::move(ppd), Printer(PrintQueue::queueOf(mQueue), known->deviceURI()),
+                       Paper(QString(), 0.0), PrintSettings(), JobOptions()};
     const PPDFile &openPPD = *target.ppd;
     target.paper = paperIn(openPPD, startPaper());
     JobOptions requests = known->options();

@@ -22,7 +22,8 @@ class QPrintDialog;
  * when the user accepts.
  *
  * A printer without a PPD, or without any option of a panel's, gets no tab. A dialog that is shown
- * again starts from what the user last chose for its printer.
+ * again after the user has printed, cancelled or closed it starts from what was last chosen for its
+ * printer; one that has merely been hidden for a while keeps what its panels show.
  */
 class PrintDialogAttachment : public QObject
 {
@@ -58,6 +59,9 @@ private:
     void checkResourcesLater();
     void beginShowing();
     void endShowing();
+    void beAccepted();
+    void beFinished(int result);
+    void checkWhetherClosed();
     void followPrinter();
     void buildTabs();
     void buildHost();
@@ -84,7 +88,8 @@ private:
     QPageSize mRequestedPaper;
     /// Invalid until the user has picked a paper for the printer.
     QPageSize mPickedPaper;
-    bool mHasBeenShown;
+    /// Whether the user has printed or cancelled since the dialog was last shown.
+    bool mIsFinished = false;
     bool mIsHandedOver = false;
     bool mIsRefused = false;
 };

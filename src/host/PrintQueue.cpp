@@ -30,6 +30,16 @@ private:
     cups_dest_t *mDestinations = nullptr;
     int mCount;
 };
+
+constexpr QLatin1Char instanceSeparator('/');
+
+QString nameOf(const cups_dest_t &destination)
+{
+    const QString queue = QString::fromUtf8(destination.name);
+    return destination.instance
+               ? queue + instanceSeparator + QString::fromUtf8(destination.instance)
+               : queue;
+}
 } // namespace
 
 bool PrintQueue::schedulerAnswers(QString *error)
@@ -54,9 +64,7 @@ QStringList PrintQueue::names()
 {
     QStringList names;
     for (const cups_dest_t &destination : Destinations()) {
-        if (!destination.instance) {
-            names.append(QString::fromUtf8(destination.name));
-        }
+        names.append(nameOf(destination));
     }
     return names;
 }
@@ -65,7 +73,7 @@ QString PrintQueue::defaultName()
 {
     for (const cups_dest_t &destination : Destinations()) {
         if (destination.is_default) {
-            return QString::fromUtf8(destination.name);
+            return nameOf(destination);
         }
     }
     return {};
@@ -95,9 +103,8 @@ QString PrintQueue::choose(const QString &asked, QString *error)
 
 std::optional<PrintQueue> PrintQueue::find(const QString &name, QString *error)
 {
-    const QByteArray wanted = name.toUtf8();
     for (const cups_dest_t &destination : Destinations()) {
-        if (wanted == destination.name && !destination.instance) {
+        if (nameOf(destination) == name) {
             return PrintQueue(destination);
         }
     }
@@ -107,8 +114,13 @@ std::optional<PrintQueue> PrintQueue::find(const QString &name, QString *error)
     return std::nullopt;
 }
 
+QString PrintQueue::queueOf(const QString &name)
+{
+    return name.section(instanceSeparator, 0, 0);
+}
+
 PrintQueue::PrintQueue(const cups_dest_t &destination)
-    : mName(QString::fromUtf8(destination.name))
+    : mName(nameOf(destination))
 {
     for (int i = 0; i < destination.num_options; ++i) {
         mOptions.set(QString::fromUtf8(destination.options[i].name),

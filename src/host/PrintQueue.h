@@ -7,7 +7,12 @@
 
 #include <optional>
 
-/// A print queue of the scheduler's, as its user sees it.
+/**
+ * A print queue of the scheduler's, as its user sees it.
+ *
+ * A user may keep several sets of options for a queue: its instances, which are printers of their
+ * own to their user. Such a printer's name is "QUEUE/INSTANCE".
+ */
 class PrintQueue
 {
 public:
@@ -15,9 +20,9 @@ public:
     /// which may be null.
     static bool schedulerAnswers(QString *error);
 
-    /// The names of all queues.
+    /// The names of all queues and of their instances.
     static QStringList names();
-    /// The user's default queue; null when there is none.
+    /// The user's default queue or instance; null when there is none.
     static QString defaultName();
     /// The name of the queue that a user means: the one that is @p asked for, else the default one,
     /// else the first. Null, with the reason in @p error, when there is none.
@@ -25,6 +30,9 @@ public:
     /// The queue of that name; nothing when there is none, with what is missing, the queue or the
     /// scheduler, in @p error, which may be null.
     static std::optional<PrintQueue> find(const QString &name, QString *error = nullptr);
+
+    /// The name of the queue that a printer's jobs go to: without the instance.
+    static QString queueOf(const QString &name);
 
     const QString &name() const { return mName; }
     /// Where the queue sends its jobs; null when the scheduler does not tell.

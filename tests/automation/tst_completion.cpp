@@ -393,8 +393,12 @@ void tst_completion::completes()
 void tst_completion::printersAreTheSchedulers()
 {
     QStringList printers = PrintingSite::printers();
+    printers.append(u"tape/draft"_qs);
     printers.sort();
-    QCOMPARE(complete(u"kvprint -d "_qs).offered, printers);
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
+    const QStringList offered = complete(u"kvprint -d "_qs).offered;
+    QVERIFY(mSite.saveUserOptions(""));
+    QCOMPARE(offered, printers);
 }
 
 void tst_completion::withoutTheSchedulersProgramsNothingIsOffered()

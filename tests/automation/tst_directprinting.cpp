@@ -30,6 +30,7 @@ private Q_SLOTS:
     void savedOptions();
     void savedOptionThatThePaperForbids();
     void savedOptionsOfOtherKinds();
+    void savedOptionsOfAnInstance();
     void copies_data();
     void copies();
     void filesAndTitle();
@@ -238,6 +239,27 @@ void tst_directprinting::savedOptionsOfOtherKinds()
         QCOMPARE(attribute(job, "number-up"), u"4"_qs);
         QCOMPARE(attribute(job, "copies"), u"1"_qs);
     }
+}
+
+void tst_directprinting::savedOptionsOfAnInstance()
+{
+    const QString draft = u"tape/draft"_qs;
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON number-up=2\n"));
+    int job = print(atPrinter(draft, {mDocument}));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/tape"));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, u"KvHalfCut=ON"_qs));
+    QCOMPARE(attribute(job, "number-up"), u"2"_qs);
+    job = print(atPrinter(draft, options({u"KvHalfCut=OFF"_qs, u"number-up=4"_qs}) << mDocument));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, QString()));
+    QCOMPARE(attribute(job, "number-up"), u"4"_qs);
+
+    QCOMPARE(print(atPrinter(u"tape/none"_qs, {mDocument})), 0);
+    QCOMPARE(mRun.status, 3);
+    QVERIFY2(
+        mRun.errors.contains(u"kvprint: there is no printer tape/none; the printers are: all, "),
+        qPrintable(mRun.errors));
 }
 
 void tst_directprinting::copies_data()

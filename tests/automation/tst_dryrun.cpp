@@ -51,6 +51,7 @@ private Q_SLOTS:
     void commandTakesAnyFileName_data();
     void commandTakesAnyFileName();
     void savedOptionsAreLeftToTheCommand();
+    void commandNamesTheInstance();
     void nothingIsPrinted();
     void fileThatIsNotThereYet();
     void refused_data();
@@ -197,6 +198,8 @@ void tst_dryrun::commandPrintsTheSameJob_data()
     add("saved paper, and another asked for", u"Dest tape media=FL21x45"_qs,
         tape + QStringList{o, u"media=T24x100"_qs});
     add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_qs, tape);
+    add("an instance of a printer", u"Dest tape/draft KvHalfCut=ON number-up=2"_qs,
+        {u"-d"_qs, u"tape/draft"_qs, o, u"KvMirror=ON"_qs});
     add("saved number of copies", u"Dest tape copies=3"_qs, tape);
     add("saved number of copies, and one asked for", u"Dest tape copies=3"_qs,
         tape + QStringList{u"-n"_qs, u"1"_qs});
@@ -270,6 +273,15 @@ void tst_dryrun::savedOptionsAreLeftToTheCommand()
     QVERIFY2(commandIn(run).contains(u" -o KvHalfCut=ON "), qPrintable(run.output));
     QVERIFY2(!run.output.contains(u"number-up") && !run.output.contains(u"PageSize"),
              qPrintable(run.output));
+}
+
+void tst_dryrun::commandNamesTheInstance()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
+    const ProgramRun run = runKvprint({u"-d"_qs, u"tape/draft"_qs, dryRun, mSite.document()});
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    QVERIFY(run.lines().contains(u"Half Cut: Yes"_qs));
+    QVERIFY2(commandIn(run).startsWith(u"lp -d tape/draft "), qPrintable(run.output));
 }
 
 void tst_dryrun::nothingIsPrinted()

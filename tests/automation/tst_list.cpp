@@ -66,6 +66,7 @@ private Q_SLOTS:
     void optionsOfThePanelComeFirst();
     void option();
     void currentIsWhatAJobWouldCarry();
+    void instances();
     void presets();
     void presetsThatThePaperForbids();
     void printerOfAPPD();
@@ -178,6 +179,24 @@ void tst_list::currentIsWhatAJobWouldCarry()
         QCOMPARE(option.value(u"default").toString(), QLatin1String(byDefault));
         QCOMPARE(option.value(u"current").toString(), QLatin1String(current));
     }
+}
+
+void tst_list::instances()
+{
+    QVERIFY(mSite.saveUserOptions("Default tape/draft KvHalfCut=ON\n"));
+    const QJsonArray printers = printersIn(runKvprint({list, u"--json"_qs}));
+    QStringList expected = PrintingSite::printers() + QStringList{u"tape/draft"_qs};
+    expected.sort();
+    QCOMPARE(namesIn(printers), expected);
+    const QJsonObject draft = named(printers, u"tape/draft"_qs);
+    QCOMPARE(draft.value(u"default"), QJsonValue(true));
+    QCOMPARE(named(draft.value(u"options"), u"KvHalfCut"_qs).value(u"current").toString(),
+             u"ON"_qs);
+    const QJsonObject tape = named(printers, u"tape"_qs);
+    QCOMPARE(tape.value(u"default"), QJsonValue(false));
+    QCOMPARE(named(tape.value(u"options"), u"KvHalfCut"_qs).value(u"current").toString(),
+             u"OFF"_qs);
+    QCOMPARE(printer(u"tape/draft"_qs).value(u"options"), draft.value(u"options"));
 }
 
 void tst_list::presets()

@@ -7,6 +7,12 @@
 #include <QPrintEngine>
 #include <QTest>
 
+QStringList optionsHandedOver(const QPrinter &printer)
+{
+    constexpr auto cupsOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
+    return printer.printEngine()->property(cupsOptions).toStringList();
+}
+
 Application::Application()
     : mReporter([this](const QString &problem) { mProblems.append(problem); })
     , mBundles(PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
@@ -50,8 +56,19 @@ void Application::destroyDialog()
 
 QStringList Application::handedOver() const
 {
-    constexpr auto cupsOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
-    return mDialog->printer()->printEngine()->property(cupsOptions).toStringList();
+    return optionsHandedOver(*mDialog->printer());
+}
+
+QMap<QString, int> Application::countsOfChoices() const
+{
+    const QStringList options = handedOver();
+    QMap<QString, int> counts;
+    for (int i = 0; i < options.size(); i += 2) {
+        if (options.at(i).startsWith(QLatin1String("Kv"))) {
+            ++counts[options.at(i)];
+        }
+    }
+    return counts;
 }
 
 void Application::paint()

@@ -5,6 +5,7 @@
 #include "host/PanelBundle.h"
 #include "host/ProblemReporter.h"
 
+#include <QMap>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStringList>
@@ -12,6 +13,10 @@
 #include <memory>
 
 class PrintDialogAttachment;
+
+/// The job's options as a printer object hands them to the print system: keywords and values in
+/// turn.
+QStringList optionsHandedOver(const QPrinter &printer);
 
 /// An application that has printed before the panels come to its dialogs: one that knows nothing
 /// of them, and paints as soon as a dialog of its own tells that it was accepted.
@@ -34,8 +39,10 @@ public:
     /// Destroys the dialog.
     void destroyDialog();
 
-    /// The job's options as they are handed to the print system: keywords and values in turn.
+    /// What the dialog's printer object hands over.
     QStringList handedOver() const;
+    /// How often each keyword of the maker's is handed over.
+    QMap<QString, int> countsOfChoices() const;
     /// How often the application has printed.
     int jobCount() const { return mJobCount; }
     const QStringList &problems() const { return mProblems; }

@@ -2,7 +2,6 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 
-#include <QPrintEngine>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -11,18 +10,6 @@
 namespace {
 const QString halfCut = QStringLiteral("mHalfCutChkBx");
 const QString halfCutOn = QStringLiteral("KvHalfCut=ON");
-
-/// How often each keyword of the maker's is handed over.
-QMap<QString, int> countsOfKeywords(const QStringList &handedOver)
-{
-    QMap<QString, int> counts;
-    for (int i = 0; i < handedOver.size(); i += 2) {
-        if (handedOver.at(i).startsWith(u"Kv")) {
-            ++counts[handedOver.at(i)];
-        }
-    }
-    return counts;
-}
 
 QStringList titles(const QPrintDialog &dialog)
 {
@@ -98,7 +85,7 @@ void tst_handover::choicesOfCancelledDialogAreNotHandedOver()
     QVERIFY(application.show() && application.openTab());
     QVERIFY(PanelUser(application.user()).click(halfCut));
     QVERIFY(application.user().cancel());
-    QCOMPARE(countsOfKeywords(application.handedOver()), (QMap<QString, int>()));
+    QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
     QCOMPARE(application.jobCount(), 0);
 }
 
@@ -109,7 +96,7 @@ void tst_handover::choicesOfHiddenDialogAreNotHandedOver()
     QVERIFY(application.show() && application.openTab());
     QVERIFY(PanelUser(application.user()).click(halfCut));
     dialog.hide();
-    QCOMPARE(countsOfKeywords(application.handedOver()), (QMap<QString, int>()));
+    QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
 }
 
 void tst_handover::hiddenDialogAfterAnAcceptedOneHandsNothingOver()
@@ -139,7 +126,7 @@ void tst_handover::secondPrintHasNoDoubledChoices()
         QCOMPARE(panel.isTicked(halfCut), isTicked);
         QVERIFY(application.user().print());
         QCOMPARE(choicesOfLastJob().contains(halfCutOn), isTicked);
-        const auto counts = countsOfKeywords(application.handedOver());
+        const auto counts = application.countsOfChoices();
         QCOMPARE(counts.size(), 6);
         for (const int count : counts) {
             QCOMPARE(count, 1);
@@ -182,9 +169,7 @@ void tst_handover::plainPrinterLeavesTheJobAlone()
     QPrintDialog bare(&printer);
     DialogDriver user(bare);
     QVERIFY(user.open() && user.print());
-    QCOMPARE(withPanels, printer.printEngine()
-                             ->property(QPrintEngine::PrintEnginePropertyKey(0xfe00))
-                             .toStringList());
+    QCOMPARE(withPanels, optionsHandedOver(printer));
 }
 
 void tst_handover::newDialogStartsFromTheLastChoices()

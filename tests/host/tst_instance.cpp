@@ -1,0 +1,273 @@
+#include "Application.h"
+#include "AttachedDialog.h"
+#include "CommandRun.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+#include "SampleChoices.h"
+#include "host/PanelHost.h"
+#include "host/PanelTarget.h"
+#include "host/PrintDialogAttachment.h"
+#include "host/PrintQueue.h"
+
+#include <QTest>
+
+namespace {
+const QString tape = QStringLiteral("tape");
+const QString draft = QStringLiteral("tape/draft");
+const QString halfCut = QStringLiteral("mHalfCutChkBx");
+const QString mirror = QStringLiteral("mMirrorPrintChkBx");
+
+/// What a job of the tape printer carries besides its defaults.
+QStringList tapeWith(const QString &others)
+{
+    return SampleChoices::replaced(SampleChoices::defaults(tape), others);
+}
+
+/// The pairs that are handed over, without those of the maker's options.
+QStringList withoutPanelsOptions(const QStringList &handedOver)
+{
+    QStringList others;
+    for (int i = 0; i + 1 < handedOver.size(); i += 2) {
+        if (!handedOver.at(i).startsWith(QLatin1String("Kv"))) {
+            others << handedOver.at(i) << handedOver.at(i + 1);
+        }
+    }
+    return others;
+}
+} // namespace
+
+/// A queue for which the user keeps a second set of options: to be chosen as "QUEUE/INSTANCE".
+class tst_instance : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void instanceIsFound();
+    void panelsAreToldOfTheQueue();
+    void unknownInstance_data();
+    void unknownInstance();
+    void defaultPrinterMayBeAnInstance();
+
+    void savedChoicesAreShownAndPrinted();
+    void savedChoicesArePrintedUnseen();
+    void savedPaperIsShownAndPrinted();
+    void queueItselfKeepsItsOwnChoices();
+    void choicesWinOverTheSavedOnes();
+    void lastChoicesBelongToTheInstance();
+    void restOfTheJobIsQtsOwn();
+
+    void kvprintsDialogPrints();
+    void kvprintsRequestsWinOverTheSavedOnes();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// Whether a job has gone to the tape printer's queue.
+    bool isAtTape(int job) const;
+
+    PrintingSite mSite;
+};
+
+void tst_instance::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+void tst_instance::init()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
+}
+
+bool tst_instance::isAtTape(int job) const
+{
+    return mSite.job(job).value(u"job-printer-uri"_qs).endsWith(u"/tape");
+}
+
+void tst_instance::instanceIsFound()
+{
+    const auto queue = PrintQueue::find(tape);
+    const auto instance = PrintQueue::find(draft);
+    QVERIFY(queue && instance);
+    QCOMPARE(instance->name(), draft);
+    QCOMPARE(PrintQueue::queueOf(draft), tape);
+    QCOMPARE(PrintQueue::queueOf(tape), tape);
+    QCOMPARE(instance->options().value(u"KvHalfCut"_qs), u"ON"_qs);
+    QCOMPARE(queue->options().value(u"KvHalfCut"_qs), QString());
+    QCOMPARE(instance->deviceURI(), queue->deviceURI());
+    QVERIFY(!instance->deviceURI().isEmpty());
+    QVERIFY(PrintQueue::names().contains(draft));
+    QString error;
+    QCOMPARE(PrintQueue::choose(draft, &error), draft);
+    QCOMPARE(error, QString());
+}
+
+void tst_instance::panelsAreToldOfTheQueue()
+{
+    QString error;
+    const auto target = PanelTarget::ofQueue(draft, PPDFile::Marks::Defaults, &error);
+    QVERIFY2(target, qPrintable(error));
+    QCOMPARE(target->printer.name(), tape);
+    QCOMPARE(target->ppd->markedChoice(u"KvHalfCut"_qs), u"ON"_qs);
+    QCOMPARE(target->savedOptions.value(u"KvHalfCut"_qs), u"ON"_qs);
+}
+
+void tst_instance::unknownInstance_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"tape/none", "tape/", "label/draft", "nowhere/draft", "/draft",
+                             "tape/draft/", "tape/draft/more"}) {
+        QTest::newRow(name) << QString::fromLatin1(name);
+    }
+}
+
+void tst_instance::unknownInstance()
+{
+    QFETCH(const QString, name);
+    QString error;
+    QVERIFY(!PrintQueue::find(name, &error));
+    QCOMPARE(error, u"the print scheduler has no printer "_qs + name);
+    QVERIFY(PrintQueue::choose(name, &error).isNull());
+    QCOMPARE(error, u"there is no printer %1; the printers are: all, follow, label, mark, plain, "
+                    "tape, tape/draft"_qs.arg(name));
+    ExitStatus status = ExitStatus::Printed;
+    CommandRun run(name, {mSite.document()});
+    QVERIFY(!run.command().prepare(&status));
+    QCOMPARE(status, ExitStatus::NotPrinted);
+}
+
+void tst_instance::defaultPrinterMayBeAnInstance()
+{
+    QVERIFY(mSite.saveUserOptions("Default tape/draft KvHalfCut=ON\n"));
+    QString error;
+    QCOMPARE(PrintQueue::defaultName(), draft);
+    QCOMPARE(PrintQueue::choose(QString(), &error), draft);
+}
+
+void tst_instance::savedChoicesAreShownAndPrinted()
+{
+    AttachedDialog dialog(QStringLiteral("plain"));
+    QVERIFY(dialog.user().open());
+    QVERIFY(dialog.user().pickPrinter(draft));
+    PanelUser panel(dialog.user());
+    QVERIFY(panel.openTab());
+    QVERIFY(panel.isTicked(halfCut));
+    QVERIFY(!panel.isTicked(mirror));
+    QVERIFY(panel.click(mirror));
+    QTest::qWait(0);
+    QVERIFY(panel.summary().contains(u"Half Cut: Yes"_qs));
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(isAtTape(job));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_qs));
+    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
+    QCOMPARE(dialog.problems(), QStringList());
+}
+
+void tst_instance::savedChoicesArePrintedUnseen()
+{
+    AttachedDialog dialog(draft);
+    QVERIFY(dialog.user().open());
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(isAtTape(job));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON"_qs));
+    QCOMPARE(dialog.problems(), QStringList());
+}
+
+void tst_instance::savedPaperIsShownAndPrinted()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft PageSize=FL21x45\n"));
+    AttachedDialog dialog(draft);
+    QVERIFY(dialog.openTab());
+    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"FL21x45"_qs);
+    QVERIFY(!PanelUser(dialog.user()).isEnabled(halfCut));
+    const int job = dialog.print(mSite.scheduler());
+    QCOMPARE(mSite.job(job).value(u"media"_qs), u"FL21x45"_qs);
+}
+
+void tst_instance::queueItselfKeepsItsOwnChoices()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape KvMirror=ON\nDest tape/draft KvHalfCut=ON\n"));
+    AttachedDialog dialog(tape);
+    QVERIFY(dialog.openTab());
+    QVERIFY(!PanelUser(dialog.user()).isTicked(halfCut));
+    const int job = dialog.print(mSite.scheduler());
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvMirror=ON"_qs));
+}
+
+void tst_instance::choicesWinOverTheSavedOnes()
+{
+    Application application;
+    application.makeDialog(draft);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().print());
+    const auto counts = application.countsOfChoices();
+    QCOMPARE(counts.size(), 6);
+    for (const int count : counts) {
+        QCOMPARE(count, 1);
+    }
+    const int job = mSite.scheduler().jobIds().last();
+    QVERIFY(isAtTape(job));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=OFF"_qs));
+    QCOMPARE(application.problems(), QStringList());
+}
+
+void tst_instance::lastChoicesBelongToTheInstance()
+{
+    Application application;
+    application.makeDialog(draft);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(mirror));
+    QVERIFY(application.user().print());
+
+    application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(!PanelUser(application.user()).isTicked(mirror));
+    QVERIFY(application.user().pickPrinter(draft));
+    QVERIFY(application.openTab());
+    QVERIFY(PanelUser(application.user()).isTicked(mirror));
+    QVERIFY(!PanelUser(application.user()).isTicked(halfCut));
+}
+
+void tst_instance::restOfTheJobIsQtsOwn()
+{
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON PageSize=T24x100 number-up=2\n"));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPrinterName(draft);
+    QPrintDialog bare(&printer);
+    DialogDriver user(bare);
+    QVERIFY(user.open() && user.print());
+    const QStringList withoutPanels = withoutPanelsOptions(optionsHandedOver(printer));
+
+    Application application;
+    application.makeDialog(draft);
+    QVERIFY(application.show() && application.user().print());
+    QCOMPARE(withoutPanelsOptions(application.handedOver()), withoutPanels);
+    QVERIFY(application.handedOver().contains(u"KvHalfCut"_qs));
+    QCOMPARE(application.dialog().printer()->printerName(), draft);
+}
+
+void tst_instance::kvprintsDialogPrints()
+{
+    CommandRun run(draft, {mSite.document()});
+    QVERIFY(run.openTab());
+    PanelUser panel(run.user());
+    QVERIFY(panel.isTicked(halfCut));
+    QVERIFY(panel.click(mirror));
+    const int job = run.print();
+    QVERIFY(isAtTape(job));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_qs));
+    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
+}
+
+void tst_instance::kvprintsRequestsWinOverTheSavedOnes()
+{
+    // The spelling is the PPD's, which is the queue's.
+    CommandRun run(draft, {mSite.document()}, {u"kvhalfcut=off KvChainPrint=ON"_qs});
+    QVERIFY(run.open());
+    QCOMPARE(mSite.choices(run.print()), tapeWith(u"KvChainPrint=ON"_qs));
+}
+
+QTEST_MAIN(tst_instance)
+#include "tst_instance.moc"

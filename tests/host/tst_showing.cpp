@@ -1,0 +1,327 @@
+#include "Application.h"
+#include "PanelUser.h"
+#include "PrintingSite.h"
+#include "host/PrintDialogAttachment.h"
+
+#include <QCloseEvent>
+#include <QTest>
+#include <QWidget>
+
+#include <functional>
+
+namespace {
+const QString tape = QStringLiteral("tape");
+const QString halfCut = QStringLiteral("mHalfCutChkBx");
+const QString mirror = QStringLiteral("mMirrorPrintChkBx");
+const QString halfCutOn = QStringLiteral("KvHalfCut=ON");
+
+/// Answers the close events of a dialog in place of the dialog.
+class CloseAnswer : public QObject
+{
+public:
+    CloseAnswer(QPrintDialog &dialog, bool isAllowed)
+        : QObject(&dialog)
+        , mIsAllowed(isAllowed)
+    {
+        dialog.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        const bool isClose = event->type() == QEvent::Close;
+        if (isClose) {
+            event->setAccepted(mIsAllowed);
+        }
+        return isClose;
+    }
+
+private:
+    bool mIsAllowed;
+};
+
+/// What an application does with its dialog.
+using Deed = std::function<void(QPrintDialog &)>;
+} // namespace
+
+Q_DECLARE_METATYPE(Deed)
+
+/// What the panel shows in a dialog that is shown again: what it showed before when the user had
+/// finished neither by Print nor by Cancel, else what was last printed.
+class tst_showing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void hiddenForAWhile_data() { waysOfHiding(); }
+    void hiddenForAWhile();
+    void hiddenForAWhileAfterAJob_data() { waysOfHiding(); }
+    void hiddenForAWhileAfterAJob();
+    void hiddenForAWhileAtAnotherTab_data() { waysOfHiding(); }
+    void hiddenForAWhileAtAnotherTab();
+    void hiddenForAWhileWithAnotherPaper_data() { waysOfHiding(); }
+    void hiddenForAWhileWithAnotherPaper();
+
+    void finished_data();
+    void finished();
+    void acceptedWhileHidden();
+    void shownAgainAsSoonAsItTells_data();
+    void shownAgainAsSoonAsItTells();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    static void waysOfHiding();
+    QStringList choicesOfLastJob() const;
+
+    PrintingSite mSite;
+};
+
+void tst_showing::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+}
+
+QStringList tst_showing::choicesOfLastJob() const
+{
+    const QList<int> jobs = mSite.scheduler().jobIds();
+    return jobs.isEmpty() ? QStringList() : mSite.choices(jobs.last());
+}
+
+void tst_showing::waysOfHiding()
+{
+    QTest::addColumn<Deed>("hide");
+    const auto add = [](const char *name, const Deed &hide) {
+        QTest::newRow(name) << hide;
+    };
+    add("hidden", [](QPrintDialog &dialog) { dialog.hide(); });
+    add("made invisible twice", [](QPrintDialog &dialog) {
+        dialog.setVisible(false);
+        dialog.show();
+        dialog.setVisible(false);
+    });
+    add("another window flag",
+        [](QPrintDialog &dialog) { dialog.setWindowFlag(Qt::WindowStaysOnTopHint); });
+    add("another parent", [](QPrintDialog &dialog) {
+        static QWidget parent;
+        dialog.setParent(&parent, Qt::Dialog);
+    });
+    add("a close that the application refuses", [](QPrintDialog &dialog) {
+        const CloseAnswer answer(dialog, false);
+        QVERIFY(!dialog.close());
+        QTest::qWait(0);
+        dialog.hide();
+    });
+}
+
+void tst_showing::hiddenForAWhile()
+{
+    QFETCH(const Deed, hide);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    PanelUser panel(application.user());
+    QVERIFY(panel.click(halfCut));
+    QVERIFY(panel.click(mirror));
+    const QStringList summary = panel.summary();
+    hide(dialog);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
+
+    QVERIFY(application.show());
+    QVERIFY(panel.isTicked(halfCut));
+    QVERIFY(panel.isTicked(mirror));
+    QTest::qWait(0);
+    QCOMPARE(panel.summary(), summary);
+    QVERIFY(application.user().print());
+    QCOMPARE(application.jobCount(), 1);
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    const auto counts = application.countsOfChoices();
+    QCOMPARE(counts.size(), 6);
+    for (const int count : counts) {
+        QCOMPARE(count, 1);
+    }
+    QCOMPARE(application.problems(), QStringList());
+    dialog.setParent(nullptr);
+}
+
+void tst_showing::hiddenForAWhileAfterAJob()
+{
+    QFETCH(const Deed, hide);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.user().print());
+    // Shown as it is: the dialog's result is still that of the job.
+    QVERIFY(application.user().open() && application.openTab());
+    PanelUser panel(application.user());
+    QVERIFY(panel.click(halfCut));
+    const QStringList handedOver = application.handedOver();
+    hide(dialog);
+    QCOMPARE(application.handedOver(), handedOver);
+
+    QVERIFY(application.show());
+    QVERIFY(panel.isTicked(halfCut));
+    QVERIFY(application.user().print());
+    QCOMPARE(application.jobCount(), 2);
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+    dialog.setParent(nullptr);
+}
+
+void tst_showing::hiddenForAWhileAtAnotherTab()
+{
+    QFETCH(const Deed, hide);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().showTab(kSummaryTab));
+    hide(dialog);
+    QVERIFY(application.show());
+    QVERIFY(PanelUser(application.user()).summary().contains(u"Half Cut: Yes"_qs));
+    QVERIFY(application.user().print());
+    QVERIFY(choicesOfLastJob().contains(halfCutOn));
+    dialog.setParent(nullptr);
+}
+
+void tst_showing::hiddenForAWhileWithAnotherPaper()
+{
+    QFETCH(const Deed, hide);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    hide(dialog);
+    QVERIFY(application.show());
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(application.user().print());
+    const int job = mSite.scheduler().jobIds().last();
+    QCOMPARE(mSite.job(job).value(u"media"_qs), u"FL21x45"_qs);
+    dialog.setParent(nullptr);
+}
+
+void tst_showing::finished_data()
+{
+    QTest::addColumn<Deed>("finish");
+    const auto add = [](const char *name, const Deed &finish) {
+        QTest::newRow(name) << finish;
+    };
+    add("rejected", [](QPrintDialog &dialog) { dialog.reject(); });
+    add("closed", [](QPrintDialog &dialog) { dialog.close(); });
+    add("closed without telling so", [](QPrintDialog &dialog) {
+        const CloseAnswer answer(dialog, true);
+        QVERIFY(dialog.close());
+        QTest::qWait(0);
+    });
+    add("with a result of the application's own", [](QPrintDialog &dialog) { dialog.done(7); });
+    add("rejected while it is hidden", [](QPrintDialog &dialog) {
+        dialog.hide();
+        dialog.reject();
+    });
+    add("rejected when it is shown again", [](QPrintDialog &dialog) {
+        dialog.hide();
+        dialog.show();
+        dialog.reject();
+    });
+    add("rejected, and hidden once more", [](QPrintDialog &dialog) {
+        dialog.reject();
+        dialog.hide();
+    });
+}
+
+void tst_showing::finished()
+{
+    QFETCH(const Deed, finish);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(mirror));
+    QVERIFY(application.user().print());
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(mirror));
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    finish(dialog);
+    QVERIFY(!dialog.isVisible());
+
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).isTicked(mirror));
+    QVERIFY(!PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(application.user().print());
+    QCOMPARE(application.jobCount(), 2);
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    QVERIFY(!choicesOfLastJob().contains(halfCutOn));
+}
+
+void tst_showing::acceptedWhileHidden()
+{
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    QVERIFY(application.show() && application.openTab());
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    dialog.hide();
+    QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
+    dialog.accept();
+    QCOMPARE(application.countsOfChoices().size(), 6);
+
+    QVERIFY(application.show());
+    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(application.user().print());
+    QVERIFY(!choicesOfLastJob().contains(halfCutOn));
+}
+
+void tst_showing::shownAgainAsSoonAsItTells_data()
+{
+    QTest::addColumn<Deed>("finish");
+    QTest::addColumn<bool>("isKept");
+    QTest::addColumn<bool>("isHidden");
+    const Deed accept = [](QPrintDialog &dialog) {
+        dialog.accept();
+    };
+    const Deed reject = [](QPrintDialog &dialog) {
+        dialog.reject();
+    };
+    QTest::newRow("accepted") << accept << true << false;
+    QTest::newRow("accepted, and hidden for a while") << accept << true << true;
+    QTest::newRow("rejected") << reject << false << false;
+    QTest::newRow("rejected, and hidden for a while") << reject << false << true;
+}
+
+void tst_showing::shownAgainAsSoonAsItTells()
+{
+    QFETCH(const Deed, finish);
+    QFETCH(const bool, isKept);
+    QFETCH(const bool, isHidden);
+    Application application;
+    QPrintDialog &dialog = application.makeDialog(tape);
+    bool isToBeShown = true;
+    const auto showOnce = [&] {
+        if (std::exchange(isToBeShown, false)) {
+            dialog.show();
+        }
+    };
+    QObject::connect(&dialog, &QDialog::accepted, &dialog, showOnce);
+    QObject::connect(&dialog, &QDialog::rejected, &dialog, showOnce);
+    QVERIFY(application.show() && application.openTab());
+    PanelUser panel(application.user());
+    QVERIFY(panel.click(halfCut));
+    finish(dialog);
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(application.openTab());
+    QCOMPARE(panel.isTicked(halfCut), isKept);
+
+    // What is chosen now is kept and printed as ever.
+    QVERIFY(panel.click(mirror));
+    if (isHidden) {
+        dialog.hide();
+        QVERIFY(application.show());
+    }
+    QVERIFY(panel.isTicked(mirror));
+    QCOMPARE(panel.isTicked(halfCut), isKept);
+    QVERIFY(application.user().print());
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    QCOMPARE(choicesOfLastJob().contains(halfCutOn), isKept);
+}
+
+QTEST_MAIN(tst_showing)
+#include "tst_showing.moc"
