@@ -26,7 +26,17 @@ void DialogService::extend(QObject *printDialog)
 const PanelBundles &DialogService::bundles()
 {
     if (!mBundles) {
-        mBundles = PanelBundle::loadAll(ownFolder() + QStringLiteral("/pde"), mReporter);
+        mBundles = loadBundles();
     }
     return *mBundles;
+}
+
+PanelBundles DialogService::loadBundles()
+{
+    const QString folder = ownFolder();
+    if (folder.isNull()) {
+        mReporter.report(QStringLiteral("%1 has been removed").arg(ownFile()));
+        return {};
+    }
+    return PanelBundle::loadAll(folder + QStringLiteral("/pde"), mReporter);
 }

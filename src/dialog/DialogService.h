@@ -20,6 +20,7 @@ public:
 
 private:
     const PanelBundles &bundles();
+    PanelBundles loadBundles();
 
     ProblemReporter mReporter;
     LastChoices mLastChoices;

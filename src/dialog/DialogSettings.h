@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 class ProblemReporter;
@@ -21,5 +22,11 @@ public:
     bool isOn(const QString &program) const;
 
 private:
+    /// A line of the section.
+    struct Line;
+
+    /// Adds the lines of a file whose keys have none yet.
+    void read(const QString &file, QHash<QString, Line> &lines) const;
+
     ProblemReporter &mReporter;
 };

@@ -5,11 +5,16 @@
 
 #include <dlfcn.h>
 
-QString ownFolder()
+QString ownFile()
 {
     static const char anythingOfOurs = 0;
     Dl_info info = {};
     dladdr(&anythingOfOurs, &info);
-    const QFileInfo library(QFile::decodeName(info.dli_fname));
-    return QFileInfo(library.canonicalFilePath()).path();
+    return QFile::decodeName(info.dli_fname);
+}
+
+QString ownFolder()
+{
+    const QString file = QFileInfo(ownFile()).canonicalFilePath();
+    return file.isEmpty() ? QString() : QFileInfo(file).path();
 }

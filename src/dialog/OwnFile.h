@@ -2,5 +2,8 @@
 
 #include <QString>
 
-/// The folder of the library that this is linked into, links followed.
+/// The path that the library that this is linked into has been loaded from.
+QString ownFile();
+
+/// The folder of that library, links followed; null when the file has been removed since.
 QString ownFolder();

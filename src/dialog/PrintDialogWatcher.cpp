@@ -2,10 +2,13 @@
 
 #include "dialog/OwnFile.h"
 #include "dialog/PrintDialogExtender.h"
+#include "host/FileTrust.h"
+#include "printcore/FileAccess.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QPluginLoader>
 
 #include <algorithm>
@@ -20,6 +23,49 @@ bool isExtended(const QObject &dialog)
     return std::any_of(children.begin(), children.end(), [](const QObject *child) {
         return child->inherits("PrintDialogAttachment");
     });
+}
+
+void tell(const QString &problem)
+{
+    std::fprintf(stderr, "kvprint: %s\n", problem.toLocal8Bit().constData());
+}
+
+/// Tells of a value of the switch that means nothing.
+void checkSwitch()
+{
+    const QString value = qEnvironmentVariable("KVPRINT_DIALOG");
+    if (!value.isEmpty() && value != QLatin1String("on")) {
+        tell(QStringLiteral("KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"").arg(value));
+    }
+}
+
+/// What is wrong with a library before it is loaded, or with those of ours that it needs; null when
+/// nothing is.
+QString faultOf(const QString &path)
+{
+    const QString fault = accessFault(path);
+    if (!fault.isNull()) {
+        return QStringLiteral("%1 %2").arg(path, fault);
+    }
+    const QDir folder = QFileInfo(path).dir();
+    const QString libraries = QStringLiteral("lib*-qt%1.so*").arg(QT_VERSION_MAJOR);
+    const QStringList listed = folder.entryList({libraries}, QDir::Files);
+    // Itself in any case: the folder may be closed to those who list it.
+    for (const QString &name : QStringList(path) + listed) {
+        const QString distrusted = distrust(folder.path(), folder.filePath(name));
+        if (!distrusted.isNull()) {
+            return QStringLiteral("%1 is not loaded: %2").arg(path, distrusted);
+        }
+    }
+    return {};
+}
+
+/// Why a library is none that extends print dialogs, with its path.
+QString loadFault(const QString &path, const QPluginLoader &loader)
+{
+    const QString fault = loader.isLoaded() ? QStringLiteral("it does not extend print dialogs")
+                                            : loader.errorString();
+    return fault.contains(path) ? fault : QStringLiteral("%1: %2").arg(path, fault);
 }
 } // namespace
 
@@ -42,6 +88,7 @@ void PrintDialogWatcher::extend(QObject *dialog)
         return;
     }
     if (!std::exchange(mHasTriedToLoad, true)) {
+        checkSwitch();
         loadExtender();
     }
     if (mExtender) {
@@ -51,15 +98,20 @@ void PrintDialogWatcher::extend(QObject *dialog)
 
 void PrintDialogWatcher::loadExtender()
 {
-    const QString path = QDir::cleanPath(ownFolder() + QStringLiteral("/" KV_EXTENDER));
+    const QString folder = ownFolder();
+    if (folder.isNull()) {
+        tell(QStringLiteral("%1 has been removed").arg(ownFile()));
+        return;
+    }
+    const QString path = QDir::cleanPath(folder + QStringLiteral("/" KV_EXTENDER));
+    const QString fault = faultOf(path);
+    if (!fault.isNull()) {
+        tell(fault);
+        return;
+    }
     QPluginLoader loader(path);
     mExtender = qobject_cast<PrintDialogExtender *>(loader.instance());
     if (!mExtender) {
-        const QString fault = loader.isLoaded() ? QStringLiteral("it does not extend print dialogs")
-                                                : loader.errorString();
-        // Not every fault that the loader tells names the file.
-        const QString named =
-            fault.contains(path) ? fault : QStringLiteral("%1: %2").arg(path, fault);
-        std::fprintf(stderr, "kvprint: %s\n", named.toLocal8Bit().constData());
+        tell(loadFault(path, loader));
     }
 }

@@ -3,11 +3,13 @@
 #include "host/FileTrust.h"
 #include "host/ProblemReporter.h"
 #include "printcore/Bundle.h"
+#include "printcore/FileAccess.h"
 
 #include <QDir>
 #include <QImageReader>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -21,7 +23,9 @@ QString pictureFault(const QString &path)
 QString formFault(const QString &path)
 {
     QFile file(path);
-    file.open(QIODevice::ReadOnly);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return QStringLiteral("cannot be read: ") + file.errorString();
+    }
     QXmlStreamReader form(&file);
     while (!form.atEnd()) {
         form.readNext();
@@ -38,9 +42,11 @@ struct ResourceKind
     QString (*fault)(const QString &path);
 };
 
+constexpr QLatin1String formSuffix(".ui");
+
 const ResourceKind checkedKinds[] = {
     {QLatin1String(".png"), pictureFault},
-    {QLatin1String(".ui"), formFault},
+    {formSuffix, formFault},
 };
 
 /// Opens the bundle of that name unless others than root and the user can change it.
@@ -48,6 +54,11 @@ std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, 
 {
     const QString path = QDir(folder).filePath(name);
     QString distrusted = distrust(folder, path);
+    const QString fault = accessFault(path, FileAccess::EnterFolder);
+    if (distrusted.isNull() && !fault.isNull()) {
+        *error = QStringLiteral("%1 %2").arg(path, fault);
+        return nullptr;
+    }
     auto bundle = distrusted.isNull() ? Bundle::open(path, error) : nullptr;
     if (bundle) {
         distrusted = distrust(folder, bundle->libraryPath());
@@ -59,16 +70,21 @@ std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, 
     return bundle;
 }
 
-/// Why a library is no panel's plug-in, with its file's name.
-QString loadFault(const QString &path, const QPluginLoader &loader)
+/// What is in the folder under a bundle's name, links that lead nowhere included.
+QStringList candidatesIn(const QString &folder, ProblemReporter &reporter)
 {
-    const QFileInfo library(path);
-    if (!library.exists()) {
-        return QStringLiteral("%1 is missing").arg(library.fileName());
+    const QString fault = accessFault(folder, FileAccess::ListFolder);
+    if (!fault.isNull()) {
+        reporter.report(QStringLiteral("%1 %2").arg(folder, fault));
+        return {};
     }
-    return loader.isLoaded()
-               ? QStringLiteral("%1 is no print dialog plug-in").arg(library.fileName())
-               : loader.errorString();
+    QStringList names =
+        QDir(folder).entryList({QStringLiteral("*.pde")},
+                               QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    if (names.isEmpty()) {
+        reporter.report(QStringLiteral("%1: there is no panel bundle").arg(folder));
+    }
+    return names;
 }
 } // namespace
 
@@ -76,13 +92,9 @@ std::vector<std::unique_ptr<PanelBundle>> PanelBundle::loadAll(const QString &fo
                                                                ProblemReporter &reporter)
 {
     PanelBundles bundles;
-    const QFileInfoList candidates = QDir(folder).entryInfoList(
-        {QStringLiteral("*.pde")}, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    if (candidates.isEmpty()) {
-        reporter.report(QStringLiteral("%1: there is no panel bundle").arg(folder));
-    }
-    for (const QFileInfo &candidate : candidates) {
-        if (auto bundle = load(folder, candidate.fileName(), reporter)) {
+    const QStringList names = candidatesIn(folder, reporter);
+    for (const QString &name : names) {
+        if (auto bundle = load(folder, name, reporter)) {
             bundles.push_back(std::move(bundle));
         }
     }
@@ -99,16 +111,12 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &folder, const QStr
         reporter.report(error);
         return nullptr;
     }
-    loaded->mLoader.setFileName(loaded->mBundle->libraryPath());
-    loaded->mFactory = qobject_cast<PDEPlugInFactory *>(loaded->mLoader.instance());
-    if (!loaded->mFactory) {
-        reporter.report(QStringLiteral("%1: %2").arg(
-            loaded->name(), loadFault(loaded->mBundle->libraryPath(), loaded->mLoader)));
+    error = loaded->loadLibrary();
+    if (!error.isNull()) {
+        reporter.report(QStringLiteral("%1: %2").arg(loaded->name(), error));
         return nullptr;
     }
-    for (const QString &problem : loaded->mBundle->problems()) {
-        reporter.report(problem);
-    }
+    loaded->reportProblems(reporter);
     if (!loaded->makePlugIn()) {
         reporter.report(QStringLiteral("%1: the library has no class %2 that works on this system")
                             .arg(loaded->name(), loaded->mBundle->principalClass()));
@@ -118,6 +126,34 @@ std::unique_ptr<PanelBundle> PanelBundle::load(const QString &folder, const QStr
 }
 
 PanelBundle::~PanelBundle() = default;
+
+QString PanelBundle::loadLibrary()
+{
+    const QString path = mBundle->libraryPath();
+    const QString name = QFileInfo(path).fileName();
+    const QString fault = accessFault(path);
+    if (!fault.isNull()) {
+        return QStringLiteral("%1 %2").arg(name, fault);
+    }
+    mLoader.setFileName(path);
+    mFactory = qobject_cast<PDEPlugInFactory *>(mLoader.instance());
+    if (mFactory) {
+        return {};
+    }
+    if (mLoader.isLoaded()) {
+        return QStringLiteral("%1 is no print dialog plug-in").arg(name);
+    }
+    const QString error = mLoader.errorString();
+    return error.contains(name) ? error : QStringLiteral("%1: %2").arg(name, error);
+}
+
+void PanelBundle::reportProblems(ProblemReporter &reporter) const
+{
+    const QStringList problems = mBundle->problems();
+    for (const QString &problem : problems) {
+        reporter.report(problem);
+    }
+}
 
 void PanelBundle::setLanguages(const QStringList &languages)
 {
@@ -141,14 +177,34 @@ bool PanelBundle::checkNextResource(ProblemReporter &reporter)
     if (mCheckedResources == files.size()) {
         return false;
     }
-    const QString &file = files.at(mCheckedResources++);
+    checkResource(files.at(mCheckedResources++), reporter);
+    return true;
+}
+
+bool PanelBundle::checkResource(const QString &file, ProblemReporter &reporter) const
+{
     const QString path = QDir(mBundle->resourcePath()).filePath(file);
+    // What Bundle::problems() tells.
+    QString fault = accessFault(path);
+    if (!fault.isNull()) {
+        return false;
+    }
     for (const ResourceKind &kind : checkedKinds) {
-        const bool isChecked = file.endsWith(kind.suffix) && QFileInfo(path).isReadable();
-        const QString fault = isChecked ? kind.fault(path) : QString();
-        if (!fault.isNull()) {
-            reporter.report(QStringLiteral("%1: %2 %3").arg(name(), file, fault));
+        if (file.endsWith(kind.suffix)) {
+            fault = kind.fault(path);
         }
     }
-    return true;
+    if (!fault.isNull()) {
+        reporter.report(QStringLiteral("%1: %2 %3").arg(name(), file, fault));
+    }
+    return fault.isNull();
+}
+
+bool PanelBundle::hasFormFault(ProblemReporter &reporter) const
+{
+    reportProblems(reporter);
+    const QStringList &files = mBundle->declaredResources();
+    return std::any_of(files.begin(), files.end(), [&](const QString &file) {
+        return file.endsWith(formSuffix) && !checkResource(file, reporter);
+    });
 }

@@ -47,8 +47,17 @@ public:
     /// when all have been read: each is read once, and takes about a millisecond.
     bool checkNextResource(ProblemReporter &reporter);
 
+    /// Whether a declared form is missing or cannot be read now. Tells all that is wrong with the
+    /// resources, as far as it has not been told.
+    bool hasFormFault(ProblemReporter &reporter) const;
+
 private:
     PanelBundle() = default;
+    /// Loads the library; answers why that cannot be done, null when it can.
+    QString loadLibrary();
+    void reportProblems(ProblemReporter &reporter) const;
+    /// Reads a declared picture or form, and tells when it is none. Whether it can be used.
+    bool checkResource(const QString &file, ProblemReporter &reporter) const;
 
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;

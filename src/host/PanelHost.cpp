@@ -51,6 +51,7 @@ void PanelHost::addPanels(const PanelBundle &bundle)
     mPlugIns.push_back(std::move(plugIn));
     for (const auto &panel : *list) {
         mPanels.push_back(panel.get());
+        mBundleOf.insert(panel.get(), &bundle);
         const QStringList *keys = panel->supportedPPDOptionKeys();
         if (!keys || keys->isEmpty()) {
             mPanels.pop_back();
@@ -82,7 +83,7 @@ void PanelHost::request(const QString &key, const QString &choice)
 QWidget *PanelHost::view(PDEPanel &panel)
 {
     QWidget *view = panel.panelView();
-    if (!view) {
+    if (!view && !mBundleOf.value(&panel)->hasFormFault(mReporter)) {
         mReporter.report(
             QStringLiteral("the panel \"%1\" could not make its view").arg(panel.panelName()));
     }

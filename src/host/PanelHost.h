@@ -5,6 +5,7 @@
 #include "host/PanelBundle.h"
 #include "host/PanelTarget.h"
 
+#include <QHash>
 #include <QObject>
 #include <QStringList>
 
@@ -103,6 +104,7 @@ private:
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;
+    QHash<const PDEPanel *, const PanelBundle *> mBundleOf;
     std::vector<PDEPanel *> mShown;
     QStringList mKeys;
     JobOptions mRequests;

@@ -1,10 +1,12 @@
 #include "printcore/Bundle.h"
 
+#include "printcore/FileAccess.h"
 #include "printcore/QtVersions.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -48,6 +50,27 @@ QString readFileNames(const QJsonValue &entry, QStringList *names)
     }
     return {};
 }
+
+/// What is wrong with a file of resources; null when nothing is.
+QString resourceFault(const QString &path)
+{
+    QString fault = accessFault(path);
+    if (fault.isNull() && path.endsWith(kTableSuffix) && !StringTables::isTable(path)) {
+        fault = QStringLiteral("is no string table");
+    }
+    return fault;
+}
+
+/// The first of some files, and how many are like it.
+QString firstOf(const QStringList &names)
+{
+    if (names.size() == 1) {
+        return names.first();
+    }
+    return QStringLiteral("%1, like %2,")
+        .arg(names.first(),
+             names.size() == 2 ? names.last() : QStringLiteral("%1 others").arg(names.size() - 1));
+}
 } // namespace
 
 Bundle::Bundle() = default;
@@ -71,6 +94,10 @@ std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
 
 QString Bundle::readInfo(const QString &infoPath)
 {
+    QString fault = accessFault(infoPath);
+    if (!fault.isNull()) {
+        return fault;
+    }
     QFile file(infoPath);
     if (!file.open(QIODevice::ReadOnly)) {
         return QStringLiteral("cannot be read: ") + file.errorString();
@@ -192,30 +219,27 @@ void Bundle::setLanguages(const QStringList &languages)
 
 QStringList Bundle::problems() const
 {
+    const QString bundleName = QFileInfo(mPath).fileName();
+    const QString folderFault = accessFault(resourcePath(), FileAccess::EnterFolder);
+    if (!mDeclaredResources.isEmpty() && !folderFault.isNull()) {
+        return {QStringLiteral("%1: Contents/Resources %2").arg(bundleName, folderFault)};
+    }
     QStringList names = mDeclaredResources + mTables.unreadable();
     names.removeDuplicates();
-    const QString bundleName = QFileInfo(mPath).fileName();
-    QStringList problems;
+    QStringList faults;
+    QHash<QString, QStringList> faultyFiles;
     for (const QString &name : std::as_const(names)) {
-        const QString fault = resourceFault(name);
+        const QString fault = resourceFault(resourcePath() + u'/' + name);
         if (!fault.isNull()) {
-            problems.append(QStringLiteral("%1: %2 %3").arg(bundleName, name, fault));
+            faults.append(fault);
+            faultyFiles[fault].append(name);
         }
     }
+    faults.removeDuplicates();
+    QStringList problems;
+    for (const QString &fault : std::as_const(faults)) {
+        problems.append(
+            QStringLiteral("%1: %2 %3").arg(bundleName, firstOf(faultyFiles.value(fault)), fault));
+    }
     return problems;
-}
-
-QString Bundle::resourceFault(const QString &name) const
-{
-    const QString path = fileIn(resourcePath(), name);
-    if (path.isNull()) {
-        return QStringLiteral("is missing");
-    }
-    if (!QFileInfo(path).isReadable()) {
-        return QStringLiteral("cannot be read");
-    }
-    if (name.endsWith(kTableSuffix) && !StringTables::isTable(path)) {
-        return QStringLiteral("is no string table");
-    }
-    return {};
 }

@@ -75,8 +75,11 @@ public:
     /// so that keys show as themselves.
     void setLanguages(const QStringList &languages);
 
-    /// What is wrong with the declared resources that the bundle itself reads: one sentence, with
-    /// the file's name, for each that is missing and each string table that cannot be read.
+    /**
+     * What is wrong with the declared resources and the wanted string tables: a sentence for the
+     * resources folder when that cannot be used; else for each way in which files are missing or
+     * unreadable, with the name of the first and how many there are.
+     */
     QStringList problems() const;
 
 private:
@@ -86,8 +89,6 @@ private:
     /// Takes the info file's entries; answers what is wrong with them, null when nothing is.
     QString readEntries(const QJsonObject &info);
     QString readLibrary(const QJsonValue &libraries);
-    /// What is wrong with the resource of that file name; null when nothing is.
-    QString resourceFault(const QString &name) const;
 
     QString mPath;
     QString mIdentifier;

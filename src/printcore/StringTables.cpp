@@ -75,7 +75,8 @@ QStringList namesOf(QStringList tags)
 std::unique_ptr<QTranslator> tableIn(const QString &path)
 {
     auto table = std::make_unique<QTranslator>();
-    if (!QFileInfo(path).isReadable() || !table->load(path)) {
+    const QFileInfo file(path);
+    if (!file.isFile() || !file.isReadable() || !table->load(path)) {
         return nullptr;
     }
     return table;

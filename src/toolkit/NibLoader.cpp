@@ -1,11 +1,13 @@
 #include "toolkit/NibLoader.h"
 
+#include "printcore/FileAccess.h"
 #include "textinput/PDETextField.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 #include "toolkit/ViewGeometry.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -47,6 +49,26 @@ public:
     }
 };
 
+/// While it lives, Qt finds no plug-ins.
+class PlugInsHidden
+{
+public:
+    PlugInsHidden() { QCoreApplication::setLibraryPaths({}); }
+    ~PlugInsHidden() { QCoreApplication::setLibraryPaths(mPaths); }
+    PlugInsHidden(const PlugInsHidden &) = delete;
+    PlugInsHidden &operator=(const PlugInsHidden &) = delete;
+
+private:
+    QStringList mPaths = QCoreApplication::libraryPaths();
+};
+
+/// A QUiLoader loads all plug-ins of Qt Designer that it finds as it is made.
+Loader makeLoader()
+{
+    const PlugInsHidden hidden;
+    return {};
+}
+
 void report(QString *error, const QString &path, const QString &reason)
 {
     if (error) {
@@ -57,12 +79,13 @@ void report(QString *error, const QString &path, const QString &reason)
 
 std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error)
 {
+    const QString fault = accessFault(path);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        report(error, path, file.errorString());
+    if (!fault.isNull() || !file.open(QIODevice::ReadOnly)) {
+        report(error, path, fault.isNull() ? file.errorString() : fault);
         return nullptr;
     }
-    Loader loader;
+    Loader loader = makeLoader();
     loader.setWorkingDirectory(QFileInfo(path).absoluteDir());
     std::unique_ptr<QWidget> top(loader.load(&file));
     if (!top) {

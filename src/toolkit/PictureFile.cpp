@@ -47,7 +47,8 @@ PictureFile::PictureFile(const QString &path)
 bool PictureFile::read(const QString &path, qreal ratio)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    // Not a pipe, which would block.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     mBytes = file.readAll();

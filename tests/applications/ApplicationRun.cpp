@@ -95,6 +95,18 @@ QStringList ApplicationRun::ownLibraries() const
     return names;
 }
 
+QStringList ApplicationRun::filesMappedFrom(const QString &folder) const
+{
+    QStringList files;
+    const QStringList all = mappedFiles();
+    for (const QString &file : all) {
+        if (file.startsWith(folder + QLatin1Char('/'))) {
+            files.append(file);
+        }
+    }
+    return files;
+}
+
 QStringList ApplicationRun::foreignLibraries() const
 {
     const int other = mApplication.qt == 6 ? 5 : 6;

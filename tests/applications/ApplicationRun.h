@@ -33,6 +33,8 @@ public:
 
     /// The names of all libraries of ours that are mapped into it now, sorted.
     QStringList ownLibraries() const;
+    /// The paths of what is mapped into it now from a folder.
+    QStringList filesMappedFrom(const QString &folder) const;
     /// The paths of what is mapped into it of the other version of Qt.
     QStringList foreignLibraries() const;
 

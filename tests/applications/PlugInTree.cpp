@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 constexpr auto everything = QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot;
@@ -70,4 +71,24 @@ bool PlugInTree::overwrite(const QString &pattern, const QByteArray &bytes) cons
                QFile file(path);
                return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
            });
+}
+
+bool PlugInTree::addDecoys(const QString &folder)
+{
+    namespace fs = std::filesystem;
+    const fs::path libraries = QFile::encodeName(QStringLiteral(KV_LIBRARIES)).toStdString();
+    const fs::path place = QFile::encodeName(folder).toStdString();
+    std::error_code error;
+    for (const char *name : {"kvprint", "kvprint/pde", "kvprint/pde/KVMQRVOptions.pde"}) {
+        const fs::path source = libraries / name;
+        fs::copy(source, place / source.filename(), fs::copy_options::recursive, error);
+        if (error) {
+            return false;
+        }
+    }
+    const QDir from(QStringLiteral(KV_LIBRARIES "/kvprint"));
+    const QStringList files = from.entryList(QDir::Files);
+    return std::all_of(files.begin(), files.end(), [&](const QString &file) {
+        return QFile::copy(from.filePath(file), folder + QLatin1Char('/') + file);
+    });
 }

@@ -19,10 +19,14 @@ public:
     bool remove(const QString &pattern) const;
     /// Replaces the contents of the files whose paths match; whether there were any.
     bool overwrite(const QString &pattern, const QByteArray &bytes) const;
-
-private:
+    /// The paths in the copy that match the pattern.
     QStringList matching(const QString &pattern) const;
 
+    /// Puts copies of the bundles and libraries into a folder, wherever somebody could look for
+    /// them who starts from it; whether they are all there.
+    static bool addDecoys(const QString &folder);
+
+private:
     QTemporaryDir mFolder;
     bool mIsCopied;
 };

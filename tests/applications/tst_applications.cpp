@@ -1,6 +1,7 @@
 #include "ApplicationSession.h"
 #include "DisplayServer.h"
 #include "JobTicket.h"
+#include "PlugInTree.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
 
@@ -45,6 +46,8 @@ private Q_SLOTS:
     void followsPrinterAndPaper();
     void withoutADialogOnlyThePlugInIsThere_data() { everyApplication(); }
     void withoutADialogOnlyThePlugInIsThere();
+    void nothingIsLoadedFromWhereItWorks_data() { everyApplication(); }
+    void nothingIsLoadedFromWhereItWorks();
     void switchedOff_data() { everyApplication(); }
     void switchedOff();
 
@@ -222,6 +225,20 @@ void tst_applications::withoutADialogOnlyThePlugInIsThere()
     ApplicationSession session(mDisplay, application());
     QVERIFY(session.dialog().awaitApplication());
     QCOMPARE(session.run().ownLibraries(), QStringList{plugIn});
+    QCOMPARE(session.end(), QString());
+    QCOMPARE(session.run().ownErrors(), QStringList());
+}
+
+void tst_applications::nothingIsLoadedFromWhereItWorks()
+{
+    ApplicationSession session(mDisplay, application());
+    RemotePrintDialog &dialog = session.dialog();
+    // The current folder, and the document's.
+    QVERIFY(PlugInTree::addDecoys(session.run().home()));
+    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
+    QVERIFY(session.run().ownLibraries().contains(librariesOfDialogs(application().qt).first()));
+    QCOMPARE(session.run().filesMappedFrom(session.run().home()), QStringList());
+    QVERIFY(dialog.cancel());
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
 }

@@ -296,7 +296,7 @@ void tst_scriptopen::bundleThatCannotBeUsed_data()
     QTest::addColumn<QString>("fault");
     QTest::newRow("no description") << u"Contents/Info.json"_qs << u"Info.json: "_qs;
     QTest::newRow("no library") << u"Contents/Linux/libKVMQRVOptions-qt6.so"_qs << u"is missing"_qs;
-    QTest::newRow("no bundle") << QString() << u"Info.json: "_qs;
+    QTest::newRow("no bundle") << QString() << u"Nowhere.pde is missing"_qs;
 }
 
 void tst_scriptopen::bundleThatCannotBeUsed()

@@ -7,14 +7,16 @@ constexpr int timeoutMs = 60'000;
 } // namespace
 
 DialogOpener::DialogOpener(const QString &qt, const QString &userFolder,
-                           const QString &systemFolder)
+                           const QString &systemFolder, const QString &libraries)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), userFolder);
     environment.insert(QStringLiteral("XDG_CONFIG_DIRS"), systemFolder);
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(KV_PLUGIN_FOLDER).arg(qt));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"),
+                       libraries + QStringLiteral("/qt%1/plugins").arg(qt));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("kvprintdialog"));
     mProcess.setProcessEnvironment(environment);
+    mProcess.setWorkingDirectory(userFolder);
     mProcess.start(QStringLiteral(KV_DIALOG_OPENER).arg(qt), QStringList());
 }
 
@@ -35,9 +37,18 @@ QStringList DialogOpener::tabs(const QString &printer)
 
 bool DialogOpener::hasLoaded(const QString &library) const
 {
+    return mappedFiles().contains('/' + QFile::encodeName(library) + '\n');
+}
+
+bool DialogOpener::hasLoadedFrom(const QString &folder) const
+{
+    return mappedFiles().contains(' ' + QFile::encodeName(folder) + '/');
+}
+
+QByteArray DialogOpener::mappedFiles() const
+{
     QFile maps(QStringLiteral("/proc/%1/maps").arg(mProcess.processId()));
-    return maps.open(QIODevice::ReadOnly) &&
-           maps.readAll().contains('/' + QFile::encodeName(library) + '\n');
+    return maps.open(QIODevice::ReadOnly) ? maps.readAll() : QByteArray();
 }
 
 QString DialogOpener::finish()

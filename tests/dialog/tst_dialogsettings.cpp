@@ -4,19 +4,33 @@
 #include <QDir>
 #include <QTest>
 
+#include <functional>
+
+#include <sys/stat.h>
+
 namespace {
 const QString panelTitle = QStringLiteral("Cut Options");
 const QString extender = QStringLiteral("libkvprintdialog-qt%1.so");
 const QString bundleLibrary = QStringLiteral("libKVMQRVOptions-qt%1.so");
 
+/// Makes something that is no file of that name.
+using Making = std::function<bool(const QString &path)>;
+
+QString settingsFile(const QString &folder)
+{
+    return folder + QStringLiteral("/kvprint/dialog.conf");
+}
+
 /// Puts the settings where the dialogs look for them; nothing when they are null.
 bool writeSettings(const QString &folder, const QByteArray &lines)
 {
-    QFile file(folder + QStringLiteral("/kvprint/dialog.conf"));
+    QFile file(settingsFile(folder));
     return lines.isNull() || (QDir(folder).mkpath(QStringLiteral("kvprint")) &&
                               file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size());
 }
 } // namespace
+
+Q_DECLARE_METATYPE(Making)
 
 /// What the files kvprint/dialog.conf do to the print dialogs of an application.
 class tst_dialogsettings : public QObject
@@ -32,6 +46,10 @@ private Q_SLOTS:
     void changeHoldsForTheNextDialog();
     void faultIsToldOnce_data();
     void faultIsToldOnce();
+    void fileThatIsNoneIsTold_data();
+    void fileThatIsNoneIsTold();
+    void switchThatMeansNothingIsTold_data();
+    void switchThatMeansNothingIsTold();
     void leavesNoFiles();
 
 private:
@@ -124,26 +142,99 @@ void tst_dialogsettings::faultIsToldOnce_data()
     QTest::addColumn<QString>("told");
     QTest::newRow("neither on nor off")
         << QByteArray("[Applications]\ndialogopener=maybe\n")
-        << QStringLiteral("kvprint: kvprint/dialog.conf: \"dialogopener\" is neither \"on\" nor "
-                          "\"off\"\n");
-    QTest::newRow("no settings")
-        << QByteArray("[Applications\ndialogopener\n")
-        << QStringLiteral("kvprint: kvprint/dialog.conf cannot be read, or not all of it\n");
+        << QStringLiteral("\"dialogopener\" is neither \"on\" nor \"off\"");
+    QTest::newRow("no settings") << QByteArray("[Applications\ndialogopener\n")
+                                 << QStringLiteral(
+                                        "not every line is a section, or a key and a value");
 }
 
 void tst_dialogsettings::faultIsToldOnce()
 {
     QFETCH(const QByteArray, settings);
     QFETCH(const QString, told);
+    QFETCH_GLOBAL(const QString, qt);
     const QTemporaryDir user;
     const QTemporaryDir system;
-    QVERIFY(writeSettings(user.path(), settings));
+    for (const QTemporaryDir *folder : {&user, &system}) {
+        QVERIFY(writeSettings(folder->path(), settings));
+        DialogOpener opener(qt, user.path(), system.path());
+        for (int dialog = 0; dialog < 2; ++dialog) {
+            QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+        }
+        const QString file = settingsFile(folder->path());
+        QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1: %2\n").arg(file, told));
+        QVERIFY(QFile::remove(file));
+    }
+}
+
+void tst_dialogsettings::fileThatIsNoneIsTold_data()
+{
+    QTest::addColumn<Making>("make");
+    QTest::addColumn<QString>("told");
+    const Making makeFolder = [](const QString &path) {
+        return QDir().mkdir(path);
+    };
+    const Making makePipe = [](const QString &path) {
+        return mkfifo(QFile::encodeName(path).constData(), 0644) == 0;
+    };
+    const Making makeLink = [](const QString &path) {
+        return QFile::link(QStringLiteral("/none.conf"), path);
+    };
+    QTest::newRow("folder") << makeFolder << QStringLiteral("is a folder");
+    QTest::newRow("pipe") << makePipe << QStringLiteral("is a pipe");
+    QTest::newRow("link") << makeLink
+                          << QStringLiteral("is a link to /none.conf, which is missing");
+}
+
+void tst_dialogsettings::fileThatIsNoneIsTold()
+{
+    QFETCH(const Making, make);
+    QFETCH(const QString, told);
     QFETCH_GLOBAL(const QString, qt);
+    const QTemporaryDir user;
+    const QTemporaryDir system;
+    QString expected;
+    for (const QTemporaryDir *folder : {&user, &system}) {
+        QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("kvprint")));
+        QVERIFY(make(settingsFile(folder->path())));
+        expected += QStringLiteral("kvprint: %1 %2\n").arg(settingsFile(folder->path()), told);
+    }
     DialogOpener opener(qt, user.path(), system.path());
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
     }
-    QCOMPARE(opener.finish(), told);
+    QCOMPARE(opener.finish(), expected);
+}
+
+void tst_dialogsettings::switchThatMeansNothingIsTold_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("isTold");
+    QTest::newRow("empty") << QByteArray("") << false;
+    QTest::newRow("on") << QByteArray("on") << false;
+    for (const char *value : {"OFF", "0", "no"}) {
+        QTest::newRow(value) << QByteArray(value) << true;
+    }
+}
+
+void tst_dialogsettings::switchThatMeansNothingIsTold()
+{
+    QFETCH(const QByteArray, value);
+    QFETCH(const bool, isTold);
+    QFETCH_GLOBAL(const QString, qt);
+    const QTemporaryDir folder;
+    QVERIFY(qputenv("KVPRINT_DIALOG", value));
+    DialogOpener silent(qt, folder.path(), folder.path());
+    DialogOpener opener(qt, folder.path(), folder.path());
+    qunsetenv("KVPRINT_DIALOG");
+    for (int dialog = 0; dialog < 2; ++dialog) {
+        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+    }
+    const QString told =
+        QStringLiteral("kvprint: KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"\n")
+            .arg(QString::fromLatin1(value));
+    QCOMPARE(opener.finish(), isTold ? told : QStringLiteral(""));
+    QCOMPARE(silent.finish(), QStringLiteral(""));
 }
 
 void tst_dialogsettings::leavesNoFiles()

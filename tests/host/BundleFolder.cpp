@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include <sys/stat.h>
+
 BundleFolder::BundleFolder() = default;
 
 bool BundleFolder::add(const QString &name) const
@@ -33,12 +35,14 @@ bool BundleFolder::addOdd(const QString &name, const QString &kind) const
 
 QString BundleFolder::path(const QString &file) const
 {
-    return mFolder.filePath(QStringLiteral("Spoilt.pde/") + file);
+    return QDir::cleanPath(mFolder.filePath(QStringLiteral("Spoilt.pde/") + file));
 }
 
 bool BundleFolder::remove(const QString &file) const
 {
-    return QFile::remove(path(file));
+    const QFileInfo removed(path(file));
+    return removed.isDir() ? QDir(removed.filePath()).removeRecursively()
+                           : QFile::remove(removed.filePath());
 }
 
 bool BundleFolder::overwrite(const QString &file, const QByteArray &bytes) const
@@ -57,4 +61,24 @@ bool BundleFolder::truncate(const QString &file, qint64 size) const
 bool BundleFolder::replace(const QString &file, const QString &by) const
 {
     return remove(file) && QFile::copy(by, path(file));
+}
+
+bool BundleFolder::replaceByFolder(const QString &file) const
+{
+    return remove(file) && QDir().mkdir(path(file));
+}
+
+bool BundleFolder::replaceByPipe(const QString &file) const
+{
+    return remove(file) && mkfifo(QFile::encodeName(path(file)).constData(), 0644) == 0;
+}
+
+bool BundleFolder::replaceByLink(const QString &file, const QString &target) const
+{
+    return remove(file) && QFile::link(target, path(file));
+}
+
+bool BundleFolder::setMode(const QString &file, unsigned int mode) const
+{
+    return chmod(QFile::encodeName(path(file)).constData(), mode) == 0;
 }

@@ -16,15 +16,21 @@ public:
     bool addOdd(const QString &name, const QString &kind) const;
 
     QString path() const { return mFolder.path(); }
-    /// The path of a file of the first copy, "Contents/…" in front included.
+    /// The path of a file of the first copy, "Contents/…" in front included; empty for the copy.
     QString path(const QString &file) const;
 
+    /// Removes a file, or a folder with all that is in it.
     bool remove(const QString &file) const;
     bool overwrite(const QString &file, const QByteArray &bytes) const;
     /// Cuts the file after so many bytes.
     bool truncate(const QString &file, qint64 size) const;
     /// Puts a copy of another file in the file's place.
     bool replace(const QString &file, const QString &by) const;
+    /// Puts an empty folder, a pipe, or a link in the place of a file or folder.
+    bool replaceByFolder(const QString &file) const;
+    bool replaceByPipe(const QString &file) const;
+    bool replaceByLink(const QString &file, const QString &target) const;
+    bool setMode(const QString &file, unsigned int mode) const;
 
 private:
     QTemporaryDir mFolder;

@@ -3,6 +3,7 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "SampleChoices.h"
+#include "tests/support/AnotherUser.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -15,6 +16,9 @@
 namespace {
 using Spoiling = std::function<bool(const BundleFolder &)>;
 
+/// The bundle itself.
+const QString whole = QStringLiteral("");
+const QString resources = QStringLiteral("Contents/Resources");
 const QString info = QStringLiteral("Contents/Info.json");
 const QString libraryName = QStringLiteral("libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR);
 const QString library = QStringLiteral("Contents/Linux/") + libraryName;
@@ -59,6 +63,27 @@ Spoiling replacing(const QString &file, const QString &by)
     };
 }
 
+Spoiling replacingByFolder(const QString &file)
+{
+    return [file](const BundleFolder &folder) {
+        return folder.replaceByFolder(file);
+    };
+}
+
+Spoiling replacingByPipe(const QString &file)
+{
+    return [file](const BundleFolder &folder) {
+        return folder.replaceByPipe(file);
+    };
+}
+
+Spoiling replacingByLink(const QString &file, const QString &target)
+{
+    return [file, target](const BundleFolder &folder) {
+        return folder.replaceByLink(file, target);
+    };
+}
+
 /// Gives an entry of the info file another value.
 Spoiling entering(const QString &entry, const QJsonValue &value)
 {
@@ -75,7 +100,7 @@ Spoiling entering(const QString &entry, const QJsonValue &value)
 }
 
 /// What the panel shows of itself.
-enum class Tab { None, Whole, Empty, Untitled };
+enum class Tab { None, Whole, Empty, Untitled, Bare };
 } // namespace
 
 Q_DECLARE_METATYPE(Spoiling)
@@ -91,6 +116,9 @@ private Q_SLOTS:
     void noBundle();
     void spoiltBundle_data();
     void spoiltBundle();
+    void closedBundle_data();
+    void closedBundle();
+    void formGoneSinceTheBundleWasLoaded();
     void requestWithoutAForm();
     void spoiltBundleBesideAWholeOne();
     void problemsAreToldOnce();
@@ -107,20 +135,25 @@ void tst_badbundle::initTestCase()
 void tst_badbundle::noBundle_data()
 {
     QTest::addColumn<QString>("folder");
-    QTest::newRow("no folder") << mSite.path(QStringLiteral("nowhere"));
-    QVERIFY(QDir().mkpath(mSite.path(QStringLiteral("empty"))));
-    QTest::newRow("empty folder") << mSite.path(QStringLiteral("empty"));
-    QVERIFY(!mSite.file(QStringLiteral("a.pde"), "no folder").isNull());
-    QTest::newRow("a file of the bundle's name") << QFileInfo(mSite.path(u"a.pde"_qs)).path();
+    QTest::addColumn<QString>("problem");
+    const QString nowhere = mSite.path(QStringLiteral("nowhere"));
+    QTest::newRow("no folder") << nowhere << nowhere + QStringLiteral(" is missing");
+    const QString empty = mSite.path(QStringLiteral("empty"));
+    QVERIFY(QDir().mkpath(empty));
+    QTest::newRow("empty folder") << empty << empty + QStringLiteral(": there is no panel bundle");
+    const QString file = mSite.file(QStringLiteral("a.pde"), "no folder");
+    QTest::newRow("a file of the bundle's name")
+        << QFileInfo(file).path() << file + QStringLiteral(" is a file");
+    QTest::newRow("a file of the folder's name") << file << file + QStringLiteral(" is a file");
 }
 
 void tst_badbundle::noBundle()
 {
     QFETCH(const QString, folder);
+    QFETCH(const QString, problem);
     AttachedDialog dialog(QStringLiteral("tape"), {}, folder);
     QVERIFY(dialog.user().open());
-    QCOMPARE(dialog.problems(),
-             QStringList{QStringLiteral("%1: there is no panel bundle").arg(folder)});
+    QCOMPARE(dialog.problems(), QStringList{problem});
     QVERIFY(!dialog.tabs().contains(kPanelTab));
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job > 0);
@@ -149,8 +182,21 @@ void tst_badbundle::spoiltBundle_data()
         "^Spoilt\\.pde: .*(LIBRARY.* is not a Qt plugin|plugin meta data from .*LIBRARY)");
     add("library is another plug-in", replacing(library, otherPlugIn()), Tab::None,
         "^Spoilt\\.pde: LIBRARY is no print dialog plug-in$");
+    add("library is a folder", replacingByFolder(library), Tab::None,
+        "^Spoilt\\.pde: LIBRARY is a folder$");
+    add("library is a pipe", replacingByPipe(library), Tab::None,
+        "^Spoilt\\.pde: LIBRARY is a pipe$");
+    add("library is a link to nothing", replacingByLink(library, QStringLiteral("/none.so")),
+        Tab::None, "^Spoilt\\.pde: LIBRARY is a link to /none.so, which is missing$");
+    add("bundle is a link to nothing", replacingByLink(whole, QStringLiteral("/none.pde")),
+        Tab::None, "/Spoilt\\.pde is a link to /none.pde, which is missing$");
+    add("bundle is a link to itself", replacingByLink(whole, QStringLiteral("Spoilt.pde")),
+        Tab::None, "/Spoilt\\.pde cannot be reached: Too many levels of symbolic links$");
+    add("bundle is a pipe", replacingByPipe(whole), Tab::None, "/Spoilt\\.pde is a pipe$");
     add("info file missing", removing(info), Tab::None,
-        "/Spoilt\\.pde/Contents/Info\\.json: cannot be read: No such file or directory$");
+        "/Spoilt\\.pde/Contents/Info\\.json: is missing$");
+    add("info file is a pipe", replacingByPipe(info), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: is a pipe$");
     add("info file is no JSON", overwriting(info, "{ \"identifier\": "), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: malformed JSON at offset ");
     add("info file lacks an entry", overwriting(info, "{ \"identifier\": \"a.b\" }"), Tab::None,
@@ -163,6 +209,10 @@ void tst_badbundle::spoiltBundle_data()
         entering(QStringLiteral("libraries"), QJsonObject{{otherQt, libraryName}}), Tab::None,
         "/Spoilt\\.pde/Contents/Info\\.json: the entry \"libraries\" has none for Qt VERSION$");
     add("form missing", removing(form), Tab::Empty, "^Spoilt\\.pde: OptionPDE\\.ui is missing$");
+    add("form is a pipe", replacingByPipe(form), Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is a pipe$");
+    add("resources missing", removing(resources), Tab::Bare,
+        "^Spoilt\\.pde: Contents/Resources is missing$");
     add("form is no form", overwriting(form, "no form"), Tab::Empty,
         "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: ");
     add("form is cut short", truncating(form, 900), Tab::Empty,
@@ -170,8 +220,12 @@ void tst_badbundle::spoiltBundle_data()
     add("texts missing", removing(texts), Tab::Untitled, "^Spoilt\\.pde: en\\.qm is missing$");
     add("texts are none", overwriting(texts, "no texts"), Tab::Untitled,
         "^Spoilt\\.pde: en\\.qm is no string table$");
+    add("texts are a pipe", replacingByPipe(texts), Tab::Untitled,
+        "^Spoilt\\.pde: en\\.qm is a pipe$");
     add("picture missing", removing(picture), Tab::Whole,
         "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is missing$");
+    add("picture is a pipe", replacingByPipe(picture), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is a pipe$");
     add("picture is no picture", overwriting(picture, "no picture"), Tab::Whole,
         "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
     add("picture is empty", overwriting(picture, ""), Tab::Whole,
@@ -193,7 +247,8 @@ void tst_badbundle::spoiltBundle()
     QVERIFY(dialog.user().showOptions());
     QTest::qWait(0);
 
-    const QString title = tab == Tab::Untitled ? QStringLiteral("OP_PANEL_NAME") : kPanelTab;
+    const bool isUntitled = tab == Tab::Untitled || tab == Tab::Bare;
+    const QString title = isUntitled ? QStringLiteral("OP_PANEL_NAME") : kPanelTab;
     QCOMPARE(dialog.user().showTab(title), tab != Tab::None);
     const bool hasBoxes = tab == Tab::Whole || tab == Tab::Untitled;
     PanelUser panel(dialog.user());
@@ -210,14 +265,51 @@ void tst_badbundle::spoiltBundle()
 
     // Pictures are checked while the dialog is open.
     QTRY_VERIFY(dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0);
-    QStringList problems = dialog.problems();
-    if (tab == Tab::Empty) {
-        QCOMPARE(int(problems.removeAll(u"the panel \"Cut Options\" could not make its view"_qs)),
-                 1);
+    const QString problems = dialog.problems().join(QStringLiteral("; "));
+    QVERIFY2(dialog.problems().size() == 1, qPrintable(problems));
+    QVERIFY2(QRegularExpression(problem).match(problems).hasMatch(), qPrintable(problems));
+}
+
+void tst_badbundle::closedBundle_data()
+{
+    QTest::addColumn<QString>("closed");
+    QTest::addColumn<QString>("problem");
+    const QString path = QStringLiteral("FOLDER/Spoilt.pde");
+    QTest::newRow("library") << library
+                             << QStringLiteral("Spoilt.pde: %1 cannot be read").arg(libraryName);
+    QTest::newRow("its folder")
+        << QStringLiteral("Contents/Linux")
+        << QStringLiteral("Spoilt.pde: %1 cannot be reached").arg(libraryName);
+    QTest::newRow("info file") << info << path + u"/Contents/Info.json: cannot be read"_qs;
+    QTest::newRow("bundle") << whole << path + u" cannot be read"_qs;
+    QTest::newRow("folder of bundles") << u".."_qs << u"FOLDER cannot be read"_qs;
+}
+
+void tst_badbundle::closedBundle()
+{
+    QFETCH(const QString, closed);
+    QFETCH(QString, problem);
+    const BundleFolder folder;
+    QVERIFY(folder.add() && folder.setMode(u".."_qs, 0755) && folder.setMode(closed, 0));
+    QStringList problems;
+    ProblemReporter reporter([&problems](const QString &told) { problems.append(told); });
+    {
+        const AnotherUser user;
+        QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
     }
-    QCOMPARE(problems.size(), 1);
-    QVERIFY2(QRegularExpression(problem).match(problems.first()).hasMatch(),
-             qPrintable(problems.first()));
+    QVERIFY(folder.setMode(closed, 0755));
+    problem.replace(u"FOLDER"_qs, folder.path());
+    QCOMPARE(problems, QStringList{problem + u": Permission denied"_qs});
+}
+
+void tst_badbundle::formGoneSinceTheBundleWasLoaded()
+{
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    QVERIFY(folder.remove(form));
+    QVERIFY(dialog.openTab());
+    QCOMPARE(dialog.problems(), QStringList{u"Spoilt.pde: OptionPDE.ui is missing"_qs});
 }
 
 void tst_badbundle::requestWithoutAForm()
@@ -258,9 +350,8 @@ void tst_badbundle::problemsAreToldOnce()
         dialog.user().showTab(kPanelTab);
     }
     QVERIFY(dialog.print(mSite.scheduler()) > 0);
-    QCOMPARE(dialog.problemsWith(QStringLiteral("OptionPDE.ui")), 1);
-    QCOMPARE(dialog.problemsWith(QStringLiteral("AHCMOnOffOffOff.png")), 1);
-    QCOMPARE(dialog.problems().size(), 3);
+    QCOMPARE(dialog.problems(),
+             QStringList{u"Spoilt.pde: OptionPDE.ui, like AHCMOnOffOffOff.png, is missing"_qs});
 }
 
 QTEST_MAIN(tst_badbundle)

@@ -12,6 +12,8 @@
 
 #include <cmath>
 
+#include <sys/stat.h>
+
 /// The pictures on a screen of this process's fineness.
 class PictureScaleTest : public QObject
 {
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void smallIconIsTheWholePicture();
     void disabledIconIsPaler();
     void missingVariantIsReplaced();
+    void pipeIsNoVariant();
     void drawingReadsNoFile();
 };
 
@@ -328,6 +331,20 @@ void PictureScaleTest::missingVariantIsReplaced()
     }
     QCOMPARE(ratios, expected);
     QVERIFY(PictureFile(path).pixmap().isNull() || screenRatio() == 1.0);
+}
+
+void PictureScaleTest::pipeIsNoVariant()
+{
+    const QString name = u"AHCMOnOnOffOff"_qs;
+    const BundleCopy copy;
+    const QString path = copy.open()->pathForImageResource(name);
+    const QString variant = QFileInfo(path).path() + u'/' + name + u"%1.png"_qs;
+    for (const char *mark : {"@1.5x", "@2x", "@3x"}) {
+        const QString pipe = variant.arg(QLatin1String(mark));
+        QVERIFY(QFile::remove(pipe));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+    }
+    QCOMPARE(PictureFile(path).pixmap().devicePixelRatio(), 1.0);
 }
 
 void PictureScaleTest::drawingReadsNoFile()

@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <sys/stat.h>
+
 /// A panel's view: its nib, whole and damaged, and its size in the dialog's window.
 class PanelViewTest : public QObject
 {
@@ -18,6 +20,7 @@ class PanelViewTest : public QObject
 private Q_SLOTS:
     void loadsTheNibOnce();
     void viewOfTheBaseIsTheNibAsItStands();
+    void pipeIsNoNib();
     void viewGoesWithThePanel();
     void panelOutlivesItsView();
     void damagedNibMakesNoView_data();
@@ -155,6 +158,16 @@ void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
     QVERIFY(placesOf(view).size() > 9);
     QCOMPARE(placesOf(view), placesOf(nib.get()));
     QCOMPARE(host->calls, asked);
+}
+
+void PanelViewTest::pipeIsNoNib()
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(u"Pipe.ui"_qs);
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+    QString error;
+    QVERIFY(!NibLoader::load(pipe, &error));
+    QCOMPARE(error, u"Pipe.ui: is a pipe"_qs);
 }
 
 void PanelViewTest::viewGoesWithThePanel()

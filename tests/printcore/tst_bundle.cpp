@@ -1,4 +1,5 @@
 #include "printcore/Bundle.h"
+#include "tests/support/AnotherUser.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,6 +8,8 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <sys/stat.h>
 
 namespace {
 /// The key of the library for this Qt.
@@ -35,6 +38,7 @@ private Q_SLOTS:
     void tellsWhatTheInfoFileSays();
     void hasTheSamePathHoweverItIsWritten();
     void isNotOpenedWithoutAnInfoFile();
+    void isNotOpenedWithAPipeForItsInfoFile();
     void isNotOpenedWithBrokenJSON();
     void isNotOpenedWithoutAJSONObject();
     void isNotOpenedWithoutAnEntry_data();
@@ -61,6 +65,9 @@ private Q_SLOTS:
 
     void hasNoProblemsWhenComplete();
     void namesMissingResources();
+    void namesOneOfManyMissingResources();
+    void namesAMissingFolderOfResources();
+    void namesAnUnreachableFolderOfResources();
     void namesABrokenTableOnceAndUsesTheOthers();
     void namesADeclaredTableThatIsNoneWhateverTheLanguage();
     void survivesTablesCutOffAnywhere();
@@ -142,8 +149,17 @@ void BundleTest::isNotOpenedWithoutAnInfoFile()
     QVERIFY(QFile::remove(path() + u"/Contents/Info.json"_qs));
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QVERIFY2(error.startsWith(path() + u"/Contents/Info.json: cannot be read: "_qs),
-             qPrintable(error));
+    QCOMPARE(error, path() + u"/Contents/Info.json: is missing"_qs);
+}
+
+void BundleTest::isNotOpenedWithAPipeForItsInfoFile()
+{
+    const QString info = path() + u"/Contents/Info.json"_qs;
+    QVERIFY(QFile::remove(info));
+    QCOMPARE(mkfifo(QFile::encodeName(info).constData(), 0644), 0);
+    QString error;
+    QVERIFY(!Bundle::open(path(), &error));
+    QCOMPARE(error, info + u": is a pipe"_qs);
 }
 
 void BundleTest::isNotOpenedWithBrokenJSON()
@@ -414,7 +430,41 @@ void BundleTest::namesMissingResources()
     QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is missing"_qs));
     QVERIFY(bundle->pathForImageResource(u"tape"_qs).isNull());
     QVERIFY(QDir().mkpath(resource(u"tape.png"_qs)));
-    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is missing"_qs));
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is a folder"_qs));
+}
+
+void BundleTest::namesOneOfManyMissingResources()
+{
+    QJsonObject info = soundInfo();
+    info.insert(u"resources"_qs, QJsonArray{u"a.png"_qs, u"b.png"_qs, u"Cut.ui"_qs, u"c.png"_qs});
+    writeInfo(info);
+    QCOMPARE(openBundle()->problems(),
+             QStringList(u"Cut.bundle: a.png, like 2 others, is missing"_qs));
+    addResource(u"b.png"_qs);
+    QCOMPARE(openBundle()->problems(),
+             QStringList(u"Cut.bundle: a.png, like c.png, is missing"_qs));
+}
+
+void BundleTest::namesAMissingFolderOfResources()
+{
+    QVERIFY(QDir(path() + u"/Contents/Resources"_qs).removeRecursively());
+    QCOMPARE(openBundle()->problems(),
+             QStringList(u"Cut.bundle: Contents/Resources is missing"_qs));
+}
+
+void BundleTest::namesAnUnreachableFolderOfResources()
+{
+    const QByteArray folder = QFile::encodeName(path() + u"/Contents/Resources"_qs);
+    QCOMPARE(chmod(QFile::encodeName(mFolder->path()).constData(), 0755), 0);
+    QCOMPARE(chmod(folder.constData(), 0), 0);
+    QStringList problems;
+    {
+        const AnotherUser user;
+        problems = openBundle()->problems();
+    }
+    QCOMPARE(chmod(folder.constData(), 0700), 0);
+    QCOMPARE(problems, QStringList(u"Cut.bundle: Contents/Resources cannot be read: "
+                                   "Permission denied"_qs));
 }
 
 void BundleTest::namesABrokenTableOnceAndUsesTheOthers()
