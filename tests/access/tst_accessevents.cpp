@@ -15,9 +15,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto mirror = OptionCatalogue::Mirror;
-constexpr auto half = OptionCatalogue::HalfCut;
 
 /// Everything off.
 TestPrinter allOff()
@@ -32,7 +29,7 @@ void AccessEventsTest::otherStripIsTold()
     fixture.show();
     AccessEvents events;
     for (int i = 0; i < 2; ++i) {
-        fixture.click(half);
+        fixture.click(halfCut);
         QCOMPARE(events.take(fixture.panel->mOptionView, QAccessible::DescriptionChanged), 1);
     }
 }
@@ -44,7 +41,7 @@ void AccessEventsTest::reasonsAreTold()
     AccessEvents events;
     fixture.click(OptionCatalogue::SpecialTape);
     for (const Option option :
-         {cutEvery, OptionCatalogue::AutoCut, half, OptionCatalogue::ChainPrint}) {
+         {cutEvery, OptionCatalogue::AutoCut, halfCut, OptionCatalogue::ChainPrint}) {
         QCOMPARE(events.take(fixture.box(option), QAccessible::DescriptionChanged), 1);
     }
     QCOMPARE(events.take(fixture.box(mirror), QAccessible::DescriptionChanged), 0);
@@ -57,7 +54,7 @@ void AccessEventsTest::selectionIsTold()
     fixture.show();
     PopUpButton *menu = fixture.panel->mOptionPopUpButton;
     AccessEvents events;
-    fixture.click(half);
+    fixture.click(halfCut);
     // Qt tells the text besides, which a menu of pictures has none of.
     QVERIFY(events.takeValues(menu).contains(u"Half cut"_qs));
 }
@@ -91,5 +88,5 @@ void AccessEventsTest::nothingIsToldWithoutAChange()
     QCOMPARE(events.take(fixture.panel->mOptionView, QAccessible::DescriptionChanged), 0);
 }
 
-QTEST_MAIN(AccessEventsTest)
+KV_TEST(AccessEventsTest)
 #include "tst_accessevents.moc"

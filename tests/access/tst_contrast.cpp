@@ -137,5 +137,5 @@ void ContrastTest::textsStandOut()
     }
 }
 
-QTEST_MAIN(ContrastTest)
+KV_TEST(ContrastTest)
 #include "tst_contrast.moc"

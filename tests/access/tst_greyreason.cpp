@@ -26,12 +26,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto half = OptionCatalogue::HalfCut;
-constexpr auto chain = OptionCatalogue::ChainPrint;
-constexpr auto special = OptionCatalogue::SpecialTape;
-constexpr auto blank = OptionCatalogue::RemoveBlkSpace;
 
 const QString onThisTape = QStringLiteral("Not available on this tape.");
 const QString withSpecialTape = QStringLiteral("Not available together with “KvSpecialTape”.");
@@ -91,19 +85,19 @@ void GreyReasonTest::reasonIsThatOfTheRule_data()
     QTest::addColumn<bool>("specialTape");
     QTest::addColumn<Boxes>("tapeGreys");
     QTest::addColumn<Boxes>("specialTapeGreys");
-    const Boxes excluded{{cutEvery, autoCut, half, chain}};
+    const Boxes excluded{{cutEvery, autoCut, halfCut, chainPrint}};
     QTest::newRow("standard size") << u"62x29"_qs << false << Boxes() << Boxes();
     for (const char *paper : {"DC03", "AV2055", "C_62"}) {
         QTest::addRow("%s", paper)
-            << QString::fromLatin1(paper) << false << Boxes{{blank}} << Boxes();
+            << QString::fromLatin1(paper) << false << Boxes{{removeBlkSpace}} << Boxes();
         QTest::addRow("%s, special tape", paper)
-            << QString::fromLatin1(paper) << true << Boxes{{blank}} << excluded;
+            << QString::fromLatin1(paper) << true << Boxes{{removeBlkSpace}} << excluded;
     }
-    QTest::newRow("FL30") << u"FL30"_qs << false << Boxes{{half, chain, special, blank}} << Boxes();
+    QTest::newRow("FL30") << u"FL30"_qs << false << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes();
     QTest::newRow("standard size, special tape") << u"62x29"_qs << true << Boxes() << excluded;
     // What special tape had greyed stays greyed: the reason is still that.
     QTest::newRow("FL30, special tape")
-        << u"FL30"_qs << true << Boxes{{half, chain, special, blank}} << Boxes{{cutEvery, autoCut}};
+        << u"FL30"_qs << true << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes{{cutEvery, autoCut}};
 }
 
 void GreyReasonTest::reasonIsThatOfTheRule()
@@ -115,7 +109,7 @@ void GreyReasonTest::reasonIsThatOfTheRule()
     PanelFixture fixture(allOff());
     fixture.show();
     if (specialTape) {
-        fixture.click(special);
+        fixture.click(specialTape);
     }
     fixture.host->changePaper(paper);
     QCOMPARE(greyedFor(fixture, onThisTape), tapeGreys.greyed);
@@ -166,21 +160,21 @@ void GreyReasonTest::reasonGoesWithThePaper()
     PanelFixture fixture(allOff());
     fixture.show();
     fixture.host->changePaper(u"FL30"_qs);
-    QCOMPARE(fixture.box(half)->toolTip(), onThisTape);
+    QCOMPARE(fixture.box(halfCut)->toolTip(), onThisTape);
     fixture.host->changePaper(u"62x29"_qs);
-    QCOMPARE(fixture.box(half)->toolTip(), helpOf(fixture, half));
-    QCOMPARE(descriptionOf(fixture.box(half)), helpOf(fixture, half));
+    QCOMPARE(fixture.box(halfCut)->toolTip(), helpOf(fixture, halfCut));
+    QCOMPARE(descriptionOf(fixture.box(halfCut)), helpOf(fixture, halfCut));
 }
 
 void GreyReasonTest::reasonGoesWithSpecialTape()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.click(special);
-    QCOMPARE(fixture.box(chain)->toolTip(), withSpecialTape);
+    fixture.click(specialTape);
+    QCOMPARE(fixture.box(chainPrint)->toolTip(), withSpecialTape);
     QCOMPARE(fixture.panel->mCutEveryTxBx->toolTip(), withSpecialTape);
-    fixture.click(special);
-    QCOMPARE(fixture.box(chain)->toolTip(), helpOf(fixture, chain));
+    fixture.click(specialTape);
+    QCOMPARE(fixture.box(chainPrint)->toolTip(), helpOf(fixture, chainPrint));
     QCOMPARE(fixture.panel->mCutEveryTxBx->toolTip(), withoutCutEvery);
 }
 
@@ -205,43 +199,43 @@ void GreyReasonTest::customSizeGreysBlankSpaceWhenSaved()
     PanelFixture fixture(allOff());
     fixture.show();
     fixture.host->changePaper(u"Custom.62x100"_qs);
-    QCOMPARE(reasonOf(fixture, blank), QString());
+    QCOMPARE(reasonOf(fixture, removeBlkSpace), QString());
     fixture.panel->saveValuesAndReturnError(nullptr);
-    QCOMPARE(reasonOf(fixture, blank), onThisTape);
+    QCOMPARE(reasonOf(fixture, removeBlkSpace), onThisTape);
 }
 
 void GreyReasonTest::stuckBoxSaysSo()
 {
     // Without special tape nothing enables half cut again.
-    PanelFixture fixture({.options = everyOptionBut(special), .defaults = {{cutEvery, "7"}}});
+    PanelFixture fixture({.options = everyOptionBut(specialTape), .defaults = {{cutEvery, "7"}}});
     fixture.show();
     fixture.host->changePaper(u"FL30"_qs);
-    QCOMPARE(greyedFor(fixture, onThisTape), QList<Option>({half, blank}));
+    QCOMPARE(greyedFor(fixture, onThisTape), QList<Option>({halfCut, removeBlkSpace}));
     fixture.host->changePaper(u"62x29"_qs);
-    QVERIFY(!fixture.box(half)->isEnabled());
-    QCOMPARE(reasonOf(fixture, half), reopen);
+    QVERIFY(!fixture.box(halfCut)->isEnabled());
+    QCOMPARE(reasonOf(fixture, halfCut), reopen);
 }
 
 void GreyReasonTest::missingOptionSaysSo()
 {
-    PanelFixture fixture({.options = everyOptionBut(half)});
+    PanelFixture fixture({.options = everyOptionBut(halfCut)});
     fixture.show();
-    QVERIFY(!fixture.panel->option(half));
-    fixture.box(half)->setEnabled(false);
-    fixture.box(special)->hide();
+    QVERIFY(!fixture.panel->option(halfCut));
+    fixture.box(halfCut)->setEnabled(false);
+    fixture.box(specialTape)->hide();
     fixture.panel->enabledCheck_OP();
-    QCOMPARE(reasonOf(fixture, half), u"Not available for this printer."_qs);
+    QCOMPARE(reasonOf(fixture, halfCut), u"Not available for this printer."_qs);
 }
 
 void GreyReasonTest::greyedBoxShowsTheReasonAsTip()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.click(special);
-    QVERIFY(!fixture.box(half)->isEnabled());
-    QCOMPARE(shownTip(fixture.box(half)), withSpecialTape);
-    fixture.click(special);
-    QCOMPARE(shownTip(fixture.box(half)), helpOf(fixture, half));
+    fixture.click(specialTape);
+    QVERIFY(!fixture.box(halfCut)->isEnabled());
+    QCOMPARE(shownTip(fixture.box(halfCut)), withSpecialTape);
+    fixture.click(specialTape);
+    QCOMPARE(shownTip(fixture.box(halfCut)), helpOf(fixture, halfCut));
 }
 
 void GreyReasonTest::elidedTitleStandsInFrontOfTheTip()
@@ -249,8 +243,8 @@ void GreyReasonTest::elidedTitleStandsInFrontOfTheTip()
     const QByteArray title(79, 'W');
     PanelFixture fixture(PPDText().onOff("KvHalfCut", "OFF", title));
     fixture.show();
-    QCOMPARE(shownTip(fixture.box(half)),
-             QString::fromLatin1(title) + u'\n' + helpOf(fixture, half));
+    QCOMPARE(shownTip(fixture.box(halfCut)),
+             QString::fromLatin1(title) + u'\n' + helpOf(fixture, halfCut));
 }
 
 void GreyReasonTest::markupInATitleIsText()
@@ -260,10 +254,10 @@ void GreyReasonTest::markupInATitleIsText()
                              .onOff("KvSpecialTape", "OFF", "<3C>b>Special<3C>/b>")
                              .size("62x29", 175.0, 82.0));
     fixture.show();
-    fixture.click(special);
-    QCOMPARE(descriptionOf(fixture.box(half)), u"Not available together with “<b>Special</b>”."_qs);
-    QVERIFY(fixture.box(half)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_qs));
+    fixture.click(specialTape);
+    QCOMPARE(descriptionOf(fixture.box(halfCut)), u"Not available together with “<b>Special</b>”."_qs);
+    QVERIFY(fixture.box(halfCut)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_qs));
 }
 
-QTEST_MAIN(GreyReasonTest)
+KV_TEST(GreyReasonTest)
 #include "tst_greyreason.moc"

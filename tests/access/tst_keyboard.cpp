@@ -32,8 +32,6 @@ private:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto half = OptionCatalogue::HalfCut;
 
 /// Everything off, and no cut marks unless they are wanted.
 TestPrinter tapePrinter()
@@ -94,9 +92,9 @@ void KeyboardTest::spaceTicksABox()
     PanelDialog dialog(fixture);
     QVERIFY(dialog.isReady());
     fixture.takeTold();
-    fixture.box(half)->setFocus(Qt::TabFocusReason);
+    fixture.box(halfCut)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    QVERIFY(fixture.isOn(half));
+    QVERIFY(fixture.isOn(halfCut));
     QCOMPARE(fixture.takeTold(), QStringList(u"KvHalfCut=ON"_qs));
 }
 
@@ -180,7 +178,7 @@ void KeyboardTest::menuIsWorkedByKeys()
     QTest::keyClick(menu->view(), Qt::Key_Return);
     QVERIFY(!menu->view()->isVisible());
     QCOMPARE(fixture.selectedTag(), 7);
-    QCOMPARE(fixture.optionsOn(), QList<Option>{half});
+    QCOMPARE(fixture.optionsOn(), QList<Option>{halfCut});
 }
 
 void KeyboardTest::focusIsSeen_data()
@@ -200,12 +198,12 @@ void KeyboardTest::focusIsSeen()
     PanelDialog dialog(fixture);
     QVERIFY(dialog.isReady());
     fixture.click(cutEvery);
-    const QList<QWidget *> controls = {fixture.box(half), fixture.panel->mCutEveryTxBx,
+    const QList<QWidget *> controls = {fixture.box(halfCut), fixture.panel->mCutEveryTxBx,
                                        fixture.panel->mCutEveryStpr,
                                        fixture.panel->mOptionPopUpButton};
     // The dialog knows that the keyboard is used once a key has moved the focus.
-    fixture.box(half)->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(fixture.box(half), Qt::Key_Tab);
+    fixture.box(halfCut)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(fixture.box(halfCut), Qt::Key_Tab);
     for (QWidget *control : controls) {
         fixture.box(OptionCatalogue::RemoveBlkSpace)->setFocus(Qt::TabFocusReason);
         const QImage without = control->grab().toImage();
@@ -236,5 +234,5 @@ void KeyboardTest::panelHasNoMnemonics()
     QVERIFY(!dialog.dialog().findChildren<QWidget *>(u"properties"_qs).isEmpty());
 }
 
-QTEST_MAIN(KeyboardTest)
+KV_TEST(KeyboardTest)
 #include "tst_keyboard.moc"

@@ -97,15 +97,15 @@ void NamesTest::boxTellsItsState()
 {
     PanelFixture fixture;
     fixture.show();
-    const QAccessibleInterface *half = accessOf(fixture.box(OptionCatalogue::HalfCut));
-    QVERIFY(half->state().checkable);
-    QVERIFY(half->state().focusable);
-    QVERIFY(!half->state().checked);
-    QVERIFY(!half->state().disabled);
+    const QAccessibleInterface *halfCut = accessOf(fixture.box(OptionCatalogue::HalfCut));
+    QVERIFY(halfCut->state().checkable);
+    QVERIFY(halfCut->state().focusable);
+    QVERIFY(!halfCut->state().checked);
+    QVERIFY(!halfCut->state().disabled);
     fixture.click(OptionCatalogue::HalfCut);
-    QVERIFY(half->state().checked);
+    QVERIFY(halfCut->state().checked);
     fixture.click(OptionCatalogue::SpecialTape);
-    QVERIFY(half->state().disabled);
+    QVERIFY(halfCut->state().disabled);
 }
 
 void NamesTest::menuTellsItsSelectionByName()
@@ -201,5 +201,5 @@ void NamesTest::textsWithoutATableAreTheirKeys()
     QCOMPARE(descriptionOf(fixture.panel->mOptionView), u"RS_Strip_SpecialTape"_qs);
 }
 
-QTEST_MAIN(NamesTest)
+KV_TEST(NamesTest)
 #include "tst_names.moc"

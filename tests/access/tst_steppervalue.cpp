@@ -138,5 +138,5 @@ void StepperValueTest::disabledArrowsShowTheReason()
     QCOMPARE(up->toolTip(), u"Increase"_qs);
 }
 
-QTEST_MAIN(StepperValueTest)
+KV_TEST(StepperValueTest)
 #include "tst_steppervalue.moc"

@@ -17,15 +17,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto atEnd = OptionCatalogue::CutAtEnd;
-constexpr auto mirror = OptionCatalogue::Mirror;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto half = OptionCatalogue::HalfCut;
-constexpr auto chain = OptionCatalogue::ChainPrint;
-constexpr auto special = OptionCatalogue::SpecialTape;
-constexpr auto blank = OptionCatalogue::RemoveBlkSpace;
-constexpr auto mark = OptionCatalogue::CutMark;
 
 struct Boxes
 {
@@ -41,9 +32,9 @@ const QString uncut = QStringLiteral("The labels stay together on one strip, whi
 const QString cut = QStringLiteral("The strip is cut between the labels.");
 const QString count = QStringLiteral("Number of labels between cuts: 7.");
 const QString end = QStringLiteral("The strip is cut at its end.");
-const QString specialTape =
+const QString specialTapeWords =
     QStringLiteral("It is a special tape, which is not cut between the labels.");
-const QString halfCut = QStringLiteral(
+const QString halfCutWords = QStringLiteral(
     "The labels are cut but their backing is not, so that they are easy to peel off.");
 const QString chained =
     QStringLiteral("The last label stays in the printer until the next print job.");
@@ -88,20 +79,20 @@ void StripTextTest::choicesAreToldInSentences_data()
     labelRow("cut every", {cutEvery}, {cut, count});
     tapeRow("auto cut", {autoCut}, {cut, end});
     labelRow("auto cut", {autoCut}, {cut});
-    row("auto cut and chain printing", {autoCut, chain}, {cut, chained});
-    row("cut at end", {atEnd}, {end});
-    row("cut every and at end", {cutEvery, atEnd}, {cut, count, end});
-    row("half cut", {half}, {uncut, halfCut});
-    row("chain printing", {chain}, {uncut, chained});
+    row("auto cut and chain printing", {autoCut, chainPrint}, {cut, chained});
+    row("cut at end", {cutAtEnd}, {end});
+    row("cut every and at end", {cutEvery, cutAtEnd}, {cut, count, end});
+    row("half cut", {halfCut}, {uncut, halfCutWords});
+    row("chain printing", {chainPrint}, {uncut, chained});
     row("mirror printing", {mirror}, {uncut, mirrored});
-    row("no blank space", {blank}, {uncut, tight});
-    row("cut marks", {mark}, {uncut, marks});
-    row("special tape", {special}, {specialTape});
-    row("special tape wins", {special, cutEvery, autoCut, half, chain, mark}, {specialTape});
-    row("special tape, cut at end", {special, atEnd}, {specialTape, end});
-    row("special tape, the rest", {special, mirror, blank}, {specialTape, tight, mirrored});
-    row("everything but special tape", {cutEvery, atEnd, mirror, autoCut, half, chain, blank, mark},
-        {cut, count, end, halfCut, chained, marks, tight, mirrored});
+    row("no blank space", {removeBlkSpace}, {uncut, tight});
+    row("cut marks", {cutMark}, {uncut, marks});
+    row("special tape", {specialTape}, {specialTapeWords});
+    row("special tape wins", {specialTape, cutEvery, autoCut, halfCut, chainPrint, cutMark}, {specialTapeWords});
+    row("special tape, cut at end", {specialTape, cutAtEnd}, {specialTapeWords, end});
+    row("special tape, the rest", {specialTape, mirror, removeBlkSpace}, {specialTapeWords, tight, mirrored});
+    row("everything but special tape", {cutEvery, cutAtEnd, mirror, autoCut, halfCut, chainPrint, removeBlkSpace, cutMark},
+        {cut, count, end, halfCutWords, chained, marks, tight, mirrored});
 }
 
 void StripTextTest::choicesAreToldInSentences()
@@ -133,7 +124,7 @@ void StripTextTest::greyedBlankSpaceIsLeftOut()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.click(blank);
+    fixture.click(removeBlkSpace);
     QCOMPARE(wordsOf(fixture), QStringList({uncut, tight}));
     fixture.host->changePaper(u"DC03"_qs);
     QCOMPARE(wordsOf(fixture), QStringList({uncut}));
@@ -143,18 +134,18 @@ void StripTextTest::greyedBlankSpaceIsLeftOut()
 
 void StripTextTest::hiddenBoxCountsAsOff()
 {
-    PanelFixture fixture({.options = everyOptionBut(half), .defaults = {{cutEvery, "7"}}});
+    PanelFixture fixture({.options = everyOptionBut(halfCut), .defaults = {{cutEvery, "7"}}});
     fixture.show();
-    choose(fixture, {half});
+    choose(fixture, {halfCut});
     QCOMPARE(wordsOf(fixture), QStringList({uncut}));
 }
 
 void StripTextTest::presetChangesTheWords()
 {
-    PanelFixture fixture({.options = everyOptionBut(mark), .defaults = {{cutEvery, "7"}}});
+    PanelFixture fixture({.options = everyOptionBut(cutMark), .defaults = {{cutEvery, "7"}}});
     fixture.show();
     QVERIFY(fixture.panel->choosePreset(u"AHCMOffOnOnOff"_qs));
-    QCOMPARE(wordsOf(fixture), QStringList({uncut, halfCut, chained}));
+    QCOMPARE(wordsOf(fixture), QStringList({uncut, halfCutWords, chained}));
 }
 
 void StripTextTest::imageIsDescribed()
@@ -170,5 +161,5 @@ void StripTextTest::imageIsDescribed()
     QCOMPARE(image->imagePosition(), view->mapToGlobal(QPoint()));
 }
 
-QTEST_MAIN(StripTextTest)
+KV_TEST(StripTextTest)
 #include "tst_striptext.moc"

@@ -252,5 +252,5 @@ void tst_applicationfaults::spoiltInstallation()
     QVERIFY2(QRegularExpression(reason).match(error).hasMatch(), qPrintable(error));
 }
 
-QTEST_GUILESS_MAIN(tst_applicationfaults)
+KV_CORE_TEST(tst_applicationfaults)
 #include "tst_applicationfaults.moc"

@@ -260,5 +260,5 @@ void tst_applications::switchedOff()
     QCOMPARE(session.run().ownErrors(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_applications)
+KV_CORE_TEST(tst_applications)
 #include "tst_applications.moc"

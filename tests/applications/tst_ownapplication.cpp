@@ -110,5 +110,5 @@ void tst_ownapplication::dialogIsDestroyedWhileItIsOpen()
     QCOMPARE(session.run().ownErrors(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_ownapplication)
+KV_CORE_TEST(tst_ownapplication)
 #include "tst_ownapplication.moc"

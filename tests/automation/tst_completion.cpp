@@ -473,5 +473,5 @@ void tst_completion::examplesForOtherPrograms()
              qPrintable(result.output + result.errors));
 }
 
-QTEST_MAIN(tst_completion)
+KV_TEST(tst_completion)
 #include "tst_completion.moc"

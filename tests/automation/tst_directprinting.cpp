@@ -433,5 +433,5 @@ void tst_directprinting::nothingElseIsSaid()
     QCOMPARE(lines.filter(u"kvprint: "_qs), lines);
 }
 
-QTEST_MAIN(tst_directprinting)
+KV_TEST(tst_directprinting)
 #include "tst_directprinting.moc"

@@ -120,5 +120,5 @@ void tst_directrefusals::noScheduler()
              qPrintable(run.errors));
 }
 
-QTEST_MAIN(tst_directrefusals)
+KV_TEST(tst_directrefusals)
 #include "tst_directrefusals.moc"

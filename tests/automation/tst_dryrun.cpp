@@ -379,5 +379,5 @@ void tst_dryrun::outputThatCannotBeWritten()
     QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
 }
 
-QTEST_MAIN(tst_dryrun)
+KV_TEST(tst_dryrun)
 #include "tst_dryrun.moc"

@@ -354,5 +354,5 @@ void tst_list::outputThatCannotBeWritten()
     QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
 }
 
-QTEST_MAIN(tst_list)
+KV_TEST(tst_list)
 #include "tst_list.moc"

@@ -185,5 +185,5 @@ void tst_screenshot::noRoomForThePicture()
     QVERIFY(!QFileInfo(file).size());
 }
 
-QTEST_MAIN(tst_screenshot)
+KV_TEST(tst_screenshot)
 #include "tst_screenshot.moc"

@@ -499,5 +499,5 @@ void tst_script::closeAndOpenAgain()
     QCOMPARE(talk.box("mHalfCutChkBx"), 0);
 }
 
-QTEST_MAIN(tst_script)
+KV_TEST(tst_script)
 #include "tst_script.moc"

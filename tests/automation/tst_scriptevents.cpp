@@ -190,5 +190,5 @@ void tst_scriptevents::manyPanelsLeaveNothingBehind()
     QVERIFY(!talk.hasFailed());
 }
 
-QTEST_MAIN(tst_scriptevents)
+KV_TEST(tst_scriptevents)
 #include "tst_scriptevents.moc"

@@ -358,5 +358,5 @@ void tst_scriptfaults::failureIsRemembered()
     QVERIFY(talk.hasFailed());
 }
 
-QTEST_MAIN(tst_scriptfaults)
+KV_TEST(tst_scriptfaults)
 #include "tst_scriptfaults.moc"

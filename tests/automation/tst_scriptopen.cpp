@@ -465,5 +465,5 @@ void tst_scriptopen::defaultPrinting()
     QCOMPARE(onQueue.open(u"label"_qs).value(u"isRV"), QJsonValue(true));
 }
 
-QTEST_MAIN(tst_scriptopen)
+KV_TEST(tst_scriptopen)
 #include "tst_scriptopen.moc"

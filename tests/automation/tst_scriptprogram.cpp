@@ -308,5 +308,5 @@ void tst_scriptprogram::alertGoesToTheAnswerAlone()
     QVERIFY2(!run.errors.contains(u"kvprint:"), qPrintable(run.errors));
 }
 
-QTEST_MAIN(tst_scriptprogram)
+KV_TEST(tst_scriptprogram)
 #include "tst_scriptprogram.moc"

@@ -386,5 +386,5 @@ void tst_scriptstate::stateChangesNothing()
     }
 }
 
-QTEST_MAIN(tst_scriptstate)
+KV_TEST(tst_scriptstate)
 #include "tst_scriptstate.moc"

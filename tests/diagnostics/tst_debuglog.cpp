@@ -183,5 +183,5 @@ void DebugLogTest::ignoresClosedDescriptors()
     QCOMPARE(onStandardError(0, u"open again"_qs), QByteArray("DEBUG: open again\n"));
 }
 
-QTEST_GUILESS_MAIN(DebugLogTest)
+KV_CORE_TEST(DebugLogTest)
 #include "tst_debuglog.moc"

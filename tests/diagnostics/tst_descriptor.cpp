@@ -216,5 +216,5 @@ void DescriptorTest::descriptorToReadIsIgnored()
     close(zero);
 }
 
-QTEST_GUILESS_MAIN(DescriptorTest)
+KV_CORE_TEST(DescriptorTest)
 #include "tst_descriptor.moc"

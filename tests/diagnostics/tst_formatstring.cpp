@@ -394,5 +394,5 @@ void FormatStringTest::ignoresTheLocale()
     QCOMPARE(after, u"0,5"_qs);
 }
 
-QTEST_GUILESS_MAIN(FormatStringTest)
+KV_CORE_TEST(FormatStringTest)
 #include "tst_formatstring.moc"

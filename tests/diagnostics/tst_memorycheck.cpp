@@ -196,5 +196,5 @@ void MemoryCheckTest::ignoresAClosedDescriptor()
     QCOMPARE(onDescriptor(0, "A", 1), QByteArray("41\n"));
 }
 
-QTEST_GUILESS_MAIN(MemoryCheckTest)
+KV_CORE_TEST(MemoryCheckTest)
 #include "tst_memorycheck.moc"

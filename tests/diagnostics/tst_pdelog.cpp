@@ -348,5 +348,5 @@ void PDELogTest::dumpsPercentSignsAsTheyAre()
     QCOMPARE(valuesOf(lines, "***** choices->text | "), QByteArrayList({"100% %s"}));
 }
 
-QTEST_GUILESS_MAIN(PDELogTest)
+KV_CORE_TEST(PDELogTest)
 #include "tst_pdelog.moc"

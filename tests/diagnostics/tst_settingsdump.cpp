@@ -215,5 +215,5 @@ void SettingsDumpTest::ignoresAFolderInItsPlace()
     QVERIFY(QDir(root.path(u"KvPDE_job.plist"_qs)).exists());
 }
 
-QTEST_GUILESS_MAIN(SettingsDumpTest)
+KV_CORE_TEST(SettingsDumpTest)
 #include "tst_settingsdump.moc"

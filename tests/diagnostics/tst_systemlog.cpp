@@ -316,5 +316,5 @@ void SystemLogTest::socketKeepsTheApplicationsLog()
     QVERIFY(root.records()[1].endsWith("]: its own"));
 }
 
-QTEST_GUILESS_MAIN(SystemLogTest)
+KV_CORE_TEST(SystemLogTest)
 #include "tst_systemlog.moc"

@@ -247,5 +247,5 @@ void tst_dialogsettings::leavesNoFiles()
     QVERIFY(!QDir(folder.filePath(QStringLiteral("kvprint"))).exists());
 }
 
-QTEST_GUILESS_MAIN(tst_dialogsettings)
+KV_CORE_TEST(tst_dialogsettings)
 #include "tst_dialogsettings.moc"

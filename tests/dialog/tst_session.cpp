@@ -345,5 +345,5 @@ void tst_session::environmentFile()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_session)
+KV_CORE_TEST(tst_session)
 #include "tst_session.moc"

@@ -182,5 +182,5 @@ void tst_spoiltplugin::removedWhileDialogsAreOff()
     QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 has been removed\n").arg(library));
 }
 
-QTEST_GUILESS_MAIN(tst_spoiltplugin)
+KV_CORE_TEST(tst_spoiltplugin)
 #include "tst_spoiltplugin.moc"

@@ -268,6 +268,6 @@ void tst_drivers::mediaDimensions()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_drivers)
+KV_CORE_TEST(tst_drivers)
 
 #include "tst_drivers.moc"

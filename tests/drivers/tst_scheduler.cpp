@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QMap>
 #include <QPainter>
 #include <QPdfWriter>
@@ -22,7 +21,6 @@
 
 namespace {
 constexpr int jobTimeoutMs = 60'000;
-constexpr const char *holdArgument = "--hold-scheduler";
 constexpr const char *previousServer = "localhost:9";
 
 const QStringList printers = {
@@ -55,22 +53,6 @@ bool isRunning(qint64 process)
     const QByteArray status = readFile(QStringLiteral("/proc/%1/stat").arg(process));
     const qsizetype endOfName = status.lastIndexOf(')');
     return endOfName >= 0 && status.mid(endOfName + 2, 1) != "Z";
-}
-
-// Tells the scheduler's process on the standard output and waits to be killed.
-int holdScheduler()
-{
-    QString error;
-    const std::unique_ptr<PrivateScheduler> scheduler = PrivateScheduler::start(&error);
-    if (!scheduler) {
-        qWarning("%s", qPrintable(error));
-        return EXIT_FAILURE;
-    }
-    std::printf("%lld\n", scheduler->processId());
-    std::fflush(stdout);
-    for (;;) {
-        pause();
-    }
 }
 } // namespace
 
@@ -282,7 +264,7 @@ void tst_scheduler::diesWithItsParent()
     environment.insert(QStringLiteral("TMPDIR"), temp.path());
     parent.setProcessEnvironment(environment);
     parent.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    parent.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(holdArgument)});
+    parent.start(QStringLiteral(KV_SCHEDULER_HOLDER), {});
     QVERIFY(parent.waitForReadyRead());
     const qint64 scheduler = parent.readLine().trimmed().toLongLong();
     QVERIFY(scheduler > 0);
@@ -292,14 +274,6 @@ void tst_scheduler::diesWithItsParent()
     QTRY_VERIFY_WITH_TIMEOUT(!isRunning(scheduler), 10'000);
 }
 
-int main(int argc, char *argv[])
-{
-    if (argc == 2 && qstrcmp(argv[1], holdArgument) == 0) {
-        return holdScheduler();
-    }
-    QGuiApplication application(argc, argv);
-    tst_scheduler test;
-    return QTest::qExec(&test, argc, argv);
-}
+KV_TEST(tst_scheduler)
 
 #include "tst_scheduler.moc"

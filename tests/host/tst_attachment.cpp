@@ -510,5 +510,5 @@ void tst_attachment::twoDialogsAtOnce()
                           u"KvHalfCut=OFF"_qs, u"KvMirror=OFF"_qs}));
 }
 
-QTEST_MAIN(tst_attachment)
+KV_TEST(tst_attachment)
 #include "tst_attachment.moc"

@@ -354,5 +354,5 @@ void tst_badbundle::problemsAreToldOnce()
              QStringList{u"Spoilt.pde: OptionPDE.ui, like AHCMOnOffOffOff.png, is missing"_qs});
 }
 
-QTEST_MAIN(tst_badbundle)
+KV_TEST(tst_badbundle)
 #include "tst_badbundle.moc"

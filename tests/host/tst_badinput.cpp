@@ -392,5 +392,5 @@ void tst_badinput::jobThatCannotBeSent()
     }
 }
 
-QTEST_MAIN(tst_badinput)
+KV_TEST(tst_badinput)
 #include "tst_badinput.moc"

@@ -565,5 +565,5 @@ void tst_commandline::dialogSpeaksTheUsersLanguage()
     QVERIFY2(buttons.contains(cancel), qPrintable(run.output));
 }
 
-QTEST_MAIN(tst_commandline)
+KV_TEST(tst_commandline)
 #include "tst_commandline.moc"

@@ -73,5 +73,5 @@ void tst_designerplugins::noneIsLoadedWithThePanel()
     QCOMPARE(QCoreApplication::libraryPaths(), paths);
 }
 
-QTEST_MAIN(tst_designerplugins)
+KV_TEST(tst_designerplugins)
 #include "tst_designerplugins.moc"

@@ -407,5 +407,5 @@ void tst_dialog::presetTurnsMirrorPrintingOff()
                                      QStringLiteral("KvHalfCut=ON")));
 }
 
-QTEST_MAIN(tst_dialog)
+KV_TEST(tst_dialog)
 #include "tst_dialog.moc"

@@ -168,5 +168,5 @@ void tst_filetrust::missingFileIsNoMatterOfTrust()
     QCOMPARE(distrust(folder.filePath(QStringLiteral("none"))), QString());
 }
 
-QTEST_MAIN(tst_filetrust)
+KV_TEST(tst_filetrust)
 #include "tst_filetrust.moc"

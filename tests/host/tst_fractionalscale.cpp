@@ -44,5 +44,5 @@ void tst_fractionalscale::viewIsWholeInADialogThatWasRoundedDown()
     QVERIFY(!tab->verticalScrollBar()->isVisible());
 }
 
-QTEST_MAIN(tst_fractionalscale)
+KV_TEST(tst_fractionalscale)
 #include "tst_fractionalscale.moc"

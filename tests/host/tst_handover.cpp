@@ -315,5 +315,5 @@ void tst_handover::destroyedByItsOwnSignal()
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
 }
 
-QTEST_MAIN(tst_handover)
+KV_TEST(tst_handover)
 #include "tst_handover.moc"

@@ -269,5 +269,5 @@ void tst_instance::kvprintsRequestsWinOverTheSavedOnes()
     QCOMPARE(mSite.choices(run.print()), tapeWith(u"KvChainPrint=ON"_qs));
 }
 
-QTEST_MAIN(tst_instance)
+KV_TEST(tst_instance)
 #include "tst_instance.moc"

@@ -338,5 +338,5 @@ void tst_job::jobIsCompleted()
     QVERIFY(QFileInfo(mSite.scheduler().outputPath(QStringLiteral("tape"))).size() > 0);
 }
 
-QTEST_MAIN(tst_job)
+KV_TEST(tst_job)
 #include "tst_job.moc"

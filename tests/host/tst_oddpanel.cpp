@@ -210,5 +210,5 @@ void tst_oddpanel::panelWithoutASummary()
     QCOMPARE(PanelUser(dialog.user()).summary(), QStringList());
 }
 
-QTEST_MAIN(tst_oddpanel)
+KV_TEST(tst_oddpanel)
 #include "tst_oddpanel.moc"

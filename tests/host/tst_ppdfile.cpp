@@ -142,5 +142,5 @@ void tst_ppdfile::customPageSize()
     QCOMPARE(size.key(), key);
 }
 
-QTEST_MAIN(tst_ppdfile)
+KV_TEST(tst_ppdfile)
 #include "tst_ppdfile.moc"

@@ -247,5 +247,5 @@ void tst_requests::choiceThatCannotBeChosenIsReported()
     QCOMPARE(choices.contains(asked), problem.isNull());
 }
 
-QTEST_MAIN(tst_requests)
+KV_TEST(tst_requests)
 #include "tst_requests.moc"

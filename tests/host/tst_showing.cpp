@@ -323,5 +323,5 @@ void tst_showing::shownAgainAsSoonAsItTells()
     QCOMPARE(choicesOfLastJob().contains(halfCutOn), isKept);
 }
 
-QTEST_MAIN(tst_showing)
+KV_TEST(tst_showing)
 #include "tst_showing.moc"

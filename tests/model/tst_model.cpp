@@ -75,6 +75,9 @@ class ModelTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain();
+
 private Q_SLOTS:
     void initTestCase();
     void agreesFromTheFixedSeed();
@@ -95,6 +98,15 @@ private:
     std::unique_ptr<ScriptSession> mSession;
     Tally mTally;
 };
+
+void ModelTest::initMain()
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    // A proof takes as long as it is told to.
+    qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(std::numeric_limits<int>::max()));
+}
 
 void ModelTest::initTestCase()
 {
@@ -174,7 +186,7 @@ void ModelTest::reportFault(quint64 seed, const Conversation &conversation,
                          "  actual:   %4\n"
                          "  script:   %5%6\n"
                          "  replay:   kvprint --script %5\n"
-                         "  again:    KV_MODEL_SEED=%7 %8 agreesFromAFreshSeed")
+                         "  again:    KV_MODEL_SEED=%7 %8 tst_model agreesFromAFreshSeed")
               .arg(QString::fromUtf8(line), fault.difference.path, fault.difference.expected,
                    fault.difference.actual, files.script,
                    isWritten ? QString() : QStringLiteral(" (could not be written)"),
@@ -200,16 +212,6 @@ void ModelTest::cleanupTestCase()
     qInstallMessageHandler(formerHandler);
 }
 
-int main(int argc, char *argv[])
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // A proof takes as long as it is told to.
-    qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(std::numeric_limits<int>::max()));
-    const QApplication application(argc, argv);
-    ModelTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+KV_TEST(ModelTest)
 
 #include "tst_model.moc"

@@ -16,6 +16,17 @@ inline const QList<Option> everyOption = {
     OptionCatalogue::SpecialTape, OptionCatalogue::RemoveBlkSpace, OptionCatalogue::CutMark,
 };
 
+/// The options by short names.
+inline constexpr Option cutEvery = OptionCatalogue::CutEvery;
+inline constexpr Option cutAtEnd = OptionCatalogue::CutAtEnd;
+inline constexpr Option mirror = OptionCatalogue::Mirror;
+inline constexpr Option autoCut = OptionCatalogue::AutoCut;
+inline constexpr Option halfCut = OptionCatalogue::HalfCut;
+inline constexpr Option chainPrint = OptionCatalogue::ChainPrint;
+inline constexpr Option specialTape = OptionCatalogue::SpecialTape;
+inline constexpr Option removeBlkSpace = OptionCatalogue::RemoveBlkSpace;
+inline constexpr Option cutMark = OptionCatalogue::CutMark;
+
 /// What the tests know of an option, apart from the catalogue.
 struct OptionFacts
 {

@@ -250,5 +250,5 @@ void AppearanceTest::ampersandOfATitleIsShown()
     QVERIFY(box->shortcut().isEmpty());
 }
 
-QTEST_MAIN(AppearanceTest)
+KV_TEST(AppearanceTest)
 #include "tst_appearance.moc"

@@ -476,5 +476,5 @@ void CatalogueAndConstructionTest::panelOffersNoHelpAndDoesNothingOnClose()
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 
-QTEST_MAIN(CatalogueAndConstructionTest)
+KV_TEST(CatalogueAndConstructionTest)
 #include "tst_catalogue_construction.moc"

@@ -28,7 +28,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
 
 /// A printer with these counts, 1 by default, and every other option but those without a row.
 PPDText printerWithCounts(const QByteArrayList &counts)
@@ -273,5 +272,5 @@ void CountTest::fieldThatAnnouncesItsEditsLeavesThePanelOut()
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 
-QTEST_MAIN(CountTest)
+KV_TEST(CountTest)
 #include "tst_count.moc"

@@ -23,8 +23,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto specialTape = OptionCatalogue::SpecialTape;
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
 
 enum Special {
     SpecialHidden,
@@ -318,5 +316,5 @@ void EnableRulesTest::shownSpecialTapeEnablesABoxWithoutOption()
     }
 }
 
-QTEST_MAIN(EnableRulesTest)
+KV_TEST(EnableRulesTest)
 #include "tst_enablerules.moc"

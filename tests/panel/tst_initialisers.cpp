@@ -276,5 +276,5 @@ void InitialisersTest::optionWithoutChoicesKeepsTheState()
     QCOMPARE(fixture.box(empty)->title(), u"Nothing to choose"_qs);
 }
 
-QTEST_MAIN(InitialisersTest)
+KV_TEST(InitialisersTest)
 #include "tst_initialisers.moc"

@@ -365,5 +365,5 @@ void LayoutTest::previewWithoutPlaceholderHasNoPlace()
     QVERIFY(!preview->isVisible());
 }
 
-QTEST_MAIN(LayoutTest)
+KV_TEST(LayoutTest)
 #include "tst_layout.moc"

@@ -138,5 +138,5 @@ void MirroringTest::otherWidgetsAreNotMirrored()
     QCOMPARE(child.pos(), QPoint(5, 60));
 }
 
-QTEST_MAIN(MirroringTest)
+KV_TEST(MirroringTest)
 #include "tst_mirroring.moc"

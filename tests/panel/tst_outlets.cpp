@@ -21,9 +21,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto specialTape = OptionCatalogue::SpecialTape;
 
 const QStringList outlets = {
     u"kPDEView"_qs,          u"mOptionDummyView"_qs,     u"mOptionPopUpButton"_qs,
@@ -296,5 +293,5 @@ void OutletsTest::viewWithoutAnyControlKeepsTheMarks()
     QCOMPARE(told.first(), u"KvCutLabel=7"_qs);
 }
 
-QTEST_MAIN(OutletsTest)
+KV_TEST(OutletsTest)
 #include "tst_outlets.moc"

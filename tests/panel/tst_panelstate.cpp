@@ -29,8 +29,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto halfCut = OptionCatalogue::HalfCut;
 
 const QStringList countOutlets = {u"mCutEveryTxBx"_qs, u"mCutEveryStpr"_qs, u"mCutEveryStr"_qs};
 
@@ -359,5 +357,5 @@ void PanelStateTest::presetThatCannotBeChosenChangesNothing()
     QVERIFY(stateOf(fixture) != before);
 }
 
-QTEST_MAIN(PanelStateTest)
+KV_TEST(PanelStateTest)
 #include "tst_panelstate.moc"

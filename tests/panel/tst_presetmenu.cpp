@@ -362,5 +362,5 @@ void PresetMenuTest::onlyThePopUpItemIsRefreshed()
     QCOMPARE(fixture.panel->reread, QList<quint32>());
 }
 
-QTEST_MAIN(PresetMenuTest)
+KV_TEST(PresetMenuTest)
 #include "tst_presetmenu.moc"

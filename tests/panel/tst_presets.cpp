@@ -252,5 +252,5 @@ void PresetsTest::halfCutOnLabelPaperOverridesTheOthers()
     QCOMPARE(fixture.panel->targetPopUpButtonTag(), 5);
 }
 
-QTEST_MAIN(PresetsTest)
+KV_TEST(PresetsTest)
 #include "tst_presets.moc"

@@ -408,5 +408,5 @@ void PreviewTest::clickIsShownInThePanel()
     QCOMPARE(imageOf(preview), withPicture(preview->size(), name));
 }
 
-QTEST_MAIN(PreviewTest)
+KV_TEST(PreviewTest)
 #include "tst_preview.moc"

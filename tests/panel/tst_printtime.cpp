@@ -231,5 +231,5 @@ void PrintTimeTest::paperChangeToHeatShrinkTubeUnticksCutEvery()
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 
-QTEST_MAIN(PrintTimeTest)
+KV_TEST(PrintTimeTest)
 #include "tst_printtime.moc"

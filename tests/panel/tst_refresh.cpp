@@ -36,12 +36,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto mirror = OptionCatalogue::Mirror;
-constexpr auto halfCut = OptionCatalogue::HalfCut;
-constexpr auto removeBlkSpace = OptionCatalogue::RemoveBlkSpace;
-constexpr auto cutMark = OptionCatalogue::CutMark;
 
 const PDEChoice *choiceAt(const PanelFixture &fixture, Option option, std::size_t index)
 {
@@ -445,5 +439,5 @@ void RefreshTest::mirrorPrintingIsOffAfterShowing()
     }
 }
 
-QTEST_MAIN(RefreshTest)
+KV_TEST(RefreshTest)
 #include "tst_refresh.moc"

@@ -37,9 +37,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto specialTape = OptionCatalogue::SpecialTape;
 
 using Saver = void (OptionPDE13_v400_::*)();
 using Panel = OptionPDE13_v400_;
@@ -432,5 +429,5 @@ void SavingTest::savingRemoveBlankSpaceEnablesItOnStandardPaperOnly()
     }
 }
 
-QTEST_MAIN(SavingTest)
+KV_TEST(SavingTest)
 #include "tst_saving.moc"

@@ -30,9 +30,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
-constexpr auto mirror = OptionCatalogue::Mirror;
 
 /// The options that have a plain yes or no in the summary.
 const QList<Option> yesNoOptions = {
@@ -343,5 +340,5 @@ void SummaryTest::summaryChangesNothing()
     QCOMPARE(fixture.panel->selection(mirror)->ppdTitle(), u"OFF"_qs);
 }
 
-QTEST_MAIN(SummaryTest)
+KV_TEST(SummaryTest)
 #include "tst_summary.moc"

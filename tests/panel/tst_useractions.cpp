@@ -28,8 +28,6 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr auto cutEvery = OptionCatalogue::CutEvery;
-constexpr auto autoCut = OptionCatalogue::AutoCut;
 
 /// What a warning was like when it was open.
 struct Warning
@@ -304,5 +302,5 @@ void UserActionsTest::warningCanBeClosedByKeyboard()
     QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_qs});
 }
 
-QTEST_MAIN(UserActionsTest)
+KV_TEST(UserActionsTest)
 #include "tst_useractions.moc"

@@ -45,5 +45,5 @@ void GuidePicturesTest::areThoseTheScriptDraws()
     }
 }
 
-QTEST_GUILESS_MAIN(GuidePicturesTest)
+KV_CORE_TEST(GuidePicturesTest)
 #include "tst_guidepictures.moc"

@@ -376,5 +376,5 @@ void PictureScaleTest::drawingReadsNoFile()
     }
 }
 
-QTEST_MAIN(PictureScaleTest)
+KV_TEST(PictureScaleTest)
 #include "tst_picturescale.moc"

@@ -294,5 +294,5 @@ void PictureSetTest::cutsAreToldApartInGrey()
     }
 }
 
-QTEST_GUILESS_MAIN(PictureSetTest)
+KV_CORE_TEST(PictureSetTest)
 #include "tst_pictureset.moc"

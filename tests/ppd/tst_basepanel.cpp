@@ -313,5 +313,5 @@ void BasePanelTest::panelWithoutPPD()
     QVERIFY(panel.panelView());
 }
 
-QTEST_MAIN(BasePanelTest)
+KV_TEST(BasePanelTest)
 #include "tst_basepanel.moc"

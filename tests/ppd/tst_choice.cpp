@@ -214,5 +214,5 @@ void ChoiceTest::descriptionTakesTitlesLiterally()
             QStringLiteral(" userTitle:\"%1 %3 %s\" ppdTitle:\"1\" marked:YES choice:1 of 1>"));
 }
 
-QTEST_GUILESS_MAIN(ChoiceTest)
+KV_CORE_TEST(ChoiceTest)
 #include "tst_choice.moc"

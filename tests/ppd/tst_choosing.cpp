@@ -222,5 +222,5 @@ void ChoosingTest::absentOptionIsLeftAlone()
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
 }
 
-QTEST_MAIN(ChoosingTest)
+KV_TEST(ChoosingTest)
 #include "tst_choosing.moc"

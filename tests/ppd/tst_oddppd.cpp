@@ -233,5 +233,5 @@ void OddPPDTest::emptyPPD()
     QCOMPARE(job.summary(), QVariantMap({{kSummaryDisplayOrder, QStringList()}}));
 }
 
-QTEST_MAIN(OddPPDTest)
+KV_TEST(OddPPDTest)
 #include "tst_oddppd.moc"

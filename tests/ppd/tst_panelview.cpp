@@ -398,5 +398,5 @@ void PanelViewTest::panelThatGoesWaitsNoMore()
     QCOMPARE(dialog.host->resizes, 0);
 }
 
-QTEST_MAIN(PanelViewTest)
+KV_TEST(PanelViewTest)
 #include "tst_panelview.moc"

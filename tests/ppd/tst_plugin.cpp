@@ -252,5 +252,5 @@ void PlugInTest::runsOnSystemsFrom105()
     QTEST(probe.readAllStandardOutput(), "answers");
 }
 
-QTEST_MAIN(PlugInTest)
+KV_TEST(PlugInTest)
 #include "tst_plugin.moc"

@@ -413,5 +413,5 @@ void TapeInfoTest::convertsUnits()
     QVERIFY(std::abs(MiriToInch(InchToMiri(-2.5)) + 2.5) < 1e-12);
 }
 
-QTEST_GUILESS_MAIN(TapeInfoTest)
+KV_CORE_TEST(TapeInfoTest)
 #include "tst_tapeinfo.moc"

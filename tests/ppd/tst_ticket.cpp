@@ -275,5 +275,5 @@ void TicketTest::pageRangeOfNoSettings()
     QCOMPARE(range.lastPage, 0U);
 }
 
-QTEST_GUILESS_MAIN(TicketTest)
+KV_CORE_TEST(TicketTest)
 #include "tst_ticket.moc"

@@ -465,5 +465,5 @@ void UtilsTest::leavesOtherControlsAlone()
     QVERIFY(button.isEnabled());
 }
 
-QTEST_MAIN(UtilsTest)
+KV_TEST(UtilsTest)
 #include "tst_utils.moc"

@@ -48,5 +48,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestBeep)
+KV_CORE_TEST(TestBeep)
 #include "tst_beep.moc"

@@ -517,5 +517,5 @@ void BundleTest::survivesTablesCutOffAnywhere()
     }
 }
 
-QTEST_GUILESS_MAIN(BundleTest)
+KV_CORE_TEST(BundleTest)
 #include "tst_bundle.moc"

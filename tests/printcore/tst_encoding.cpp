@@ -302,5 +302,5 @@ void EncodingTest::leavesTheResponseAloneWhenItFails()
     QCOMPARE(response, 77);
 }
 
-QTEST_GUILESS_MAIN(EncodingTest)
+KV_CORE_TEST(EncodingTest)
 #include "tst_encoding.moc"

@@ -124,5 +124,5 @@ void tst_fileaccess::nothingIsMissing()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_fileaccess)
+KV_CORE_TEST(tst_fileaccess)
 #include "tst_fileaccess.moc"

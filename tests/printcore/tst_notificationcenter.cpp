@@ -318,5 +318,5 @@ void NotificationCenterTest::handlerMayOwnWhatRemovesFurtherObservers()
     QCOMPARE(told(), QStringLiteral("3"));
 }
 
-QTEST_GUILESS_MAIN(NotificationCenterTest)
+KV_CORE_TEST(NotificationCenterTest)
 #include "tst_notificationcenter.moc"

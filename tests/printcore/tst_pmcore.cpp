@@ -415,5 +415,5 @@ void PMCoreTest::nullResultsAreRefused()
     QCOMPARE(PMPrinterCopyDeviceURI(&printer, nullptr), kPMInvalidParameter);
 }
 
-QTEST_GUILESS_MAIN(PMCoreTest)
+KV_CORE_TEST(PMCoreTest)
 #include "tst_pmcore.moc"

@@ -597,5 +597,5 @@ void PropertyListTest::readsValuesThatAreReferredToMoreThanOnce()
     QCOMPARE(PropertyList::read(PropertyList::write(same, Format::Binary)), QVariant(same));
 }
 
-QTEST_GUILESS_MAIN(PropertyListTest)
+KV_CORE_TEST(PropertyListTest)
 #include "tst_propertylist.moc"

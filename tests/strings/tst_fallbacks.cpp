@@ -166,5 +166,5 @@ void FallbacksTest::languageOfTheUser()
     QCOMPARE(nameToldTo(locale, languages), nameIn(shown));
 }
 
-QTEST_MAIN(FallbacksTest)
+KV_TEST(FallbacksTest)
 #include "tst_fallbacks.moc"

@@ -122,5 +122,5 @@ void HostTextsTest::applicationKeepsItsLanguage()
     QCOMPARE(changes.count, 1);
 }
 
-QTEST_MAIN(HostTextsTest)
+KV_TEST(HostTextsTest)
 #include "tst_hosttexts.moc"

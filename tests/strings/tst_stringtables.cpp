@@ -394,5 +394,5 @@ void StringTablesTest::textsSeenTogetherDiffer()
     }
 }
 
-QTEST_MAIN(StringTablesTest)
+KV_TEST(StringTablesTest)
 #include "tst_stringtables.moc"

@@ -173,5 +173,5 @@ void TranslatedPanelTest::summaryIsTranslated()
     QCOMPARE(changed.value(halfCut).toString(), texts.text(QStringLiteral("RS_STitle_Yes")));
 }
 
-QTEST_MAIN(TranslatedPanelTest)
+KV_TEST(TranslatedPanelTest)
 #include "tst_translatedpanel.moc"

@@ -223,5 +223,5 @@ void CalendarFormatTest::endsFormatsThatHoldThemselves()
     QCOMPARE(described(u"%x"_qs, locale), u"((%x))"_qs);
 }
 
-QTEST_GUILESS_MAIN(CalendarFormatTest)
+KV_CORE_TEST(CalendarFormatTest)
 #include "tst_calendarformat.moc"

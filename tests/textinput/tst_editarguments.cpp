@@ -305,5 +305,5 @@ void EditArgumentsTest::committedTextReplacesWhatIsAround()
     QCOMPARE(user.seen(), seen);
 }
 
-QTEST_MAIN(EditArgumentsTest)
+KV_TEST(EditArgumentsTest)
 #include "tst_editarguments.moc"

@@ -531,5 +531,5 @@ void EditCheckTest::longTextsAreQuick()
              qPrintable(u"%1 ms and %2 ms"_qs.arg(unlimited).arg(limited)));
 }
 
-QTEST_GUILESS_MAIN(EditCheckTest)
+KV_CORE_TEST(EditCheckTest)
 #include "tst_editcheck.moc"

@@ -152,5 +152,5 @@ void FieldObserversTest::observerMayDestroyTheFormatter()
     QCOMPARE(log.takenBeeps(), 0);
 }
 
-QTEST_MAIN(FieldObserversTest)
+KV_TEST(FieldObserversTest)
 #include "tst_fieldobservers.moc"

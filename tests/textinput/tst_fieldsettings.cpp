@@ -227,5 +227,5 @@ void FieldSettingsTest::formatterMayBeTakenAway()
     QCOMPARE(log.takenBeeps(), 1);
 }
 
-QTEST_MAIN(FieldSettingsTest)
+KV_TEST(FieldSettingsTest)
 #include "tst_fieldsettings.moc"

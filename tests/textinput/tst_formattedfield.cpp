@@ -426,5 +426,5 @@ void FormattedFieldTest::longTextsAreQuick()
     QVERIFY2(timer.elapsed() < 30'000, qPrintable(u"%1 ms"_qs.arg(timer.elapsed())));
 }
 
-QTEST_MAIN(FormattedFieldTest)
+KV_TEST(FormattedFieldTest)
 #include "tst_formattedfield.moc"

@@ -314,5 +314,5 @@ void FormatterTest::readsNothingWithoutTextOrResult()
     QVERIFY(formatter->getObjectValue(nullptr, u"x"_qs, nullptr));
 }
 
-QTEST_GUILESS_MAIN(FormatterTest)
+KV_CORE_TEST(FormatterTest)
 #include "tst_formatter.moc"

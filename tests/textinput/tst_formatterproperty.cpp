@@ -348,5 +348,5 @@ void FormatterPropertyTest::allowsWhatTheRulesAllow()
     }
 }
 
-QTEST_GUILESS_MAIN(FormatterPropertyTest)
+KV_CORE_TEST(FormatterPropertyTest)
 #include "tst_formatterproperty.moc"

@@ -226,5 +226,5 @@ void RefusalsTest::beeperMayDestroyTheFormatter()
     QCOMPARE(log.taken(), invalid);
 }
 
-QTEST_GUILESS_MAIN(RefusalsTest)
+KV_CORE_TEST(RefusalsTest)
 #include "tst_refusals.moc"

@@ -162,5 +162,5 @@ void StylesTest::refusesWhatIsBeyondASCII()
     }
 }
 
-QTEST_GUILESS_MAIN(StylesTest)
+KV_CORE_TEST(StylesTest)
 #include "tst_styles.moc"

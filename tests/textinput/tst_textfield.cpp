@@ -513,5 +513,5 @@ void TextFieldTest::fieldOwnsItsFormatter()
     QVERIFY(!formatter);
 }
 
-QTEST_MAIN(TextFieldTest)
+KV_TEST(TextFieldTest)
 #include "tst_textfield.moc"
