@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QRect>
 #include <QTest>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <clocale>
@@ -54,7 +55,7 @@ QByteArray arrayOf(const QList<quint64> &references)
 
 QDateTime utc(int year, int month, int day, const QTime &time)
 {
-    return QDateTime(QDate(year, month, day), time, Qt::UTC);
+    return QDateTime(QDate(year, month, day), time, QTimeZone::utc());
 }
 
 QVariantMap everyType()
@@ -231,10 +232,10 @@ void PropertyListTest::binaryDatesKeepMilliseconds()
 
 void PropertyListTest::datesAreReadInUTC()
 {
-    const QDateTime east(QDate(2024, 6, 1), QTime(12, 0), Qt::OffsetFromUTC, 2 * 60 * 60);
+    const QDateTime east(QDate(2024, 6, 1), QTime(12, 0), QTimeZone(2 * 60 * 60));
     for (const Format format : {Format::XML, Format::Binary}) {
         const QDateTime date = PropertyList::read(PropertyList::write(east, format)).toDateTime();
-        QCOMPARE(date.timeSpec(), Qt::UTC);
+        QCOMPARE(date.timeSpec(), QTimeZone::utc());
         QCOMPARE(date.toString(Qt::ISODate), u"2024-06-01T10:00:00Z"_qs);
     }
 }

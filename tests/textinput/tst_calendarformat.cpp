@@ -26,7 +26,7 @@ private Q_SLOTS:
 
 namespace {
 /// A Thursday.
-const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9, 7), Qt::OffsetFromUTC, 9 * 3600);
+const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9, 7), QTimeZone(9 * 3600));
 
 QString described(const QString &format, const QVariantMap &locale = {})
 {
@@ -91,7 +91,7 @@ void CalendarFormatTest::writesNumbersOfEveryTime_data()
     QTest::addColumn<QString>("text");
 
     const auto row = [](const char *name, QDate day, QTime time, const char16_t *text) {
-        QTest::newRow(name) << QDateTime(day, time, Qt::UTC) << QString::fromUtf16(text);
+        QTest::newRow(name) << QDateTime(day, time, QTimeZone::utc()) << QString::fromUtf16(text);
     };
     row("midnight", {2024, 1, 1}, {0, 0, 0, 0}, u"00 12 AM 00 00 000 001 1 Mon 24 2024");
     row("one", {2023, 12, 31}, {1, 2, 3, 45}, u"01 01 AM 02 03 045 365 0 Sun 23 2023");
@@ -113,14 +113,14 @@ void CalendarFormatTest::namesWeekdaysAndMonths()
     QStringList days;
     for (int day = 1; day <= 7; ++day) {
         // From a Sunday on.
-        const QDateTime when(QDate(2024, 9, day), QTime(0, 0), Qt::UTC);
+        const QDateTime when(QDate(2024, 9, day), QTime(0, 0), QTimeZone::utc());
         days += descriptionWithCalendarFormat(when, u"%w %a %A"_qs, {});
     }
     QCOMPARE(days.join(u'|'), u"0 Sun Sunday|1 Mon Monday|2 Tue Tuesday|3 Wed Wednesday|"
                               u"4 Thu Thursday|5 Fri Friday|6 Sat Saturday"_qs);
     QStringList months;
     for (int month = 1; month <= 12; ++month) {
-        const QDateTime when(QDate(2024, month, 1), QTime(0, 0), Qt::UTC);
+        const QDateTime when(QDate(2024, month, 1), QTime(0, 0), QTimeZone::utc());
         months += descriptionWithCalendarFormat(when, u"%b %B"_qs, {});
     }
     QCOMPARE(months.join(u'|'),
@@ -198,11 +198,10 @@ void CalendarFormatTest::writesTimeZones_data()
 
     const QDate day(2024, 7, 4);
     const QTime time(12, 0);
-    QTest::newRow("universal") << QDateTime(day, time, Qt::UTC) << u"+0000 UTC"_qs;
+    QTest::newRow("universal") << QDateTime(day, time, QTimeZone::utc()) << u"+0000 UTC"_qs;
     QTest::newRow("half an hour west")
-        << QDateTime(day, time, Qt::OffsetFromUTC, -1800) << u"-0030 UTC-00:30"_qs;
-    QTest::newRow("east") << QDateTime(day, time, Qt::OffsetFromUTC, 20700)
-                          << u"+0545 UTC+05:45"_qs;
+        << QDateTime(day, time, QTimeZone(-1800)) << u"-0030 UTC-00:30"_qs;
+    QTest::newRow("east") << QDateTime(day, time, QTimeZone(20700)) << u"+0545 UTC+05:45"_qs;
     QTest::newRow("summer") << QDateTime(day, time, QTimeZone("America/Los_Angeles"))
                             << u"-0700 Pacific Daylight Time"_qs;
     QTest::newRow("winter") << QDateTime(day.addMonths(6), time, QTimeZone("America/Los_Angeles"))

@@ -34,7 +34,7 @@ private Q_SLOTS:
 namespace {
 constexpr qint32 largest = std::numeric_limits<qint32>::max();
 constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9), Qt::UTC);
+const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9), QTimeZone::utc());
 } // namespace
 
 void FormatterTest::initialisersSetFormatAndStyle()
