@@ -190,8 +190,8 @@ void tst_attachment::panelIsSeenWhole()
     QVERIFY(dialog.openTab());
     const auto *tab = qobject_cast<QScrollArea *>(dialog.user().widget(QStringLiteral("panelTab")));
     QVERIFY(tab && tab->widget());
-    QTRY_VERIFY(tab->viewport()->width() >= tab->widget()->width());
-    QTRY_VERIFY(tab->viewport()->height() >= tab->widget()->height());
+    QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->width() >= tab->widget()->width(); }));
+    QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->height() >= tab->widget()->height(); }));
 }
 
 void tst_attachment::shrinkTubeTurnsAutoCutOff()

@@ -264,7 +264,7 @@ void tst_badbundle::spoiltBundle()
     QCOMPARE(mSite.choices(job), tab == Tab::None ? QStringList() : choices);
 
     // Pictures are checked while the dialog is open.
-    QTRY_VERIFY(dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0);
+    QVERIFY(QTest::qWaitFor([&] { return dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0; }));
     const QString problems = dialog.problems().join(QStringLiteral("; "));
     QVERIFY2(dialog.problems().size() == 1, qPrintable(problems));
     QVERIFY2(QRegularExpression(problem).match(problems).hasMatch(), qPrintable(problems));

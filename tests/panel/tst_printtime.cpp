@@ -202,11 +202,11 @@ void PrintTimeTest::paperChangeRefreshesEverythingAndAppliesTheRules()
           std::pair(u"62x29"_qs, QList<quint32>())}) {
         fixture.panel->refreshed.clear();
         fixture.panel->reread.clear();
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.host->changePaper(paper);
         QCOMPARE(fixture.panel->refreshed, everyItem);
         QCOMPARE(fixture.panel->reread, reread);
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
         const bool isFL = paper == u"FL30";
         QCOMPARE(fixture.box(OptionCatalogue::HalfCut)->isEnabled(), !isFL);
         QCOMPARE(fixture.box(OptionCatalogue::SpecialTape)->isEnabled(), !isFL);

@@ -345,12 +345,12 @@ void RefreshTest::unknownItemStillRefreshesMenuRulesAndPreview()
         fixture.setOn(mirror, true);
         fixture.box(removeBlkSpace)->setEnabled(false);
         const QList<Option> before = fixture.optionsOn();
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->updateUIItem(item);
         QCOMPARE(fixture.optionsOn(), before);
         QCOMPARE(fixture.selectedTag(), 14);
         QVERIFY(fixture.box(removeBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
 }
 
@@ -386,12 +386,12 @@ void RefreshTest::presetOutsideTheTableChangesNoBox()
             fixture.setOn(option, on);
         }
         fixture.box(removeBlkSpace)->setEnabled(false);
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->updateUIItem(0x40000);
         QCOMPARE(fixture.optionsOn(), on ? everyOption : QList<Option>());
         QCOMPARE(fixture.selectedTag(), tag);
         QVERIFY(fixture.box(removeBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
 }
 

@@ -130,12 +130,12 @@ void UserActionsTest::clickedBoxRefreshesItsItemAlone()
     QFETCH(int, option);
     PanelFixture fixture;
     fixture.show();
-    PaintCounter preview(fixture.panel->mOptionView);
+    PaintWatcher preview(fixture.panel->mOptionView);
     fixture.click(Option(option));
     const QList<quint32> item = {factsOf(Option(option)).itemType};
     QCOMPARE(fixture.panel->refreshed, item);
     QCOMPARE(fixture.panel->reread, item);
-    QTRY_VERIFY(preview.paints > 0);
+    QVERIFY(preview.waitForPaint());
 }
 
 void UserActionsTest::cutEveryBoxDrivesAutoCut_data()
@@ -215,10 +215,10 @@ void UserActionsTest::strangersClickOnlyRedrawsAndAppliesTheRules()
     for (QAbstractButton *sender :
          {static_cast<QAbstractButton *>(&stranger), static_cast<QAbstractButton *>(nullptr)}) {
         fixture.box(OptionCatalogue::RemoveBlkSpace)->setEnabled(false);
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->changeOption(sender);
         QVERIFY(fixture.box(OptionCatalogue::RemoveBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
     QCOMPARE(fixture.takeTold(), QStringList());
     QCOMPARE(fixture.panel->refreshed, QList<quint32>());

@@ -319,7 +319,7 @@ void PanelViewTest::windowTooSmallIsToldOnceItHasGrown()
                                                          &other);
     QCOMPARE(dialog.host->resizes, 0);
     dialog.window.resize(400, 600);
-    QTRY_COMPARE(dialog.host->resizes, 1);
+    QVERIFY(QTest::qWaitFor([&] { return dialog.host->resizes == 1; }));
     dialog.window.resize(400, 700);
     dialog.view->move(0, 10);
     QCoreApplication::processEvents();
@@ -342,7 +342,7 @@ void PanelViewTest::manyResizesAreToldOnceWhenTheWindowHasGrown()
 void PanelViewTest::resizeWithoutAnActiveWindowIsNotTold()
 {
     OpenDialog dialog;
-    QTRY_VERIFY(!QApplication::activeWindow());
+    QVERIFY(QTest::qWaitFor([] { return !QApplication::activeWindow(); }));
     dialog.panel->setViewFrameSize({320, viewHeight});
     QCOMPARE(dialog.view->size(), QSize(320, viewHeight));
     QCOMPARE(dialog.host->resizes, 0);
