@@ -92,18 +92,18 @@ void GreyReasonTest::reasonIsThatOfTheRule_data()
     QTest::addColumn<Boxes>("tapeGreys");
     QTest::addColumn<Boxes>("specialTapeGreys");
     const Boxes excluded{{cutEvery, autoCut, half, chain}};
-    QTest::newRow("standard size") << u"62x29"_qs << false << Boxes() << Boxes();
+    QTest::newRow("standard size") << u"62x29"_s << false << Boxes() << Boxes();
     for (const char *paper : {"DC03", "AV2055", "C_62"}) {
         QTest::addRow("%s", paper)
             << QString::fromLatin1(paper) << false << Boxes{{blank}} << Boxes();
         QTest::addRow("%s, special tape", paper)
             << QString::fromLatin1(paper) << true << Boxes{{blank}} << excluded;
     }
-    QTest::newRow("FL30") << u"FL30"_qs << false << Boxes{{half, chain, special, blank}} << Boxes();
-    QTest::newRow("standard size, special tape") << u"62x29"_qs << true << Boxes() << excluded;
+    QTest::newRow("FL30") << u"FL30"_s << false << Boxes{{half, chain, special, blank}} << Boxes();
+    QTest::newRow("standard size, special tape") << u"62x29"_s << true << Boxes() << excluded;
     // What special tape had greyed stays greyed: the reason is still that.
     QTest::newRow("FL30, special tape")
-        << u"FL30"_qs << true << Boxes{{half, chain, special, blank}} << Boxes{{cutEvery, autoCut}};
+        << u"FL30"_s << true << Boxes{{half, chain, special, blank}} << Boxes{{cutEvery, autoCut}};
 }
 
 void GreyReasonTest::reasonIsThatOfTheRule()
@@ -165,9 +165,9 @@ void GreyReasonTest::reasonGoesWithThePaper()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(fixture.box(half)->toolTip(), onThisTape);
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QCOMPARE(fixture.box(half)->toolTip(), helpOf(fixture, half));
     QCOMPARE(descriptionOf(fixture.box(half)), helpOf(fixture, half));
 }
@@ -196,7 +196,7 @@ void GreyReasonTest::countTellsWhatItNeeds()
     }
     fixture.click(cutEvery);
     for (const QWidget *control : count) {
-        QCOMPARE(descriptionOf(control), u"A number from 1 to 99."_qs);
+        QCOMPARE(descriptionOf(control), u"A number from 1 to 99."_s);
     }
 }
 
@@ -204,7 +204,7 @@ void GreyReasonTest::customSizeGreysBlankSpaceWhenSaved()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.host->changePaper(u"Custom.62x100"_qs);
+    fixture.host->changePaper(u"Custom.62x100"_s);
     QCOMPARE(reasonOf(fixture, blank), QString());
     fixture.panel->saveValuesAndReturnError(nullptr);
     QCOMPARE(reasonOf(fixture, blank), onThisTape);
@@ -215,9 +215,9 @@ void GreyReasonTest::stuckBoxSaysSo()
     // Without special tape nothing enables half cut again.
     PanelFixture fixture({.options = everyOptionBut(special), .defaults = {{cutEvery, "7"}}});
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(greyedFor(fixture, onThisTape), QList<Option>({half, blank}));
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QVERIFY(!fixture.box(half)->isEnabled());
     QCOMPARE(reasonOf(fixture, half), reopen);
 }
@@ -230,7 +230,7 @@ void GreyReasonTest::missingOptionSaysSo()
     fixture.box(half)->setEnabled(false);
     fixture.box(special)->hide();
     fixture.panel->enabledCheck_OP();
-    QCOMPARE(reasonOf(fixture, half), u"Not available for this printer."_qs);
+    QCOMPARE(reasonOf(fixture, half), u"Not available for this printer."_s);
 }
 
 void GreyReasonTest::greyedBoxShowsTheReasonAsTip()
@@ -261,8 +261,8 @@ void GreyReasonTest::markupInATitleIsText()
                              .size("62x29", 175.0, 82.0));
     fixture.show();
     fixture.click(special);
-    QCOMPARE(descriptionOf(fixture.box(half)), u"Not available together with “<b>Special</b>”."_qs);
-    QVERIFY(fixture.box(half)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_qs));
+    QCOMPARE(descriptionOf(fixture.box(half)), u"Not available together with “<b>Special</b>”."_s);
+    QVERIFY(fixture.box(half)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_s));
 }
 
 QTEST_MAIN(GreyReasonTest)

@@ -245,7 +245,7 @@ void RefreshTest::disabledBoxIsKept()
     const auto shown = Option(option);
     PanelFixture fixture;
     fixture.load();
-    fixture.host->setPaper(u"DC03"_qs);
+    fixture.host->setPaper(u"DC03"_s);
     for (const bool before : {true, false}) {
         fixture.setOn(shown, before);
         fixture.box(shown)->setEnabled(false);
@@ -272,13 +272,13 @@ void RefreshTest::countIsShownInFieldAndStepper()
     QFETCH(int, stepper);
     PanelFixture fixture(printerWith(cutEvery, {"90", keyword}));
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_qs);
+    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
     fixture.panel->mCutEveryStpr->setIntValue(77);
     PanelFixture other(printerWith(cutEvery, {"90", keyword}));
     other.build();
     fixture.panel->select(cutEvery, choiceAt(other, cutEvery, 1));
     fixture.panel->updateUIItem(0x100);
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_s);
     QCOMPARE(fixture.panel->mCutEveryStpr->intValue(), 77);
 
     fixture.panel->select(cutEvery, choiceAt(fixture, cutEvery, 1));
@@ -316,11 +316,11 @@ void RefreshTest::cutEveryNeedsItsOwnSelection()
 {
     PanelFixture fixture;
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_qs);
+    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
     fixture.panel->mAutoCut_CutEvery_Selection = choiceAt(fixture, autoCut, 1);
     fixture.panel->updateUIItem(0x100);
     QVERIFY(!fixture.isOn(cutEvery));
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_s);
 }
 
 void RefreshTest::changedCountShowsAutoCutInTheCutEveryBox()
@@ -330,7 +330,7 @@ void RefreshTest::changedCountShowsAutoCutInTheCutEveryBox()
     // The box starts on for the count 1, while auto cut is off.
     QVERIFY(fixture.isOn(cutEvery));
     fixture.step("stepUp");
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_s});
     QVERIFY(!fixture.isOn(cutEvery));
     QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
 }
@@ -429,7 +429,7 @@ void RefreshTest::presetKeepsTheMirrorSelection()
     fixture.panel->updateUIItem(0x40000);
     QVERIFY(!fixture.isOn(mirror));
     QCOMPARE(fixture.panel->selection(mirror), on);
-    QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_qs);
+    QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_s);
 }
 
 void RefreshTest::mirrorPrintingIsOffAfterShowing()
@@ -441,7 +441,7 @@ void RefreshTest::mirrorPrintingIsOffAfterShowing()
         QCOMPARE(fixture.panel->selection(mirror), choiceAt(fixture, mirror, 1));
         fixture.restore();
         QVERIFY(!fixture.isOn(mirror));
-        QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_qs);
+        QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_s);
     }
 }
 

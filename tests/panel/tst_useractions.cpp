@@ -80,7 +80,7 @@ private:
 
 const QString warningText =
     u"Heat-shrink tube is loaded. It should not be cut with auto cut: the cutter may jam or wear "
-    u"out. Turn auto cut off and cut the tube with scissors."_qs;
+    u"out. Turn auto cut off and cut the tube with scissors."_s;
 
 QString selectedKeyword(const PanelFixture &fixture, Option option)
 {
@@ -104,14 +104,14 @@ void UserActionsTest::clickedBoxIsToldAtOnce()
     const QString keyword = QLatin1String(factsOf(clicked).keyword);
     PanelFixture fixture;
     fixture.show();
-    for (const QString &choice : {u"ON"_qs, u"OFF"_qs, u"ON"_qs}) {
+    for (const QString &choice : {u"ON"_s, u"OFF"_s, u"ON"_s}) {
         fixture.click(clicked);
         QCOMPARE(fixture.takeTold(), QStringList{keyword + u'=' + choice});
         QCOMPARE(fixture.isOn(clicked), choice == u"ON");
         QCOMPARE(selectedKeyword(fixture, clicked), choice);
         QCOMPARE(fixture.host->marked(factsOf(clicked).keyword), choice);
         for (const Option other : everyOptionBut(clicked)) {
-            QCOMPARE(selectedKeyword(fixture, other), other == cutEvery ? u"1"_qs : u"OFF"_qs);
+            QCOMPARE(selectedKeyword(fixture, other), other == cutEvery ? u"1"_s : u"OFF"_s);
             QCOMPARE(fixture.isOn(other), other == cutEvery);
         }
     }
@@ -151,12 +151,12 @@ void UserActionsTest::cutEveryBoxDrivesAutoCut()
     PanelFixture fixture({.separateAutoCut = separateAutoCut});
     fixture.show();
     QVERIFY(fixture.isOn(cutEvery));
-    for (const QString &choice : {u"OFF"_qs, u"ON"_qs, u"OFF"_qs}) {
+    for (const QString &choice : {u"OFF"_s, u"ON"_s, u"OFF"_s}) {
         fixture.click(cutEvery);
-        QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut="_qs + choice});
+        QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut="_s + choice});
         QCOMPARE(fixture.isOn(cutEvery), choice == u"ON");
         QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), choice);
-        QCOMPARE(selectedKeyword(fixture, cutEvery), u"1"_qs);
+        QCOMPARE(selectedKeyword(fixture, cutEvery), u"1"_s);
         if (separateAutoCut) {
             // The other box waits for its own item to be refreshed.
             QVERIFY(!fixture.isOn(autoCut));
@@ -182,9 +182,9 @@ void UserActionsTest::cutEveryBoxEnablesTheCount()
     fixture.show();
     QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
     QVERIFY(!fixture.panel->mCutEveryStpr->isEnabled());
-    fixture.type(u"5"_qs);
+    fixture.type(u"5"_s);
     fixture.step("stepUp");
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"7"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"7"_s);
     QCOMPARE(fixture.takeTold(), QStringList());
 
     fixture.click(cutEvery);
@@ -201,9 +201,9 @@ void UserActionsTest::choiceThatTheDialogDropsIsTakenBack()
     fixture.show();
     fixture.host->marks = false;
     fixture.click(OptionCatalogue::HalfCut);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=ON"_s});
     QVERIFY(!fixture.isOn(OptionCatalogue::HalfCut));
-    QCOMPARE(selectedKeyword(fixture, OptionCatalogue::HalfCut), u"OFF"_qs);
+    QCOMPARE(selectedKeyword(fixture, OptionCatalogue::HalfCut), u"OFF"_s);
 }
 
 void UserActionsTest::strangersClickOnlyRedrawsAndAppliesTheRules()
@@ -228,14 +228,14 @@ void UserActionsTest::autoCutWithHeatShrinkTubeWarns_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<bool>("warns");
-    QTest::newRow("HS058") << u"HS058"_qs << true;
-    QTest::newRow("HS alone") << u"HS"_qs << true;
+    QTest::newRow("HS058") << u"HS058"_s << true;
+    QTest::newRow("HS alone") << u"HS"_s << true;
     QTest::newRow("name in the ticket") << QString() << true;
-    QTest::newRow("lower case") << u"hs058"_qs << false;
-    QTest::newRow("H") << u"H"_qs << false;
-    QTest::newRow("HS elsewhere") << u"XHS"_qs << false;
-    QTest::newRow("standard paper") << u"62x29"_qs << false;
-    QTest::newRow("FL paper") << u"FL30"_qs << false;
+    QTest::newRow("lower case") << u"hs058"_s << false;
+    QTest::newRow("H") << u"H"_s << false;
+    QTest::newRow("HS elsewhere") << u"XHS"_s << false;
+    QTest::newRow("standard paper") << u"62x29"_s << false;
+    QTest::newRow("FL paper") << u"FL30"_s << false;
 }
 
 void UserActionsTest::autoCutWithHeatShrinkTubeWarns()
@@ -245,21 +245,21 @@ void UserActionsTest::autoCutWithHeatShrinkTubeWarns()
     PanelFixture fixture;
     fixture.show();
     fixture.host->setPaper(paper);
-    fixture.host->setTicket({{u"MqPaperName2"_qs, u"HS12"_qs}});
+    fixture.host->setTicket({{u"MqPaperName2"_s, u"HS12"_s}});
     WarningWatcher watcher;
     fixture.click(cutEvery);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=OFF"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=OFF"_s});
     QCOMPARE(watcher.warnings.size(), 0);
 
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), warns ? 1 : 0);
     QVERIFY(fixture.isOn(cutEvery));
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_s});
     if (warns) {
         const Warning &warning = watcher.warnings.constFirst();
         QCOMPARE(warning.text, QString());
         QCOMPARE(warning.informativeText, warningText);
-        QCOMPARE(warning.buttons, QStringList{u"OK"_qs});
+        QCOMPARE(warning.buttons, QStringList{u"OK"_s});
         QCOMPARE(warning.modality, Qt::WindowModal);
         QCOMPARE(warning.parent, fixture.panel->kPDEView->window());
     }
@@ -269,7 +269,7 @@ void UserActionsTest::warningComesEachTimeItIsTurnedOn()
 {
     PanelFixture fixture;
     fixture.show();
-    fixture.host->setPaper(u"HS058"_qs);
+    fixture.host->setPaper(u"HS058"_s);
     WarningWatcher watcher;
     for (const int warned : {0, 1, 1, 2, 2, 3}) {
         fixture.click(cutEvery);
@@ -293,7 +293,7 @@ void UserActionsTest::warningCanBeClosedByKeyboard()
     QFETCH(int, key);
     PanelFixture fixture;
     fixture.show();
-    fixture.host->setPaper(u"HS058"_qs);
+    fixture.host->setPaper(u"HS058"_s);
     WarningWatcher watcher{Qt::Key(key)};
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), 0);
@@ -301,7 +301,7 @@ void UserActionsTest::warningCanBeClosedByKeyboard()
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), 1);
     QVERIFY(fixture.isOn(cutEvery));
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_s});
 }
 
 QTEST_MAIN(UserActionsTest)
