@@ -28,9 +28,9 @@ run: all
 test: deps lint test-release test-sanitize
 
 lint:
-	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+	git ls-files '*.cpp' '*.h' | xargs clang-format-19 --dry-run --Werror
 	cmake --preset lint
-	run-clang-tidy -quiet -j $(JOBS) -p build/lint 'Unity/unity_' > build/lint/tidy.log 2>&1 \
+	run-clang-tidy-19 -quiet -j $(JOBS) -p build/lint 'Unity/unity_' > build/lint/tidy.log 2>&1 \
 		|| { grep -E 'error:|warning:' build/lint/tidy.log; exit 1; }
 
 test-release test-sanitize: test-%:

@@ -93,7 +93,7 @@ bool DialogStage::open(const QString &queue)
     if (!mDialog || !mCommand->attachment()->host()) {
         return false;
     }
-    mUser.emplace(*mDialog);
+    mUser = std::make_unique<DialogDriver>(*mDialog);
     return mUser->open() && mUser->showOptions() && showPanel();
 }
 

@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 
 #include <memory>
-#include <optional>
 
 class QPrintDialog;
 class QScrollArea;
@@ -47,5 +46,5 @@ private:
     QTemporaryDir mFolder;
     std::unique_ptr<PrintCommand> mCommand;
     QPrintDialog *mDialog = nullptr;
-    std::optional<DialogDriver> mUser;
+    std::unique_ptr<DialogDriver> mUser;
 };

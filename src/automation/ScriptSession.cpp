@@ -230,7 +230,7 @@ QJsonObject ScriptSession::open(ScriptRequest &request)
 {
     auto target = targetOf(request);
     PanelBundles bundles = target ? bundlesOf(request) : PanelBundles();
-    if (request.isFaulty()) {
+    if (!target || request.isFaulty()) {
         return {};
     }
     mConversation = std::make_unique<PanelConversation>(std::move(*target), std::move(bundles),

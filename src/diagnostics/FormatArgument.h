@@ -50,7 +50,8 @@ public:
     }
 
     template <typename Enumerator>
-    requires std::is_enum_v<Enumerator> FormatArgument(Enumerator enumerator)
+        requires std::is_enum_v<Enumerator>
+    FormatArgument(Enumerator enumerator)
         : FormatArgument(static_cast<std::underlying_type_t<Enumerator>>(enumerator))
     {
     }
@@ -69,7 +70,8 @@ public:
 
     /// An object with a description() of its own, a QObject, or whatever else has an address.
     template <typename Type>
-    requires(!std::same_as<std::remove_cv_t<Type>, char>) FormatArgument(Type *object)
+        requires(!std::same_as<std::remove_cv_t<Type>, char>)
+    FormatArgument(Type *object)
     {
         if (object) {
             mValue = Object{object, &describe<std::remove_cv_t<Type>>};

@@ -22,7 +22,10 @@ std::optional<PanelTarget> PanelTarget::ofQueue(const QString &name, PPDFile::Ma
         return std::nullopt;
     }
     const auto queue = PrintQueue::find(name);
-    auto ppd = queue ? PPDFile::ofQueue(name, error, marks) : nullptr;
+    if (!queue) {
+        return std::nullopt;
+    }
+    auto ppd = PPDFile::ofQueue(name, error, marks);
     if (!ppd) {
         return std::nullopt;
     }

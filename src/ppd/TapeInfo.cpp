@@ -185,7 +185,7 @@ OSStatus GetTapeInfo3(PMPrintSettings printSettings, PageRangeInfo *range)
 qint64 RoundDouble(double value)
 {
     constexpr double limit = 9223372036854775808.0;
-    if (!(value > -limit && value < limit)) {
+    if (!(std::abs(value) < limit)) {
         return value > 0 ? std::numeric_limits<qint64>::max() : std::numeric_limits<qint64>::min();
     }
     const double truncated = std::trunc(value);

@@ -51,13 +51,14 @@ void NotificationCenter::removeObserver(const void *observer, const QString &nam
                (!name.isNull() && registration->name != name) ||
                (object && registration->object != object);
     };
-    const auto firstRemoved =
-        std::stable_partition(mRegistrations.begin(), mRegistrations.end(), stays);
     // What a handler holds may remove further observers when it is destroyed, so that must not
     // happen before the list is in order again.
-    const std::vector<std::shared_ptr<Registration>> removed(
-        std::make_move_iterator(firstRemoved), std::make_move_iterator(mRegistrations.end()));
-    mRegistrations.erase(firstRemoved, mRegistrations.end());
+    std::vector<std::shared_ptr<Registration>> remaining;
+    std::vector<std::shared_ptr<Registration>> removed;
+    std::partition_copy(std::make_move_iterator(mRegistrations.begin()),
+                        std::make_move_iterator(mRegistrations.end()),
+                        std::back_inserter(remaining), std::back_inserter(removed), stays);
+    mRegistrations = std::move(remaining);
     for (const std::shared_ptr<Registration> &registration : removed) {
         registration->removed = true;
     }

@@ -1,5 +1,7 @@
 #include "printcore/PropertyListDate.h"
 
+#include <QTimeZone>
+
 #include <cmath>
 
 namespace {
@@ -11,7 +13,7 @@ constexpr double kMostMilliseconds = 1e15;
 
 QDateTime reference()
 {
-    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
+    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc()).toUTC();
 }
 } // namespace
 

@@ -4,6 +4,8 @@
 
 #include <QtEndian>
 
+#include <cstdlib>
+
 #include <locale.h>
 
 namespace {
@@ -33,18 +35,16 @@ private:
     locale_t mPrevious;
 };
 
-using Parse = void (*)(const char *, uint32_t, plist_t *);
-using Serialize = void (*)(plist_t, char **, uint32_t *);
-using Free = void (*)(char *);
+using Serialize = decltype(&plist_to_xml);
 
-QByteArray serialized(plist_t node, Serialize serialize, Free free)
+QByteArray serialized(plist_t node, Serialize serialize)
 {
     const CLocaleScope scope;
     char *bytes = nullptr;
     uint32_t length = 0;
     serialize(node, &bytes, &length);
     QByteArray data(bytes, bytes ? static_cast<QtSize>(length) : 0);
-    free(bytes);
+    std::free(bytes);
     return data;
 }
 } // namespace
@@ -57,7 +57,7 @@ bool PropertyListNode::isBinary(const QByteArray &data)
 PropertyListNode::Pointer PropertyListNode::fromData(const QByteArray &data)
 {
     const CLocaleScope scope;
-    const Parse parse = isBinary(data) ? plist_from_bin : plist_from_xml;
+    const auto parse = isBinary(data) ? plist_from_bin : plist_from_xml;
     plist_t node = nullptr;
     parse(data.constData(), static_cast<uint32_t>(data.size()), &node);
     return Pointer(node);
@@ -65,12 +65,12 @@ PropertyListNode::Pointer PropertyListNode::fromData(const QByteArray &data)
 
 QByteArray PropertyListNode::toBinary(plist_t node)
 {
-    return serialized(node, plist_to_bin, plist_to_bin_free);
+    return serialized(node, plist_to_bin);
 }
 
 QByteArray PropertyListNode::toXML(plist_t node)
 {
-    QByteArray data = serialized(node, plist_to_xml, plist_to_xml_free);
+    QByteArray data = serialized(node, plist_to_xml);
     // Readers take a plain carriage return for the end of a line.
     data.replace('\r', "&#13;");
     return data;

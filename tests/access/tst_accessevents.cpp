@@ -56,7 +56,7 @@ void AccessEventsTest::selectionIsTold()
     AccessEvents events;
     fixture.click(halfCut);
     // Qt tells the text besides, which a menu of pictures has none of.
-    QVERIFY(events.takeValues(menu).contains(u"Half cut"_qs));
+    QVERIFY(events.takeValues(menu).contains(u"Half cut"_s));
 }
 
 void AccessEventsTest::countIsTold()
@@ -67,9 +67,9 @@ void AccessEventsTest::countIsTold()
     Stepper *stepper = fixture.panel->mCutEveryStpr;
     AccessEvents events;
     fixture.step("stepUp");
-    QCOMPARE(events.takeValues(stepper), QStringList(u"8"_qs));
-    fixture.type(u"42"_qs);
-    QCOMPARE(events.takeValues(stepper), QStringList({u"4"_qs, u"42"_qs}));
+    QCOMPARE(events.takeValues(stepper), QStringList(u"8"_s));
+    fixture.type(u"42"_s);
+    QCOMPARE(events.takeValues(stepper), QStringList({u"4"_s, u"42"_s}));
     stepper->setIntValue(42);
     QCOMPARE(events.take(stepper, QAccessible::ValueChanged), 0);
 }
@@ -81,7 +81,7 @@ void AccessEventsTest::nothingIsToldWithoutAChange()
     AccessEvents events;
     fixture.panel->enabledCheck_OP();
     fixture.panel->updateUI();
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     for (const Option option : everyOption) {
         QCOMPARE(events.take(fixture.box(option), QAccessible::DescriptionChanged), 0);
     }

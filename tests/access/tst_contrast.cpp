@@ -133,7 +133,7 @@ void ContrastTest::textsStandOut()
     for (QWidget *control : controls) {
         const double found = contrastIn(textOf(control));
         QVERIFY2(found >= leastContrast,
-                 qPrintable(u"%1: %2"_qs.arg(control->objectName()).arg(found)));
+                 qPrintable(u"%1: %2"_s.arg(control->objectName()).arg(found)));
     }
 }
 

@@ -86,18 +86,18 @@ void GreyReasonTest::reasonIsThatOfTheRule_data()
     QTest::addColumn<Boxes>("tapeGreys");
     QTest::addColumn<Boxes>("specialTapeGreys");
     const Boxes excluded{{cutEvery, autoCut, halfCut, chainPrint}};
-    QTest::newRow("standard size") << u"62x29"_qs << false << Boxes() << Boxes();
+    QTest::newRow("standard size") << u"62x29"_s << false << Boxes() << Boxes();
     for (const char *paper : {"DC03", "AV2055", "C_62"}) {
         QTest::addRow("%s", paper)
             << QString::fromLatin1(paper) << false << Boxes{{removeBlkSpace}} << Boxes();
         QTest::addRow("%s, special tape", paper)
             << QString::fromLatin1(paper) << true << Boxes{{removeBlkSpace}} << excluded;
     }
-    QTest::newRow("FL30") << u"FL30"_qs << false << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes();
-    QTest::newRow("standard size, special tape") << u"62x29"_qs << true << Boxes() << excluded;
+    QTest::newRow("FL30") << u"FL30"_s << false << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes();
+    QTest::newRow("standard size, special tape") << u"62x29"_s << true << Boxes() << excluded;
     // What special tape had greyed stays greyed: the reason is still that.
     QTest::newRow("FL30, special tape")
-        << u"FL30"_qs << true << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes{{cutEvery, autoCut}};
+        << u"FL30"_s << true << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes{{cutEvery, autoCut}};
 }
 
 void GreyReasonTest::reasonIsThatOfTheRule()
@@ -159,9 +159,9 @@ void GreyReasonTest::reasonGoesWithThePaper()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(fixture.box(halfCut)->toolTip(), onThisTape);
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QCOMPARE(fixture.box(halfCut)->toolTip(), helpOf(fixture, halfCut));
     QCOMPARE(descriptionOf(fixture.box(halfCut)), helpOf(fixture, halfCut));
 }
@@ -190,7 +190,7 @@ void GreyReasonTest::countTellsWhatItNeeds()
     }
     fixture.click(cutEvery);
     for (const QWidget *control : count) {
-        QCOMPARE(descriptionOf(control), u"A number from 1 to 99."_qs);
+        QCOMPARE(descriptionOf(control), u"A number from 1 to 99."_s);
     }
 }
 
@@ -198,7 +198,7 @@ void GreyReasonTest::customSizeGreysBlankSpaceWhenSaved()
 {
     PanelFixture fixture(allOff());
     fixture.show();
-    fixture.host->changePaper(u"Custom.62x100"_qs);
+    fixture.host->changePaper(u"Custom.62x100"_s);
     QCOMPARE(reasonOf(fixture, removeBlkSpace), QString());
     fixture.panel->saveValuesAndReturnError(nullptr);
     QCOMPARE(reasonOf(fixture, removeBlkSpace), onThisTape);
@@ -209,9 +209,9 @@ void GreyReasonTest::stuckBoxSaysSo()
     // Without special tape nothing enables half cut again.
     PanelFixture fixture({.options = everyOptionBut(specialTape), .defaults = {{cutEvery, "7"}}});
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(greyedFor(fixture, onThisTape), QList<Option>({halfCut, removeBlkSpace}));
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QVERIFY(!fixture.box(halfCut)->isEnabled());
     QCOMPARE(reasonOf(fixture, halfCut), reopen);
 }
@@ -224,7 +224,7 @@ void GreyReasonTest::missingOptionSaysSo()
     fixture.box(halfCut)->setEnabled(false);
     fixture.box(specialTape)->hide();
     fixture.panel->enabledCheck_OP();
-    QCOMPARE(reasonOf(fixture, halfCut), u"Not available for this printer."_qs);
+    QCOMPARE(reasonOf(fixture, halfCut), u"Not available for this printer."_s);
 }
 
 void GreyReasonTest::greyedBoxShowsTheReasonAsTip()
@@ -255,8 +255,8 @@ void GreyReasonTest::markupInATitleIsText()
                              .size("62x29", 175.0, 82.0));
     fixture.show();
     fixture.click(specialTape);
-    QCOMPARE(descriptionOf(fixture.box(halfCut)), u"Not available together with “<b>Special</b>”."_qs);
-    QVERIFY(fixture.box(halfCut)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_qs));
+    QCOMPARE(descriptionOf(fixture.box(halfCut)), u"Not available together with “<b>Special</b>”."_s);
+    QVERIFY(fixture.box(halfCut)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_s));
 }
 
 KV_TEST(GreyReasonTest)

@@ -95,7 +95,7 @@ void KeyboardTest::spaceTicksABox()
     fixture.box(halfCut)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QVERIFY(fixture.isOn(halfCut));
-    QCOMPARE(fixture.takeTold(), QStringList(u"KvHalfCut=ON"_qs));
+    QCOMPARE(fixture.takeTold(), QStringList(u"KvHalfCut=ON"_s));
 }
 
 void KeyboardTest::keysMoveTheCount_data()
@@ -132,7 +132,7 @@ void KeyboardTest::keysMoveTheCount()
     }
     QCOMPARE(fixture.panel->mCutEveryTxBx->text(), QString::number(count));
     QCOMPARE(fixture.panel->mCutEveryStpr->intValue(), count);
-    QCOMPARE(fixture.takeTold().last(), u"KvCutLabel=%1"_qs.arg(count));
+    QCOMPARE(fixture.takeTold().last(), u"KvCutLabel=%1"_s.arg(count));
 }
 
 void KeyboardTest::otherKeysStayTheFields()
@@ -144,11 +144,11 @@ void KeyboardTest::otherKeysStayTheFields()
     QLineEdit *field = fixture.panel->mCutEveryTxBx;
     field->setFocus(Qt::TabFocusReason);
     field->selectAll();
-    QTest::keyClicks(field, u"42"_qs);
+    QTest::keyClicks(field, u"42"_s);
     QTest::keyClick(field, Qt::Key_Up, Qt::ControlModifier);
-    QCOMPARE(field->text(), u"42"_qs);
+    QCOMPARE(field->text(), u"42"_s);
     QTest::keyClick(field, Qt::Key_Backspace);
-    QCOMPARE(field->text(), u"4"_qs);
+    QCOMPARE(field->text(), u"4"_s);
 }
 
 void KeyboardTest::greyedCountIsNotMoved()
@@ -231,7 +231,7 @@ void KeyboardTest::panelHasNoMnemonics()
     QVERIFY(buttons.size() >= 9);
     QVERIFY(!fixture.panel->mCutEveryStr->text().contains(u'&'));
     // Those of the dialog around it still work.
-    QVERIFY(!dialog.dialog().findChildren<QWidget *>(u"properties"_qs).isEmpty());
+    QVERIFY(!dialog.dialog().findChildren<QWidget *>(u"properties"_s).isEmpty());
 }
 
 KV_TEST(KeyboardTest)

@@ -64,7 +64,7 @@ void NamesTest::everyControlIsNamedAndDescribed()
         QVERIFY(!access->text(QAccessible::Name).isEmpty());
         const QString description = access->text(QAccessible::Description);
         QVERIFY2(description.contains(u' ') && description.endsWith(u'.'),
-                 qPrintable(u"%1: %2"_qs.arg(expected.name, description)));
+                 qPrintable(u"%1: %2"_s.arg(expected.name, description)));
         QVERIFY(!access->state().invisible);
         descriptions.insert(description);
     }
@@ -114,10 +114,10 @@ void NamesTest::menuTellsItsSelectionByName()
                           .defaults = {{OptionCatalogue::CutEvery, "7"}}});
     fixture.show();
     PopUpButton *menu = fixture.panel->mOptionPopUpButton;
-    QCOMPARE(valueOf(menu), u"No automatic cutting"_qs);
+    QCOMPARE(valueOf(menu), u"No automatic cutting"_s);
     fixture.click(OptionCatalogue::HalfCut);
-    QCOMPARE(valueOf(menu), u"Half cut"_qs);
-    QCOMPARE(menu->toolTip(), u"Half cut"_qs);
+    QCOMPARE(valueOf(menu), u"Half cut"_s);
+    QCOMPARE(menu->toolTip(), u"Half cut"_s);
 }
 
 void NamesTest::menuItemsHaveNames()
@@ -184,9 +184,9 @@ void NamesTest::greyedItemSaysWhy()
         return tags;
     };
     QCOMPARE(tagsWithReason(), QList<int>());
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(tagsWithReason(), QList<int>({6, 7, 8, 10, 11, 12, 13}));
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QCOMPARE(tagsWithReason(), QList<int>());
 }
 
@@ -196,9 +196,9 @@ void NamesTest::textsWithoutATableAreTheirKeys()
     fixture.bundle->setLanguages({});
     fixture.show();
     fixture.click(OptionCatalogue::SpecialTape);
-    QCOMPARE(descriptionOf(fixture.box(OptionCatalogue::HalfCut)), u"RS_Why_Together"_qs);
-    QCOMPARE(descriptionOf(fixture.box(OptionCatalogue::Mirror)), u"RS_Help_Mirror"_qs);
-    QCOMPARE(descriptionOf(fixture.panel->mOptionView), u"RS_Strip_SpecialTape"_qs);
+    QCOMPARE(descriptionOf(fixture.box(OptionCatalogue::HalfCut)), u"RS_Why_Together"_s);
+    QCOMPARE(descriptionOf(fixture.box(OptionCatalogue::Mirror)), u"RS_Help_Mirror"_s);
+    QCOMPARE(descriptionOf(fixture.panel->mOptionView), u"RS_Strip_SpecialTape"_s);
 }
 
 KV_TEST(NamesTest)

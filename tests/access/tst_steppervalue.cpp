@@ -52,11 +52,11 @@ void StepperValueTest::numberAndBoundsAreTold()
     QCOMPARE(value->minimumValue().toInt(), 3);
     QCOMPARE(value->maximumValue().toInt(), 12);
     QCOMPARE(value->minimumStepSize().toInt(), 1);
-    QCOMPARE(valueOf(fixture.panel->mCutEveryStpr), u"5"_qs);
-    QCOMPARE(valueOf(fixture.panel->mCutEveryTxBx), u"5"_qs);
+    QCOMPARE(valueOf(fixture.panel->mCutEveryStpr), u"5"_s);
+    QCOMPARE(valueOf(fixture.panel->mCutEveryTxBx), u"5"_s);
     for (const QWidget *control : {static_cast<QWidget *>(fixture.panel->mCutEveryStpr),
                                    static_cast<QWidget *>(fixture.panel->mCutEveryTxBx)}) {
-        QCOMPARE(descriptionOf(control), u"A number from 3 to 12."_qs);
+        QCOMPARE(descriptionOf(control), u"A number from 3 to 12."_s);
     }
 }
 
@@ -80,7 +80,7 @@ void StepperValueTest::numberIsSetAsByTheUser()
     value->setCurrentValue(set);
     QCOMPARE(value->currentValue().toInt(), count);
     QCOMPARE(fixture.panel->mCutEveryTxBx->text(), QString::number(count));
-    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=%1"_qs.arg(count)));
+    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=%1"_s.arg(count)));
 }
 
 void StepperValueTest::actionsMoveTheNumber()
@@ -90,9 +90,9 @@ void StepperValueTest::actionsMoveTheNumber()
     QAccessibleActionInterface *actions = accessOf(fixture.panel->mCutEveryStpr)->actionInterface();
     QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::increaseAction()));
     actions->doAction(QAccessibleActionInterface::increaseAction());
-    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=6"_qs));
+    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=6"_s));
     actions->doAction(QAccessibleActionInterface::decreaseAction());
-    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=5"_qs));
+    QCOMPARE(fixture.takeTold(), QStringList(u"KvCutLabel=5"_s));
     actions->doAction(QAccessibleActionInterface::setFocusAction());
     QVERIFY(fixture.panel->mCutEveryStpr->hasFocus());
 }
@@ -119,8 +119,8 @@ void StepperValueTest::arrowsAreNamed()
     PanelFixture fixture(printer());
     showEnabled(fixture);
     const Stepper *stepper = fixture.panel->mCutEveryStpr;
-    QCOMPARE(nameOf(stepper->findChild<QToolButton *>(u"stepUp"_qs)), u"Increase"_qs);
-    QCOMPARE(nameOf(stepper->findChild<QToolButton *>(u"stepDown"_qs)), u"Decrease"_qs);
+    QCOMPARE(nameOf(stepper->findChild<QToolButton *>(u"stepUp"_s)), u"Increase"_s);
+    QCOMPARE(nameOf(stepper->findChild<QToolButton *>(u"stepDown"_s)), u"Decrease"_s);
 }
 
 void StepperValueTest::disabledArrowsShowTheReason()
@@ -128,14 +128,14 @@ void StepperValueTest::disabledArrowsShowTheReason()
     PanelFixture fixture(printer());
     showEnabled(fixture);
     const Stepper *stepper = fixture.panel->mCutEveryStpr;
-    const auto *up = stepper->findChild<QToolButton *>(u"stepUp"_qs);
-    QCOMPARE(up->toolTip(), u"Increase"_qs);
+    const auto *up = stepper->findChild<QToolButton *>(u"stepUp"_s);
+    QCOMPARE(up->toolTip(), u"Increase"_s);
     fixture.click(OptionCatalogue::CutEvery);
     QCOMPARE(up->toolTip(), QString());
-    QCOMPARE(stepper->toolTip(), u"Available when “%1” is selected."_qs.arg(
+    QCOMPARE(stepper->toolTip(), u"Available when “%1” is selected."_s.arg(
                                      fixture.box(OptionCatalogue::CutEvery)->title()));
     fixture.click(OptionCatalogue::CutEvery);
-    QCOMPARE(up->toolTip(), u"Increase"_qs);
+    QCOMPARE(up->toolTip(), u"Increase"_s);
 }
 
 KV_TEST(StepperValueTest)

@@ -114,10 +114,10 @@ void StripTextTest::countIsTold()
     fixture.show();
     fixture.click(cutEvery);
     QCOMPARE(wordsOf(fixture), QStringList({cut, count, end}));
-    fixture.type(u"12"_qs);
-    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 12."_qs);
+    fixture.type(u"12"_s);
+    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 12."_s);
     fixture.step("stepUp");
-    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 13."_qs);
+    QCOMPARE(wordsOf(fixture).at(1), u"Number of labels between cuts: 13."_s);
 }
 
 void StripTextTest::greyedBlankSpaceIsLeftOut()
@@ -126,9 +126,9 @@ void StripTextTest::greyedBlankSpaceIsLeftOut()
     fixture.show();
     fixture.click(removeBlkSpace);
     QCOMPARE(wordsOf(fixture), QStringList({uncut, tight}));
-    fixture.host->changePaper(u"DC03"_qs);
+    fixture.host->changePaper(u"DC03"_s);
     QCOMPARE(wordsOf(fixture), QStringList({uncut}));
-    fixture.host->changePaper(u"62x29"_qs);
+    fixture.host->changePaper(u"62x29"_s);
     QCOMPARE(wordsOf(fixture), QStringList({uncut, tight}));
 }
 
@@ -144,7 +144,7 @@ void StripTextTest::presetChangesTheWords()
 {
     PanelFixture fixture({.options = everyOptionBut(cutMark), .defaults = {{cutEvery, "7"}}});
     fixture.show();
-    QVERIFY(fixture.panel->choosePreset(u"AHCMOffOnOnOff"_qs));
+    QVERIFY(fixture.panel->choosePreset(u"AHCMOffOnOnOff"_s));
     QCOMPARE(wordsOf(fixture), QStringList({uncut, halfCutWords, chained}));
 }
 

@@ -84,15 +84,15 @@ QStringList linesOf(const QString &path)
 
 QString withoutSpaces(QString text)
 {
-    return text.remove(QRegularExpression(u"\\s"_qs));
+    return text.remove(QRegularExpression(u"\\s"_s));
 }
 
 /// The options that "kvprint --help" lists, each with its other name and its value
 /// ("-dPRINTER", "-h,--help").
 QStringList optionsOfHelp()
 {
-    const Run help = run({QStringLiteral(KV_PRINT_PROGRAM), {u"--help"_qs}});
-    static const QRegularExpression option(u"^  (-.*?)  "_qs, QRegularExpression::MultilineOption);
+    const Run help = run({QStringLiteral(KV_PRINT_PROGRAM), {u"--help"_s}});
+    static const QRegularExpression option(u"^  (-.*?)  "_s, QRegularExpression::MultilineOption);
     QStringList options;
     for (const auto &match : option.globalMatch(help.output)) {
         options.append(withoutSpaces(match.captured(1)).remove(u'<').remove(u'>'));
@@ -103,18 +103,18 @@ QStringList optionsOfHelp()
 /// The lines of a section of the manual page, with plain hyphens.
 QStringList manualSection(const QString &title)
 {
-    const QString text = textOf(manualPage).replace(u"\\-"_qs, u"-"_qs);
-    const QString heading = u"\n.SH "_qs + title + u'\n';
+    const QString text = textOf(manualPage).replace(u"\\-"_s, u"-"_s);
+    const QString heading = u"\n.SH "_s + title + u'\n';
     const qsizetype start = text.indexOf(heading);
     return start < 0 ? QStringList()
-                     : text.mid(start + heading.size()).section(u"\n.SH "_qs, 0, 0).split(u'\n');
+                     : text.mid(start + heading.size()).section(u"\n.SH "_s, 0, 0).split(u'\n');
 }
 
 /// The options that the manual page describes, as optionsOfHelp() writes them.
 QStringList optionsOfManual()
 {
-    static const QRegularExpression macro(u"^\\.[A-Z]+ |\""_qs);
-    const QStringList lines = manualSection(u"OPTIONS"_qs);
+    static const QRegularExpression macro(u"^\\.[A-Z]+ |\""_s);
+    const QStringList lines = manualSection(u"OPTIONS"_s);
     QStringList options;
     for (qsizetype i = 1; i < lines.size(); ++i) {
         if (lines.at(i - 1) == u".TP") {
@@ -127,7 +127,7 @@ QStringList optionsOfManual()
 /// The names of options in a text, sorted.
 QStringList namesIn(const QString &text)
 {
-    static const QRegularExpression name(u"(?<![-\\w])--?[a-z][a-z-]*"_qs);
+    static const QRegularExpression name(u"(?<![-\\w])--?[a-z][a-z-]*"_s);
     QStringList names;
     for (const auto &match : name.globalMatch(text)) {
         names.append(match.captured());
@@ -142,7 +142,7 @@ QStringList allNames()
 {
     QStringList names;
     for (const QString &option : optionsOfHelp()) {
-        static const QRegularExpression value(u"[A-Z].*"_qs);
+        static const QRegularExpression value(u"[A-Z].*"_s);
         names += QString(option).remove(value).split(u',');
     }
     names.sort();
@@ -156,7 +156,7 @@ bool isLike(const QString &text, const QString &expected)
     for (QString &part : parts) {
         part = QRegularExpression::escape(part);
     }
-    return QRegularExpression(QRegularExpression::anchoredPattern(parts.join(u".*"_qs)))
+    return QRegularExpression(QRegularExpression::anchoredPattern(parts.join(u".*"_s)))
         .match(text)
         .hasMatch();
 }
@@ -170,7 +170,7 @@ struct Block
 
 QList<Block> blocksOf(const QString &path)
 {
-    static const QRegularExpression block(u"^```(\\w*)\n(.*?)^```$"_qs,
+    static const QRegularExpression block(u"^```(\\w*)\n(.*?)^```$"_s,
                                           QRegularExpression::MultilineOption |
                                               QRegularExpression::DotMatchesEverythingOption);
     QList<Block> blocks;
@@ -184,7 +184,7 @@ QList<Block> blocksOf(const QString &path)
 QStringList linesWith(QChar mark, const Block &block)
 {
     QStringList lines = block.text.split(u'\n');
-    lines.removeIf([mark](const QString &line) { return !line.startsWith(mark + u" "_qs); });
+    lines.removeIf([mark](const QString &line) { return !line.startsWith(mark + u" "_s); });
     for (QString &line : lines) {
         line.remove(0, 2);
     }
@@ -226,7 +226,7 @@ private: // NOLINT(readability-redundant-access-specifiers)
     };
 
     Completion complete(const QString &line, const QMap<QString, QString> &variables = {}) const;
-    QString folder() const { return QDir::cleanPath(mSite.path(u"."_qs)); }
+    QString folder() const { return QDir::cleanPath(mSite.path(u"."_s)); }
 
     PrintingSite mSite;
 };
@@ -234,44 +234,44 @@ private: // NOLINT(readability-redundant-access-specifiers)
 void tst_completion::initTestCase()
 {
     QCOMPARE(mSite.open(), QString());
-    QVERIFY(!mSite.document(u"letter.txt"_qs).isNull());
-    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"all"_qs), mSite.path(u"all.ppd"_qs)));
-    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"label"_qs), mSite.path(u"my label.ppd"_qs)));
+    QVERIFY(!mSite.document(u"letter.txt"_s).isNull());
+    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"all"_s), mSite.path(u"all.ppd"_s)));
+    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"label"_s), mSite.path(u"my label.ppd"_s)));
     // The guide's examples are run from the sources' folder.
     const QString buildFolder = QDir::cleanPath(QStringLiteral(KV_PRINT_PROGRAM "/../.."));
-    QVERIFY(QDir(folder()).mkpath(u"build"_qs));
-    QVERIFY(QFile::link(buildFolder, mSite.path(u"build/release"_qs)));
+    QVERIFY(QDir(folder()).mkpath(u"build"_s));
+    QVERIFY(QFile::link(buildFolder, mSite.path(u"build/release"_s)));
 }
 
 tst_completion::Completion tst_completion::complete(const QString &line,
                                                     const QMap<QString, QString> &variables) const
 {
     const QTemporaryDir result;
-    const QString profilePath = mSite.file(u"profile"_qs, shellProfile);
-    Program bash{QStandardPaths::findExecutable(u"bash"_qs),
-                 {u"--noprofile"_qs, u"--rcfile"_qs, profilePath, u"-i"_qs},
+    const QString profilePath = mSite.file(u"profile"_s, shellProfile);
+    Program bash{QStandardPaths::findExecutable(u"bash"_s),
+                 {u"--noprofile"_s, u"--rcfile"_s, profilePath, u"-i"_s},
                  line.toUtf8() + "\t\x14"};
     const QString programs = QFileInfo(QStringLiteral(KV_PRINT_PROGRAM)).absolutePath();
-    bash.environment.insert(u"PATH"_qs, programs + u':' + qEnvironmentVariable("PATH"));
-    bash.environment.insert(u"TERM"_qs, u"dumb"_qs);
-    bash.environment.insert(u"INPUTRC"_qs, QProcess::nullDevice());
-    bash.environment.insert(u"KV_COMPLETION"_qs, completionFile);
-    bash.environment.insert(u"KV_RESULT"_qs, result.path());
+    bash.environment.insert(u"PATH"_s, programs + u':' + qEnvironmentVariable("PATH"));
+    bash.environment.insert(u"TERM"_s, u"dumb"_s);
+    bash.environment.insert(u"INPUTRC"_s, QProcess::nullDevice());
+    bash.environment.insert(u"KV_COMPLETION"_s, completionFile);
+    bash.environment.insert(u"KV_RESULT"_s, result.path());
     for (auto it = variables.begin(); it != variables.end(); ++it) {
         bash.environment.insert(it.key(), it.value());
     }
     run(bash, folder());
-    QString completed = textOf(result.filePath(u"line"_qs));
+    QString completed = textOf(result.filePath(u"line"_s));
     completed.chop(1);
-    return {linesOf(result.filePath(u"offered"_qs)), completed};
+    return {linesOf(result.filePath(u"offered"_s)), completed};
 }
 
 void tst_completion::completionOffersEveryOption()
 {
     const QStringList names = allNames();
     QCOMPARE(names.size(), 15);
-    QVERIFY(names.contains(u"--no-dialog"_qs));
-    QStringList offered = complete(u"kvprint -"_qs).offered;
+    QVERIFY(names.contains(u"--no-dialog"_s));
+    QStringList offered = complete(u"kvprint -"_s).offered;
     offered.sort();
     QCOMPARE(offered, names);
 }
@@ -279,10 +279,10 @@ void tst_completion::completionOffersEveryOption()
 void tst_completion::manualDescribesEveryOption()
 {
     const QStringList options = optionsOfHelp();
-    QVERIFY(options.contains(u"-oKEY=VALUE"_qs));
+    QVERIFY(options.contains(u"-oKEY=VALUE"_s));
     QCOMPARE(optionsOfManual(), options);
-    QStringList synopsis = namesIn(manualSection(u"SYNOPSIS"_qs).join(u'\n'));
-    synopsis << u"-h"_qs << u"-v"_qs;
+    QStringList synopsis = namesIn(manualSection(u"SYNOPSIS"_s).join(u'\n'));
+    synopsis << u"-h"_s << u"-v"_s;
     synopsis.sort();
     QCOMPARE(synopsis, allNames());
 }
@@ -296,11 +296,11 @@ void tst_completion::manualIsOfThisVersion()
 
 void tst_completion::manualIsSound()
 {
-    const QString groff = QStandardPaths::findExecutable(u"groff"_qs);
+    const QString groff = QStandardPaths::findExecutable(u"groff"_s);
     if (groff.isEmpty()) {
         QSKIP("groff is not installed");
     }
-    const Run check = run({groff, {u"-man"_qs, u"-Tutf8"_qs, u"-ww"_qs, u"-z"_qs, manualPage}});
+    const Run check = run({groff, {u"-man"_s, u"-Tutf8"_s, u"-ww"_s, u"-z"_s, manualPage}});
     QCOMPARE(check.errors, QString());
     QCOMPARE(check.status, 0);
 }
@@ -310,74 +310,73 @@ void tst_completion::completes_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("offered");
     QTest::addColumn<QString>("completed");
-    const QString all = u"kvprint --ppd all.ppd "_qs;
-    const QStringList half{u"AHCMOffOnOffOff"_qs};
-    const QStringList special{u"SPMROnOff"_qs};
-    const QStringList switches{u"OFF"_qs, u"ON"_qs};
+    const QString all = u"kvprint --ppd all.ppd "_s;
+    const QStringList half{u"AHCMOffOnOffOff"_s};
+    const QStringList special{u"SPMROnOff"_s};
+    const QStringList switches{u"OFF"_s, u"ON"_s};
     const QStringList none;
 
-    QTest::newRow("option") << u"kvprint --no"_qs << QStringList{u"--no-dialog"_qs}
-                            << u"kvprint --no-dialog "_qs;
-    QTest::newRow("preset") << all + u"--preset AHCMOff"_qs << half
-                            << all + u"--preset AHCMOffOnOffOff "_qs;
-    QTest::newRow("presets") << all + u"--preset CTMRO"_qs
-                             << QStringList{u"CTMROnOffOff"_qs, u"CTMROnOnOff"_qs,
-                                            u"CTMROffOnOff"_qs, u"CTMROffOffOff"_qs}
-                             << all + u"--preset CTMRO"_qs;
+    QTest::newRow("option") << u"kvprint --no"_s << QStringList{u"--no-dialog"_s}
+                            << u"kvprint --no-dialog "_s;
+    QTest::newRow("preset") << all + u"--preset AHCMOff"_s << half
+                            << all + u"--preset AHCMOffOnOffOff "_s;
+    QTest::newRow("presets") << all + u"--preset CTMRO"_s
+                             << QStringList{u"CTMROnOffOff"_s, u"CTMROnOnOff"_s, u"CTMROffOnOff"_s,
+                                            u"CTMROffOffOff"_s}
+                             << all + u"--preset CTMRO"_s;
     QTest::newRow("attached preset")
-        << all + u"--preset=SP"_qs << special << all + u"--preset=SPMROnOff "_qs;
-    QTest::newRow("attached PPD") << u"kvprint --ppd=all.ppd --preset SP"_qs << special
-                                  << u"kvprint --ppd=all.ppd --preset SPMROnOff "_qs;
+        << all + u"--preset=SP"_s << special << all + u"--preset=SPMROnOff "_s;
+    QTest::newRow("attached PPD") << u"kvprint --ppd=all.ppd --preset SP"_s << special
+                                  << u"kvprint --ppd=all.ppd --preset SPMROnOff "_s;
     QTest::newRow("PPD in quotes")
-        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOf"_qs
-        << QStringList{u"EveryEndMirrorOffOffOff"_qs}
-        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOffOff "_qs;
+        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOf"_s
+        << QStringList{u"EveryEndMirrorOffOffOff"_s}
+        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOffOff "_s;
     QTest::newRow("PPD with a backslash")
-        << u"kvprint --ppd my\\ label.ppd -o KvM"_qs << QStringList{u"KvMirror="_qs}
-        << u"kvprint --ppd my\\ label.ppd -o KvMirror="_qs;
-    QTest::newRow("no such PPD") << u"kvprint --ppd none.ppd --preset "_qs << none
-                                 << u"kvprint --ppd none.ppd --preset "_qs;
-    QTest::newRow("preset is no file")
-        << all + u"--preset le"_qs << none << all + u"--preset le"_qs;
+        << u"kvprint --ppd my\\ label.ppd -o KvM"_s << QStringList{u"KvMirror="_s}
+        << u"kvprint --ppd my\\ label.ppd -o KvMirror="_s;
+    QTest::newRow("no such PPD") << u"kvprint --ppd none.ppd --preset "_s << none
+                                 << u"kvprint --ppd none.ppd --preset "_s;
+    QTest::newRow("preset is no file") << all + u"--preset le"_s << none << all + u"--preset le"_s;
 
-    QTest::newRow("keys") << u"kvprint --ppd my\\ label.ppd -o "_qs
-                          << QStringList{u"KvCutAtEnd="_qs, u"KvCutLabel="_qs, u"KvMirror="_qs,
-                                         u"PageSize="_qs, u"media="_qs}
-                          << u"kvprint --ppd my\\ label.ppd -o "_qs;
-    QTest::newRow("key") << all + u"-o KvHalf"_qs << QStringList{u"KvHalfCut="_qs}
-                         << all + u"-o KvHalfCut="_qs;
-    QTest::newRow("choices") << all + u"-o KvHalfCut="_qs << switches << all + u"-o KvHalfCut=O"_qs;
-    QTest::newRow("choice") << all + u"-o KvHalfCut=OF"_qs << QStringList{u"OFF"_qs}
-                            << all + u"-o KvHalfCut=OFF "_qs;
+    QTest::newRow("keys") << u"kvprint --ppd my\\ label.ppd -o "_s
+                          << QStringList{u"KvCutAtEnd="_s, u"KvCutLabel="_s, u"KvMirror="_s,
+                                         u"PageSize="_s, u"media="_s}
+                          << u"kvprint --ppd my\\ label.ppd -o "_s;
+    QTest::newRow("key") << all + u"-o KvHalf"_s << QStringList{u"KvHalfCut="_s}
+                         << all + u"-o KvHalfCut="_s;
+    QTest::newRow("choices") << all + u"-o KvHalfCut="_s << switches << all + u"-o KvHalfCut=O"_s;
+    QTest::newRow("choice") << all + u"-o KvHalfCut=OF"_s << QStringList{u"OFF"_s}
+                            << all + u"-o KvHalfCut=OFF "_s;
     QTest::newRow("attached choice")
-        << all + u"-oKvHalfCut=OF"_qs << QStringList{u"OFF"_qs} << all + u"-oKvHalfCut=OFF "_qs;
+        << all + u"-oKvHalfCut=OF"_s << QStringList{u"OFF"_s} << all + u"-oKvHalfCut=OFF "_s;
     QTest::newRow("choice in quotes")
-        << all + u"-o 'KvHalfCut=OF"_qs << QStringList{u"KvHalfCut=OFF"_qs}
-        << all + u"-o 'KvHalfCut=OFF' "_qs;
-    QTest::newRow("paper") << all + u"-o media=AV2"_qs << QStringList{u"AV20x80"_qs}
-                           << all + u"-o media=AV20x80 "_qs;
+        << all + u"-o 'KvHalfCut=OF"_s << QStringList{u"KvHalfCut=OFF"_s}
+        << all + u"-o 'KvHalfCut=OFF' "_s;
+    QTest::newRow("paper") << all + u"-o media=AV2"_s << QStringList{u"AV20x80"_s}
+                           << all + u"-o media=AV20x80 "_s;
     QTest::newRow("option of another panel")
-        << u"kvprint -d plain -o KvDensity=D"_qs << QStringList{u"Dark"_qs}
-        << u"kvprint -d plain -o KvDensity=Dark "_qs;
-    QTest::newRow("no such key") << all + u"-o Kv="_qs << none << all + u"-o Kv="_qs;
+        << u"kvprint -d plain -o KvDensity=D"_s << QStringList{u"Dark"_s}
+        << u"kvprint -d plain -o KvDensity=Dark "_s;
+    QTest::newRow("no such key") << all + u"-o Kv="_s << none << all + u"-o Kv="_s;
 
-    QTest::newRow("printer") << u"kvprint -d fol"_qs << QStringList{u"follow"_qs}
-                             << u"kvprint -d follow "_qs;
+    QTest::newRow("printer") << u"kvprint -d fol"_s << QStringList{u"follow"_s}
+                             << u"kvprint -d follow "_s;
     QTest::newRow("attached printer")
-        << u"kvprint -dfol"_qs << QStringList{u"-dfollow"_qs} << u"kvprint -dfollow "_qs;
+        << u"kvprint -dfol"_s << QStringList{u"-dfollow"_s} << u"kvprint -dfollow "_s;
     QTest::newRow("preset of a printer")
-        << u"kvprint -dtape --preset SP"_qs << special << u"kvprint -dtape --preset SPMROnOff "_qs;
-    QTest::newRow("printer is no file") << u"kvprint -d le"_qs << none << u"kvprint -d le"_qs;
-    QTest::newRow("copies are no file") << u"kvprint -n le"_qs << none << u"kvprint -n le"_qs;
+        << u"kvprint -dtape --preset SP"_s << special << u"kvprint -dtape --preset SPMROnOff "_s;
+    QTest::newRow("printer is no file") << u"kvprint -d le"_s << none << u"kvprint -d le"_s;
+    QTest::newRow("copies are no file") << u"kvprint -n le"_s << none << u"kvprint -n le"_s;
 
-    QTest::newRow("file") << u"kvprint --dry-run le"_qs << none
-                          << u"kvprint --dry-run letter.txt "_qs;
+    QTest::newRow("file") << u"kvprint --dry-run le"_s << none
+                          << u"kvprint --dry-run letter.txt "_s;
     QTest::newRow("file of an option")
-        << u"kvprint --ppd al"_qs << none << u"kvprint --ppd all.ppd "_qs;
+        << u"kvprint --ppd al"_s << none << u"kvprint --ppd all.ppd "_s;
     QTest::newRow("attached file")
-        << u"kvprint --script=le"_qs << none << u"kvprint --script=letter.txt "_qs;
+        << u"kvprint --script=le"_s << none << u"kvprint --script=letter.txt "_s;
     QTest::newRow("no option behind the options")
-        << u"kvprint -- --no"_qs << none << u"kvprint -- --no"_qs;
+        << u"kvprint -- --no"_s << none << u"kvprint -- --no"_s;
 }
 
 void tst_completion::completes()
@@ -393,42 +392,41 @@ void tst_completion::completes()
 void tst_completion::printersAreTheSchedulers()
 {
     QStringList printers = PrintingSite::printers();
-    printers.append(u"tape/draft"_qs);
+    printers.append(u"tape/draft"_s);
     printers.sort();
     QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
-    const QStringList offered = complete(u"kvprint -d "_qs).offered;
+    const QStringList offered = complete(u"kvprint -d "_s).offered;
     QVERIFY(mSite.saveUserOptions(""));
     QCOMPARE(offered, printers);
 }
 
 void tst_completion::withoutTheSchedulersProgramsNothingIsOffered()
 {
-    const Completion completion =
-        complete(u"kvprint -d fol"_qs, {{u"PATH"_qs, u"/nonexistent"_qs}});
+    const Completion completion = complete(u"kvprint -d fol"_s, {{u"PATH"_s, u"/nonexistent"_s}});
     QCOMPARE(completion.offered, QStringList());
-    QCOMPARE(completion.line, u"kvprint -d fol"_qs);
+    QCOMPARE(completion.line, u"kvprint -d fol"_s);
 }
 
 void tst_completion::withoutASchedulerNothingIsOffered()
 {
-    const QMap<QString, QString> noScheduler{{u"CUPS_SERVER"_qs, u"/nonexistent"_qs}};
-    for (const QString &typed : {u"kvprint -d "_qs, u"kvprint --preset "_qs, u"kvprint -o "_qs}) {
+    const QMap<QString, QString> noScheduler{{u"CUPS_SERVER"_s, u"/nonexistent"_s}};
+    for (const QString &typed : {u"kvprint -d "_s, u"kvprint --preset "_s, u"kvprint -o "_s}) {
         const Completion completion = complete(typed, noScheduler);
         QCOMPARE(completion.offered, QStringList());
         QCOMPARE(completion.line, typed);
     }
-    QCOMPARE(complete(u"kvprint --ppd all.ppd --preset SP"_qs, noScheduler).offered,
-             QStringList{u"SPMROnOff"_qs});
+    QCOMPARE(complete(u"kvprint --ppd all.ppd --preset SP"_s, noScheduler).offered,
+             QStringList{u"SPMROnOff"_s});
 }
 
 void tst_completion::defaultPrinterIsTheUsers()
 {
-    const QString typed = u"kvprint --preset EveryEndMirrorOffOf"_qs;
+    const QString typed = u"kvprint --preset EveryEndMirrorOffOf"_s;
     QCOMPARE(complete(typed).offered, QStringList());
     QVERIFY(mSite.saveUserOptions("Default label\n"));
     const QStringList offered = complete(typed).offered;
     QVERIFY(mSite.saveUserOptions(""));
-    QCOMPARE(offered, QStringList{u"EveryEndMirrorOffOffOff"_qs});
+    QCOMPARE(offered, QStringList{u"EveryEndMirrorOffOffOff"_s});
 }
 
 void tst_completion::exampleConversation()
@@ -438,9 +436,9 @@ void tst_completion::exampleConversation()
     const QStringList asked = linesWith(u'>', blocks.constFirst());
     const QStringList answered = linesWith(u'<', blocks.constFirst());
     QCOMPARE(asked.size(), 13);
-    const Run talk = run(
-        {QStringLiteral(KV_PRINT_PROGRAM), {u"--script"_qs, u"-"_qs}, asked.join(u'\n').toUtf8()},
-        folder());
+    const Run talk =
+        run({QStringLiteral(KV_PRINT_PROGRAM), {u"--script"_s, u"-"_s}, asked.join(u'\n').toUtf8()},
+            folder());
     QCOMPARE(talk.status, 4);
     const QStringList answers = talk.output.split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(answers.size(), asked.size());
@@ -454,8 +452,8 @@ void tst_completion::examplesForOtherPrograms_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("program");
-    QTest::newRow("Python") << u"python"_qs << u"python3"_qs;
-    QTest::newRow("shell") << u"sh"_qs << u"sh"_qs;
+    QTest::newRow("Python") << u"python"_s << u"python3"_s;
+    QTest::newRow("shell") << u"sh"_s << u"sh"_s;
 }
 
 void tst_completion::examplesForOtherPrograms()
@@ -468,7 +466,7 @@ void tst_completion::examplesForOtherPrograms()
         ++example;
     }
     QVERIFY(example + 1 < blocks.size());
-    const Run result = run({program, {u"-c"_qs, blocks.at(example).text}}, folder());
+    const Run result = run({program, {u"-c"_s, blocks.at(example).text}}, folder());
     QVERIFY2(isLike(result.output, blocks.at(example + 1).text),
              qPrintable(result.output + result.errors));
 }

@@ -86,46 +86,45 @@ void tst_directprinting::choicesOfTheJob_data()
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QStringList>("asked");
     QTest::addColumn<QString>("others");
-    QTest::newRow("nothing asked for") << u"tape"_qs << QStringList() << QString();
-    QTest::newRow("half cut") << u"tape"_qs << QStringList{u"KvHalfCut=ON"_qs}
-                              << u"KvHalfCut=ON"_qs;
-    QTest::newRow("several") << u"tape"_qs
-                             << QStringList{u"KvHalfCut=ON"_qs, u"KvMirror=ON KvAutoTapeCut=OFF"_qs}
-                             << u"KvHalfCut=ON KvMirror=ON KvAutoTapeCut=OFF"_qs;
+    QTest::newRow("nothing asked for") << u"tape"_s << QStringList() << QString();
+    QTest::newRow("half cut") << u"tape"_s << QStringList{u"KvHalfCut=ON"_s} << u"KvHalfCut=ON"_s;
+    QTest::newRow("several") << u"tape"_s
+                             << QStringList{u"KvHalfCut=ON"_s, u"KvMirror=ON KvAutoTapeCut=OFF"_s}
+                             << u"KvHalfCut=ON KvMirror=ON KvAutoTapeCut=OFF"_s;
     QTest::newRow("the default once more")
-        << u"tape"_qs << QStringList{u"KvAutoTapeCut=ON"_qs} << QString();
+        << u"tape"_s << QStringList{u"KvAutoTapeCut=ON"_s} << QString();
     QTest::newRow("on and off again")
-        << u"tape"_qs << QStringList{u"KvHalfCut=ON"_qs, u"KvHalfCut=OFF"_qs} << QString();
+        << u"tape"_s << QStringList{u"KvHalfCut=ON"_s, u"KvHalfCut=OFF"_s} << QString();
     QTest::newRow("special tape, which leaves no cut")
-        << u"tape"_qs << QStringList{u"KvSpecialTape=ON"_qs}
-        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_qs;
+        << u"tape"_s << QStringList{u"KvSpecialTape=ON"_s}
+        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_s;
     QTest::newRow("special tape before what it forbids is turned off")
-        << u"tape"_qs
-        << QStringList{u"KvSpecialTape=ON"_qs, u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs}
-        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_qs;
-    QTest::newRow("labels") << u"label"_qs << QStringList{u"KvCutLabel=25"_qs, u"KvCutAtEnd=ON"_qs}
-                            << u"KvCutLabel=25 KvCutAtEnd=ON"_qs;
+        << u"tape"_s
+        << QStringList{u"KvSpecialTape=ON"_s, u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s}
+        << u"KvSpecialTape=ON KvAutoTapeCut=OFF"_s;
+    QTest::newRow("labels") << u"label"_s << QStringList{u"KvCutLabel=25"_s, u"KvCutAtEnd=ON"_s}
+                            << u"KvCutLabel=25 KvCutAtEnd=ON"_s;
     QTest::newRow("count that cuts")
-        << u"follow"_qs << QStringList{u"KvCutLabel=99"_qs} << u"KvCutLabel=99"_qs;
+        << u"follow"_s << QStringList{u"KvCutLabel=99"_s} << u"KvCutLabel=99"_s;
     QTest::newRow("no automatic cut")
-        << u"follow"_qs << QStringList{u"KvAutoTapeCut=OFF"_qs} << u"KvAutoTapeCut=OFF"_qs;
+        << u"follow"_s << QStringList{u"KvAutoTapeCut=OFF"_s} << u"KvAutoTapeCut=OFF"_s;
     QTest::newRow("a count, but no automatic cut")
-        << u"follow"_qs << QStringList{u"KvAutoTapeCut=OFF"_qs, u"KvCutLabel=7"_qs}
-        << u"KvAutoTapeCut=OFF KvCutLabel=7"_qs;
+        << u"follow"_s << QStringList{u"KvAutoTapeCut=OFF"_s, u"KvCutLabel=7"_s}
+        << u"KvAutoTapeCut=OFF KvCutLabel=7"_s;
     // libcups takes letters of either case, and so does lp.
     QTest::newRow("small letters in the choice")
-        << u"tape"_qs << QStringList{u"KvHalfCut=on"_qs, u"KvAutoTapeCut=off"_qs}
-        << u"KvHalfCut=ON KvAutoTapeCut=OFF"_qs;
+        << u"tape"_s << QStringList{u"KvHalfCut=on"_s, u"KvAutoTapeCut=off"_s}
+        << u"KvHalfCut=ON KvAutoTapeCut=OFF"_s;
     QTest::newRow("small letters in the option")
-        << u"tape"_qs << QStringList{u"kvhalfcut=ON"_qs} << u"KvHalfCut=ON"_qs;
-    QTest::newRow("cut marks") << u"mark"_qs << QStringList{u"KvCutMark=ON KvChainPrint=ON"_qs}
-                               << u"KvCutMark=ON KvChainPrint=ON"_qs;
+        << u"tape"_s << QStringList{u"kvhalfcut=ON"_s} << u"KvHalfCut=ON"_s;
+    QTest::newRow("cut marks") << u"mark"_s << QStringList{u"KvCutMark=ON KvChainPrint=ON"_s}
+                               << u"KvCutMark=ON KvChainPrint=ON"_s;
     QTest::newRow("everything but special tape")
-        << u"all"_qs
+        << u"all"_s
         << QStringList{u"KvCutLabel=2 KvCutAtEnd=ON KvMirror=ON KvAutoTapeCut=ON KvHalfCut=ON "
-                       "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_qs}
+                       "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_s}
         << u"KvCutLabel=2 KvCutAtEnd=ON KvMirror=ON KvAutoTapeCut=ON KvHalfCut=ON "
-           "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_qs;
+           "KvChainPrint=ON KvRemoveBlkSpace=ON KvCutMark=ON"_s;
 }
 
 void tst_directprinting::choicesOfTheJob()
@@ -146,30 +145,30 @@ void tst_directprinting::presetOfTheJob_data()
     QTest::addColumn<QString>("preset");
     QTest::addColumn<QStringList>("asked");
     QTest::addColumn<QString>("others");
-    QTest::newRow("half cut alone") << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList()
-                                    << u"KvAutoTapeCut=OFF KvHalfCut=ON"_qs;
-    QTest::newRow("everything") << u"tape"_qs << u"AHCMOnOnOnOff"_qs << QStringList()
-                                << u"KvAutoTapeCut=ON KvHalfCut=ON KvChainPrint=ON"_qs;
-    QTest::newRow("special tape") << u"tape"_qs << u"SPMROnOff"_qs << QStringList()
-                                  << u"KvAutoTapeCut=OFF KvSpecialTape=ON"_qs;
+    QTest::newRow("half cut alone") << u"tape"_s << u"AHCMOffOnOffOff"_s << QStringList()
+                                    << u"KvAutoTapeCut=OFF KvHalfCut=ON"_s;
+    QTest::newRow("everything") << u"tape"_s << u"AHCMOnOnOnOff"_s << QStringList()
+                                << u"KvAutoTapeCut=ON KvHalfCut=ON KvChainPrint=ON"_s;
+    QTest::newRow("special tape") << u"tape"_s << u"SPMROnOff"_s << QStringList()
+                                  << u"KvAutoTapeCut=OFF KvSpecialTape=ON"_s;
     QTest::newRow("the selected one")
-        << u"tape"_qs << u"AHCMOnOffOffOff"_qs << QStringList() << QString();
+        << u"tape"_s << u"AHCMOnOffOffOff"_s << QStringList() << QString();
     QTest::newRow("and an option")
-        << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList{u"KvMirror=ON"_qs}
-        << u"KvAutoTapeCut=OFF KvHalfCut=ON KvMirror=ON"_qs;
+        << u"tape"_s << u"AHCMOffOnOffOff"_s << QStringList{u"KvMirror=ON"_s}
+        << u"KvAutoTapeCut=OFF KvHalfCut=ON KvMirror=ON"_s;
     QTest::newRow("and an option that changes it")
-        << u"tape"_qs << u"AHCMOffOnOffOff"_qs << QStringList{u"KvHalfCut=OFF KvChainPrint=ON"_qs}
-        << u"KvAutoTapeCut=OFF KvChainPrint=ON"_qs;
-    QTest::newRow("labels") << u"label"_qs << u"EveryEndMirrorOffOnOff"_qs << QStringList()
-                            << u"KvCutAtEnd=ON"_qs;
-    QTest::newRow("cut marks") << u"mark"_qs << u"CTMROnOnOff"_qs << QStringList()
-                               << u"KvCutMark=ON KvChainPrint=ON"_qs;
+        << u"tape"_s << u"AHCMOffOnOffOff"_s << QStringList{u"KvHalfCut=OFF KvChainPrint=ON"_s}
+        << u"KvAutoTapeCut=OFF KvChainPrint=ON"_s;
+    QTest::newRow("labels") << u"label"_s << u"EveryEndMirrorOffOnOff"_s << QStringList()
+                            << u"KvCutAtEnd=ON"_s;
+    QTest::newRow("cut marks") << u"mark"_s << u"CTMROnOnOff"_s << QStringList()
+                               << u"KvCutMark=ON KvChainPrint=ON"_s;
     QTest::newRow("no automatic cut")
-        << u"follow"_qs << u"AHCMOffOffOffOff"_qs << QStringList() << u"KvAutoTapeCut=OFF"_qs;
+        << u"follow"_s << u"AHCMOffOffOffOff"_s << QStringList() << u"KvAutoTapeCut=OFF"_s;
     QTest::newRow("no automatic cut, but then there is one")
-        << u"follow"_qs << u"AHCMOffOffOffOff"_qs
-        << QStringList{u"KvCutLabel=5"_qs, u"KvAutoTapeCut=ON"_qs}
-        << u"KvAutoTapeCut=ON KvCutLabel=5"_qs;
+        << u"follow"_s << u"AHCMOffOffOffOff"_s
+        << QStringList{u"KvCutLabel=5"_s, u"KvAutoTapeCut=ON"_s}
+        << u"KvAutoTapeCut=ON KvCutLabel=5"_s;
 }
 
 void tst_directprinting::presetOfTheJob()
@@ -178,8 +177,8 @@ void tst_directprinting::presetOfTheJob()
     QFETCH(const QString, preset);
     QFETCH(const QStringList, asked);
     QFETCH(const QString, others);
-    const int job = print(
-        atPrinter(printer, QStringList{u"--preset"_qs, preset} + options(asked) << mDocument));
+    const int job =
+        print(atPrinter(printer, QStringList{u"--preset"_s, preset} + options(asked) << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QCOMPARE(mSite.choices(job), seen(printer, others));
 }
@@ -189,16 +188,15 @@ void tst_directprinting::savedOptions_data()
     QTest::addColumn<QString>("saved");
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("others");
-    QTest::newRow("saved") << u"KvHalfCut=ON KvMirror=ON"_qs << QStringList()
-                           << u"KvHalfCut=ON KvMirror=ON"_qs;
+    QTest::newRow("saved") << u"KvHalfCut=ON KvMirror=ON"_s << QStringList()
+                           << u"KvHalfCut=ON KvMirror=ON"_s;
     QTest::newRow("an option besides")
-        << u"KvHalfCut=ON"_qs << options({u"KvMirror=ON"_qs}) << u"KvHalfCut=ON KvMirror=ON"_qs;
+        << u"KvHalfCut=ON"_s << options({u"KvMirror=ON"_s}) << u"KvHalfCut=ON KvMirror=ON"_s;
     QTest::newRow("an option against it")
-        << u"KvHalfCut=ON KvMirror=ON"_qs << options({u"KvHalfCut=OFF"_qs}) << u"KvMirror=ON"_qs;
+        << u"KvHalfCut=ON KvMirror=ON"_s << options({u"KvHalfCut=OFF"_s}) << u"KvMirror=ON"_s;
     QTest::newRow("a preset, and what it leaves alone")
-        << u"KvHalfCut=ON KvRemoveBlkSpace=ON"_qs
-        << QStringList{u"--preset"_qs, u"AHCMOnOffOnOff"_qs}
-        << u"KvChainPrint=ON KvRemoveBlkSpace=ON"_qs;
+        << u"KvHalfCut=ON KvRemoveBlkSpace=ON"_s << QStringList{u"--preset"_s, u"AHCMOnOffOnOff"_s}
+        << u"KvChainPrint=ON KvRemoveBlkSpace=ON"_s;
 }
 
 void tst_directprinting::savedOptions()
@@ -206,56 +204,56 @@ void tst_directprinting::savedOptions()
     QFETCH(const QString, saved);
     QFETCH(const QStringList, arguments);
     QFETCH(const QString, others);
-    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_qs.arg(saved).toUtf8()));
-    const int job = print(atPrinter(u"tape"_qs, arguments + QStringList{mDocument}));
+    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_s.arg(saved).toUtf8()));
+    const int job = print(atPrinter(u"tape"_s, arguments + QStringList{mDocument}));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, others));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_s, others));
 }
 
 void tst_directprinting::savedOptionThatThePaperForbids()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON\n"));
-    const int job = print(atPrinter(u"tape"_qs, options({u"media=FL21x45"_qs}) << mDocument));
+    const int job = print(atPrinter(u"tape"_s, options({u"media=FL21x45"_s}) << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QVERIFY2(mRun.errors.contains(u"KvHalfCut=ON cannot be chosen on the paper FL21x45"),
              qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, QString()));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_s, QString()));
 }
 
 void tst_directprinting::savedOptionsOfOtherKinds()
 {
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
-    for (const QString &printer : {u"tape"_qs, u"bare"_qs}) {
-        const QString saved = u"Dest %1 number-up=2 job-billing=labels copies=3\n"_qs;
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+    for (const QString &printer : {u"tape"_s, u"bare"_s}) {
+        const QString saved = u"Dest %1 number-up=2 job-billing=labels copies=3\n"_s;
         QVERIFY(mSite.saveUserOptions(saved.arg(printer).toUtf8()));
         int job = print(atPrinter(printer, {mDocument}));
         QVERIFY2(job > 0, qPrintable(mRun.errors));
-        QCOMPARE(attribute(job, "number-up"), u"2"_qs);
-        QCOMPARE(attribute(job, "job-billing"), u"labels"_qs);
-        QCOMPARE(attribute(job, "copies"), u"3"_qs);
-        job = print(atPrinter(printer, {u"-o"_qs, u"number-up=4"_qs, u"-n1"_qs, mDocument}));
+        QCOMPARE(attribute(job, "number-up"), u"2"_s);
+        QCOMPARE(attribute(job, "job-billing"), u"labels"_s);
+        QCOMPARE(attribute(job, "copies"), u"3"_s);
+        job = print(atPrinter(printer, {u"-o"_s, u"number-up=4"_s, u"-n1"_s, mDocument}));
         QVERIFY2(job > 0, qPrintable(mRun.errors));
-        QCOMPARE(attribute(job, "number-up"), u"4"_qs);
-        QCOMPARE(attribute(job, "copies"), u"1"_qs);
+        QCOMPARE(attribute(job, "number-up"), u"4"_s);
+        QCOMPARE(attribute(job, "copies"), u"1"_s);
     }
 }
 
 void tst_directprinting::savedOptionsOfAnInstance()
 {
-    const QString draft = u"tape/draft"_qs;
+    const QString draft = u"tape/draft"_s;
     QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON number-up=2\n"));
     int job = print(atPrinter(draft, {mDocument}));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/tape"));
-    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, u"KvHalfCut=ON"_qs));
-    QCOMPARE(attribute(job, "number-up"), u"2"_qs);
-    job = print(atPrinter(draft, options({u"KvHalfCut=OFF"_qs, u"number-up=4"_qs}) << mDocument));
+    QCOMPARE(mSite.choices(job), seen(u"tape"_s, u"KvHalfCut=ON"_s));
+    QCOMPARE(attribute(job, "number-up"), u"2"_s);
+    job = print(atPrinter(draft, options({u"KvHalfCut=OFF"_s, u"number-up=4"_s}) << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), seen(u"tape"_qs, QString()));
-    QCOMPARE(attribute(job, "number-up"), u"4"_qs);
+    QCOMPARE(mSite.choices(job), seen(u"tape"_s, QString()));
+    QCOMPARE(attribute(job, "number-up"), u"4"_s);
 
-    QCOMPARE(print(atPrinter(u"tape/none"_qs, {mDocument})), 0);
+    QCOMPARE(print(atPrinter(u"tape/none"_s, {mDocument})), 0);
     QCOMPARE(mRun.status, 3);
     QVERIFY2(
         mRun.errors.contains(u"kvprint: there is no printer tape/none; the printers are: all, "),
@@ -266,41 +264,41 @@ void tst_directprinting::copies_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("copies");
-    QTest::newRow("-n") << QStringList{u"-n"_qs, u"3"_qs} << u"3"_qs;
-    QTest::newRow("one") << QStringList{u"-n"_qs, u"1"_qs} << u"1"_qs;
-    QTest::newRow("as an option") << options({u"copies=4"_qs}) << u"4"_qs;
-    QTest::newRow("both") << QStringList{u"-n"_qs, u"2"_qs, u"-o"_qs, u"copies=4"_qs} << u"2"_qs;
+    QTest::newRow("-n") << QStringList{u"-n"_s, u"3"_s} << u"3"_s;
+    QTest::newRow("one") << QStringList{u"-n"_s, u"1"_s} << u"1"_s;
+    QTest::newRow("as an option") << options({u"copies=4"_s}) << u"4"_s;
+    QTest::newRow("both") << QStringList{u"-n"_s, u"2"_s, u"-o"_s, u"copies=4"_s} << u"2"_s;
 }
 
 void tst_directprinting::copies()
 {
     QFETCH(const QStringList, arguments);
     QFETCH(const QString, copies);
-    const int job = print(atPrinter(u"tape"_qs, arguments + QStringList{mDocument}));
+    const int job = print(atPrinter(u"tape"_s, arguments + QStringList{mDocument}));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QCOMPARE(attribute(job, "copies"), copies);
 }
 
 void tst_directprinting::filesAndTitle()
 {
-    const QStringList files{mSite.document(u"first.txt"_qs), mSite.document(u"second.txt"_qs),
+    const QStringList files{mSite.document(u"first.txt"_s), mSite.document(u"second.txt"_s),
                             mDocument};
     // A job that is done has no documents any more.
-    const QStringList held = options({u"job-hold-until=indefinite"_qs});
-    const int job = print(atPrinter(u"label"_qs, held + files));
+    const QStringList held = options({u"job-hold-until=indefinite"_s});
+    const int job = print(atPrinter(u"label"_s, held + files));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(attribute(job, "number-of-documents"), u"3"_qs);
-    QCOMPARE(attribute(job, "job-name"), u"first.txt"_qs);
+    QCOMPARE(attribute(job, "number-of-documents"), u"3"_s);
+    QCOMPARE(attribute(job, "job-name"), u"first.txt"_s);
     QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/label"));
 }
 
 void tst_directprinting::oddFileNames()
 {
     const QString folder = QFileInfo(mDocument).path();
-    for (const QString &name : {u"two words.txt"_qs, u"it's \"quoted\".txt"_qs, u"-n.txt"_qs,
-                                u"--help"_qs, u"Größe €.txt"_qs}) {
+    for (const QString &name : {u"two words.txt"_s, u"it's \"quoted\".txt"_s, u"-n.txt"_s,
+                                u"--help"_s, u"Größe €.txt"_s}) {
         QVERIFY(!mSite.document(name).isNull());
-        mRun = runKvprint(atPrinter(u"tape"_qs, {u"--"_qs, name}), {{}, {}, folder});
+        mRun = runKvprint(atPrinter(u"tape"_s, {u"--"_s, name}), {{}, {}, folder});
         QVERIFY2(mRun.status == 0, qPrintable(mRun.errors));
         QCOMPARE(attribute(mSite.scheduler().jobIds().last(), "job-name"), name);
     }
@@ -311,12 +309,12 @@ void tst_directprinting::paper_data()
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("paper");
-    QTest::newRow("media") << u"tape"_qs << u"media=T24x100"_qs << u"media=T24x100"_qs;
-    QTest::newRow("PageSize") << u"tape"_qs << u"PageSize=T24x100"_qs << u"PageSize=T24x100"_qs;
-    QTest::newRow("custom size") << u"tape"_qs << u"media=Custom.20x50mm"_qs
-                                 << u"media=Custom.20x50mm"_qs;
+    QTest::newRow("media") << u"tape"_s << u"media=T24x100"_s << u"media=T24x100"_s;
+    QTest::newRow("PageSize") << u"tape"_s << u"PageSize=T24x100"_s << u"PageSize=T24x100"_s;
+    QTest::newRow("custom size") << u"tape"_s << u"media=Custom.20x50mm"_s
+                                 << u"media=Custom.20x50mm"_s;
     QTest::newRow("custom size as PageSize")
-        << u"all"_qs << u"PageSize=Custom.2x5cm"_qs << u"PageSize=Custom.2x5cm"_qs;
+        << u"all"_s << u"PageSize=Custom.2x5cm"_s << u"PageSize=Custom.2x5cm"_s;
 }
 
 void tst_directprinting::paper()
@@ -341,8 +339,8 @@ void tst_directprinting::paperReplacesTheSavedOne_data()
 {
     QTest::addColumn<QString>("saved");
     QTest::addColumn<QString>("asked");
-    for (const QString &saved : {u"media=FL21x45"_qs, u"PageSize=FL21x45"_qs}) {
-        for (const QString &asked : {u"media=T24x100"_qs, u"PageSize=T24x100"_qs}) {
+    for (const QString &saved : {u"media=FL21x45"_s, u"PageSize=FL21x45"_s}) {
+        for (const QString &asked : {u"media=T24x100"_s, u"PageSize=T24x100"_s}) {
             QTest::addRow("%s, %s", qPrintable(saved), qPrintable(asked)) << saved << asked;
         }
     }
@@ -352,38 +350,38 @@ void tst_directprinting::paperReplacesTheSavedOne()
 {
     QFETCH(const QString, saved);
     QFETCH(const QString, asked);
-    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_qs.arg(saved).toUtf8()));
+    QVERIFY(mSite.saveUserOptions(u"Dest tape %1\n"_s.arg(saved).toUtf8()));
     // On the saved paper a half cut would be an error.
-    const int job = print(atPrinter(u"tape"_qs, options({asked, u"KvHalfCut=ON"_qs}) << mDocument));
+    const int job = print(atPrinter(u"tape"_s, options({asked, u"KvHalfCut=ON"_s}) << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(attribute(job, "media") + attribute(job, "PageSize"), u"T24x100"_qs);
-    QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"_qs));
+    QCOMPARE(attribute(job, "media") + attribute(job, "PageSize"), u"T24x100"_s);
+    QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"_s));
 }
 
 void tst_directprinting::otherOptionsAreHandedOn()
 {
-    const int job =
-        print(atPrinter(u"tape"_qs, options({u"number-up=2"_qs, u"job-billing='two words'"_qs,
-                                             u"KvCutMark=ON"_qs, u"landscape"_qs})
-                                        << mDocument));
+    const int job = print(atPrinter(
+        u"tape"_s,
+        options({u"number-up=2"_s, u"job-billing='two words'"_s, u"KvCutMark=ON"_s, u"landscape"_s})
+            << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(attribute(job, "number-up"), u"2"_qs);
-    QCOMPARE(attribute(job, "job-billing"), u"two words"_qs);
+    QCOMPARE(attribute(job, "number-up"), u"2"_s);
+    QCOMPARE(attribute(job, "job-billing"), u"two words"_s);
     // The printer has no cut marks: what it makes of that is its business.
-    QCOMPARE(attribute(job, "KvCutMark"), u"ON"_qs);
-    QCOMPARE(attribute(job, "landscape"), u"true"_qs);
+    QCOMPARE(attribute(job, "KvCutMark"), u"ON"_s);
+    QCOMPARE(attribute(job, "landscape"), u"true"_s);
 }
 
 void tst_directprinting::defaultPrinter()
 {
     QVERIFY(mSite.saveUserOptions("Default label KvCutLabel=7\n"));
-    int job = print({u"--no-dialog"_qs, mDocument});
+    int job = print({u"--no-dialog"_s, mDocument});
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/label"));
-    QCOMPARE(mSite.choices(job), seen(u"label"_qs, u"KvCutLabel=7"_qs));
+    QCOMPARE(mSite.choices(job), seen(u"label"_s, u"KvCutLabel=7"_s));
     // Without a default one, the first.
     QVERIFY(mSite.saveUserOptions(""));
-    job = print({u"--no-dialog"_qs, mDocument});
+    job = print({u"--no-dialog"_s, mDocument});
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QVERIFY(attribute(job, "job-printer-uri").endsWith(u"/all"));
 }
@@ -391,46 +389,46 @@ void tst_directprinting::defaultPrinter()
 void tst_directprinting::printerWithoutThePanelsOptions()
 {
     const int job = print(
-        atPrinter(u"plain"_qs, options({u"KvDensity=Dark"_qs, u"KvHalfCut=ON"_qs}) << mDocument));
+        atPrinter(u"plain"_s, options({u"KvDensity=Dark"_s, u"KvHalfCut=ON"_s}) << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_qs, u"KvHalfCut=ON"_qs}));
+    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_s, u"KvHalfCut=ON"_s}));
 }
 
 void tst_directprinting::printerWithoutAPPD()
 {
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
-    const int job = print(
-        atPrinter(u"bare"_qs, options({u"KvMirror=ON"_qs}) << u"-n"_qs << u"2"_qs << mDocument));
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+    const int job =
+        print(atPrinter(u"bare"_s, options({u"KvMirror=ON"_s}) << u"-n"_s << u"2"_s << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_qs});
-    QCOMPARE(attribute(job, "copies"), u"2"_qs);
+    QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_s});
+    QCOMPARE(attribute(job, "copies"), u"2"_s);
 }
 
 void tst_directprinting::shrinkTubeIsWarnedOf()
 {
-    const int job = print(
-        atPrinter(u"follow"_qs, QStringList{u"--preset"_qs, u"AHCMOffOffOffOff"_qs} +
-                                        options({u"media=HS12x100"_qs, u"KvAutoTapeCut=ON"_qs})
-                                    << mDocument));
+    const int job =
+        print(atPrinter(u"follow"_s, QStringList{u"--preset"_s, u"AHCMOffOffOffOff"_s} +
+                                             options({u"media=HS12x100"_s, u"KvAutoTapeCut=ON"_s})
+                                         << mDocument));
     QVERIFY2(job > 0, qPrintable(mRun.errors));
     QVERIFY2(mRun.errors.contains(u"kvprint: Heat-shrink tube is loaded. "),
              qPrintable(mRun.errors));
-    QCOMPARE(mSite.choices(job), seen(u"follow"_qs, QString()));
-    QCOMPARE(attribute(job, "media"), u"HS12x100"_qs);
+    QCOMPARE(mSite.choices(job), seen(u"follow"_s, QString()));
+    QCOMPARE(attribute(job, "media"), u"HS12x100"_s);
 }
 
 void tst_directprinting::nothingElseIsSaid()
 {
     // The warning opens an alert, the preset the menu.
-    const int job = print(
-        atPrinter(u"follow"_qs, QStringList{u"--preset"_qs, u"AHCMOffOffOffOff"_qs} +
-                                        options({u"media=HS12x100"_qs, u"KvAutoTapeCut=ON"_qs})
-                                    << mDocument),
-        {u"XDG_RUNTIME_DIR"_qs});
+    const int job =
+        print(atPrinter(u"follow"_s, QStringList{u"--preset"_s, u"AHCMOffOffOffOff"_s} +
+                                             options({u"media=HS12x100"_s, u"KvAutoTapeCut=ON"_s})
+                                         << mDocument),
+              {u"XDG_RUNTIME_DIR"_s});
     QVERIFY(job > 0);
     const QStringList lines = mRun.errors.split(u'\n', Qt::SkipEmptyParts);
-    QCOMPARE(lines.filter(u"kvprint: "_qs), lines);
+    QCOMPARE(lines.filter(u"kvprint: "_s), lines);
 }
 
 KV_TEST(tst_directprinting)

@@ -37,54 +37,54 @@ void tst_directrefusals::refused_data()
     };
     const QString file = mSite.document();
     const auto tape = [&file](const QStringList &arguments) {
-        return atPrinter(u"tape"_qs, arguments + QStringList{file});
+        return atPrinter(u"tape"_s, arguments + QStringList{file});
     };
-    add("half cut on flags", tape(options({u"media=FL21x45"_qs, u"KvHalfCut=ON"_qs})), 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs);
+    add("half cut on flags", tape(options({u"media=FL21x45"_s, u"KvHalfCut=ON"_s})), 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
     add("half cut on flags, the other way round",
-        tape(options({u"KvHalfCut=ON PageSize=FL24x60"_qs})), 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL24x60"_qs);
-    add("half cut on special tape", tape(options({u"KvSpecialTape=ON"_qs, u"KvHalfCut=ON"_qs})), 2,
-        u"KvHalfCut=ON cannot be chosen on the paper T12x100"_qs);
-    add("special tape with a half cut", tape(options({u"KvHalfCut=ON"_qs, u"KvSpecialTape=ON"_qs})),
-        2, u"cannot be chosen on the paper T12x100"_qs);
-    add("auto cut on special tape", tape(options({u"KvSpecialTape=ON"_qs, u"KvAutoTapeCut=ON"_qs})),
-        2, u"KvAutoTapeCut=ON cannot be chosen on the paper T12x100"_qs);
+        tape(options({u"KvHalfCut=ON PageSize=FL24x60"_s})), 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL24x60"_s);
+    add("half cut on special tape", tape(options({u"KvSpecialTape=ON"_s, u"KvHalfCut=ON"_s})), 2,
+        u"KvHalfCut=ON cannot be chosen on the paper T12x100"_s);
+    add("special tape with a half cut", tape(options({u"KvHalfCut=ON"_s, u"KvSpecialTape=ON"_s})),
+        2, u"cannot be chosen on the paper T12x100"_s);
+    add("auto cut on special tape", tape(options({u"KvSpecialTape=ON"_s, u"KvAutoTapeCut=ON"_s})),
+        2, u"KvAutoTapeCut=ON cannot be chosen on the paper T12x100"_s);
     add("half cut with the preset for special tape",
-        tape(QStringList{u"--preset"_qs, u"SPMROnOff"_qs} + options({u"KvHalfCut=ON"_qs})), 2,
-        u"KvHalfCut=ON cannot be chosen on the paper T12x100"_qs);
+        tape(QStringList{u"--preset"_s, u"SPMROnOff"_s} + options({u"KvHalfCut=ON"_s})), 2,
+        u"KvHalfCut=ON cannot be chosen on the paper T12x100"_s);
     add("blank space of die-cut labels",
-        atPrinter(u"all"_qs, options({u"media=DC24x24"_qs, u"KvRemoveBlkSpace=ON"_qs}) << file), 2,
-        u"KvRemoveBlkSpace=ON cannot be chosen on the paper DC24x24"_qs);
+        atPrinter(u"all"_s, options({u"media=DC24x24"_s, u"KvRemoveBlkSpace=ON"_s}) << file), 2,
+        u"KvRemoveBlkSpace=ON cannot be chosen on the paper DC24x24"_s);
     add("preset on flags",
-        tape(QStringList{u"--preset"_qs, u"AHCMOffOnOffOff"_qs} + options({u"media=FL21x45"_qs})),
-        2, u"--preset AHCMOffOnOffOff: cannot be chosen on the paper FL21x45"_qs);
-    add("unknown preset", tape({u"--preset"_qs, u"Frobnicate"_qs}), 2,
-        u"--preset Frobnicate: the presets are: AHCMOffOffOffOff, AHCMOffOffOnOff, "_qs);
-    add("preset of another printer", tape({u"--preset"_qs, u"CTMROnOffOff"_qs}), 2,
-        u"--preset CTMROnOffOff: the presets are: "_qs);
-    add("preset in other letters", tape({u"--preset"_qs, u"ahcmoffonoffoff"_qs}), 2,
-        u"--preset ahcmoffonoffoff: the presets are: "_qs);
+        tape(QStringList{u"--preset"_s, u"AHCMOffOnOffOff"_s} + options({u"media=FL21x45"_s})), 2,
+        u"--preset AHCMOffOnOffOff: cannot be chosen on the paper FL21x45"_s);
+    add("unknown preset", tape({u"--preset"_s, u"Frobnicate"_s}), 2,
+        u"--preset Frobnicate: the presets are: AHCMOffOffOffOff, AHCMOffOffOnOff, "_s);
+    add("preset of another printer", tape({u"--preset"_s, u"CTMROnOffOff"_s}), 2,
+        u"--preset CTMROnOffOff: the presets are: "_s);
+    add("preset in other letters", tape({u"--preset"_s, u"ahcmoffonoffoff"_s}), 2,
+        u"--preset ahcmoffonoffoff: the presets are: "_s);
     add("preset of a printer that has none",
-        atPrinter(u"plain"_qs, {u"--preset"_qs, u"AHCMOffOnOffOff"_qs, file}), 2,
-        u"--preset AHCMOffOnOffOff: the printer has no presets"_qs);
-    add("unknown choice", tape(options({u"KvHalfCut=MAYBE"_qs})), 2,
-        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs);
-    add("custom value of an option that takes none", tape(options({u"KvHalfCut=Custom.ON"_qs})), 2,
-        u"-o KvHalfCut=Custom.ON: the choices of KvHalfCut are: OFF, ON"_qs);
-    add("count that is none", atPrinter(u"label"_qs, options({u"KvCutLabel=100"_qs}) << file), 2,
-        u"-o KvCutLabel=100: the choices of KvCutLabel are: 1, 2, "_qs);
-    add("unknown paper", tape(options({u"media=A4"_qs})), 2,
-        u"-o media=A4: the choices of media are: T12x100, "_qs);
+        atPrinter(u"plain"_s, {u"--preset"_s, u"AHCMOffOnOffOff"_s, file}), 2,
+        u"--preset AHCMOffOnOffOff: the printer has no presets"_s);
+    add("unknown choice", tape(options({u"KvHalfCut=MAYBE"_s})), 2,
+        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
+    add("custom value of an option that takes none", tape(options({u"KvHalfCut=Custom.ON"_s})), 2,
+        u"-o KvHalfCut=Custom.ON: the choices of KvHalfCut are: OFF, ON"_s);
+    add("count that is none", atPrinter(u"label"_s, options({u"KvCutLabel=100"_s}) << file), 2,
+        u"-o KvCutLabel=100: the choices of KvCutLabel are: 1, 2, "_s);
+    add("unknown paper", tape(options({u"media=A4"_s})), 2,
+        u"-o media=A4: the choices of media are: T12x100, "_s);
     add("custom size at a printer with fixed ones",
-        atPrinter(u"mark"_qs, options({u"media=Custom.20x50mm"_qs}) << file), 2,
-        u"-o media=Custom.20x50mm: the choices of media are: T12x100, "_qs);
-    add("unknown printer", atPrinter(u"nowhere"_qs, {file}), 3,
-        u"there is no printer nowhere; the printers are: "_qs);
-    add("missing file", atPrinter(u"tape"_qs, {file, u"/nowhere/a.pdf"_qs}), 3,
-        u"/nowhere/a.pdf: No such file or directory"_qs);
-    add("folder", atPrinter(u"tape"_qs, {QFileInfo(file).path()}), 3, u": is a folder"_qs);
-    add("empty file", atPrinter(u"tape"_qs, {mSite.file(u"empty"_qs, {})}), 3, u": is empty"_qs);
+        atPrinter(u"mark"_s, options({u"media=Custom.20x50mm"_s}) << file), 2,
+        u"-o media=Custom.20x50mm: the choices of media are: T12x100, "_s);
+    add("unknown printer", atPrinter(u"nowhere"_s, {file}), 3,
+        u"there is no printer nowhere; the printers are: "_s);
+    add("missing file", atPrinter(u"tape"_s, {file, u"/nowhere/a.pdf"_s}), 3,
+        u"/nowhere/a.pdf: No such file or directory"_s);
+    add("folder", atPrinter(u"tape"_s, {QFileInfo(file).path()}), 3, u": is a folder"_s);
+    add("empty file", atPrinter(u"tape"_s, {mSite.file(u"empty"_s, {})}), 3, u": is empty"_s);
 }
 
 void tst_directrefusals::refused()
@@ -103,8 +103,8 @@ void tst_directrefusals::refused()
 
 void tst_directrefusals::refusalNamesTheOptionAndThePaper()
 {
-    const ProgramRun run = runKvprint(atPrinter(
-        u"tape"_qs, options({u"media=FL21x45"_qs, u"KvHalfCut=ON"_qs}) << mSite.document()));
+    const ProgramRun run = runKvprint(
+        atPrinter(u"tape"_s, options({u"media=FL21x45"_s, u"KvHalfCut=ON"_s}) << mSite.document()));
     QCOMPARE(run.status, 2);
     QVERIFY2(run.errors.endsWith(u"kvprint: KvHalfCut=ON cannot be chosen on the paper FL21x45 "
                                  "with the other settings; it stays OFF\n"),
@@ -113,8 +113,8 @@ void tst_directrefusals::refusalNamesTheOptionAndThePaper()
 
 void tst_directrefusals::noScheduler()
 {
-    const ProgramRun run = runKvprint(atPrinter(u"tape"_qs, {mSite.document()}),
-                                      {{}, {u"CUPS_SERVER=127.0.0.1:9"_qs}});
+    const ProgramRun run =
+        runKvprint(atPrinter(u"tape"_s, {mSite.document()}), {{}, {u"CUPS_SERVER=127.0.0.1:9"_s}});
     QCOMPARE(run.status, 3);
     QVERIFY2(run.errors.contains(u"kvprint: no print scheduler answers at 127.0.0.1 (port 9): "),
              qPrintable(run.errors));

@@ -10,10 +10,10 @@ const QString dryRun = QStringLiteral("--dry-run");
 /// What two jobs must have in common to be printed alike. What a job has anyway may be unsaid.
 QStringList essence(const QMap<QString, QString> &job)
 {
-    static const QStringList keys{
-        u"PageSize"_qs,        u"fit-to-page"_qs, u"job-billing"_qs,        u"job-name"_qs,
-        u"job-printer-uri"_qs, u"media"_qs,       u"number-of-documents"_qs};
-    static const QStringList countingKeys{u"copies"_qs, u"number-up"_qs};
+    static const QStringList keys{u"PageSize"_s,           u"fit-to-page"_s,     u"job-billing"_s,
+                                  u"job-name"_s,           u"job-printer-uri"_s, u"media"_s,
+                                  u"number-of-documents"_s};
+    static const QStringList countingKeys{u"copies"_s, u"number-up"_s};
     QStringList parts;
     for (auto it = job.begin(); it != job.end(); ++it) {
         if (keys.contains(it.key()) || it.key().startsWith(u"Kv") ||
@@ -89,16 +89,15 @@ int tst_dryrun::newJob()
 
 void tst_dryrun::demonstration()
 {
-    const ProgramRun run =
-        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), u"--preset"_qs,
-                    u"AHCMOffOnOffOff"_qs, dryRun, u"label.pdf"_qs},
-                   {{}, {u"CUPS_SERVER=127.0.0.1:9"_qs}});
+    const ProgramRun run = runKvprint({u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s), u"--preset"_s,
+                                       u"AHCMOffOnOffOff"_s, dryRun, u"label.pdf"_s},
+                                      {{}, {u"CUPS_SERVER=127.0.0.1:9"_s}});
     QCOMPARE(run.status, 0);
     QCOMPARE(run.output,
              u"Auto Cut: No\nHalf Cut: Yes\nSpecial Tape: No\nChain Printing: No\n"
              "Mirror Printing: No\nRemove Blank Space: No\n"
              "lp -o KvMirror=OFF -o KvAutoTapeCut=OFF -o KvHalfCut=ON -o KvChainPrint=OFF "
-             "-o KvSpecialTape=OFF -o KvRemoveBlkSpace=OFF -- label.pdf\n"_qs);
+             "-o KvSpecialTape=OFF -o KvRemoveBlkSpace=OFF -- label.pdf\n"_s);
 }
 
 void tst_dryrun::summary_data()
@@ -107,21 +106,20 @@ void tst_dryrun::summary_data()
     QTest::addColumn<QStringList>("lines");
     const auto add = [](const char *name, const QString &printer, const QStringList &more,
                         const QStringList &lines) {
-        QTest::newRow(name) << QStringList{u"-d"_qs, printer} + more << lines;
+        QTest::newRow(name) << QStringList{u"-d"_s, printer} + more << lines;
     };
-    const QString o = u"-o"_qs;
-    add("labels", u"label"_qs, {o, u"KvCutLabel=12"_qs},
-        {u"Cut Every: 12"_qs, u"Cut at End: No"_qs, u"Mirror Printing: No"_qs});
-    add("cuts after some labels", u"follow"_qs, {o, u"KvCutLabel=12 KvMirror=ON"_qs},
-        {u"Cut Every: 12 labels"_qs, u"Half Cut: No"_qs, u"Chain Printing: No"_qs,
-         u"Mirror Printing: Yes"_qs});
-    add("no cuts", u"follow"_qs, {o, u"KvAutoTapeCut=OFF"_qs},
-        {u"Cut Every: No"_qs, u"Half Cut: No"_qs, u"Chain Printing: No"_qs,
-         u"Mirror Printing: No"_qs});
-    add("label paper", u"tape"_qs, {o, u"media=FL21x45"_qs},
-        {u"Auto Cut: Yes"_qs, u"Half Cut: No"_qs, u"Special Tape: No"_qs, u"Chain Printing: No"_qs,
-         u"Mirror Printing: No"_qs});
-    add("no options of the panel's", u"plain"_qs, {}, {});
+    const QString o = u"-o"_s;
+    add("labels", u"label"_s, {o, u"KvCutLabel=12"_s},
+        {u"Cut Every: 12"_s, u"Cut at End: No"_s, u"Mirror Printing: No"_s});
+    add("cuts after some labels", u"follow"_s, {o, u"KvCutLabel=12 KvMirror=ON"_s},
+        {u"Cut Every: 12 labels"_s, u"Half Cut: No"_s, u"Chain Printing: No"_s,
+         u"Mirror Printing: Yes"_s});
+    add("no cuts", u"follow"_s, {o, u"KvAutoTapeCut=OFF"_s},
+        {u"Cut Every: No"_s, u"Half Cut: No"_s, u"Chain Printing: No"_s, u"Mirror Printing: No"_s});
+    add("label paper", u"tape"_s, {o, u"media=FL21x45"_s},
+        {u"Auto Cut: Yes"_s, u"Half Cut: No"_s, u"Special Tape: No"_s, u"Chain Printing: No"_s,
+         u"Mirror Printing: No"_s});
+    add("no options of the panel's", u"plain"_s, {}, {});
 }
 
 void tst_dryrun::summary()
@@ -137,30 +135,30 @@ void tst_dryrun::summary()
 
 void tst_dryrun::commandOfAPPD()
 {
-    const ProgramRun run = runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"label"_qs), u"-o"_qs,
-                                       u"KvCutLabel=5"_qs, u"-n"_qs, u"2"_qs, dryRun, u"a b"_qs});
+    const ProgramRun run = runKvprint({u"--ppd"_s, PrintingSite::ppdPath(u"label"_s), u"-o"_s,
+                                       u"KvCutLabel=5"_s, u"-n"_s, u"2"_s, dryRun, u"a b"_s});
     QCOMPARE(commandIn(run),
-             u"lp -n 2 -o KvCutLabel=5 -o KvCutAtEnd=OFF -o KvMirror=OFF -- 'a b'\n"_qs);
+             u"lp -n 2 -o KvCutLabel=5 -o KvCutAtEnd=OFF -o KvMirror=OFF -- 'a b'\n"_s);
 }
 
 void tst_dryrun::commandNamesTheCopies_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("part");
-    QTest::newRow("several") << QStringList{u"-n"_qs, u"3"_qs} << u" -n 3 "_qs;
+    QTest::newRow("several") << QStringList{u"-n"_s, u"3"_s} << u" -n 3 "_s;
     // The user may have saved another number for the queue.
-    QTest::newRow("one") << QStringList{u"-n"_qs, u"1"_qs} << u" -n 1 "_qs;
-    QTest::newRow("as an option") << QStringList{u"-o"_qs, u"copies=4"_qs} << u" -o copies=4 "_qs;
+    QTest::newRow("one") << QStringList{u"-n"_s, u"1"_s} << u" -n 1 "_s;
+    QTest::newRow("as an option") << QStringList{u"-o"_s, u"copies=4"_s} << u" -o copies=4 "_s;
 }
 
 void tst_dryrun::commandNamesTheCopies()
 {
     QFETCH(const QStringList, arguments);
     QFETCH(const QString, part);
-    const ProgramRun run = runKvprint(QStringList{u"-d"_qs, u"label"_qs} + arguments +
+    const ProgramRun run = runKvprint(QStringList{u"-d"_s, u"label"_s} + arguments +
                                       QStringList{dryRun, mSite.document()});
     QVERIFY2(commandIn(run).contains(part), qPrintable(run.output));
-    const ProgramRun unsaid = runKvprint({u"-d"_qs, u"label"_qs, dryRun, mSite.document()});
+    const ProgramRun unsaid = runKvprint({u"-d"_s, u"label"_s, dryRun, mSite.document()});
     QVERIFY(!commandIn(unsaid).contains(u" -n "));
 }
 
@@ -172,37 +170,37 @@ void tst_dryrun::commandPrintsTheSameJob_data()
     const auto add = [](const char *name, const QString &saved, const QStringList &arguments) {
         QTest::newRow(name) << saved << arguments;
     };
-    const QStringList tape{u"-d"_qs, u"tape"_qs};
-    const QString o = u"-o"_qs;
+    const QStringList tape{u"-d"_s, u"tape"_s};
+    const QString o = u"-o"_s;
     add("defaults", none, tape);
     add("preset and options", none,
-        tape + QStringList{u"--preset"_qs, u"AHCMOffOnOffOff"_qs, o, u"KvMirror=ON"_qs});
-    add("paper and copies", none, tape + QStringList{o, u"media=T24x100"_qs, u"-n"_qs, u"2"_qs});
-    add("two numbers of copies", none, tape + QStringList{u"-n"_qs, u"2"_qs, o, u"copies=4"_qs});
-    add("custom paper", none, tape + QStringList{o, u"PageSize=Custom.20x50mm"_qs});
-    add("spaces", none, tape + QStringList{o, u"job-billing='two  words'"_qs});
-    add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_qs});
+        tape + QStringList{u"--preset"_s, u"AHCMOffOnOffOff"_s, o, u"KvMirror=ON"_s});
+    add("paper and copies", none, tape + QStringList{o, u"media=T24x100"_s, u"-n"_s, u"2"_s});
+    add("two numbers of copies", none, tape + QStringList{u"-n"_s, u"2"_s, o, u"copies=4"_s});
+    add("custom paper", none, tape + QStringList{o, u"PageSize=Custom.20x50mm"_s});
+    add("spaces", none, tape + QStringList{o, u"job-billing='two  words'"_s});
+    add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_s});
     add("braces, dollars and backslashes", none,
-        tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_qs});
-    add("braces in front", none, tape + QStringList{o, uR"(job-billing=\{a\}\ b)"_qs});
-    add("an empty value", none, tape + QStringList{o, u"job-billing="_qs});
-    add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_qs});
-    add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_qs});
-    add("another printer", none, {u"-d"_qs, u"follow"_qs, o, u"KvCutLabel=9"_qs});
-    add("no printer named", u"Default mark KvCutMark=ON"_qs, {});
-    add("saved choices", u"Dest tape KvHalfCut=ON KvChainPrint=ON"_qs,
-        tape + QStringList{o, u"KvHalfCut=OFF"_qs});
-    add("saved choices, and a preset", u"Dest tape KvHalfCut=ON KvRemoveBlkSpace=ON"_qs,
-        tape + QStringList{u"--preset"_qs, u"AHCMOnOffOnOff"_qs});
-    add("saved paper", u"Dest tape PageSize=FL21x45"_qs, tape);
-    add("saved paper, and another asked for", u"Dest tape media=FL21x45"_qs,
-        tape + QStringList{o, u"media=T24x100"_qs});
-    add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_qs, tape);
-    add("an instance of a printer", u"Dest tape/draft KvHalfCut=ON number-up=2"_qs,
-        {u"-d"_qs, u"tape/draft"_qs, o, u"KvMirror=ON"_qs});
-    add("saved number of copies", u"Dest tape copies=3"_qs, tape);
-    add("saved number of copies, and one asked for", u"Dest tape copies=3"_qs,
-        tape + QStringList{u"-n"_qs, u"1"_qs});
+        tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_s});
+    add("braces in front", none, tape + QStringList{o, uR"(job-billing=\{a\}\ b)"_s});
+    add("an empty value", none, tape + QStringList{o, u"job-billing="_s});
+    add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_s});
+    add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_s});
+    add("another printer", none, {u"-d"_s, u"follow"_s, o, u"KvCutLabel=9"_s});
+    add("no printer named", u"Default mark KvCutMark=ON"_s, {});
+    add("saved choices", u"Dest tape KvHalfCut=ON KvChainPrint=ON"_s,
+        tape + QStringList{o, u"KvHalfCut=OFF"_s});
+    add("saved choices, and a preset", u"Dest tape KvHalfCut=ON KvRemoveBlkSpace=ON"_s,
+        tape + QStringList{u"--preset"_s, u"AHCMOnOffOnOff"_s});
+    add("saved paper", u"Dest tape PageSize=FL21x45"_s, tape);
+    add("saved paper, and another asked for", u"Dest tape media=FL21x45"_s,
+        tape + QStringList{o, u"media=T24x100"_s});
+    add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_s, tape);
+    add("an instance of a printer", u"Dest tape/draft KvHalfCut=ON number-up=2"_s,
+        {u"-d"_s, u"tape/draft"_s, o, u"KvMirror=ON"_s});
+    add("saved number of copies", u"Dest tape copies=3"_s, tape);
+    add("saved number of copies, and one asked for", u"Dest tape copies=3"_s,
+        tape + QStringList{u"-n"_s, u"1"_s});
 }
 
 void tst_dryrun::commandPrintsTheSameJob()
@@ -211,8 +209,8 @@ void tst_dryrun::commandPrintsTheSameJob()
     QFETCH(QStringList, arguments);
     QVERIFY(mSite.saveUserOptions(saved.toUtf8() + '\n'));
     // A job that is done has no documents any more.
-    arguments << u"-o"_qs << u"job-hold-until=indefinite"_qs << mSite.document(u"a.txt"_qs)
-              << mSite.document(u"b.txt"_qs);
+    arguments << u"-o"_s << u"job-hold-until=indefinite"_s << mSite.document(u"a.txt"_s)
+              << mSite.document(u"b.txt"_s);
     const ProgramRun told = runKvprint(QStringList{dryRun} + arguments);
     QVERIFY2(told.status == 0, qPrintable(told.errors));
     QCOMPARE(newJob(), 0);
@@ -220,39 +218,39 @@ void tst_dryrun::commandPrintsTheSameJob()
     QVERIFY2(lp.status == 0, qPrintable(lp.errors));
     const int byLp = newJob();
     QVERIFY(byLp > 0);
-    const ProgramRun printed = runKvprint(QStringList{u"--no-dialog"_qs} + arguments);
+    const ProgramRun printed = runKvprint(QStringList{u"--no-dialog"_s} + arguments);
     QVERIFY2(printed.status == 0, qPrintable(printed.errors));
     const int byKvprint = newJob();
     QVERIFY(byKvprint > 0);
     QCOMPARE(essence(mSite.job(byLp)), essence(mSite.job(byKvprint)));
-    QVERIFY(essence(mSite.job(byLp)).contains(u"number-of-documents=2"_qs));
+    QVERIFY(essence(mSite.job(byLp)).contains(u"number-of-documents=2"_s));
 }
 
 void tst_dryrun::commandTakesAnyFileName_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("spaces") << u"two  words.txt"_qs;
-    QTest::newRow("quotes") << u"it's \"quoted\".txt"_qs;
-    QTest::newRow("what a shell replaces") << u"$HOME `id` \\ *.txt"_qs;
-    QTest::newRow("a variable") << u"$HOME"_qs;
-    QTest::newRow("a pattern") << u"*"_qs;
-    QTest::newRow("what ends a command") << u"#;&|<>()"_qs;
-    QTest::newRow("the user's folder") << u"~"_qs;
-    QTest::newRow("letters of the world") << u"Größe €.txt"_qs;
-    QTest::newRow("like a variable") << u"a=b"_qs;
-    QTest::newRow("like an option") << u"-n"_qs;
-    QTest::newRow("like a long option") << u"--help"_qs;
-    QTest::newRow("like standard input") << u"-"_qs;
-    QTest::newRow("like the end of the options") << u"--"_qs;
-    QTest::newRow("a line's end within") << u"new\nline.txt"_qs;
-    QTest::newRow("a line's end behind") << u"end.txt\n"_qs;
+    QTest::newRow("spaces") << u"two  words.txt"_s;
+    QTest::newRow("quotes") << u"it's \"quoted\".txt"_s;
+    QTest::newRow("what a shell replaces") << u"$HOME `id` \\ *.txt"_s;
+    QTest::newRow("a variable") << u"$HOME"_s;
+    QTest::newRow("a pattern") << u"*"_s;
+    QTest::newRow("what ends a command") << u"#;&|<>()"_s;
+    QTest::newRow("the user's folder") << u"~"_s;
+    QTest::newRow("letters of the world") << u"Größe €.txt"_s;
+    QTest::newRow("like a variable") << u"a=b"_s;
+    QTest::newRow("like an option") << u"-n"_s;
+    QTest::newRow("like a long option") << u"--help"_s;
+    QTest::newRow("like standard input") << u"-"_s;
+    QTest::newRow("like the end of the options") << u"--"_s;
+    QTest::newRow("a line's end within") << u"new\nline.txt"_s;
+    QTest::newRow("a line's end behind") << u"end.txt\n"_s;
 }
 
 void tst_dryrun::commandTakesAnyFileName()
 {
     QFETCH(const QString, name);
     const ProgramInput inFolder{{}, {}, QFileInfo(mSite.document(name)).path()};
-    const ProgramRun told = runKvprint({u"-d"_qs, u"label"_qs, dryRun, u"--"_qs, name}, inFolder);
+    const ProgramRun told = runKvprint({u"-d"_s, u"label"_s, dryRun, u"--"_s, name}, inFolder);
     QVERIFY2(told.status == 0, qPrintable(told.errors));
     QVERIFY2(!told.errors.contains(u"kvprint: "), qPrintable(told.errors));
     const ProgramRun lp = runInShell(commandIn(told), inFolder);
@@ -261,14 +259,14 @@ void tst_dryrun::commandTakesAnyFileName()
     QVERIFY2(job > 0, qPrintable(commandIn(told)));
     // A line's end is no part of a title.
     if (!name.contains(u'\n')) {
-        QCOMPARE(mSite.job(job).value(u"job-name"_qs), name);
+        QCOMPARE(mSite.job(job).value(u"job-name"_s), name);
     }
 }
 
 void tst_dryrun::savedOptionsAreLeftToTheCommand()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON number-up=2 PageSize=T24x100\n"));
-    const ProgramRun run = runKvprint({u"-d"_qs, u"tape"_qs, dryRun, mSite.document()});
+    const ProgramRun run = runKvprint({u"-d"_s, u"tape"_s, dryRun, mSite.document()});
     // The panel's choices are told in any case, as they are what the summary says.
     QVERIFY2(commandIn(run).contains(u" -o KvHalfCut=ON "), qPrintable(run.output));
     QVERIFY2(!run.output.contains(u"number-up") && !run.output.contains(u"PageSize"),
@@ -278,9 +276,9 @@ void tst_dryrun::savedOptionsAreLeftToTheCommand()
 void tst_dryrun::commandNamesTheInstance()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
-    const ProgramRun run = runKvprint({u"-d"_qs, u"tape/draft"_qs, dryRun, mSite.document()});
+    const ProgramRun run = runKvprint({u"-d"_s, u"tape/draft"_s, dryRun, mSite.document()});
     QVERIFY2(run.status == 0, qPrintable(run.errors));
-    QVERIFY(run.lines().contains(u"Half Cut: Yes"_qs));
+    QVERIFY(run.lines().contains(u"Half Cut: Yes"_s));
     QVERIFY2(commandIn(run).startsWith(u"lp -d tape/draft "), qPrintable(run.output));
 }
 
@@ -288,9 +286,9 @@ void tst_dryrun::nothingIsPrinted()
 {
     const QString file = mSite.document();
     for (const QStringList &more :
-         {QStringList{}, QStringList{u"--no-dialog"_qs}, QStringList{u"-n"_qs, u"5"_qs}}) {
+         {QStringList{}, QStringList{u"--no-dialog"_s}, QStringList{u"-n"_s, u"5"_s}}) {
         const ProgramRun run =
-            runKvprint(QStringList{u"-d"_qs, u"tape"_qs, dryRun} + more + QStringList{file});
+            runKvprint(QStringList{u"-d"_s, u"tape"_s, dryRun} + more + QStringList{file});
         QCOMPARE(run.status, 0);
         QVERIFY(commandIn(run).startsWith(u"lp -d tape "));
         QCOMPARE(run.output.count(u"lp "), 1);
@@ -300,7 +298,7 @@ void tst_dryrun::nothingIsPrinted()
 
 void tst_dryrun::fileThatIsNotThereYet()
 {
-    const ProgramRun run = runKvprint({u"-d"_qs, u"tape"_qs, dryRun, u"/nowhere/later.pdf"_qs});
+    const ProgramRun run = runKvprint({u"-d"_s, u"tape"_s, dryRun, u"/nowhere/later.pdf"_s});
     QCOMPARE(run.status, 0);
     QVERIFY(commandIn(run).endsWith(u" -- /nowhere/later.pdf\n"));
     QVERIFY2(run.errors.contains(u"kvprint: /nowhere/later.pdf: No such file or directory"),
@@ -316,21 +314,21 @@ void tst_dryrun::refused_data()
                         const QString &fault) {
         QTest::newRow(name) << arguments << status << fault;
     };
-    const QString o = u"-o"_qs;
-    const QStringList onPPD{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
-    const QString halfCut = u"KvHalfCut=ON"_qs;
-    add("half cut on flags", {u"-d"_qs, u"tape"_qs, o, halfCut, o, u"media=FL21x45"_qs}, 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs);
-    add("half cut on flags, by the PPD", onPPD + QStringList{o, halfCut, o, u"media=FL21x45"_qs}, 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs);
-    add("unknown choice", onPPD + QStringList{o, u"KvHalfCut=MAYBE"_qs}, 2,
-        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs);
-    add("unknown preset", onPPD + QStringList{u"--preset"_qs, u"None"_qs}, 2,
-        u"--preset None: the presets are: "_qs);
-    add("unknown printer", {u"-d"_qs, u"nowhere"_qs}, 3, u"there is no printer nowhere"_qs);
-    add("missing PPD", {u"--ppd"_qs, u"/nowhere.ppd"_qs}, 3,
-        u"/nowhere.ppd: No such file or directory"_qs);
-    add("broken PPD", {u"--ppd"_qs, mSite.document()}, 3, u": line 1: "_qs);
+    const QString o = u"-o"_s;
+    const QStringList onPPD{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
+    const QString halfCut = u"KvHalfCut=ON"_s;
+    add("half cut on flags", {u"-d"_s, u"tape"_s, o, halfCut, o, u"media=FL21x45"_s}, 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
+    add("half cut on flags, by the PPD", onPPD + QStringList{o, halfCut, o, u"media=FL21x45"_s}, 2,
+        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
+    add("unknown choice", onPPD + QStringList{o, u"KvHalfCut=MAYBE"_s}, 2,
+        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
+    add("unknown preset", onPPD + QStringList{u"--preset"_s, u"None"_s}, 2,
+        u"--preset None: the presets are: "_s);
+    add("unknown printer", {u"-d"_s, u"nowhere"_s}, 3, u"there is no printer nowhere"_s);
+    add("missing PPD", {u"--ppd"_s, u"/nowhere.ppd"_s}, 3,
+        u"/nowhere.ppd: No such file or directory"_s);
+    add("broken PPD", {u"--ppd"_s, mSite.document()}, 3, u": line 1: "_s);
 }
 
 void tst_dryrun::refused()
@@ -340,7 +338,7 @@ void tst_dryrun::refused()
     QFETCH(const QString, fault);
     const ProgramRun run = runKvprint(arguments + QStringList{dryRun, mSite.document()});
     QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(u"kvprint: "_qs) && run.errors.contains(fault),
+    QVERIFY2(run.errors.contains(u"kvprint: "_s) && run.errors.contains(fault),
              qPrintable(run.errors));
     QCOMPARE(run.output, QString());
 }
@@ -348,13 +346,13 @@ void tst_dryrun::refused()
 void tst_dryrun::printerWithoutAPPD()
 {
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_qs, {}, &error), qPrintable(error));
-    const QStringList bare{u"-d"_qs, u"bare"_qs, dryRun, u"-o"_qs, u"KvMirror=ON"_qs};
-    const ProgramRun run = runKvprint(bare + QStringList{u"a.txt"_qs});
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+    const QStringList bare{u"-d"_s, u"bare"_s, dryRun, u"-o"_s, u"KvMirror=ON"_s};
+    const ProgramRun run = runKvprint(bare + QStringList{u"a.txt"_s});
     QCOMPARE(run.status, 0);
-    QCOMPARE(run.output, u"lp -d bare -o KvMirror=ON -- a.txt\n"_qs);
+    QCOMPARE(run.output, u"lp -d bare -o KvMirror=ON -- a.txt\n"_s);
     const ProgramRun preset =
-        runKvprint(bare + QStringList{u"--preset"_qs, u"SPMROnOff"_qs, u"a.txt"_qs});
+        runKvprint(bare + QStringList{u"--preset"_s, u"SPMROnOff"_s, u"a.txt"_s});
     QCOMPARE(preset.status, 2);
     QVERIFY2(preset.errors.contains(u"the printer bare has no PPD, and so no presets"),
              qPrintable(preset.errors));
@@ -363,18 +361,18 @@ void tst_dryrun::printerWithoutAPPD()
 void tst_dryrun::unknownOptionsOfAPPDAlone()
 {
     const ProgramRun run =
-        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"plain"_qs), dryRun, u"-o"_qs,
-                    u"KvHalfCut=ON"_qs, u"-o"_qs, u"fit-to-page"_qs, u"a.txt"_qs});
+        runKvprint({u"--ppd"_s, PrintingSite::ppdPath(u"plain"_s), dryRun, u"-o"_s,
+                    u"KvHalfCut=ON"_s, u"-o"_s, u"fit-to-page"_s, u"a.txt"_s});
     QCOMPARE(run.status, 0);
-    QCOMPARE(run.output, u"lp -o KvHalfCut=ON -o fit-to-page=true -- a.txt\n"_qs);
+    QCOMPARE(run.output, u"lp -o KvHalfCut=ON -o fit-to-page=true -- a.txt\n"_s);
 }
 
 void tst_dryrun::outputThatCannotBeWritten()
 {
     // Whoever reads the command must not take silence for success.
-    const QString line = u"exec '%1' --ppd '%2' --dry-run a.pdf > /dev/full"_qs;
+    const QString line = u"exec '%1' --ppd '%2' --dry-run a.pdf > /dev/full"_s;
     const ProgramRun run =
-        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs)));
+        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_s)));
     QCOMPARE(run.status, 3);
     QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
 }

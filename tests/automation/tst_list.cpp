@@ -15,8 +15,8 @@ const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
 QJsonArray printersIn(const ProgramRun &run)
 {
     const QJsonObject list = QJsonDocument::fromJson(run.output.toUtf8()).object();
-    return list.keys() == QStringList{u"printers"_qs} ? list.value(u"printers").toArray()
-                                                      : QJsonArray();
+    return list.keys() == QStringList{u"printers"_s} ? list.value(u"printers").toArray()
+                                                     : QJsonArray();
 }
 
 /// The names of objects in an array.
@@ -98,7 +98,7 @@ void tst_list::init()
 
 QJsonObject tst_list::printer(const QString &name)
 {
-    const ProgramRun run = runKvprint({list, u"--json"_qs, u"-d"_qs, name});
+    const ProgramRun run = runKvprint({list, u"--json"_s, u"-d"_s, name});
     const QJsonArray printers = printersIn(run);
     return run.status == 0 && printers.size() == 1 ? printers.first().toObject() : QJsonObject();
 }
@@ -106,7 +106,7 @@ QJsonObject tst_list::printer(const QString &name)
 void tst_list::allPrinters()
 {
     QVERIFY(mSite.saveUserOptions("Default mark\n"));
-    const ProgramRun run = runKvprint({list, u"--json"_qs});
+    const ProgramRun run = runKvprint({list, u"--json"_s});
     QCOMPARE(run.status, 0);
     QVERIFY2(!run.errors.contains(u"kvprint: "), qPrintable(run.errors));
     const QJsonArray printers = printersIn(run);
@@ -114,9 +114,9 @@ void tst_list::allPrinters()
     expected.sort();
     QCOMPARE(namesIn(printers), expected);
     for (const QJsonValue &printer : printers) {
-        const bool isPlain = printer[u"name"] == QJsonValue(u"plain"_qs);
-        QCOMPARE(printer[u"default"], QJsonValue(printer[u"name"] == QJsonValue(u"mark"_qs)));
-        QCOMPARE(printer[u"panel"], isPlain ? QJsonValue() : QJsonValue(u"Cut Options"_qs));
+        const bool isPlain = printer[u"name"] == QJsonValue(u"plain"_s);
+        QCOMPARE(printer[u"default"], QJsonValue(printer[u"name"] == QJsonValue(u"mark"_s)));
+        QCOMPARE(printer[u"panel"], isPlain ? QJsonValue() : QJsonValue(u"Cut Options"_s));
         QCOMPARE(printer[u"presets"].toArray().isEmpty(), isPlain);
         QVERIFY(!printer[u"options"].toArray().isEmpty());
     }
@@ -124,23 +124,23 @@ void tst_list::allPrinters()
 
 void tst_list::onePrinter()
 {
-    const QJsonObject label = printer(u"label"_qs);
-    QCOMPARE(label.value(u"name").toString(), u"label"_qs);
+    const QJsonObject label = printer(u"label"_s);
+    QCOMPARE(label.value(u"name").toString(), u"label"_s);
     QCOMPARE(label.value(u"default"), QJsonValue(false));
     QCOMPARE(namesIn(label.value(u"presets")),
-             QStringList({u"EveryEndMirrorOffOffOff"_qs, u"EveryEndMirrorOffOnOff"_qs,
-                          u"EveryEndMirrorOnOffOff"_qs, u"EveryEndMirrorOnOnOff"_qs}));
+             QStringList({u"EveryEndMirrorOffOffOff"_s, u"EveryEndMirrorOffOnOff"_s,
+                          u"EveryEndMirrorOnOffOff"_s, u"EveryEndMirrorOnOnOff"_s}));
 }
 
 void tst_list::optionsOfThePanelComeFirst()
 {
-    const QJsonArray options = printer(u"tape"_qs).value(u"options").toArray();
+    const QJsonArray options = printer(u"tape"_s).value(u"options").toArray();
     const QStringList names = namesIn(options);
-    const QStringList ofPanel{u"KvMirror"_qs,     u"KvAutoTapeCut"_qs, u"KvHalfCut"_qs,
-                              u"KvChainPrint"_qs, u"KvSpecialTape"_qs, u"KvRemoveBlkSpace"_qs};
+    const QStringList ofPanel{u"KvMirror"_s,     u"KvAutoTapeCut"_s, u"KvHalfCut"_s,
+                              u"KvChainPrint"_s, u"KvSpecialTape"_s, u"KvRemoveBlkSpace"_s};
     QCOMPARE(names.mid(0, ofPanel.size()), ofPanel);
-    QVERIFY(names.contains(u"PageSize"_qs));
-    QVERIFY(!names.contains(u"PageRegion"_qs));
+    QVERIFY(names.contains(u"PageSize"_s));
+    QVERIFY(!names.contains(u"PageRegion"_s));
     for (const QJsonValue &option : options) {
         QCOMPARE(option[u"panel"].toBool(), ofPanel.contains(option[u"name"].toString()));
     }
@@ -148,26 +148,26 @@ void tst_list::optionsOfThePanelComeFirst()
 
 void tst_list::option()
 {
-    const QJsonArray options = printer(u"label"_qs).value(u"options").toArray();
-    const QJsonObject mirror = named(options, u"KvMirror"_qs);
-    QCOMPARE(mirror.keys(), QStringList({u"choices"_qs, u"current"_qs, u"default"_qs, u"name"_qs,
-                                         u"panel"_qs, u"text"_qs}));
-    QCOMPARE(mirror.value(u"text").toString(), u"Mirror Printing"_qs);
+    const QJsonArray options = printer(u"label"_s).value(u"options").toArray();
+    const QJsonObject mirror = named(options, u"KvMirror"_s);
+    QCOMPARE(mirror.keys(), QStringList({u"choices"_s, u"current"_s, u"default"_s, u"name"_s,
+                                         u"panel"_s, u"text"_s}));
+    QCOMPARE(mirror.value(u"text").toString(), u"Mirror Printing"_s);
     QCOMPARE(mirror.value(u"choices").toArray(),
-             QJsonArray({QJsonObject{{u"name"_qs, u"OFF"_qs}, {u"text"_qs, u"Off"_qs}},
-                         QJsonObject{{u"name"_qs, u"ON"_qs}, {u"text"_qs, u"On"_qs}}}));
-    const QJsonObject count = named(options, u"KvCutLabel"_qs);
-    QCOMPARE(count.value(u"default").toString(), u"1"_qs);
+             QJsonArray({QJsonObject{{u"name"_s, u"OFF"_s}, {u"text"_s, u"Off"_s}},
+                         QJsonObject{{u"name"_s, u"ON"_s}, {u"text"_s, u"On"_s}}}));
+    const QJsonObject count = named(options, u"KvCutLabel"_s);
+    QCOMPARE(count.value(u"default").toString(), u"1"_s);
     QCOMPARE(namesIn(count.value(u"choices")), rangeOf(1, 99));
-    const QJsonObject size = named(options, u"PageSize"_qs);
-    QCOMPARE(size.value(u"default").toString(), u"62x29"_qs);
-    QVERIFY(namesIn(size.value(u"choices")).contains(u"DC62x29"_qs));
+    const QJsonObject size = named(options, u"PageSize"_s);
+    QCOMPARE(size.value(u"default").toString(), u"62x29"_s);
+    QVERIFY(namesIn(size.value(u"choices")).contains(u"DC62x29"_s));
 }
 
 void tst_list::currentIsWhatAJobWouldCarry()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON PageSize=T24x100\n"));
-    const QJsonValue options = printer(u"tape"_qs).value(u"options");
+    const QJsonValue options = printer(u"tape"_s).value(u"options");
     const std::tuple<const char *, const char *, const char *> values[] = {
         {"KvHalfCut", "OFF", "ON"},
         {"KvAutoTapeCut", "ON", "ON"},
@@ -184,41 +184,39 @@ void tst_list::currentIsWhatAJobWouldCarry()
 void tst_list::instances()
 {
     QVERIFY(mSite.saveUserOptions("Default tape/draft KvHalfCut=ON\n"));
-    const QJsonArray printers = printersIn(runKvprint({list, u"--json"_qs}));
-    QStringList expected = PrintingSite::printers() + QStringList{u"tape/draft"_qs};
+    const QJsonArray printers = printersIn(runKvprint({list, u"--json"_s}));
+    QStringList expected = PrintingSite::printers() + QStringList{u"tape/draft"_s};
     expected.sort();
     QCOMPARE(namesIn(printers), expected);
-    const QJsonObject draft = named(printers, u"tape/draft"_qs);
+    const QJsonObject draft = named(printers, u"tape/draft"_s);
     QCOMPARE(draft.value(u"default"), QJsonValue(true));
-    QCOMPARE(named(draft.value(u"options"), u"KvHalfCut"_qs).value(u"current").toString(),
-             u"ON"_qs);
-    const QJsonObject tape = named(printers, u"tape"_qs);
+    QCOMPARE(named(draft.value(u"options"), u"KvHalfCut"_s).value(u"current").toString(), u"ON"_s);
+    const QJsonObject tape = named(printers, u"tape"_s);
     QCOMPARE(tape.value(u"default"), QJsonValue(false));
-    QCOMPARE(named(tape.value(u"options"), u"KvHalfCut"_qs).value(u"current").toString(),
-             u"OFF"_qs);
-    QCOMPARE(printer(u"tape/draft"_qs).value(u"options"), draft.value(u"options"));
+    QCOMPARE(named(tape.value(u"options"), u"KvHalfCut"_s).value(u"current").toString(), u"OFF"_s);
+    QCOMPARE(printer(u"tape/draft"_s).value(u"options"), draft.value(u"options"));
 }
 
 void tst_list::presets()
 {
-    const QJsonArray presets = printer(u"tape"_qs).value(u"presets").toArray();
+    const QJsonArray presets = printer(u"tape"_s).value(u"presets").toArray();
     QCOMPARE(namesIn(presets),
-             QStringList({u"AHCMOffOffOffOff"_qs, u"AHCMOffOffOnOff"_qs, u"AHCMOffOnOffOff"_qs,
-                          u"AHCMOffOnOnOff"_qs, u"AHCMOnOffOffOff"_qs, u"AHCMOnOffOnOff"_qs,
-                          u"AHCMOnOnOffOff"_qs, u"AHCMOnOnOnOff"_qs, u"SPMROnOff"_qs}));
+             QStringList({u"AHCMOffOffOffOff"_s, u"AHCMOffOffOnOff"_s, u"AHCMOffOnOffOff"_s,
+                          u"AHCMOffOnOnOff"_s, u"AHCMOnOffOffOff"_s, u"AHCMOnOffOnOff"_s,
+                          u"AHCMOnOnOffOff"_s, u"AHCMOnOnOnOff"_s, u"SPMROnOff"_s}));
     for (qsizetype i = 0; i < presets.size(); ++i) {
         QCOMPARE(presets.at(i)[u"tag"].toInt(), 5 + int(i));
         QCOMPARE(presets.at(i)[u"enabled"], QJsonValue(true));
         // The printer's default is to cut.
         QCOMPARE(presets.at(i)[u"selected"], QJsonValue(i == 4));
     }
-    QCOMPARE(presets.at(2)[u"text"].toString(), u"Half cut"_qs);
+    QCOMPARE(presets.at(2)[u"text"].toString(), u"Half cut"_s);
 }
 
 void tst_list::presetsThatThePaperForbids()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape PageSize=FL21x45\n"));
-    const QJsonArray presets = printer(u"tape"_qs).value(u"presets").toArray();
+    const QJsonArray presets = printer(u"tape"_s).value(u"presets").toArray();
     QList<int> enabled;
     for (const QJsonValue &preset : presets) {
         if (preset[u"enabled"].toBool()) {
@@ -230,21 +228,21 @@ void tst_list::presetsThatThePaperForbids()
 
 void tst_list::printerOfAPPD()
 {
-    const QString path = PrintingSite::ppdPath(u"follow"_qs);
-    const ProgramRun run = runKvprint({u"--ppd"_qs, path, list, u"--json"_qs}, {{}, {noScheduler}});
+    const QString path = PrintingSite::ppdPath(u"follow"_s);
+    const ProgramRun run = runKvprint({u"--ppd"_s, path, list, u"--json"_s}, {{}, {noScheduler}});
     QCOMPARE(run.status, 0);
     const QJsonArray printers = printersIn(run);
     QCOMPARE(printers.size(), 1);
     QCOMPARE(printers.first()[u"name"], QJsonValue());
     QCOMPARE(printers.first()[u"ppd"].toString(), path);
-    QCOMPARE(printers.first()[u"panel"].toString(), u"Cut Options"_qs);
-    QVERIFY(!named(printers.first()[u"options"], u"KvCutLabel"_qs).isEmpty());
+    QCOMPARE(printers.first()[u"panel"].toString(), u"Cut Options"_s);
+    QVERIFY(!named(printers.first()[u"options"], u"KvCutLabel"_s).isEmpty());
 }
 
 void tst_list::tableOfAPPD()
 {
-    const QString path = PrintingSite::ppdPath(u"label"_qs);
-    const ProgramRun run = runKvprint({u"--ppd"_qs, path, list}, {{}, {noScheduler}});
+    const QString path = PrintingSite::ppdPath(u"label"_s);
+    const ProgramRun run = runKvprint({u"--ppd"_s, path, list}, {{}, {noScheduler}});
     QCOMPARE(run.status, 0);
     const QString table = path +
                           u"\n"
@@ -259,7 +257,7 @@ void tst_list::tableOfAPPD()
                           "  EveryEndMirrorOffOffOff     No cutting\n"
                           "  EveryEndMirrorOffOnOff      Cut at end\n"
                           "  EveryEndMirrorOnOffOff   *  Cut between labels\n"
-                          "  EveryEndMirrorOnOnOff       Cut between labels and at end\n"_qs;
+                          "  EveryEndMirrorOnOnOff       Cut between labels and at end\n"_s;
     QCOMPARE(run.output, table);
 }
 
@@ -276,8 +274,8 @@ void tst_list::tableOfPrinters()
         }
         QVERIFY2(!line.endsWith(u' '), qPrintable(line));
     }
-    QCOMPARE(printers, QStringList({u"all"_qs, u"follow"_qs, u"label"_qs, u"mark"_qs, u"plain"_qs,
-                                    u"tape (default)"_qs}));
+    QCOMPARE(printers, QStringList({u"all"_s, u"follow"_s, u"label"_s, u"mark"_s, u"plain"_s,
+                                    u"tape (default)"_s}));
     QVERIFY(run.output.contains(u"\n  KvHalfCut         OFF      ON       OFF ON\n"));
     QVERIFY(run.output.contains(u"\n  KvDensity  Normal   Normal   Light Normal Dark\n"));
 }
@@ -285,22 +283,22 @@ void tst_list::tableOfPrinters()
 void tst_list::printerWithoutAPPD()
 {
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_qs, {}, &error), qPrintable(error));
-    const QJsonObject raw = printer(u"raw"_qs);
+    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_s, {}, &error), qPrintable(error));
+    const QJsonObject raw = printer(u"raw"_s);
     QVERIFY(mSite.scheduler().jobIds().isEmpty());
-    QCOMPARE(raw.value(u"name").toString(), u"raw"_qs);
+    QCOMPARE(raw.value(u"name").toString(), u"raw"_s);
     QCOMPARE(raw.value(u"panel"), QJsonValue());
     QVERIFY(raw.value(u"options").toArray().isEmpty());
     QVERIFY(raw.value(u"presets").toArray().isEmpty());
-    const ProgramRun table = runKvprint({list, u"-d"_qs, u"raw"_qs});
+    const ProgramRun table = runKvprint({list, u"-d"_s, u"raw"_s});
     QCOMPARE(table.status, 0);
-    QCOMPARE(table.output, u"raw\n  no options\n"_qs);
+    QCOMPARE(table.output, u"raw\n  no options\n"_s);
     QVERIFY2(!table.errors.contains(u"kvprint: "), qPrintable(table.errors));
 }
 
 void tst_list::unknownPrinter()
 {
-    const ProgramRun run = runKvprint({list, u"-d"_qs, u"nowhere"_qs});
+    const ProgramRun run = runKvprint({list, u"-d"_s, u"nowhere"_s});
     QCOMPARE(run.status, 3);
     QCOMPARE(run.output, QString());
     QVERIFY2(run.errors.contains(u"kvprint: there is no printer nowhere; the printers are: all, "),
@@ -309,7 +307,7 @@ void tst_list::unknownPrinter()
 
 void tst_list::missingPPD()
 {
-    const ProgramRun run = runKvprint({list, u"--ppd"_qs, u"/nowhere.ppd"_qs});
+    const ProgramRun run = runKvprint({list, u"--ppd"_s, u"/nowhere.ppd"_s});
     QCOMPARE(run.status, 3);
     QCOMPARE(run.output, QString());
     QVERIFY2(run.errors.contains(u"kvprint: /nowhere.ppd: No such file or directory"),
@@ -318,7 +316,7 @@ void tst_list::missingPPD()
 
 void tst_list::schedulerThatDoesNotAnswer()
 {
-    for (const QStringList &more : {QStringList{}, QStringList{u"--json"_qs}}) {
+    for (const QStringList &more : {QStringList{}, QStringList{u"--json"_s}}) {
         const ProgramRun run = runKvprint(QStringList{list} + more, {{}, {noScheduler}});
         QCOMPARE(run.status, 3);
         QCOMPARE(run.output, QString());
@@ -330,26 +328,26 @@ void tst_list::schedulerThatDoesNotAnswer()
 void tst_list::printerWhosePPDIsBroken()
 {
     QString error;
-    const QString tape = PrintingSite::ppdPath(u"tape"_qs);
-    QVERIFY2(mSite.scheduler().addPrinter(u"spoilt"_qs, tape, &error), qPrintable(error));
-    QFile ppd(mSite.scheduler().folder() + u"/etc/ppd/spoilt.ppd"_qs);
+    const QString tape = PrintingSite::ppdPath(u"tape"_s);
+    QVERIFY2(mSite.scheduler().addPrinter(u"spoilt"_s, tape, &error), qPrintable(error));
+    QFile ppd(mSite.scheduler().folder() + u"/etc/ppd/spoilt.ppd"_s);
     QVERIFY(ppd.open(QIODevice::WriteOnly) && ppd.write("no PPD\n") > 0);
     ppd.close();
-    const ProgramRun run = runKvprint({list, u"--json"_qs});
+    const ProgramRun run = runKvprint({list, u"--json"_s});
     QCOMPARE(run.status, 0);
     QVERIFY2(run.errors.contains(u"kvprint: PPD of spoilt: line 1: Missing asterisk in column 1"),
              qPrintable(run.errors));
     const QJsonArray printers = printersIn(run);
-    QVERIFY(named(printers, u"spoilt"_qs).value(u"options").toArray().isEmpty());
-    QVERIFY(!named(printers, u"tape"_qs).value(u"options").toArray().isEmpty());
+    QVERIFY(named(printers, u"spoilt"_s).value(u"options").toArray().isEmpty());
+    QVERIFY(!named(printers, u"tape"_s).value(u"options").toArray().isEmpty());
 }
 
 void tst_list::outputThatCannotBeWritten()
 {
     // More than is kept back for the end.
-    const QString line = u"exec '%1' --ppd '%2' --list --json > /dev/full"_qs;
+    const QString line = u"exec '%1' --ppd '%2' --list --json > /dev/full"_s;
     const ProgramRun run =
-        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"label"_qs)));
+        runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"label"_s)));
     QCOMPARE(run.status, 3);
     QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
 }

@@ -62,9 +62,9 @@ void tst_screenshot::init()
 
 QImage tst_screenshot::picture(const QStringList &arguments)
 {
-    const QString file = mSite.path(u"a picture.png"_qs);
+    const QString file = mSite.path(u"a picture.png"_s);
     QFile::remove(file);
-    mRun = runKvprint(arguments + QStringList{u"--screenshot"_qs, file});
+    mRun = runKvprint(arguments + QStringList{u"--screenshot"_s, file});
     return mRun.status == 0 ? QImage(file, "PNG") : QImage();
 }
 
@@ -72,32 +72,32 @@ void tst_screenshot::size_data()
 {
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("nine options") << u"all"_qs << QSize(550, 292);
+    QTest::newRow("nine options") << u"all"_s << QSize(550, 292);
     QTest::newRow("without cut every, cut at end and cut marks")
-        << u"tape"_qs << QSize(550, 292 - 4 * 26);
-    QTest::newRow("labels") << u"label"_qs << QSize(550, 150);
+        << u"tape"_s << QSize(550, 292 - 4 * 26);
+    QTest::newRow("labels") << u"label"_s << QSize(550, 150);
 }
 
 void tst_screenshot::size()
 {
     QFETCH(const QString, printer);
     QFETCH(const QSize, size);
-    const QImage panel = picture({u"--ppd"_qs, PrintingSite::ppdPath(printer)});
+    const QImage panel = picture({u"--ppd"_s, PrintingSite::ppdPath(printer)});
     QVERIFY2(!panel.isNull(), qPrintable(mRun.errors));
     QCOMPARE(panel.size(), size);
     QVERIFY(coloursIn(panel) > 10);
     QCOMPARE(mRun.output, QString());
     // The same panel on a queue of that printer.
-    QVERIFY(picture({u"-d"_qs, printer}) == panel);
+    QVERIFY(picture({u"-d"_s, printer}) == panel);
 }
 
 void tst_screenshot::optionsAreShown()
 {
-    const QStringList tape{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
+    const QStringList tape{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
     const QImage byDefault = picture(tape);
-    const QImage halfCut = picture(tape + QStringList{o, u"KvHalfCut=ON"_qs});
-    const QImage preset = picture(tape + QStringList{u"--preset"_qs, u"AHCMOnOnOffOff"_qs});
-    const QImage onFlags = picture(tape + QStringList{o, u"media=FL21x45"_qs});
+    const QImage halfCut = picture(tape + QStringList{o, u"KvHalfCut=ON"_s});
+    const QImage preset = picture(tape + QStringList{u"--preset"_s, u"AHCMOnOnOffOff"_s});
+    const QImage onFlags = picture(tape + QStringList{o, u"media=FL21x45"_s});
     QVERIFY(!byDefault.isNull() && !halfCut.isNull() && !preset.isNull() && !onFlags.isNull());
     QVERIFY(halfCut != byDefault);
     QVERIFY(preset == halfCut);
@@ -108,17 +108,16 @@ void tst_screenshot::optionsAreShown()
 void tst_screenshot::queueWithSavedOptions()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON\n"));
-    const QImage saved = picture({u"-d"_qs, u"tape"_qs});
+    const QImage saved = picture({u"-d"_s, u"tape"_s});
     QVERIFY(!saved.isNull());
-    QVERIFY(saved ==
-            picture({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), o, u"KvHalfCut=ON"_qs}));
+    QVERIFY(saved == picture({u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s), o, u"KvHalfCut=ON"_s}));
 }
 
 void tst_screenshot::formerPictureIsReplaced()
 {
-    const QString file = mSite.file(u"former"_qs, QByteArray(1 << 20, 'x'));
+    const QString file = mSite.file(u"former"_s, QByteArray(1 << 20, 'x'));
     const ProgramRun run =
-        runKvprint({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs), u"--screenshot"_qs, file});
+        runKvprint({u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s), u"--screenshot"_s, file});
     QCOMPARE(run.status, 0);
     QCOMPARE(QImageReader::imageFormat(file), QByteArray("png"));
     QVERIFY(QFileInfo(file).size() < (1 << 20));
@@ -127,12 +126,12 @@ void tst_screenshot::formerPictureIsReplaced()
 
 void tst_screenshot::pictureForAnotherProgram()
 {
-    const QString file = mSite.path(u"piped.png"_qs);
-    const QString line = u"'%1' --ppd '%2' --screenshot /dev/stdout | cat > '%3'"_qs;
-    runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs), file));
+    const QString file = mSite.path(u"piped.png"_s);
+    const QString line = u"'%1' --ppd '%2' --screenshot /dev/stdout | cat > '%3'"_s;
+    runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_s), file));
     const QImage piped(file, "PNG");
     QVERIFY(!piped.isNull());
-    QVERIFY(piped == picture({u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)}));
+    QVERIFY(piped == picture({u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)}));
 }
 
 void tst_screenshot::refused_data()
@@ -141,24 +140,24 @@ void tst_screenshot::refused_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("fault");
-    const QStringList tape{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
-    const QString file = mSite.path(u"none.png"_qs);
-    const QString nowhere = mSite.path(u"nowhere/none.png"_qs);
+    const QStringList tape{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
+    const QString file = mSite.path(u"none.png"_s);
+    const QString nowhere = mSite.path(u"nowhere/none.png"_s);
     const QString folder = QFileInfo(file).path();
-    const QString unwritten = u": the picture could not be written"_qs;
+    const QString unwritten = u": the picture could not be written"_s;
     QTest::newRow("no such folder") << tape << nowhere << 3 << nowhere + unwritten;
     QTest::newRow("a folder") << tape << folder << 3 << folder + unwritten;
     QTest::newRow("printer without the panel's options")
-        << QStringList{u"-d"_qs, u"plain"_qs} << file << 3 << u"the printer has no panel"_qs;
+        << QStringList{u"-d"_s, u"plain"_s} << file << 3 << u"the printer has no panel"_s;
     QTest::newRow("unknown printer")
-        << QStringList{u"-d"_qs, u"nowhere"_qs} << file << 3 << u"there is no printer nowhere"_qs;
-    QTest::newRow("missing PPD") << QStringList{u"--ppd"_qs, u"/nowhere.ppd"_qs} << file << 3
-                                 << u"/nowhere.ppd: No such file or directory"_qs;
+        << QStringList{u"-d"_s, u"nowhere"_s} << file << 3 << u"there is no printer nowhere"_s;
+    QTest::newRow("missing PPD") << QStringList{u"--ppd"_s, u"/nowhere.ppd"_s} << file << 3
+                                 << u"/nowhere.ppd: No such file or directory"_s;
     QTest::newRow("half cut on flags")
-        << tape + QStringList{o, u"media=FL21x45"_qs, o, u"KvHalfCut=ON"_qs} << file << 2
-        << u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_qs;
-    QTest::newRow("unknown preset") << tape + QStringList{u"--preset"_qs, u"None"_qs} << file << 2
-                                    << u"--preset None: the presets are: "_qs;
+        << tape + QStringList{o, u"media=FL21x45"_s, o, u"KvHalfCut=ON"_s} << file << 2
+        << u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s;
+    QTest::newRow("unknown preset") << tape + QStringList{u"--preset"_s, u"None"_s} << file << 2
+                                    << u"--preset None: the presets are: "_s;
 }
 
 void tst_screenshot::refused()
@@ -167,20 +166,20 @@ void tst_screenshot::refused()
     QFETCH(const QString, file);
     QFETCH(const int, status);
     QFETCH(const QString, fault);
-    const ProgramRun run = runKvprint(arguments + QStringList{u"--screenshot"_qs, file});
+    const ProgramRun run = runKvprint(arguments + QStringList{u"--screenshot"_s, file});
     QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(u"kvprint: "_qs + fault), qPrintable(run.errors));
+    QVERIFY2(run.errors.contains(u"kvprint: "_s + fault), qPrintable(run.errors));
     QVERIFY(!QFileInfo(file).isFile());
 }
 
 void tst_screenshot::noRoomForThePicture()
 {
-    const QString file = mSite.path(u"cut.png"_qs);
-    const QString line = u"trap '' XFSZ; ulimit -f 0; exec '%1' --ppd '%2' --screenshot '%3'"_qs;
+    const QString file = mSite.path(u"cut.png"_s);
+    const QString line = u"trap '' XFSZ; ulimit -f 0; exec '%1' --ppd '%2' --screenshot '%3'"_s;
     const ProgramRun run = runInShell(
-        line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_qs), file));
+        line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_s), file));
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(file + u": the picture could not be written: "_qs),
+    QVERIFY2(run.errors.contains(file + u": the picture could not be written: "_s),
              qPrintable(run.errors));
     QVERIFY(!QFileInfo(file).size());
 }

@@ -8,34 +8,34 @@
 
 namespace {
 /// What is told when a panel of "tape" is first shown on tape.
-const QStringList tapeDefaults{u"KvMirror=OFF"_qs,      u"KvAutoTapeCut=ON"_qs,
-                               u"KvHalfCut=OFF"_qs,     u"KvChainPrint=OFF"_qs,
-                               u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs};
+const QStringList tapeDefaults{u"KvMirror=OFF"_s,      u"KvAutoTapeCut=ON"_s,
+                               u"KvHalfCut=OFF"_s,     u"KvChainPrint=OFF"_s,
+                               u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s};
 
 QJsonObject delivered(bool isDelivered)
 {
-    return {{u"delivered"_qs, isDelivered}};
+    return {{u"delivered"_s, isDelivered}};
 }
 
 /// What a number field takes: the user replaces its text, or clicks an arrow.
 QJsonObject typed(ScriptTalk &talk, const QString &text)
 {
-    return talk.ask("type", {{u"text"_qs, text}});
+    return talk.ask("type", {{u"text"_s, text}});
 }
 
 QJsonObject stepped(ScriptTalk &talk, int by)
 {
-    return talk.ask("step", {{u"by"_qs, by}});
+    return talk.ask("step", {{u"by"_s, by}});
 }
 
 QJsonObject picked(ScriptTalk &talk, int tag)
 {
-    return talk.ask("preset", {{u"tag"_qs, tag}});
+    return talk.ask("preset", {{u"tag"_s, tag}});
 }
 
 QJsonObject chosen(ScriptTalk &talk, const QString &key, const QString &choice)
 {
-    return talk.ask("choose", {{u"key"_qs, key}, {u"choice"_qs, choice}});
+    return talk.ask("choose", {{u"key"_s, key}, {u"choice"_s, choice}});
 }
 
 /// The view of the panel that is open; null when there is none.
@@ -90,7 +90,7 @@ private Q_SLOTS:
 void tst_script::demonstration()
 {
     ScriptTalk talk;
-    QCOMPARE(compact(talk.open(u"all"_qs, {{u"locale"_qs, u"none"_qs}})),
+    QCOMPARE(compact(talk.open(u"all"_s, {{u"locale"_s, u"none"_s}})),
              QByteArray(R"({"events":[],"isRV":false,)"
                         R"("kind":"jp.co.vendor.printer.cups.pde.OptionPDEKind",)"
                         R"("name":"OP_PANEL_NAME","ok":true,"panels":1,"usb":false})"));
@@ -107,14 +107,14 @@ void tst_script::demonstration()
 void tst_script::viewIsMadeOnce()
 {
     ScriptTalk talk;
-    QCOMPARE(eventsOf(talk.open(u"label"_qs)), QStringList());
-    const QJsonObject size{{u"width"_qs, 550}, {u"height"_qs, 150}};
+    QCOMPARE(eventsOf(talk.open(u"label"_s)), QStringList());
+    const QJsonObject size{{u"width"_s, 550}, {u"height"_s, 150}};
     const QJsonObject first = talk.ask("view");
     QCOMPARE(membersOf(first), size);
     // The view is a part of the dialog's window, as it is in a dialog.
     const QWidget *view = panelViewOnScreen();
     QVERIFY(view && view->isVisible() && !view->isWindow());
-    QCOMPARE(eventsOf(first), QStringList{u"resized"_qs});
+    QCOMPARE(eventsOf(first), QStringList{u"resized"_s});
     const QJsonObject second = talk.ask("view");
     QCOMPARE(membersOf(second), size);
     QCOMPARE(eventsOf(second), QStringList());
@@ -123,7 +123,7 @@ void tst_script::viewIsMadeOnce()
 void tst_script::showTellsTheDefaultsOnce()
 {
     ScriptTalk talk;
-    const QJsonObject first = talk.show(u"tape"_qs);
+    const QJsonObject first = talk.show(u"tape"_s);
     QCOMPARE(membersOf(first), QJsonObject());
     QCOMPARE(changesIn(first), tapeDefaults);
     const QJsonObject second = talk.ask("show");
@@ -134,24 +134,24 @@ void tst_script::showTellsTheDefaultsOnce()
 void tst_script::hide()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     const QJsonObject answer = talk.ask("hide");
     QVERIFY(isOK(answer));
-    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_qs, true}}));
+    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_s, true}}));
     QCOMPARE(eventsOf(answer), QStringList());
 }
 
 void tst_script::click()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     const QJsonObject on = talk.click("mSpecialTapeChkBx");
     QCOMPARE(membersOf(on), delivered(true));
-    QCOMPARE(eventsOf(on), QStringList{u"willChange KvSpecialTape ON"_qs});
+    QCOMPARE(eventsOf(on), QStringList{u"willChange KvSpecialTape ON"_s});
     QCOMPARE(talk.box("mSpecialTapeChkBx"), 1);
     QCOMPARE(talk.state("controls.mAutoCutChkBx.enabled"), QJsonValue(false));
     const QJsonObject off = talk.click("mSpecialTapeChkBx");
-    QCOMPARE(eventsOf(off), QStringList{u"willChange KvSpecialTape OFF"_qs});
+    QCOMPARE(eventsOf(off), QStringList{u"willChange KvSpecialTape OFF"_s});
     QCOMPARE(talk.box("mSpecialTapeChkBx"), 0);
     QCOMPARE(talk.state("controls.mAutoCutChkBx.enabled"), QJsonValue(true));
 }
@@ -159,11 +159,11 @@ void tst_script::click()
 void tst_script::clickThatReachesNoBox_data()
 {
     QTest::addColumn<QString>("control");
-    QTest::newRow("hidden") << u"mCutMarkChkBx"_qs;
-    QTest::newRow("disabled") << u"mHalfCutChkBx"_qs;
-    QTest::newRow("no check box") << u"mOptionPopUpButton"_qs;
-    QTest::newRow("a field") << u"mCutEveryTxBx"_qs;
-    QTest::newRow("no control") << u"mFrobnicateChkBx"_qs;
+    QTest::newRow("hidden") << u"mCutMarkChkBx"_s;
+    QTest::newRow("disabled") << u"mHalfCutChkBx"_s;
+    QTest::newRow("no check box") << u"mOptionPopUpButton"_s;
+    QTest::newRow("a field") << u"mCutEveryTxBx"_s;
+    QTest::newRow("no control") << u"mFrobnicateChkBx"_s;
     QTest::newRow("no name") << QString();
 }
 
@@ -171,7 +171,7 @@ void tst_script::clickThatReachesNoBox()
 {
     QFETCH(const QString, control);
     ScriptTalk talk;
-    talk.show(u"tape"_qs, {{u"paper"_qs, u"FL21x45"_qs}});
+    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     const QByteArray before = compact(talk.state());
     const QJsonObject answer = talk.click(qPrintable(control));
     QVERIFY(isOK(answer));
@@ -183,7 +183,7 @@ void tst_script::clickThatReachesNoBox()
 void tst_script::preset()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     talk.click("mMirrorPrintChkBx");
     // Auto cut, half cut and chain printing.
     const QJsonObject answer = picked(talk, 12);
@@ -206,7 +206,7 @@ void tst_script::preset()
 void tst_script::presetThatCannotBePicked()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs, {{u"paper"_qs, u"FL21x45"_qs}});
+    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     const QByteArray before = compact(talk.state());
     // Not in the menu, never in one, and greyed on flags.
     for (const int tag : {4, 0, -1, 18, 7, 13}) {
@@ -224,16 +224,16 @@ void tst_script::type_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("count");
-    QTest::newRow("a count") << u"42"_qs << 42;
-    QTest::newRow("the same count") << u"1"_qs << 1;
-    QTest::newRow("the largest") << u"99"_qs << 99;
-    QTest::newRow("too large") << u"100"_qs << 99;
-    QTest::newRow("none") << u"0"_qs << 1;
-    QTest::newRow("negative") << u"-7"_qs << 1;
-    QTest::newRow("no number") << u"many"_qs << 1;
-    QTest::newRow("a number in front") << u"7 labels"_qs << 7;
+    QTest::newRow("a count") << u"42"_s << 42;
+    QTest::newRow("the same count") << u"1"_s << 1;
+    QTest::newRow("the largest") << u"99"_s << 99;
+    QTest::newRow("too large") << u"100"_s << 99;
+    QTest::newRow("none") << u"0"_s << 1;
+    QTest::newRow("negative") << u"-7"_s << 1;
+    QTest::newRow("no number") << u"many"_s << 1;
+    QTest::newRow("a number in front") << u"7 labels"_s << 7;
     QTest::newRow("nothing") << QString() << 1;
-    QTest::newRow("letters of the world") << u"größer"_qs << 1;
+    QTest::newRow("letters of the world") << u"größer"_s << 1;
 }
 
 void tst_script::type()
@@ -241,10 +241,10 @@ void tst_script::type()
     QFETCH(const QString, text);
     QFETCH(const int, count);
     ScriptTalk talk;
-    talk.show(u"label"_qs);
+    talk.show(u"label"_s);
     const QJsonObject answer = typed(talk, text);
     QCOMPARE(membersOf(answer), delivered(true));
-    QCOMPARE(eventsOf(answer), QStringList{u"willChange KvCutLabel %1"_qs.arg(count)});
+    QCOMPARE(eventsOf(answer), QStringList{u"willChange KvCutLabel %1"_s.arg(count)});
     QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), QString::number(count));
     QCOMPARE(talk.state("controls.mCutEveryStpr.value").toInt(), count);
     QCOMPARE(talk.state("marks.KvCutLabel").toString(), QString::number(count));
@@ -253,29 +253,29 @@ void tst_script::type()
 void tst_script::step()
 {
     ScriptTalk talk;
-    talk.show(u"label"_qs);
+    talk.show(u"label"_s);
     const QJsonObject up = stepped(talk, 1);
     QCOMPARE(membersOf(up), delivered(true));
-    QCOMPARE(eventsOf(up), QStringList{u"willChange KvCutLabel 2"_qs});
-    QCOMPARE(eventsOf(stepped(talk, -1)), QStringList{u"willChange KvCutLabel 1"_qs});
+    QCOMPARE(eventsOf(up), QStringList{u"willChange KvCutLabel 2"_s});
+    QCOMPARE(eventsOf(stepped(talk, -1)), QStringList{u"willChange KvCutLabel 1"_s});
     // There are no fewer, and no more than 99.
     QCOMPARE(membersOf(stepped(talk, -1)), delivered(true));
-    QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"1"_qs);
-    typed(talk, u"99"_qs);
+    QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"1"_s);
+    typed(talk, u"99"_s);
     QCOMPARE(membersOf(stepped(talk, 1)), delivered(true));
-    QCOMPARE(talk.state("marks.KvCutLabel").toString(), u"99"_qs);
+    QCOMPARE(talk.state("marks.KvCutLabel").toString(), u"99"_s);
 }
 
 void tst_script::countThatCannotBeChanged()
 {
     ScriptTalk disabled;
-    disabled.show(u"label"_qs);
+    disabled.show(u"label"_s);
     disabled.click("mCutEveryChkBx");
     ScriptTalk hidden;
-    hidden.show(u"tape"_qs);
+    hidden.show(u"tape"_s);
     for (ScriptTalk *talk : {&disabled, &hidden}) {
         const QByteArray before = compact(talk->state());
-        QCOMPARE(membersOf(typed(*talk, u"5"_qs)), delivered(false));
+        QCOMPARE(membersOf(typed(*talk, u"5"_s)), delivered(false));
         QCOMPARE(membersOf(stepped(*talk, 1)), delivered(false));
         QCOMPARE(compact(talk->state()), before);
     }
@@ -284,18 +284,18 @@ void tst_script::countThatCannotBeChanged()
 void tst_script::paperChangesTheRules()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
-    const QJsonObject answer = talk.paper(u"FL21x45"_qs);
+    talk.show(u"tape"_s);
+    const QJsonObject answer = talk.paper(u"FL21x45"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(membersOf(answer), QJsonObject());
     QCOMPARE(eventsOf(answer), QStringList());
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(false));
-    talk.paper(u"T12x100"_qs);
+    talk.paper(u"T12x100"_s);
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(true));
     // Before the view, too.
     ScriptTalk early;
-    early.open(u"tape"_qs);
-    early.paper(u"FL24x60"_qs);
+    early.open(u"tape"_s);
+    early.paper(u"FL24x60"_s);
     early.ask("view");
     early.ask("show");
     QCOMPARE(early.state("flags.mTapeState").toInt(), 1);
@@ -304,26 +304,26 @@ void tst_script::paperChangesTheRules()
 void tst_script::paperHeight()
 {
     ScriptTalk talk;
-    talk.show(u"all"_qs);
+    talk.show(u"all"_s);
     const auto tapeState = [&talk](const QJsonObject &paper) {
         talk.ask("paper", paper);
         talk.ask("save");
         return talk.state("flags.mTapeState").toInt();
     };
-    const QString label = u"DC24x24"_qs;
-    QCOMPARE(tapeState({{u"name"_qs, label}}), 1);
+    const QString label = u"DC24x24"_s;
+    QCOMPARE(tapeState({{u"name"_s, label}}), 1);
     // A paper of no known height tells nothing of its kind.
-    QCOMPARE(tapeState({{u"name"_qs, label}, {u"height"_qs, 0}}), 0);
-    QCOMPARE(tapeState({{u"name"_qs, label}, {u"height"_qs, 68.5}}), 1);
-    QCOMPARE(tapeState({{u"name"_qs, QJsonValue()}}), 0);
-    QCOMPARE(tapeState({{u"name"_qs, QJsonValue()}, {u"height"_qs, 100}}), 2);
-    QCOMPARE(tapeState({{u"name"_qs, u"DC99x99"_qs}}), 0);
+    QCOMPARE(tapeState({{u"name"_s, label}, {u"height"_s, 0}}), 0);
+    QCOMPARE(tapeState({{u"name"_s, label}, {u"height"_s, 68.5}}), 1);
+    QCOMPARE(tapeState({{u"name"_s, QJsonValue()}}), 0);
+    QCOMPARE(tapeState({{u"name"_s, QJsonValue()}, {u"height"_s, 100}}), 2);
+    QCOMPARE(tapeState({{u"name"_s, u"DC99x99"_s}}), 0);
 }
 
 void tst_script::paperWithoutAName()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs, {{u"paper"_qs, u"FL21x45"_qs}});
+    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     QVERIFY(isOK(talk.paper(QString())));
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(true));
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
@@ -332,23 +332,23 @@ void tst_script::paperWithoutAName()
 void tst_script::choose()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
-    const QJsonObject answer = chosen(talk, u"KvHalfCut"_qs, u"ON"_qs);
+    talk.show(u"tape"_s);
+    const QJsonObject answer = chosen(talk, u"KvHalfCut"_s, u"ON"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(membersOf(answer), QJsonObject());
     QCOMPARE(eventsOf(answer), QStringList());
-    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_qs));
-    QCOMPARE(talk.state("selections.mHalfCut_Selection"), QJsonValue(u"ON"_qs));
+    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_s));
+    QCOMPARE(talk.state("selections.mHalfCut_Selection"), QJsonValue(u"ON"_s));
     // An option that is no panel's business.
-    QVERIFY(isOK(chosen(talk, u"PageSize"_qs, u"FL21x45"_qs)));
+    QVERIFY(isOK(chosen(talk, u"PageSize"_s, u"FL21x45"_s)));
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
 }
 
 void tst_script::chooseReachesTheControlsWithRestore()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
-    chosen(talk, u"KvHalfCut"_qs, u"ON"_qs);
+    talk.show(u"tape"_s);
+    chosen(talk, u"KvHalfCut"_s, u"ON"_s);
     QCOMPARE(talk.box("mHalfCutChkBx"), 0);
     talk.ask("restore");
     QCOMPARE(talk.box("mHalfCutChkBx"), 1);
@@ -357,12 +357,12 @@ void tst_script::chooseReachesTheControlsWithRestore()
 void tst_script::chooseWhatThePrinterLacks()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     const QByteArray before = compact(talk.state());
-    QCOMPARE(errorOf(chosen(talk, u"KvHalfCut"_qs, u"MAYBE"_qs)),
-             u"the printer's PPD has no choice KvHalfCut=MAYBE"_qs);
-    QCOMPARE(errorOf(chosen(talk, u"KvCutMark"_qs, u"ON"_qs)),
-             u"the printer's PPD has no choice KvCutMark=ON"_qs);
+    QCOMPARE(errorOf(chosen(talk, u"KvHalfCut"_s, u"MAYBE"_s)),
+             u"the printer's PPD has no choice KvHalfCut=MAYBE"_s);
+    QCOMPARE(errorOf(chosen(talk, u"KvCutMark"_s, u"ON"_s)),
+             u"the printer's PPD has no choice KvCutMark=ON"_s);
     QCOMPARE(compact(talk.state()), before);
     QVERIFY(talk.hasFailed());
 }
@@ -370,19 +370,19 @@ void tst_script::chooseWhatThePrinterLacks()
 void tst_script::saveAndRestore()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     // Auto cut and chain printing.
     picked(talk, 10);
     const QJsonObject saved = talk.ask("save");
-    QCOMPARE(membersOf(saved), QJsonObject({{u"answer"_qs, true}}));
-    QCOMPARE(changesIn(saved), QStringList({u"KvMirror=OFF"_qs, u"KvAutoTapeCut=ON"_qs,
-                                            u"KvHalfCut=OFF"_qs, u"KvChainPrint=ON"_qs,
-                                            u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs}));
-    QCOMPARE(talk.state("marks.KvChainPrint"), QJsonValue(u"ON"_qs));
+    QCOMPARE(membersOf(saved), QJsonObject({{u"answer"_s, true}}));
+    QCOMPARE(changesIn(saved), QStringList({u"KvMirror=OFF"_s, u"KvAutoTapeCut=ON"_s,
+                                            u"KvHalfCut=OFF"_s, u"KvChainPrint=ON"_s,
+                                            u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s}));
+    QCOMPARE(talk.state("marks.KvChainPrint"), QJsonValue(u"ON"_s));
     picked(talk, 5);
     QCOMPARE(talk.box("mChainPrintChkBx"), 0);
     const QJsonObject restored = talk.ask("restore");
-    QCOMPARE(membersOf(restored), QJsonObject({{u"answer"_qs, true}}));
+    QCOMPARE(membersOf(restored), QJsonObject({{u"answer"_s, true}}));
     QCOMPARE(eventsOf(restored), QStringList());
     QCOMPARE(talk.box("mChainPrintChkBx"), 1);
     QCOMPARE(talk.box("mAutoCutChkBx"), 1);
@@ -391,7 +391,7 @@ void tst_script::saveAndRestore()
 void tst_script::keys()
 {
     ScriptTalk talk;
-    talk.show(u"follow"_qs);
+    talk.show(u"follow"_s);
     const QJsonObject answer = talk.ask("keys");
     QVERIFY(isOK(answer));
     QCOMPARE(compact(membersOf(answer)),
@@ -402,46 +402,46 @@ void tst_script::keys()
 void tst_script::keysBeforeTheView()
 {
     ScriptTalk talk;
-    talk.open(u"label"_qs);
+    talk.open(u"label"_s);
     const QJsonObject first = talk.ask("keys");
     // Auto cut follows cut every where the printer has no option for it.
     QCOMPARE(compact(first.value(u"keys")),
              QByteArray(R"(["KvCutLabel","KvAutoTapeCut","KvCutAtEnd","KvMirror"])"));
     QCOMPARE(changesIn(first),
-             QStringList({u"KvCutLabel=1"_qs, u"KvCutAtEnd=OFF"_qs, u"KvMirror=OFF"_qs}));
+             QStringList({u"KvCutLabel=1"_s, u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s}));
     QCOMPARE(eventsOf(talk.ask("keys")), QStringList());
     ScriptTalk plain;
-    plain.open(u"plain"_qs);
+    plain.open(u"plain"_s);
     QCOMPARE(compact(membersOf(plain.ask("keys"))), QByteArray(R"({"keys":[]})"));
 }
 
 void tst_script::print()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     const QJsonObject answer = talk.ask("print");
-    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_qs, true}}));
+    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_s, true}}));
     QCOMPARE(eventsOf(answer), QStringList());
 }
 
 void tst_script::printTellsUnmarkedOptions()
 {
     ScriptTalk talk;
-    talk.open(u"tape"_qs, {{u"markDefaults"_qs, false}});
-    chosen(talk, u"KvMirror"_qs, u"ON"_qs);
+    talk.open(u"tape"_s, {{u"markDefaults"_s, false}});
+    chosen(talk, u"KvMirror"_s, u"ON"_s);
     const QJsonObject answer = talk.ask("print");
-    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_qs, true}}));
+    QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_s, true}}));
     QCOMPARE(changesIn(answer), tapeDefaults.mid(1));
-    QCOMPARE(talk.state("marks.KvMirror"), QJsonValue(u"ON"_qs));
-    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"ON"_qs));
+    QCOMPARE(talk.state("marks.KvMirror"), QJsonValue(u"ON"_s));
+    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"ON"_s));
 }
 
 void tst_script::summary()
 {
     ScriptTalk talk;
-    talk.show(u"follow"_qs);
+    talk.show(u"follow"_s);
     talk.click("mMirrorPrintChkBx");
-    typed(talk, u"7"_qs);
+    typed(talk, u"7"_s);
     const QJsonObject answer = talk.ask("summary");
     QVERIFY(isOK(answer));
     QCOMPARE(compact(membersOf(answer)),
@@ -453,20 +453,20 @@ void tst_script::summary()
 void tst_script::summaryBeforeAnySelection()
 {
     ScriptTalk talk;
-    talk.open(u"tape"_qs);
+    talk.open(u"tape"_s);
     QCOMPARE(compact(membersOf(talk.ask("summary"))), QByteArray(R"({"lines":{},"order":[]})"));
 }
 
 void tst_script::screenshot()
 {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(u"panel.png"_qs);
+    const QString file = folder.filePath(u"panel.png"_s);
     const auto picture = [&file](ScriptTalk &talk) {
-        const QJsonObject answer = talk.ask("screenshot", {{u"file"_qs, file}});
+        const QJsonObject answer = talk.ask("screenshot", {{u"file"_s, file}});
         return isOK(answer) && membersOf(answer).isEmpty() ? QImage(file, "PNG") : QImage();
     };
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     const QImage before = picture(talk);
     const QJsonObject size = talk.state("view").toObject();
     QCOMPARE(before.size(), QSize(size.value(u"width").toInt(), size.value(u"height").toInt()));
@@ -476,9 +476,9 @@ void tst_script::screenshot()
     talk.click("mHalfCutChkBx");
     QVERIFY(picture(talk) == before);
 
-    for (const QString &nowhere : {folder.path(), folder.filePath(u"none/panel.png"_qs)}) {
-        const QString error = errorOf(talk.ask("screenshot", {{u"file"_qs, nowhere}}));
-        QVERIFY2(error.startsWith(nowhere + u": the picture could not be written: "_qs),
+    for (const QString &nowhere : {folder.path(), folder.filePath(u"none/panel.png"_s)}) {
+        const QString error = errorOf(talk.ask("screenshot", {{u"file"_s, nowhere}}));
+        QVERIFY2(error.startsWith(nowhere + u": the picture could not be written: "_s),
                  qPrintable(error));
     }
 }
@@ -486,7 +486,7 @@ void tst_script::screenshot()
 void tst_script::closeAndOpenAgain()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     talk.click("mHalfCutChkBx");
     const QJsonObject answer = talk.ask("close");
     QVERIFY(isOK(answer));
@@ -495,7 +495,7 @@ void tst_script::closeAndOpenAgain()
     QVERIFY(!errorOf(talk.ask("state")).isEmpty());
     QVERIFY(!errorOf(talk.ask("close")).isEmpty());
     // Nothing of the former panel is left.
-    QCOMPARE(changesIn(talk.show(u"tape"_qs)), tapeDefaults);
+    QCOMPARE(changesIn(talk.show(u"tape"_s)), tapeDefaults);
     QCOMPARE(talk.box("mHalfCutChkBx"), 0);
 }
 

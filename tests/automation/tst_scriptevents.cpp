@@ -32,28 +32,26 @@ private Q_SLOTS:
 void tst_scriptevents::eventsComeInOrder()
 {
     ScriptTalk talk;
-    QCOMPARE(
-        changesIn(talk.show(u"all"_qs)),
-        QStringList({u"KvCutLabel=1"_qs, u"KvCutAtEnd=OFF"_qs, u"KvMirror=OFF"_qs,
-                     u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs, u"KvChainPrint=OFF"_qs,
-                     u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=OFF"_qs}));
+    QCOMPARE(changesIn(talk.show(u"all"_s)),
+             QStringList({u"KvCutLabel=1"_s, u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s,
+                          u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s, u"KvChainPrint=OFF"_s,
+                          u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvCutMark=OFF"_s}));
     NSBeep();
-    NotificationCenter::defaultCenter().postNotification(u"A"_qs, this);
+    NotificationCenter::defaultCenter().postNotification(u"A"_s, this);
     NSBeep();
-    QCOMPARE(
-        eventsOf(talk.click("mMirrorPrintChkBx")),
-        QStringList({u"beep"_qs, u"notification A"_qs, u"beep"_qs, u"willChange KvMirror ON"_qs}));
+    QCOMPARE(eventsOf(talk.click("mMirrorPrintChkBx")),
+             QStringList({u"beep"_s, u"notification A"_s, u"beep"_s, u"willChange KvMirror ON"_s}));
 }
 
 void tst_scriptevents::eventsComeOnce()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     NSBeep();
     // What has happened is told by an error as well.
     const QJsonObject error = talk.ask("frobnicate");
     QVERIFY(!errorOf(error).isEmpty());
-    QCOMPARE(eventsOf(error), QStringList{u"beep"_qs});
+    QCOMPARE(eventsOf(error), QStringList{u"beep"_s});
     QCOMPARE(eventsOf(talk.ask("state")), QStringList());
 }
 
@@ -61,8 +59,8 @@ void tst_scriptevents::beepsAndNotifications()
 {
     ScriptTalk talk;
     NSBeep();
-    NotificationCenter::defaultCenter().postNotification(u"com.korvane.tape"_qs, nullptr);
-    const QJsonObject answer = talk.open(u"tape"_qs);
+    NotificationCenter::defaultCenter().postNotification(u"com.korvane.tape"_s, nullptr);
+    const QJsonObject answer = talk.open(u"tape"_s);
     QCOMPARE(compact(answer.value(u"events")),
              QByteArray(R"([["beep"],["notification","com.korvane.tape"]])"));
 }
@@ -70,9 +68,9 @@ void tst_scriptevents::beepsAndNotifications()
 void tst_scriptevents::notificationsOfTheDialogAreNoEvents()
 {
     ScriptTalk talk;
-    talk.open(u"tape"_qs);
-    QCOMPARE(eventsOf(talk.paper(u"T24x100"_qs)), QStringList());
-    QCOMPARE(eventsOf(talk.ask("view")), QStringList{u"resized"_qs});
+    talk.open(u"tape"_s);
+    QCOMPARE(eventsOf(talk.paper(u"T24x100"_s)), QStringList());
+    QCOMPARE(eventsOf(talk.ask("view")), QStringList{u"resized"_s});
 }
 
 void tst_scriptevents::beepsAreSoundedAgainAfterwards()
@@ -83,28 +81,28 @@ void tst_scriptevents::beepsAreSoundedAgainAfterwards()
         ScriptTalk talk;
         NSBeep();
         QCOMPARE(beeps, 0);
-        QCOMPARE(eventsOf(talk.ask("close")), QStringList{u"beep"_qs});
+        QCOMPARE(eventsOf(talk.ask("close")), QStringList{u"beep"_s});
     }
     NSBeep();
     setBeeper({});
     QCOMPARE(beeps, 1);
     // Nobody listens any more, and nothing breaks.
-    NotificationCenter::defaultCenter().postNotification(u"A"_qs, nullptr);
+    NotificationCenter::defaultCenter().postNotification(u"A"_s, nullptr);
 }
 
 void tst_scriptevents::alertIsAnsweredAtOnce()
 {
     ScriptTalk talk;
-    talk.show(u"follow"_qs, {{u"paper"_qs, u"HS12x100"_qs}});
+    talk.show(u"follow"_s, {{u"paper"_s, u"HS12x100"_s}});
     QCOMPARE(eventsOf(talk.click("mCutEveryChkBx")),
-             QStringList{u"willChange KvAutoTapeCut OFF"_qs});
+             QStringList{u"willChange KvAutoTapeCut OFF"_s});
     const QJsonObject answer = talk.click("mCutEveryChkBx");
     QVERIFY(answer.value(u"delivered").toBool());
     const QStringList events = eventsOf(answer);
     QCOMPARE(events.size(), 2);
     QVERIFY2(events.first().startsWith(u"alert Heat-shrink tube is loaded. "),
              qPrintable(events.first()));
-    QCOMPARE(events.last(), u"willChange KvAutoTapeCut ON"_qs);
+    QCOMPARE(events.last(), u"willChange KvAutoTapeCut ON"_s);
     QCOMPARE(talk.box("mCutEveryChkBx"), 1);
     QVERIFY(!QApplication::activeModalWidget());
 }
@@ -112,62 +110,62 @@ void tst_scriptevents::alertIsAnsweredAtOnce()
 void tst_scriptevents::alertOfAnyPanel()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     int answered = -1;
     QTimer::singleShot(0, qApp, [&answered] {
-        QMessageBox alert(QMessageBox::Warning, u"title"_qs, u"text"_qs);
-        alert.setInformativeText(u"The tape is nearly used up."_qs);
-        alert.addButton(u"OK"_qs, QMessageBox::AcceptRole);
-        alert.addButton(u"Stop"_qs, QMessageBox::RejectRole);
+        QMessageBox alert(QMessageBox::Warning, u"title"_s, u"text"_s);
+        alert.setInformativeText(u"The tape is nearly used up."_s);
+        alert.addButton(u"OK"_s, QMessageBox::AcceptRole);
+        alert.addButton(u"Stop"_s, QMessageBox::RejectRole);
         alert.exec();
         answered = int(alert.buttons().indexOf(alert.clickedButton()));
     });
     const QJsonObject answer = talk.ask("hide");
-    QCOMPARE(eventsOf(answer), QStringList{u"alert The tape is nearly used up."_qs});
+    QCOMPARE(eventsOf(answer), QStringList{u"alert The tape is nearly used up."_s});
     QCOMPARE(answered, 0);
 }
 
 void tst_scriptevents::choiceThatThePrinterLacksIsTold()
 {
     const BundleFolder bundles;
-    QVERIFY(bundles.addOdd(u"Odd.pde"_qs, u"Lying"_qs));
+    QVERIFY(bundles.addOdd(u"Odd.pde"_s, u"Lying"_s));
     ScriptTalk talk(bundles.path());
-    talk.open(u"tape"_qs);
+    talk.open(u"tape"_s);
     const QJsonObject answer = talk.ask("save");
-    QCOMPARE(changesIn(answer), QStringList({u"KvMirror=ON"_qs, u"KvMirror=ON"_qs,
-                                             u"KvMirror=MAYBE"_qs, u"KvNone=ON"_qs}));
+    QCOMPARE(changesIn(answer), QStringList({u"KvMirror=ON"_s, u"KvMirror=ON"_s,
+                                             u"KvMirror=MAYBE"_s, u"KvNone=ON"_s}));
     QCOMPARE(compact(membersOf(talk.ask("summary"))), QByteArray(R"({"lines":{},"order":[]})"));
 }
 
 void tst_scriptevents::panelThatRefuses()
 {
     const BundleFolder refusing;
-    QVERIFY(refusing.addOdd(u"Odd.pde"_qs, u"Refusing"_qs));
+    QVERIFY(refusing.addOdd(u"Odd.pde"_s, u"Refusing"_s));
     ScriptTalk talk(refusing.path());
-    talk.open(u"tape"_qs);
-    QCOMPARE(membersOf(talk.ask("print")), QJsonObject({{u"answer"_qs, false}}));
-    QCOMPARE(membersOf(talk.ask("hide")), QJsonObject({{u"answer"_qs, true}}));
+    talk.open(u"tape"_s);
+    QCOMPARE(membersOf(talk.ask("print")), QJsonObject({{u"answer"_s, false}}));
+    QCOMPARE(membersOf(talk.ask("hide")), QJsonObject({{u"answer"_s, true}}));
     QVERIFY(!errorOf(talk.ask("state")).isEmpty());
 
     const BundleFolder staying;
-    QVERIFY(staying.addOdd(u"Odd.pde"_qs, u"Staying"_qs));
+    QVERIFY(staying.addOdd(u"Odd.pde"_s, u"Staying"_s));
     ScriptTalk stayingTalk(staying.path());
-    stayingTalk.open(u"tape"_qs);
-    QCOMPARE(membersOf(stayingTalk.ask("hide")), QJsonObject({{u"answer"_qs, false}}));
+    stayingTalk.open(u"tape"_s);
+    QCOMPARE(membersOf(stayingTalk.ask("hide")), QJsonObject({{u"answer"_s, false}}));
 
     const BundleFolder unsaving;
-    QVERIFY(unsaving.addOdd(u"Odd.pde"_qs, u"Unsaving"_qs));
+    QVERIFY(unsaving.addOdd(u"Odd.pde"_s, u"Unsaving"_s));
     ScriptTalk other(unsaving.path());
-    other.open(u"tape"_qs);
-    QCOMPARE(membersOf(other.ask("save")), QJsonObject({{u"answer"_qs, false}}));
+    other.open(u"tape"_s);
+    QCOMPARE(membersOf(other.ask("save")), QJsonObject({{u"answer"_s, false}}));
 }
 
 void tst_scriptevents::manyPanelsLeaveNothingBehind()
 {
     ScriptTalk talk;
     const auto round = [&talk] {
-        talk.show(u"all"_qs);
-        talk.ask("preset", {{u"tag"_qs, 9}});
+        talk.show(u"all"_s);
+        talk.ask("preset", {{u"tag"_s, 9}});
         talk.ask("state");
         talk.ask("close");
     };

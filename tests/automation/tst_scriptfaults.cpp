@@ -14,7 +14,7 @@ enum Stage { Closed, Open, Viewed };
 void bringTo(Stage stage, ScriptTalk &talk)
 {
     if (stage >= Open) {
-        talk.open(u"tape"_qs);
+        talk.open(u"tape"_s);
     }
     if (stage >= Viewed) {
         talk.ask("view");
@@ -68,13 +68,13 @@ QString tst_scriptfaults::errorAt(Stage stage, const QByteArray &line)
     NSBeep();
     const QJsonObject answer = talk.answer(line);
     const QString error = errorOf(answer);
-    const bool tellsEvents = eventsOf(answer) == QStringList{u"beep"_qs};
+    const bool tellsEvents = eventsOf(answer) == QStringList{u"beep"_s};
     const bool isUnchanged =
         stage >= Open ? compact(talk.state()) == before : !errorOf(talk.ask("state")).isEmpty();
     bool goesOn = true;
     if (stage < Viewed) {
         goesOn = !errorOf(talk.click("mHalfCutChkBx")).isEmpty() &&
-                 (stage == Open || isOK(talk.open(u"tape"_qs))) && isOK(talk.ask("view"));
+                 (stage == Open || isOK(talk.open(u"tape"_s))) && isOK(talk.ask("view"));
     }
     goesOn = goesOn && isOK(talk.ask("close"));
     return tellsEvents && isUnchanged && goesOn && talk.hasFailed() ? error : QString();
@@ -140,7 +140,7 @@ void tst_scriptfaults::memberOfAWrongType_data()
         for (const QByteArray &value : values) {
             QTest::addRow("%s %s %s", command, member, value.constData())
                 << int(stage) << line(command, member, value)
-                << u"\"%1\" has to be %2"_qs.arg(QLatin1String(member), QLatin1String(expected));
+                << u"\"%1\" has to be %2"_s.arg(QLatin1String(member), QLatin1String(expected));
         }
     };
     const QByteArrayList noTexts{"7", "true", "[]", "{}", R"(["a"])"};
@@ -166,7 +166,7 @@ void tst_scriptfaults::memberOfAWrongType()
     QFETCH(const QString, fault);
     QByteArray whole = line;
     if (!line.contains("\"ppd\"") && !line.contains("\"printer\"") && line.contains("\"open\"")) {
-        const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+        const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_s));
         whole.insert(1, "\"ppd\":" + ppd + ',');
     }
     QCOMPARE(errorAt(Stage(stage), whole), fault);
@@ -179,24 +179,24 @@ void tst_scriptfaults::memberThatIsMissing_data()
     const auto add = [](const char *name, const QByteArray &line, const QString &fault) {
         QTest::newRow(name) << line << fault;
     };
-    const QString text = u"\"%1\" has to be a text"_qs;
-    add("click", R"({"cmd":"click"})", text.arg(u"control"_qs));
-    add("type", R"({"cmd":"type"})", text.arg(u"text"_qs));
-    add("screenshot", R"({"cmd":"screenshot"})", text.arg(u"file"_qs));
-    add("preset", R"({"cmd":"preset"})", u"\"tag\" has to be a whole number"_qs);
-    add("paper", R"({"cmd":"paper"})", u"\"name\" has to be a text or null"_qs);
+    const QString text = u"\"%1\" has to be a text"_s;
+    add("click", R"({"cmd":"click"})", text.arg(u"control"_s));
+    add("type", R"({"cmd":"type"})", text.arg(u"text"_s));
+    add("screenshot", R"({"cmd":"screenshot"})", text.arg(u"file"_s));
+    add("preset", R"({"cmd":"preset"})", u"\"tag\" has to be a whole number"_s);
+    add("paper", R"({"cmd":"paper"})", u"\"name\" has to be a text or null"_s);
     add("paper with a height alone", R"({"cmd":"paper","height":100})",
-        u"\"name\" has to be a text or null"_qs);
+        u"\"name\" has to be a text or null"_s);
     add("paper with an odd height", R"({"cmd":"paper","name":"FL21x45","height":"100"})",
-        u"\"height\" has to be a number"_qs);
-    add("choose", R"({"cmd":"choose"})", text.arg(u"key"_qs));
-    add("choose without a choice", R"({"cmd":"choose","key":"KvHalfCut"})", text.arg(u"choice"_qs));
-    add("choose without a key", R"({"cmd":"choose","choice":"ON"})", text.arg(u"key"_qs));
-    const QString one = u"\"by\" has to be 1 or -1"_qs;
+        u"\"height\" has to be a number"_s);
+    add("choose", R"({"cmd":"choose"})", text.arg(u"key"_s));
+    add("choose without a choice", R"({"cmd":"choose","key":"KvHalfCut"})", text.arg(u"choice"_s));
+    add("choose without a key", R"({"cmd":"choose","choice":"ON"})", text.arg(u"key"_s));
+    const QString one = u"\"by\" has to be 1 or -1"_s;
     for (const char *value : {"0", "2", "-2"}) {
         QTest::addRow("step by %s", value) << line("step", "by", value) << one;
     }
-    const QString whole = u"\"by\" has to be a whole number"_qs;
+    const QString whole = u"\"by\" has to be a whole number"_s;
     add("step", R"({"cmd":"step"})", whole);
     for (const char *value : {"0.5", "\"1\"", "null", "true"}) {
         QTest::addRow("step by %s", value) << line("step", "by", value) << whole;
@@ -215,7 +215,7 @@ void tst_scriptfaults::memberThatIsUnknown_data()
     QTest::addColumn<int>("stage");
     QTest::addColumn<QByteArray>("line");
     const QByteArray open =
-        R"({"cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_qs)) + R"(,"PPD":"a"})";
+        R"({"cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_s)) + R"(,"PPD":"a"})";
     QTest::newRow("open") << int(Closed) << open;
     QTest::newRow("click") << int(Viewed)
                            << QByteArray(R"({"cmd":"click","control":"mHalfCutChkBx","by":1})");
@@ -244,7 +244,7 @@ void tst_scriptfaults::commandOutOfPlace_data()
     QTest::addColumn<QByteArray>("line");
     const QByteArray control = R"("control":"mHalfCutChkBx")";
     const QByteArray openTape =
-        R"("cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_qs));
+        R"("cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_s));
     const std::pair<QByteArray, Stage> needs[] = {
         {R"("cmd":"close")", Open},
         {R"("cmd":"view")", Open},
@@ -287,9 +287,9 @@ void tst_scriptfaults::textWithANullCharacter_data()
     QTest::addColumn<int>("stage");
     QTest::addColumn<QByteArray>("line");
     // Neither a file nor a choice has such a name, whatever comes in front of it.
-    QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+    QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_s));
     ppd.chop(1);
-    QByteArray picture = compact(mFolder.filePath(u"panel.png"_qs));
+    QByteArray picture = compact(mFolder.filePath(u"panel.png"_s));
     picture.chop(1);
     QTest::newRow("PPD") << int(Closed) << line("open", "ppd", ppd + R"(\u0000x")");
     QTest::newRow("key") << int(Open)
@@ -310,25 +310,25 @@ void tst_scriptfaults::textWithANullCharacter()
 void tst_scriptfaults::openWhatIsWrongInPart_data()
 {
     QTest::addColumn<QJsonObject>("members");
-    QTest::newRow("settings") << QJsonObject{{u"settings"_qs, u"/nowhere.plist"_qs}};
-    QTest::newRow("bundle") << QJsonObject{{u"bundle"_qs, u"/nowhere.pde"_qs}};
-    QTest::newRow("PPD") << QJsonObject{{u"ppd"_qs, u"/nowhere.ppd"_qs}};
+    QTest::newRow("settings") << QJsonObject{{u"settings"_s, u"/nowhere.plist"_s}};
+    QTest::newRow("bundle") << QJsonObject{{u"bundle"_s, u"/nowhere.pde"_s}};
+    QTest::newRow("PPD") << QJsonObject{{u"ppd"_s, u"/nowhere.ppd"_s}};
 }
 
 void tst_scriptfaults::openWhatIsWrongInPart()
 {
     QFETCH(QJsonObject, members);
-    if (!members.contains(u"ppd"_qs)) {
-        members.insert(u"ppd"_qs, PrintingSite::ppdPath(u"tape"_qs));
+    if (!members.contains(u"ppd"_s)) {
+        members.insert(u"ppd"_s, PrintingSite::ppdPath(u"tape"_s));
     }
-    members.insert(u"cmd"_qs, u"open"_qs);
+    members.insert(u"cmd"_s, u"open"_s);
     QVERIFY(!errorAt(Closed, compact(members)).isEmpty());
 }
 
 void tst_scriptfaults::spacesAndOrderAreFree()
 {
     ScriptTalk talk;
-    const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_qs));
+    const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_s));
     QVERIFY(isOK(talk.answer(" {\t\"ppd\" : " + ppd + " , \"cmd\": \"op\\u0065n\" } \r\n")));
     QVERIFY(isOK(talk.answer("{\"cmd\":\"view\"}\r\n")));
     QVERIFY(isOK(talk.answer(R"({"by":1.0,"cmd":"step"})")));
@@ -338,19 +338,19 @@ void tst_scriptfaults::spacesAndOrderAreFree()
 void tst_scriptfaults::longLineThatIsRight()
 {
     ScriptTalk talk;
-    talk.show(u"label"_qs);
+    talk.show(u"label"_s);
     const QString digits(mebibyte, u'7');
-    QVERIFY(isOK(talk.ask("type", {{u"text"_qs, digits}})));
-    QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"99"_qs);
+    QVERIFY(isOK(talk.ask("type", {{u"text"_s, digits}})));
+    QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"99"_s);
     QVERIFY(isOK(talk.answer(QByteArray(mebibyte, ' ') + R"({"cmd":"state"})")));
-    const QJsonObject noBox = talk.ask("click", {{u"control"_qs, digits}});
+    const QJsonObject noBox = talk.ask("click", {{u"control"_s, digits}});
     QCOMPARE(noBox.value(u"delivered"), QJsonValue(false));
 }
 
 void tst_scriptfaults::failureIsRemembered()
 {
     ScriptTalk talk;
-    talk.open(u"tape"_qs);
+    talk.open(u"tape"_s);
     QVERIFY(!talk.hasFailed());
     talk.answer("nonsense");
     QVERIFY(talk.hasFailed());

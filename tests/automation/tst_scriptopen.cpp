@@ -68,7 +68,7 @@ QString tst_scriptopen::settingsWith(const QVariantMap &ticket) const
 {
     const QByteArray data = PropertyList::write(ticket, PropertyList::Format::Binary);
     const PrintSettings settings({{kPrivateTicketKey, data}});
-    return mSite.file(u"settings.plist"_qs,
+    return mSite.file(u"settings.plist"_s,
                       settings.dataRepresentation(PropertyList::Format::XML, nullptr));
 }
 
@@ -89,18 +89,18 @@ void tst_scriptopen::kindsOfPrinters()
     const QJsonObject answer = talk.open(printer);
     QVERIFY(isOK(answer));
     QCOMPARE(eventsOf(answer), QStringList());
-    const QJsonObject expected{{u"panels"_qs, 1},
-                               {u"name"_qs, u"Cut Options"_qs},
-                               {u"kind"_qs, u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_qs},
-                               {u"isRV"_qs, isRV},
-                               {u"usb"_qs, false}};
+    const QJsonObject expected{{u"panels"_s, 1},
+                               {u"name"_s, u"Cut Options"_s},
+                               {u"kind"_s, u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_s},
+                               {u"isRV"_s, isRV},
+                               {u"usb"_s, false}};
     QCOMPARE(membersOf(answer), expected);
 }
 
 void tst_scriptopen::defaultPaper()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     QCOMPARE(talk.state("flags.mTapeState").toInt(), 0);
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
 }
@@ -110,24 +110,24 @@ void tst_scriptopen::paper_data()
     QTest::addColumn<QJsonObject>("members");
     QTest::addColumn<int>("tapeState");
     QTest::addColumn<bool>("isFlag");
-    const QString paper = u"paper"_qs;
-    const QString height = u"paperHeight"_qs;
-    QTest::newRow("flag") << QJsonObject{{paper, u"FL21x45"_qs}} << 1 << true;
+    const QString paper = u"paper"_s;
+    const QString height = u"paperHeight"_s;
+    QTest::newRow("flag") << QJsonObject{{paper, u"FL21x45"_s}} << 1 << true;
     QTest::newRow("flag of another height")
-        << QJsonObject{{paper, u"FL21x45"_qs}, {height, 12.5}} << 1 << true;
+        << QJsonObject{{paper, u"FL21x45"_s}, {height, 12.5}} << 1 << true;
     QTest::newRow("flag of no height")
-        << QJsonObject{{paper, u"FL21x45"_qs}, {height, 0}} << 0 << true;
+        << QJsonObject{{paper, u"FL21x45"_s}, {height, 0}} << 0 << true;
     QTest::newRow("custom size, whose height is not known")
-        << QJsonObject{{paper, u"Custom"_qs}} << 0 << false;
-    QTest::newRow("custom size") << QJsonObject{{paper, u"Custom"_qs}, {height, 200}} << 2 << false;
+        << QJsonObject{{paper, u"Custom"_s}} << 0 << false;
+    QTest::newRow("custom size") << QJsonObject{{paper, u"Custom"_s}, {height, 200}} << 2 << false;
     QTest::newRow("no name") << QJsonObject{{paper, QJsonValue()}} << 0 << false;
     QTest::newRow("no name, but a height")
         << QJsonObject{{paper, QJsonValue()}, {height, 200}} << 2 << false;
     QTest::newRow("empty name with a height")
-        << QJsonObject{{paper, u""_qs}, {height, 200}} << 2 << false;
-    QTest::newRow("unknown flag") << QJsonObject{{paper, u"FL99x99"_qs}} << 0 << true;
+        << QJsonObject{{paper, u""_s}, {height, 200}} << 2 << false;
+    QTest::newRow("unknown flag") << QJsonObject{{paper, u"FL99x99"_s}} << 0 << true;
     QTest::newRow("unknown flag with a height")
-        << QJsonObject{{paper, u"FL99x99"_qs}, {height, 200}} << 0 << true;
+        << QJsonObject{{paper, u"FL99x99"_s}, {height, 200}} << 0 << true;
     QTest::newRow("default paper of another height") << QJsonObject{{height, 100}} << 0 << false;
 }
 
@@ -137,7 +137,7 @@ void tst_scriptopen::paper()
     QFETCH(const int, tapeState);
     QFETCH(const bool, isFlag);
     ScriptTalk talk;
-    QVERIFY(isOK(talk.show(u"tape"_qs, members)));
+    QVERIFY(isOK(talk.show(u"tape"_s, members)));
     QCOMPARE(talk.state("flags.mTapeState").toInt(), tapeState);
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(!isFlag));
     QCOMPARE(talk.state("popup.disabled").toArray().isEmpty(), !isFlag);
@@ -145,45 +145,45 @@ void tst_scriptopen::paper()
 
 void tst_scriptopen::settings()
 {
-    const QString file = settingsWith({{u"MqPaperName2"_qs, u"HS12x100"_qs}});
+    const QString file = settingsWith({{u"MqPaperName2"_s, u"HS12x100"_s}});
     ScriptTalk talk;
     // A paper with a name of its own needs none from the ticket.
-    talk.show(u"follow"_qs, {{u"settings"_qs, file}});
+    talk.show(u"follow"_s, {{u"settings"_s, file}});
     talk.click("mCutEveryChkBx");
     QCOMPARE(eventsOf(talk.click("mCutEveryChkBx")).size(), 1);
 }
 
 void tst_scriptopen::settingsNameThePaper()
 {
-    const QString file = settingsWith({{u"MqPaperName2"_qs, u"HS12x100"_qs}});
-    const QJsonObject unnamed{{u"paper"_qs, QJsonValue()}};
-    const QJsonObject named{{u"paper"_qs, QJsonValue()}, {u"settings"_qs, file}};
+    const QString file = settingsWith({{u"MqPaperName2"_s, u"HS12x100"_s}});
+    const QJsonObject unnamed{{u"paper"_s, QJsonValue()}};
+    const QJsonObject named{{u"paper"_s, QJsonValue()}, {u"settings"_s, file}};
     const auto alerts = [](const QJsonObject &members) {
         ScriptTalk talk;
-        talk.show(u"follow"_qs, members);
+        talk.show(u"follow"_s, members);
         talk.click("mCutEveryChkBx");
-        return eventsOf(talk.click("mCutEveryChkBx")).filter(u"alert "_qs).size();
+        return eventsOf(talk.click("mCutEveryChkBx")).filter(u"alert "_s).size();
     };
     QCOMPARE(alerts(unnamed), 0);
     QCOMPARE(alerts(named), 1);
     // An empty name is a name.
-    QCOMPARE(alerts({{u"paper"_qs, u""_qs}, {u"settings"_qs, file}}), 0);
+    QCOMPARE(alerts({{u"paper"_s, u""_s}, {u"settings"_s, file}}), 0);
 }
 
 void tst_scriptopen::settingsThatCannotBeUsed_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("fault");
-    const QString missing = mSite.path(u"missing.plist"_qs);
-    QTest::newRow("missing") << missing << missing + u": No such file or directory"_qs;
-    const QString text = mSite.file(u"text.plist"_qs, "no property list");
-    QTest::newRow("a text") << text << text + u": "_qs;
-    const QString empty = mSite.file(u"empty.plist"_qs, "");
-    QTest::newRow("empty") << empty << empty + u": "_qs;
+    const QString missing = mSite.path(u"missing.plist"_s);
+    QTest::newRow("missing") << missing << missing + u": No such file or directory"_s;
+    const QString text = mSite.file(u"text.plist"_s, "no property list");
+    QTest::newRow("a text") << text << text + u": "_s;
+    const QString empty = mSite.file(u"empty.plist"_s, "");
+    QTest::newRow("empty") << empty << empty + u": "_s;
     const QString array = mSite.file(
-        u"array.plist"_qs, PropertyList::write(QVariantList{1}, PropertyList::Format::XML));
-    QTest::newRow("an array") << array << array + u": the top level is no dictionary"_qs;
-    QTest::newRow("no name") << QString() << u": "_qs;
+        u"array.plist"_s, PropertyList::write(QVariantList{1}, PropertyList::Format::XML));
+    QTest::newRow("an array") << array << array + u": the top level is no dictionary"_s;
+    QTest::newRow("no name") << QString() << u": "_s;
 }
 
 void tst_scriptopen::settingsThatCannotBeUsed()
@@ -191,21 +191,21 @@ void tst_scriptopen::settingsThatCannotBeUsed()
     QFETCH(const QString, file);
     QFETCH(const QString, fault);
     ScriptTalk talk;
-    const QString error = errorOf(talk.open(u"tape"_qs, {{u"settings"_qs, QJsonValue(file)}}));
+    const QString error = errorOf(talk.open(u"tape"_s, {{u"settings"_s, QJsonValue(file)}}));
     QVERIFY2(error.startsWith(fault) && error.size() > fault.size() - 1, qPrintable(error));
-    QVERIFY(isOK(talk.open(u"tape"_qs)));
+    QVERIFY(isOK(talk.open(u"tape"_s)));
 }
 
 void tst_scriptopen::deviceURI_data()
 {
     QTest::addColumn<QString>("uri");
     QTest::addColumn<bool>("usb");
-    QTest::newRow("USB") << u"usb://Korvane/Tape?serial=1"_qs << true;
-    QTest::newRow("the maker's USB") << u"KVMQUSB://Korvane/Tape"_qs << true;
-    QTest::newRow("network") << u"ipp://printer.local/ipp/print"_qs << false;
-    QTest::newRow("a name that begins like it") << u"usbip://Korvane/Tape"_qs << false;
-    QTest::newRow("no URI") << u"printer"_qs << false;
-    QTest::newRow("empty") << u""_qs << false;
+    QTest::newRow("USB") << u"usb://Korvane/Tape?serial=1"_s << true;
+    QTest::newRow("the maker's USB") << u"KVMQUSB://Korvane/Tape"_s << true;
+    QTest::newRow("network") << u"ipp://printer.local/ipp/print"_s << false;
+    QTest::newRow("a name that begins like it") << u"usbip://Korvane/Tape"_s << false;
+    QTest::newRow("no URI") << u"printer"_s << false;
+    QTest::newRow("empty") << u""_s << false;
 }
 
 void tst_scriptopen::deviceURI()
@@ -213,12 +213,11 @@ void tst_scriptopen::deviceURI()
     QFETCH(const QString, uri);
     QFETCH(const bool, usb);
     ScriptTalk talk;
-    const QJsonObject answer = talk.open(u"tape"_qs, {{u"deviceURI"_qs, uri}});
+    const QJsonObject answer = talk.open(u"tape"_s, {{u"deviceURI"_s, uri}});
     QCOMPARE(answer.value(u"usb"), QJsonValue(usb));
     QCOMPARE(talk.state("flags.usb_dec").toInt(), int(usb));
     talk.ask("close");
-    const QJsonObject queue =
-        talk.ask("open", {{u"printer"_qs, u"tape"_qs}, {u"deviceURI"_qs, uri}});
+    const QJsonObject queue = talk.ask("open", {{u"printer"_s, u"tape"_s}, {u"deviceURI"_s, uri}});
     QCOMPARE(queue.value(u"usb"), QJsonValue(usb));
 }
 
@@ -227,14 +226,14 @@ void tst_scriptopen::defaultsAreNotMarked()
     const QByteArray none(R"({"KvAutoTapeCut":null,"KvChainPrint":null,"KvCutMark":null,)"
                           R"("KvMirror":null})");
     ScriptTalk talk;
-    talk.open(u"mark"_qs, {{u"markDefaults"_qs, false}});
+    talk.open(u"mark"_s, {{u"markDefaults"_s, false}});
     QCOMPARE(compact(talk.state("marks")), none);
     talk.ask("close");
-    talk.open(u"mark"_qs, {{u"markDefaults"_qs, true}});
+    talk.open(u"mark"_s, {{u"markDefaults"_s, true}});
     QCOMPARE(compact(talk.state("marks")), QByteArray(none).replace("null", R"("OFF")"));
     talk.ask("close");
     // The panel itself settles on the defaults as soon as it is seen.
-    talk.show(u"mark"_qs, {{u"markDefaults"_qs, false}});
+    talk.show(u"mark"_s, {{u"markDefaults"_s, false}});
     QCOMPARE(compact(talk.state("marks")), QByteArray(none).replace("null", R"("OFF")"));
 }
 
@@ -242,24 +241,24 @@ void tst_scriptopen::locale_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("name");
-    QTest::newRow("the user's") << QString() << u"Cut Options"_qs;
-    QTest::newRow("English") << u"en"_qs << u"Cut Options"_qs;
-    QTest::newRow("English of a country") << u"en_GB"_qs << u"Cut Options"_qs;
-    QTest::newRow("none") << u"none"_qs << u"OP_PANEL_NAME"_qs;
-    QTest::newRow("German of a country") << u"de_AT"_qs << u"Schnittoptionen"_qs;
+    QTest::newRow("the user's") << QString() << u"Cut Options"_s;
+    QTest::newRow("English") << u"en"_s << u"Cut Options"_s;
+    QTest::newRow("English of a country") << u"en_GB"_s << u"Cut Options"_s;
+    QTest::newRow("none") << u"none"_s << u"OP_PANEL_NAME"_s;
+    QTest::newRow("German of a country") << u"de_AT"_s << u"Schnittoptionen"_s;
     // English where there is no table for the language.
-    QTest::newRow("Norwegian") << u"nb"_qs << u"Cut Options"_qs;
-    QTest::newRow("no language") << u"xx"_qs << u"Cut Options"_qs;
-    QTest::newRow("empty") << u""_qs << u"Cut Options"_qs;
+    QTest::newRow("Norwegian") << u"nb"_s << u"Cut Options"_s;
+    QTest::newRow("no language") << u"xx"_s << u"Cut Options"_s;
+    QTest::newRow("empty") << u""_s << u"Cut Options"_s;
 }
 
 void tst_scriptopen::locale()
 {
     QFETCH(const QString, locale);
     QFETCH(const QString, name);
-    QJsonObject members{{u"ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)}};
+    QJsonObject members{{u"ppd"_s, PrintingSite::ppdPath(u"tape"_s)}};
     if (!locale.isNull()) {
-        members.insert(u"locale"_qs, locale);
+        members.insert(u"locale"_s, locale);
     }
     ScriptTalk talk;
     QCOMPARE(talk.ask("open", members).value(u"name").toString(), name);
@@ -268,16 +267,16 @@ void tst_scriptopen::locale()
 void tst_scriptopen::bundle()
 {
     const BundleFolder bundles;
-    QVERIFY(bundles.addOdd(u"Odd.pde"_qs, u"Friendly"_qs));
+    QVERIFY(bundles.addOdd(u"Odd.pde"_s, u"Friendly"_s));
     ScriptTalk talk;
     const QJsonObject answer =
-        talk.open(u"tape"_qs, {{u"bundle"_qs, QString(bundles.path() + u"/Odd.pde"_qs)}});
+        talk.open(u"tape"_s, {{u"bundle"_s, QString(bundles.path() + u"/Odd.pde"_s)}});
     QVERIFY(isOK(answer));
-    const QJsonObject expected{{u"panels"_qs, 1},
-                               {u"name"_qs, u"Friendly"_qs},
-                               {u"kind"_qs, u"com.korvane.test.odd"_qs},
-                               {u"isRV"_qs, QJsonValue()},
-                               {u"usb"_qs, QJsonValue()}};
+    const QJsonObject expected{{u"panels"_s, 1},
+                               {u"name"_s, u"Friendly"_s},
+                               {u"kind"_s, u"com.korvane.test.odd"_s},
+                               {u"isRV"_s, QJsonValue()},
+                               {u"usb"_s, QJsonValue()}};
     QCOMPARE(membersOf(answer), expected);
     QCOMPARE(compact(membersOf(talk.ask("summary"))),
              QByteArray(R"({"lines":{"Kind":"Friendly"},"order":["Kind"]})"));
@@ -287,16 +286,16 @@ void tst_scriptopen::bundle()
     QVERIFY(view.value(u"width").toInt() > 0 && view.value(u"height").toInt() > 0);
     QCOMPARE(talk.click("mHalfCutChkBx").value(u"delivered"), QJsonValue(false));
     talk.ask("close");
-    QCOMPARE(talk.open(u"tape"_qs).value(u"name").toString(), u"Cut Options"_qs);
+    QCOMPARE(talk.open(u"tape"_s).value(u"name").toString(), u"Cut Options"_s);
 }
 
 void tst_scriptopen::bundleThatCannotBeUsed_data()
 {
     QTest::addColumn<QString>("spoilt");
     QTest::addColumn<QString>("fault");
-    QTest::newRow("no description") << u"Contents/Info.json"_qs << u"Info.json: "_qs;
-    QTest::newRow("no library") << u"Contents/Linux/libKVMQRVOptions-qt6.so"_qs << u"is missing"_qs;
-    QTest::newRow("no bundle") << QString() << u"Nowhere.pde is missing"_qs;
+    QTest::newRow("no description") << u"Contents/Info.json"_s << u"Info.json: "_s;
+    QTest::newRow("no library") << u"Contents/Linux/libKVMQRVOptions-qt6.so"_s << u"is missing"_s;
+    QTest::newRow("no bundle") << QString() << u"Nowhere.pde is missing"_s;
 }
 
 void tst_scriptopen::bundleThatCannotBeUsed()
@@ -306,21 +305,20 @@ void tst_scriptopen::bundleThatCannotBeUsed()
     const BundleFolder bundles;
     QVERIFY(bundles.add());
     QVERIFY(spoilt.isNull() || bundles.remove(spoilt));
-    const QString path =
-        bundles.path() + (spoilt.isNull() ? u"/Nowhere.pde"_qs : u"/Spoilt.pde"_qs);
+    const QString path = bundles.path() + (spoilt.isNull() ? u"/Nowhere.pde"_s : u"/Spoilt.pde"_s);
     ScriptTalk talk;
-    const QString error = errorOf(talk.open(u"tape"_qs, {{u"bundle"_qs, path}}));
+    const QString error = errorOf(talk.open(u"tape"_s, {{u"bundle"_s, path}}));
     QVERIFY2(error.contains(fault), qPrintable(error));
     QVERIFY(!errorOf(talk.ask("view")).isEmpty());
-    QVERIFY(isOK(talk.open(u"tape"_qs)));
+    QVERIFY(isOK(talk.open(u"tape"_s)));
 }
 
 void tst_scriptopen::bundlesWithoutAPanel()
 {
     const BundleFolder panelless;
-    QVERIFY(panelless.addOdd(u"Odd.pde"_qs, u"Panelless"_qs));
+    QVERIFY(panelless.addOdd(u"Odd.pde"_s, u"Panelless"_s));
     ScriptTalk talk(panelless.path());
-    const QJsonObject answer = talk.open(u"tape"_qs);
+    const QJsonObject answer = talk.open(u"tape"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(answer.value(u"panels").toInt(-1), 0);
     QCOMPARE(answer.value(u"name"), QJsonValue());
@@ -329,18 +327,18 @@ void tst_scriptopen::bundlesWithoutAPanel()
 
     const BundleFolder empty;
     ScriptTalk lonely(empty.path());
-    QVERIFY(errorOf(lonely.open(u"tape"_qs)).contains(u"there is no panel bundle"));
+    QVERIFY(errorOf(lonely.open(u"tape"_s)).contains(u"there is no panel bundle"));
 }
 
 void tst_scriptopen::folderOfSeveralBundles()
 {
     const BundleFolder bundles;
-    QVERIFY(bundles.addOdd(u"B.pde"_qs, u"Second"_qs));
-    QVERIFY(bundles.addOdd(u"A.pde"_qs, u"First"_qs));
+    QVERIFY(bundles.addOdd(u"B.pde"_s, u"Second"_s));
+    QVERIFY(bundles.addOdd(u"A.pde"_s, u"First"_s));
     ScriptTalk talk(bundles.path());
-    const QJsonObject answer = talk.open(u"tape"_qs);
+    const QJsonObject answer = talk.open(u"tape"_s);
     QCOMPARE(answer.value(u"panels").toInt(), 2);
-    QCOMPARE(answer.value(u"name").toString(), u"First"_qs);
+    QCOMPARE(answer.value(u"name").toString(), u"First"_s);
     QCOMPARE(compact(talk.ask("keys").value(u"keys")), QByteArray(R"(["KvMirror"])"));
 }
 
@@ -348,10 +346,10 @@ void tst_scriptopen::brokenBundleBesidesAGoodOne()
 {
     const BundleFolder bundles;
     QVERIFY(bundles.add());
-    QVERIFY(bundles.remove(u"Contents/Info.json"_qs));
-    QVERIFY(bundles.add(u"Good.pde"_qs));
+    QVERIFY(bundles.remove(u"Contents/Info.json"_s));
+    QVERIFY(bundles.add(u"Good.pde"_s));
     ScriptTalk talk(bundles.path());
-    const QJsonObject answer = talk.open(u"tape"_qs);
+    const QJsonObject answer = talk.open(u"tape"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(answer.value(u"panels").toInt(), 1);
 }
@@ -360,11 +358,11 @@ void tst_scriptopen::panelWithoutAView()
 {
     const BundleFolder bundles;
     QVERIFY(bundles.add());
-    QVERIFY(bundles.remove(u"Contents/Resources/OptionPDE.ui"_qs));
+    QVERIFY(bundles.remove(u"Contents/Resources/OptionPDE.ui"_s));
     ScriptTalk talk(bundles.path());
-    QVERIFY(isOK(talk.open(u"tape"_qs)));
+    QVERIFY(isOK(talk.open(u"tape"_s)));
     const QByteArray before = compact(talk.state());
-    QCOMPARE(errorOf(talk.ask("view")), u"the panel could not make its view"_qs);
+    QCOMPARE(errorOf(talk.ask("view")), u"the panel could not make its view"_s);
     QVERIFY(!errorOf(talk.click("mHalfCutChkBx")).isEmpty());
     QCOMPARE(compact(talk.state()), before);
     QVERIFY(isOK(talk.ask("close")));
@@ -373,7 +371,7 @@ void tst_scriptopen::panelWithoutAView()
 void tst_scriptopen::printer()
 {
     ScriptTalk talk;
-    const QJsonObject answer = talk.ask("open", {{u"printer"_qs, u"label"_qs}});
+    const QJsonObject answer = talk.ask("open", {{u"printer"_s, u"label"_s}});
     QVERIFY(isOK(answer));
     QCOMPARE(answer.value(u"isRV"), QJsonValue(true));
     QCOMPARE(answer.value(u"usb"), QJsonValue(false));
@@ -384,44 +382,44 @@ void tst_scriptopen::printer()
 void tst_scriptopen::printerWithSavedOptions()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON PageSize=FL21x45\n"));
-    const QString tape = u"tape"_qs;
+    const QString tape = u"tape"_s;
     ScriptTalk talk;
-    talk.ask("open", {{u"printer"_qs, tape}});
-    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_qs));
-    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"ON"_qs));
+    talk.ask("open", {{u"printer"_s, tape}});
+    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_s));
+    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"ON"_s));
     talk.ask("view");
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 7);
     talk.ask("close");
     // The paper of the request replaces the saved one.
-    talk.ask("open", {{u"printer"_qs, tape}, {u"paper"_qs, u"T24x100"_qs}});
+    talk.ask("open", {{u"printer"_s, tape}, {u"paper"_s, u"T24x100"_s}});
     talk.ask("view");
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
     talk.ask("close");
-    talk.ask("open", {{u"printer"_qs, tape}, {u"markDefaults"_qs, false}});
-    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_qs));
+    talk.ask("open", {{u"printer"_s, tape}, {u"markDefaults"_s, false}});
+    QCOMPARE(talk.state("marks.KvHalfCut"), QJsonValue(u"ON"_s));
     QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue());
 }
 
 void tst_scriptopen::printerThatCannotBeOpened()
 {
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_qs, {}, &error), qPrintable(error));
+    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_s, {}, &error), qPrintable(error));
     ScriptTalk talk;
-    QCOMPARE(errorOf(talk.ask("open", {{u"printer"_qs, u"raw"_qs}})),
-             u"the printer raw has no PPD"_qs);
-    const QString unknown = errorOf(talk.ask("open", {{u"printer"_qs, u"nowhere"_qs}}));
+    QCOMPARE(errorOf(talk.ask("open", {{u"printer"_s, u"raw"_s}})),
+             u"the printer raw has no PPD"_s);
+    const QString unknown = errorOf(talk.ask("open", {{u"printer"_s, u"nowhere"_s}}));
     QVERIFY2(unknown.startsWith(u"there is no printer nowhere; the printers are: all, follow, "),
              qPrintable(unknown));
-    QVERIFY(!errorOf(talk.ask("open", {{u"printer"_qs, u""_qs}})).isEmpty());
-    QVERIFY(isOK(talk.ask("open", {{u"printer"_qs, u"tape"_qs}})));
+    QVERIFY(!errorOf(talk.ask("open", {{u"printer"_s, u""_s}})).isEmpty());
+    QVERIFY(isOK(talk.ask("open", {{u"printer"_s, u"tape"_s}})));
 }
 
 void tst_scriptopen::noScheduler()
 {
     ScriptTalk talk;
     cupsSetServer("127.0.0.1:9");
-    const QString error = errorOf(talk.ask("open", {{u"printer"_qs, u"tape"_qs}}));
-    const bool opensPPD = isOK(talk.open(u"tape"_qs));
+    const QString error = errorOf(talk.ask("open", {{u"printer"_s, u"tape"_s}}));
+    const bool opensPPD = isOK(talk.open(u"tape"_s));
     cupsSetServer(mSite.scheduler().address().constData());
     QVERIFY2(error.startsWith(u"no print scheduler answers at "), qPrintable(error));
     QVERIFY(opensPPD);
@@ -430,39 +428,39 @@ void tst_scriptopen::noScheduler()
 void tst_scriptopen::ppdThatCannotBeOpened()
 {
     ScriptTalk talk;
-    const QString missing = mSite.path(u"missing.ppd"_qs);
-    QCOMPARE(errorOf(talk.ask("open", {{u"ppd"_qs, missing}})),
-             missing + u": No such file or directory"_qs);
-    const QString broken = mSite.file(u"broken.ppd"_qs, "no PPD\n");
-    QCOMPARE(errorOf(talk.ask("open", {{u"ppd"_qs, broken}})),
-             broken + u": line 1: Missing asterisk in column 1"_qs);
-    QVERIFY(!errorOf(talk.ask("open", {{u"ppd"_qs, u""_qs}})).isEmpty());
+    const QString missing = mSite.path(u"missing.ppd"_s);
+    QCOMPARE(errorOf(talk.ask("open", {{u"ppd"_s, missing}})),
+             missing + u": No such file or directory"_s);
+    const QString broken = mSite.file(u"broken.ppd"_s, "no PPD\n");
+    QCOMPARE(errorOf(talk.ask("open", {{u"ppd"_s, broken}})),
+             broken + u": line 1: Missing asterisk in column 1"_s);
+    QVERIFY(!errorOf(talk.ask("open", {{u"ppd"_s, u""_s}})).isEmpty());
     QVERIFY(!errorOf(talk.ask("view")).isEmpty());
-    QVERIFY(isOK(talk.open(u"tape"_qs)));
+    QVERIFY(isOK(talk.open(u"tape"_s)));
 }
 
 void tst_scriptopen::neitherOrBoth()
 {
     ScriptTalk talk;
-    const QString fault = u"\"open\" needs either \"ppd\" or \"printer\""_qs;
+    const QString fault = u"\"open\" needs either \"ppd\" or \"printer\""_s;
     QCOMPARE(errorOf(talk.ask("open")), fault);
-    QCOMPARE(errorOf(talk.open(u"tape"_qs, {{u"printer"_qs, u"tape"_qs}})), fault);
+    QCOMPARE(errorOf(talk.open(u"tape"_s, {{u"printer"_s, u"tape"_s}})), fault);
 }
 
 void tst_scriptopen::defaultPrinting()
 {
     const QString bundles = QStringLiteral(KV_BUNDLE_FOLDER);
-    ScriptTalk onPPD({bundles, PrintingSite::ppdPath(u"label"_qs), {}});
+    ScriptTalk onPPD({bundles, PrintingSite::ppdPath(u"label"_s), {}});
     QCOMPARE(onPPD.ask("open").value(u"isRV"), QJsonValue(true));
     onPPD.ask("close");
-    QCOMPARE(onPPD.open(u"tape"_qs).value(u"isRV"), QJsonValue(false));
+    QCOMPARE(onPPD.open(u"tape"_s).value(u"isRV"), QJsonValue(false));
 
     QVERIFY(mSite.saveUserOptions("Dest tape KvChainPrint=ON\n"));
-    ScriptTalk onQueue({bundles, {}, u"tape"_qs});
+    ScriptTalk onQueue({bundles, {}, u"tape"_s});
     QVERIFY(isOK(onQueue.ask("open")));
-    QCOMPARE(onQueue.state("marks.KvChainPrint"), QJsonValue(u"ON"_qs));
+    QCOMPARE(onQueue.state("marks.KvChainPrint"), QJsonValue(u"ON"_s));
     onQueue.ask("close");
-    QCOMPARE(onQueue.open(u"label"_qs).value(u"isRV"), QJsonValue(true));
+    QCOMPARE(onQueue.open(u"label"_s).value(u"isRV"), QJsonValue(true));
 }
 
 KV_TEST(tst_scriptopen)

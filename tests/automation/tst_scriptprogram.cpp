@@ -81,7 +81,7 @@ void tst_scriptprogram::initTestCase()
 void tst_scriptprogram::demonstration()
 {
     const QByteArray open =
-        R"({"cmd":"open","locale":"none","ppd":)" + compact(PrintingSite::ppdPath(u"all"_qs)) + '}';
+        R"({"cmd":"open","locale":"none","ppd":)" + compact(PrintingSite::ppdPath(u"all"_s)) + '}';
     const ProgramRun run = runKvprint({script, standardInput},
                                       {open + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n"
                                               "{\"cmd\":\"click\",\"control\":\"mHalfCutChkBx\"}\n"
@@ -90,10 +90,10 @@ void tst_scriptprogram::demonstration()
     QCOMPARE(run.status, 0);
     QCOMPARE(successes(run), QList<bool>(5, true));
     const QList<QJsonObject> answers = answersOf(run);
-    QCOMPARE(answers.at(0).value(u"name").toString(), u"OP_PANEL_NAME"_qs);
+    QCOMPARE(answers.at(0).value(u"name").toString(), u"OP_PANEL_NAME"_s);
     QCOMPARE(answers.at(1).value(u"height").toInt(), 292);
     QCOMPARE(changesIn(answers.at(2)).size(), 9);
-    QCOMPARE(changesIn(answers.at(3)), QStringList{u"KvHalfCut=ON"_qs});
+    QCOMPARE(changesIn(answers.at(3)), QStringList{u"KvHalfCut=ON"_s});
     const QJsonObject controls = answers.at(4).value(u"controls").toObject();
     QCOMPARE(controls.value(u"mHalfCutChkBx")[u"state"].toInt(), 1);
     QCOMPARE(controls.value(u"mCutMarkChkBx")[u"y"].toInt(), 292 - 38);
@@ -102,7 +102,7 @@ void tst_scriptprogram::demonstration()
 void tst_scriptprogram::everyLineIsAnsweredAtOnce()
 {
     ProgramTalk talk;
-    QVERIFY(isOK(talk.ask(openLine(u"tape"_qs))));
+    QVERIFY(isOK(talk.ask(openLine(u"tape"_s))));
     QCOMPARE(talk.ask(R"({"cmd":"view"})").value(u"height").toInt(), 188);
     QVERIFY(!errorOf(talk.ask("")).isEmpty());
     QVERIFY(isOK(talk.ask(R"({"cmd":"show"})")));
@@ -116,23 +116,23 @@ void tst_scriptprogram::everyLineIsAnsweredAtOnce()
 void tst_scriptprogram::scriptInAFile()
 {
     const QString file =
-        mSite.file(u"a script.jsonl"_qs, openLine(u"tape"_qs) + "\n{\"cmd\":\"keys\"}\n");
+        mSite.file(u"a script.jsonl"_s, openLine(u"tape"_s) + "\n{\"cmd\":\"keys\"}\n");
     const ProgramRun run = runKvprint({script, file}, {"{\"cmd\":\"nonsense\"}\n"});
     QCOMPARE(run.status, 0);
     QCOMPARE(successes(run), QList<bool>({true, true}));
     // A file called "-" is not meant by "-".
     const QString folder = QFileInfo(file).path();
-    QVERIFY(!mSite.file(u"-"_qs, "{}\n").isNull());
-    const ProgramRun relative = runKvprint({script, u"./-"_qs}, {{}, {}, folder});
+    QVERIFY(!mSite.file(u"-"_s, "{}\n").isNull());
+    const ProgramRun relative = runKvprint({script, u"./-"_s}, {{}, {}, folder});
     QCOMPARE(successes(relative), QList<bool>{false});
-    QCOMPARE(runKvprint({script, u"-"_qs}, {{}, {}, folder}).output, QString());
+    QCOMPARE(runKvprint({script, u"-"_s}, {{}, {}, folder}).output, QString());
 }
 
 void tst_scriptprogram::faultyLine()
 {
     const ProgramRun run =
         runKvprint({script, standardInput},
-                   {"{\"cmd\":\"view\"}\n" + openLine(u"tape"_qs) + "\n\n{\"cmd\":\"view\"}\n"});
+                   {"{\"cmd\":\"view\"}\n" + openLine(u"tape"_s) + "\n\n{\"cmd\":\"view\"}\n"});
     QCOMPARE(run.status, 4);
     QCOMPARE(successes(run), QList<bool>({false, true, false, true}));
 }
@@ -151,8 +151,8 @@ void tst_scriptprogram::lineEnds()
 {
     QFETCH(const QByteArray, between);
     QFETCH(const QByteArray, last);
-    const ProgramRun run = runKvprint(
-        {script, standardInput}, {openLine(u"tape"_qs) + between + R"({"cmd":"view"})" + last});
+    const ProgramRun run = runKvprint({script, standardInput},
+                                      {openLine(u"tape"_s) + between + R"({"cmd":"view"})" + last});
     QCOMPARE(run.status, 0);
     QCOMPARE(successes(run), QList<bool>({true, true}));
     QVERIFY(run.output.endsWith(u'\n'));
@@ -169,7 +169,7 @@ void tst_scriptprogram::emptyScript()
 void tst_scriptprogram::linesOfAnyBytes()
 {
     ProgramTalk talk;
-    talk.ask(openLine(u"tape"_qs));
+    talk.ask(openLine(u"tape"_s));
     for (const QByteArray &line :
          {QByteArray("\0", 1), QByteArray("\0{\"cmd\":\"close\"}", 16),
           QByteArray("{\"cmd\":\"close\"}\0x", 17), QByteArray("\xff\xfe\x80"),
@@ -182,17 +182,17 @@ void tst_scriptprogram::linesOfAnyBytes()
 
 void tst_scriptprogram::scriptThatCannotBeRead()
 {
-    const QString missing = mSite.path(u"missing.jsonl"_qs);
+    const QString missing = mSite.path(u"missing.jsonl"_s);
     const QString folder = QFileInfo(missing).path();
     const std::pair<QString, QString> faults[] = {
-        {missing, missing + u": No such file or directory"_qs},
-        {folder, folder + u": Is a directory"_qs},
+        {missing, missing + u": No such file or directory"_s},
+        {folder, folder + u": Is a directory"_s},
     };
     for (const auto &[file, fault] : faults) {
         const ProgramRun run = runKvprint({script, file});
         QCOMPARE(run.status, 3);
         QCOMPARE(run.output, QString());
-        QVERIFY2(run.errors.contains(u"kvprint: "_qs + fault), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(u"kvprint: "_s + fault), qPrintable(run.errors));
     }
 }
 
@@ -201,14 +201,14 @@ void tst_scriptprogram::readerThatGoesAway()
     // More answers than any pipe holds.
     const QByteArray state = "{\"cmd\":\"state\"}\n";
     const QString file =
-        mSite.file(u"states.jsonl"_qs, openLine(u"tape"_qs) + '\n' + state.repeated(1000));
-    const QString line = u"{ %1'%2' --script '%3'; echo status $? >&2; } | head -n 1"_qs;
+        mSite.file(u"states.jsonl"_s, openLine(u"tape"_s) + '\n' + state.repeated(1000));
+    const QString line = u"{ %1'%2' --script '%3'; echo status $? >&2; } | head -n 1"_s;
     const QString program = QStringLiteral(KV_PRINT_PROGRAM);
     const ProgramRun ended = runInShell(line.arg(QString(), program, file));
     QCOMPARE(successes(ended), QList<bool>{true});
-    QVERIFY2(ended.errors.endsWith(u"status %1\n"_qs.arg(128 + SIGPIPE)), qPrintable(ended.errors));
+    QVERIFY2(ended.errors.endsWith(u"status %1\n"_s.arg(128 + SIGPIPE)), qPrintable(ended.errors));
     // Some environments let their programs ignore the signal.
-    const ProgramRun told = runInShell(line.arg(u"trap '' PIPE; "_qs, program, file));
+    const ProgramRun told = runInShell(line.arg(u"trap '' PIPE; "_s, program, file));
     QCOMPARE(successes(told), QList<bool>{true});
     QVERIFY2(told.errors.endsWith(
                  u"kvprint: standard output cannot be written: Broken pipe\nstatus 3\n"),
@@ -217,9 +217,9 @@ void tst_scriptprogram::readerThatGoesAway()
 
 void tst_scriptprogram::answersThatCannotBeWritten()
 {
-    const QString file = mSite.file(u"keys.jsonl"_qs, openLine(u"tape"_qs) + '\n');
+    const QString file = mSite.file(u"keys.jsonl"_s, openLine(u"tape"_s) + '\n');
     const ProgramRun run = runInShell(
-        u"exec '%1' --script '%2' > /dev/full"_qs.arg(QStringLiteral(KV_PRINT_PROGRAM), file));
+        u"exec '%1' --script '%2' > /dev/full"_s.arg(QStringLiteral(KV_PRINT_PROGRAM), file));
     QCOMPARE(run.status, 3);
     QVERIFY2(
         run.errors.contains(u"kvprint: standard output cannot be written: No space left on device"),
@@ -228,56 +228,56 @@ void tst_scriptprogram::answersThatCannotBeWritten()
 
 void tst_scriptprogram::defaultPPD()
 {
-    ProgramTalk talk({u"--ppd"_qs, PrintingSite::ppdPath(u"label"_qs)}, {noScheduler});
+    ProgramTalk talk({u"--ppd"_s, PrintingSite::ppdPath(u"label"_s)}, {noScheduler});
     QCOMPARE(talk.ask(R"({"cmd":"open"})").value(u"isRV"), QJsonValue(true));
     talk.ask(R"({"cmd":"close"})");
-    QCOMPARE(talk.ask(openLine(u"tape"_qs)).value(u"isRV"), QJsonValue(false));
+    QCOMPARE(talk.ask(openLine(u"tape"_s)).value(u"isRV"), QJsonValue(false));
     QCOMPARE(talk.end(), 0);
 
-    const QString missing = mSite.path(u"missing.ppd"_qs);
-    ProgramTalk wrong({u"--ppd"_qs, missing});
-    QCOMPARE(errorOf(wrong.ask(R"({"cmd":"open"})")), missing + u": No such file or directory"_qs);
+    const QString missing = mSite.path(u"missing.ppd"_s);
+    ProgramTalk wrong({u"--ppd"_s, missing});
+    QCOMPARE(errorOf(wrong.ask(R"({"cmd":"open"})")), missing + u": No such file or directory"_s);
     QCOMPARE(wrong.end(), 4);
 }
 
 void tst_scriptprogram::defaultPrinter()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvMirror=ON\n"));
-    ProgramTalk talk({u"-d"_qs, u"tape"_qs});
+    ProgramTalk talk({u"-d"_s, u"tape"_s});
     QVERIFY(isOK(talk.ask(R"({"cmd":"open"})")));
     const QJsonObject state = talk.ask(R"({"cmd":"state"})");
-    QCOMPARE(state.value(u"marks")[u"KvMirror"], QJsonValue(u"ON"_qs));
+    QCOMPARE(state.value(u"marks")[u"KvMirror"], QJsonValue(u"ON"_s));
     QCOMPARE(talk.end(), 0);
 
     ProgramTalk none;
     QCOMPARE(errorOf(none.ask(R"({"cmd":"open"})")),
-             u"\"open\" needs either \"ppd\" or \"printer\""_qs);
+             u"\"open\" needs either \"ppd\" or \"printer\""_s);
 }
 
 void tst_scriptprogram::noDisplayIsNeeded_data()
 {
     QTest::addColumn<QStringList>("variables");
-    const QString display = u"DISPLAY"_qs;
-    const QString wayland = u"WAYLAND_DISPLAY"_qs;
-    const QString platform = u"QT_QPA_PLATFORM"_qs;
+    const QString display = u"DISPLAY"_s;
+    const QString wayland = u"WAYLAND_DISPLAY"_s;
+    const QString platform = u"QT_QPA_PLATFORM"_s;
     QTest::newRow("no display") << QStringList{display, wayland, platform};
-    QTest::newRow("the user's wish for X") << QStringList{display, wayland, platform + u"=xcb"_qs};
-    QTest::newRow("a display that is gone") << QStringList{
-        display + u"=:4711"_qs, wayland + u"=gone"_qs, platform + u"=wayland;xcb"_qs};
-    QTest::newRow("an unknown platform") << QStringList{platform + u"=frobnicate"_qs};
+    QTest::newRow("the user's wish for X") << QStringList{display, wayland, platform + u"=xcb"_s};
+    QTest::newRow("a display that is gone")
+        << QStringList{display + u"=:4711"_s, wayland + u"=gone"_s, platform + u"=wayland;xcb"_s};
+    QTest::newRow("an unknown platform") << QStringList{platform + u"=frobnicate"_s};
 }
 
 void tst_scriptprogram::noDisplayIsNeeded()
 {
     QFETCH(const QStringList, variables);
-    const QByteArray lines = openLine(u"tape"_qs) + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n";
+    const QByteArray lines = openLine(u"tape"_s) + "\n{\"cmd\":\"view\"}\n{\"cmd\":\"show\"}\n";
     const ProgramRun run = runKvprint({script, standardInput}, {lines, variables});
     QCOMPARE(run.status, 0);
     QCOMPARE(successes(run), QList<bool>(3, true));
-    const QStringList onPPD{u"--ppd"_qs, PrintingSite::ppdPath(u"tape"_qs)};
-    const QStringList picture{u"--screenshot"_qs, mSite.path(u"panel.png"_qs)};
-    const QStringList dryRun{u"--dry-run"_qs, mSite.document()};
-    for (const QStringList &action : {picture, dryRun, QStringList{u"--list"_qs}}) {
+    const QStringList onPPD{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
+    const QStringList picture{u"--screenshot"_s, mSite.path(u"panel.png"_s)};
+    const QStringList dryRun{u"--dry-run"_s, mSite.document()};
+    for (const QStringList &action : {picture, dryRun, QStringList{u"--list"_s}}) {
         QCOMPARE(runKvprint(onPPD + action, {{}, variables}).status, 0);
     }
 }
@@ -285,19 +285,19 @@ void tst_scriptprogram::noDisplayIsNeeded()
 void tst_scriptprogram::lengthsArePointsInAnyFont()
 {
     const auto shown = [](const QString &dpi) {
-        ProgramTalk talk({}, {u"QT_FONT_DPI="_qs + dpi});
-        talk.ask(openLine(u"all"_qs));
+        ProgramTalk talk({}, {u"QT_FONT_DPI="_s + dpi});
+        talk.ask(openLine(u"all"_s));
         const QJsonObject view = talk.ask(R"({"cmd":"view"})");
         talk.ask(R"({"cmd":"show"})");
         return compact(view) + compact(talk.ask(R"({"cmd":"state"})"));
     };
-    QCOMPARE(shown(u"240"_qs), shown(u"96"_qs));
+    QCOMPARE(shown(u"240"_s), shown(u"96"_s));
 }
 
 void tst_scriptprogram::alertGoesToTheAnswerAlone()
 {
     const QByteArray open = R"({"cmd":"open","paper":"HS12x100","ppd":)" +
-                            compact(PrintingSite::ppdPath(u"follow"_qs)) + '}';
+                            compact(PrintingSite::ppdPath(u"follow"_s)) + '}';
     const QByteArray click = R"({"cmd":"click","control":"mCutEveryChkBx"})"
                              "\n";
     const ProgramRun run =

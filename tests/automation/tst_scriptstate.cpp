@@ -5,30 +5,30 @@
 #include <QTest>
 
 namespace {
-const QJsonObject keysAsTexts{{u"locale"_qs, u"none"_qs}};
+const QJsonObject keysAsTexts{{u"locale"_s, u"none"_s}};
 
 /// Everything about a check box that is shown and can be used.
 QJsonObject shownBox(int y, bool isOn, const QString &title)
 {
-    return {{u"hidden"_qs, false},
-            {u"enabled"_qs, true},
-            {u"x"_qs, 20},
-            {u"y"_qs, y},
-            {u"width"_qs, 260},
-            {u"height"_qs, 22},
-            {u"state"_qs, int(isOn)},
-            {u"title"_qs, title}};
+    return {{u"hidden"_s, false},
+            {u"enabled"_s, true},
+            {u"x"_s, 20},
+            {u"y"_s, y},
+            {u"width"_s, 260},
+            {u"height"_s, 22},
+            {u"state"_s, int(isOn)},
+            {u"title"_s, title}};
 }
 
 /// Everything about another control that is shown and can be used.
 QJsonObject shownControl(const QRect &frame, QJsonObject details = {})
 {
-    details.insert(u"hidden"_qs, false);
-    details.insert(u"enabled"_qs, true);
-    details.insert(u"x"_qs, frame.x());
-    details.insert(u"y"_qs, frame.y());
-    details.insert(u"width"_qs, frame.width());
-    details.insert(u"height"_qs, frame.height());
+    details.insert(u"hidden"_s, false);
+    details.insert(u"enabled"_s, true);
+    details.insert(u"x"_s, frame.x());
+    details.insert(u"y"_s, frame.y());
+    details.insert(u"width"_s, frame.width());
+    details.insert(u"height"_s, frame.height());
     return details;
 }
 
@@ -44,17 +44,16 @@ QJsonArray numbers(const QList<int> &values)
 QJsonObject popup(const QList<int> &tags, const QJsonValue &selected,
                   const QList<int> &disabled = {})
 {
-    return {{u"tags"_qs, numbers(tags)},
-            {u"selected"_qs, selected},
-            {u"disabled"_qs, numbers(disabled)}};
+    return {
+        {u"tags"_s, numbers(tags)}, {u"selected"_s, selected}, {u"disabled"_s, numbers(disabled)}};
 }
 
 /// The fields of the panel that hold a selection.
-const QStringList fields{u"mAutoCut_CutEvery_Selection"_qs, u"mAutoCut_Selection"_qs,
-                         u"mChainPrint_Selection"_qs,       u"mCutEnd_Selection"_qs,
-                         u"mCutEvery_Selection"_qs,         u"mCutMark_Selection"_qs,
-                         u"mHalfCut_Selection"_qs,          u"mMirror_Selection"_qs,
-                         u"mRemoveBlkSpace_Selection"_qs,   u"mSpecialTape_Selection"_qs};
+const QStringList fields{u"mAutoCut_CutEvery_Selection"_s, u"mAutoCut_Selection"_s,
+                         u"mChainPrint_Selection"_s,       u"mCutEnd_Selection"_s,
+                         u"mCutEvery_Selection"_s,         u"mCutMark_Selection"_s,
+                         u"mHalfCut_Selection"_s,          u"mMirror_Selection"_s,
+                         u"mRemoveBlkSpace_Selection"_s,   u"mSpecialTape_Selection"_s};
 
 /// Selections of which all are null but these, "FIELD=CHOICE".
 QJsonObject selections(const QStringList &others)
@@ -64,7 +63,7 @@ QJsonObject selections(const QStringList &others)
         selections.insert(field, QJsonValue());
     }
     for (const QString &other : others) {
-        selections.insert(other.section(u'=', 0, 0) + u"_Selection"_qs, other.section(u'=', 1));
+        selections.insert(other.section(u'=', 0, 0) + u"_Selection"_s, other.section(u'=', 1));
     }
     return selections;
 }
@@ -84,10 +83,10 @@ QJsonObject marks(const QString &text)
 
 QJsonObject flags(int tapeState, int autoCutBox, int isShown, int usb = 0)
 {
-    return {{u"mTapeState"_qs, tapeState},
-            {u"mAutoCutHideKey_dec"_qs, autoCutBox},
-            {u"set_formatSetting"_qs, isShown},
-            {u"usb_dec"_qs, usb}};
+    return {{u"mTapeState"_s, tapeState},
+            {u"mAutoCutHideKey_dec"_s, autoCutBox},
+            {u"set_formatSetting"_s, isShown},
+            {u"usb_dec"_s, usb}};
 }
 
 const QString defaultMarksOfAll =
@@ -96,7 +95,7 @@ const QString defaultMarksOfAll =
 
 QJsonObject sized(int width, int height)
 {
-    return {{u"width"_qs, width}, {u"height"_qs, height}};
+    return {{u"width"_s, width}, {u"height"_s, height}};
 }
 } // namespace
 
@@ -126,28 +125,28 @@ private Q_SLOTS:
 void tst_scriptstate::beforeTheView()
 {
     ScriptTalk talk;
-    talk.open(u"all"_qs);
-    const QJsonObject expected{{u"view"_qs, QJsonValue()},
-                               {u"controls"_qs, QJsonObject()},
-                               {u"popup"_qs, popup({}, QJsonValue())},
-                               {u"selections"_qs, selections({})},
-                               {u"marks"_qs, marks(defaultMarksOfAll)},
-                               {u"flags"_qs, flags(0, 1, 0)},
-                               {u"preview"_qs, QJsonValue()}};
+    talk.open(u"all"_s);
+    const QJsonObject expected{{u"view"_s, QJsonValue()},
+                               {u"controls"_s, QJsonObject()},
+                               {u"popup"_s, popup({}, QJsonValue())},
+                               {u"selections"_s, selections({})},
+                               {u"marks"_s, marks(defaultMarksOfAll)},
+                               {u"flags"_s, flags(0, 1, 0)},
+                               {u"preview"_s, QJsonValue()}};
     QCOMPARE(compact(talk.state()), compact(expected));
 }
 
 void tst_scriptstate::viewThatHasNotBeenShown()
 {
     ScriptTalk talk;
-    talk.open(u"all"_qs);
+    talk.open(u"all"_s);
     talk.ask("view");
     const QJsonObject state = talk.state();
     QCOMPARE(compact(state.value(u"view")), compact(sized(550, 292)));
     QCOMPARE(compact(state.value(u"popup")), compact(popup({4, 7, 9, 11, 13, 14, 15, 16, 17}, 4)));
     QCOMPARE(compact(state.value(u"selections")), compact(selections({})));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 1, 0)));
-    QCOMPARE(state.value(u"preview").toString(), u"AHCMOffOffOffOff"_qs);
+    QCOMPARE(state.value(u"preview").toString(), u"AHCMOffOffOffOff"_s);
     QCOMPARE(state.value(u"controls").toObject().size(), 13);
     QCOMPARE(talk.box("mCutEveryChkBx"), 0);
 }
@@ -155,28 +154,28 @@ void tst_scriptstate::viewThatHasNotBeenShown()
 void tst_scriptstate::allNineOptions()
 {
     ScriptTalk talk;
-    talk.show(u"all"_qs, keysAsTexts);
+    talk.show(u"all"_s, keysAsTexts);
     const QJsonObject state = talk.state();
-    QCOMPARE(state.keys(), QStringList({u"controls"_qs, u"flags"_qs, u"marks"_qs, u"popup"_qs,
-                                        u"preview"_qs, u"selections"_qs, u"view"_qs}));
+    QCOMPARE(state.keys(), QStringList({u"controls"_s, u"flags"_s, u"marks"_s, u"popup"_s,
+                                        u"preview"_s, u"selections"_s, u"view"_s}));
     QCOMPARE(compact(state.value(u"view")), compact(sized(550, 292)));
 
     // The cut marks' row begins 38 points below the top, each row takes 26, cut every takes two.
     const QJsonObject controls{
-        {u"mCutMarkChkBx"_qs, shownBox(254, false, u"Cut Mark"_qs)},
-        {u"mCutEveryChkBx"_qs, shownBox(228, true, u"Cut Every"_qs)},
-        {u"mCutEveryTxBx"_qs, shownControl({44, 198, 56, 26}, {{u"text"_qs, u"1"_qs}})},
-        {u"mCutEveryStpr"_qs, shownControl({102, 197, 20, 28}, {{u"value"_qs, 1}})},
-        {u"mCutEveryStr"_qs, shownControl({128, 204, 150, 22},
-                                          {{u"title"_qs, u"RS_Labels"_qs}, {u"dimmed"_qs, false}})},
-        {u"mAutoCutChkBx"_qs, shownBox(176, false, u"Auto Cut"_qs)},
-        {u"mCutAndEndChkBx"_qs, shownBox(150, false, u"Cut at End"_qs)},
-        {u"mHalfCutChkBx"_qs, shownBox(124, false, u"Half Cut"_qs)},
-        {u"mSpecialTapeChkBx"_qs, shownBox(98, false, u"Special Tape"_qs)},
-        {u"mChainPrintChkBx"_qs, shownBox(72, false, u"Chain Printing"_qs)},
-        {u"mMirrorPrintChkBx"_qs, shownBox(46, false, u"Mirror Printing"_qs)},
-        {u"mRemoveBlkSpaceChkBx"_qs, shownBox(20, false, u"Remove Blank Space"_qs)},
-        {u"mOptionPopUpButton"_qs, shownControl({290, 254, 240, 26})},
+        {u"mCutMarkChkBx"_s, shownBox(254, false, u"Cut Mark"_s)},
+        {u"mCutEveryChkBx"_s, shownBox(228, true, u"Cut Every"_s)},
+        {u"mCutEveryTxBx"_s, shownControl({44, 198, 56, 26}, {{u"text"_s, u"1"_s}})},
+        {u"mCutEveryStpr"_s, shownControl({102, 197, 20, 28}, {{u"value"_s, 1}})},
+        {u"mCutEveryStr"_s,
+         shownControl({128, 204, 150, 22}, {{u"title"_s, u"RS_Labels"_s}, {u"dimmed"_s, false}})},
+        {u"mAutoCutChkBx"_s, shownBox(176, false, u"Auto Cut"_s)},
+        {u"mCutAndEndChkBx"_s, shownBox(150, false, u"Cut at End"_s)},
+        {u"mHalfCutChkBx"_s, shownBox(124, false, u"Half Cut"_s)},
+        {u"mSpecialTapeChkBx"_s, shownBox(98, false, u"Special Tape"_s)},
+        {u"mChainPrintChkBx"_s, shownBox(72, false, u"Chain Printing"_s)},
+        {u"mMirrorPrintChkBx"_s, shownBox(46, false, u"Mirror Printing"_s)},
+        {u"mRemoveBlkSpaceChkBx"_s, shownBox(20, false, u"Remove Blank Space"_s)},
+        {u"mOptionPopUpButton"_s, shownControl({290, 254, 240, 26})},
     };
     const QJsonObject found = state.value(u"controls").toObject();
     QCOMPARE(found.keys(), controls.keys());
@@ -184,20 +183,20 @@ void tst_scriptstate::allNineOptions()
         QCOMPARE(compact(found.value(it.key())), compact(it.value()));
     }
     QCOMPARE(compact(state.value(u"popup")), compact(popup({4, 7, 9, 11, 13, 14, 15, 16, 17}, 17)));
-    QCOMPARE(compact(state.value(u"selections")),
-             compact(selections({u"mAutoCut=OFF"_qs, u"mChainPrint=OFF"_qs, u"mCutEnd=OFF"_qs,
-                                 u"mCutEvery=1"_qs, u"mCutMark=OFF"_qs, u"mHalfCut=OFF"_qs,
-                                 u"mMirror=OFF"_qs, u"mRemoveBlkSpace=OFF"_qs,
-                                 u"mSpecialTape=OFF"_qs})));
+    QCOMPARE(
+        compact(state.value(u"selections")),
+        compact(selections({u"mAutoCut=OFF"_s, u"mChainPrint=OFF"_s, u"mCutEnd=OFF"_s,
+                            u"mCutEvery=1"_s, u"mCutMark=OFF"_s, u"mHalfCut=OFF"_s,
+                            u"mMirror=OFF"_s, u"mRemoveBlkSpace=OFF"_s, u"mSpecialTape=OFF"_s})));
     QCOMPARE(compact(state.value(u"marks")), compact(marks(defaultMarksOfAll)));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 1, 1)));
-    QCOMPARE(state.value(u"preview").toString(), u"AHCMOnOffOffOff"_qs);
+    QCOMPARE(state.value(u"preview").toString(), u"AHCMOnOffOffOff"_s);
 }
 
 void tst_scriptstate::threeOptionsOfALabelPrinter()
 {
     ScriptTalk talk;
-    talk.show(u"label"_qs);
+    talk.show(u"label"_s);
     const QJsonObject state = talk.state();
     QCOMPARE(compact(state.value(u"view")), compact(sized(550, 150)));
     const std::pair<const char *, int> rows[] = {
@@ -211,17 +210,17 @@ void tst_scriptstate::threeOptionsOfALabelPrinter()
     }
     QCOMPARE(compact(state.value(u"popup")), compact(popup({1, 2, 3, 4}, 3)));
     QCOMPARE(compact(state.value(u"selections")),
-             compact(selections({u"mCutEnd=OFF"_qs, u"mCutEvery=1"_qs, u"mMirror=OFF"_qs})));
+             compact(selections({u"mCutEnd=OFF"_s, u"mCutEvery=1"_s, u"mMirror=OFF"_s})));
     QCOMPARE(compact(state.value(u"marks")),
-             compact(marks(u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF"_qs)));
+             compact(marks(u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF"_s)));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 0, 1)));
-    QCOMPARE(state.value(u"preview").toString(), u"EveryEndMirrorOnOffOff"_qs);
+    QCOMPARE(state.value(u"preview").toString(), u"EveryEndMirrorOnOffOff"_s);
 }
 
 void tst_scriptstate::hiddenControlsAreTold()
 {
     ScriptTalk talk;
-    talk.show(u"mark"_qs);
+    talk.show(u"mark"_s);
     const QJsonObject controls = talk.state("controls").toObject();
     QStringList shown;
     for (auto it = controls.begin(); it != controls.end(); ++it) {
@@ -230,20 +229,20 @@ void tst_scriptstate::hiddenControlsAreTold()
         }
     }
     QCOMPARE(controls.size(), 13);
-    QCOMPARE(shown, QStringList({u"mAutoCutChkBx"_qs, u"mChainPrintChkBx"_qs, u"mCutMarkChkBx"_qs,
-                                 u"mMirrorPrintChkBx"_qs, u"mOptionPopUpButton"_qs}));
+    QCOMPARE(shown, QStringList({u"mAutoCutChkBx"_s, u"mChainPrintChkBx"_s, u"mCutMarkChkBx"_s,
+                                 u"mMirrorPrintChkBx"_s, u"mOptionPopUpButton"_s}));
 }
 
 void tst_scriptstate::cutEveryOff()
 {
     ScriptTalk talk;
-    talk.show(u"all"_qs);
+    talk.show(u"all"_s);
     talk.click("mCutEveryChkBx");
     QCOMPARE(talk.box("mCutEveryChkBx"), 0);
     QCOMPARE(talk.state("controls.mCutEveryTxBx.enabled"), QJsonValue(false));
     QCOMPARE(talk.state("controls.mCutEveryStpr.enabled"), QJsonValue(false));
     QCOMPARE(talk.state("controls.mCutEveryStr.dimmed"), QJsonValue(true));
-    QCOMPARE(talk.state("controls.mCutEveryStr.title"), QJsonValue(u"labels"_qs));
+    QCOMPARE(talk.state("controls.mCutEveryStr.title"), QJsonValue(u"labels"_s));
     talk.click("mCutEveryChkBx");
     QCOMPARE(talk.state("controls.mCutEveryTxBx.enabled"), QJsonValue(true));
     QCOMPARE(talk.state("controls.mCutEveryStpr.enabled"), QJsonValue(true));
@@ -253,36 +252,35 @@ void tst_scriptstate::cutEveryOff()
 void tst_scriptstate::cutEveryDrivesAutoCut()
 {
     ScriptTalk talk;
-    talk.show(u"follow"_qs);
+    talk.show(u"follow"_s);
     talk.click("mCutEveryChkBx");
-    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"OFF"_qs));
-    QCOMPARE(talk.state("selections.mAutoCut_CutEvery_Selection"), QJsonValue(u"OFF"_qs));
+    QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"OFF"_s));
+    QCOMPARE(talk.state("selections.mAutoCut_CutEvery_Selection"), QJsonValue(u"OFF"_s));
     talk.click("mCutEveryChkBx");
-    talk.ask("type", {{u"text"_qs, u"12"_qs}});
+    talk.ask("type", {{u"text"_s, u"12"_s}});
     const QJsonObject state = talk.state();
     QCOMPARE(compact(state.value(u"marks")),
              compact(marks(u"KvCutLabel=12 KvMirror=OFF KvAutoTapeCut=ON KvHalfCut=OFF "
-                           "KvChainPrint=OFF"_qs)));
-    QCOMPARE(
-        compact(state.value(u"selections")),
-        compact(selections({u"mAutoCut=ON"_qs, u"mAutoCut_CutEvery=ON"_qs, u"mChainPrint=OFF"_qs,
-                            u"mCutEvery=12"_qs, u"mHalfCut=OFF"_qs, u"mMirror=OFF"_qs})));
+                           "KvChainPrint=OFF"_s)));
+    QCOMPARE(compact(state.value(u"selections")),
+             compact(selections({u"mAutoCut=ON"_s, u"mAutoCut_CutEvery=ON"_s, u"mChainPrint=OFF"_s,
+                                 u"mCutEvery=12"_s, u"mHalfCut=OFF"_s, u"mMirror=OFF"_s})));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 0, 1)));
-    QCOMPARE(talk.state("controls.mCutEveryTxBx.text"), QJsonValue(u"12"_qs));
+    QCOMPARE(talk.state("controls.mCutEveryTxBx.text"), QJsonValue(u"12"_s));
     QCOMPARE(talk.state("controls.mCutEveryStpr.value"), QJsonValue(12));
 }
 
 void tst_scriptstate::presetsThatThePaperForbids()
 {
     ScriptTalk talk;
-    talk.show(u"tape"_qs);
+    talk.show(u"tape"_s);
     QCOMPARE(compact(talk.state("popup")), compact(popup({5, 6, 7, 8, 9, 10, 11, 12, 13}, 9)));
-    talk.paper(u"FL21x45"_qs);
+    talk.paper(u"FL21x45"_s);
     QCOMPARE(compact(talk.state("popup")),
              compact(popup({5, 6, 7, 8, 9, 10, 11, 12, 13}, 9, {6, 7, 8, 10, 11, 12, 13})));
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(false));
     QCOMPARE(talk.state("controls.mAutoCutChkBx.enabled"), QJsonValue(true));
-    talk.paper(u"T24x100"_qs);
+    talk.paper(u"T24x100"_s);
     QCOMPARE(compact(talk.state("popup")), compact(popup({5, 6, 7, 8, 9, 10, 11, 12, 13}, 9)));
 }
 
@@ -290,12 +288,12 @@ void tst_scriptstate::tapeStateOfThePaper_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<int>("tapeState");
-    QTest::newRow("tape") << u"T12x100"_qs << 0;
-    QTest::newRow("shrink tube") << u"HS6x100"_qs << 0;
-    QTest::newRow("flag") << u"FL21x45"_qs << 1;
-    QTest::newRow("die-cut") << u"DC24x24"_qs << 1;
-    QTest::newRow("address") << u"AV20x80"_qs << 1;
-    QTest::newRow("continuous") << u"C_12"_qs << 1;
+    QTest::newRow("tape") << u"T12x100"_s << 0;
+    QTest::newRow("shrink tube") << u"HS6x100"_s << 0;
+    QTest::newRow("flag") << u"FL21x45"_s << 1;
+    QTest::newRow("die-cut") << u"DC24x24"_s << 1;
+    QTest::newRow("address") << u"AV20x80"_s << 1;
+    QTest::newRow("continuous") << u"C_12"_s << 1;
 }
 
 void tst_scriptstate::tapeStateOfThePaper()
@@ -303,7 +301,7 @@ void tst_scriptstate::tapeStateOfThePaper()
     QFETCH(const QString, paper);
     QFETCH(const int, tapeState);
     ScriptTalk talk;
-    talk.show(u"all"_qs, {{u"paper"_qs, paper}});
+    talk.show(u"all"_s, {{u"paper"_s, paper}});
     QCOMPARE(compact(talk.state("flags")), compact(flags(tapeState, 1, 1)));
     QCOMPARE(talk.state("controls.mRemoveBlkSpaceChkBx.enabled"), QJsonValue(tapeState == 0));
 }
@@ -314,16 +312,16 @@ void tst_scriptstate::pictureOfTheStrip_data()
     QTest::addColumn<QStringList>("clicks");
     QTest::addColumn<QString>("picture");
     QTest::newRow("half cut, mirrored")
-        << u"tape"_qs << QStringList{u"mHalfCutChkBx"_qs, u"mMirrorPrintChkBx"_qs}
-        << u"AHCMOnOnOffOn"_qs;
-    QTest::newRow("special tape") << u"tape"_qs << QStringList{u"mSpecialTapeChkBx"_qs}
-                                  << u"SPMROnOff"_qs;
+        << u"tape"_s << QStringList{u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s}
+        << u"AHCMOnOnOffOn"_s;
+    QTest::newRow("special tape") << u"tape"_s << QStringList{u"mSpecialTapeChkBx"_s}
+                                  << u"SPMROnOff"_s;
     QTest::newRow("chain printing without cuts")
-        << u"mark"_qs << QStringList{u"mChainPrintChkBx"_qs} << u"AHCMOffOffOnOff"_qs;
+        << u"mark"_s << QStringList{u"mChainPrintChkBx"_s} << u"AHCMOffOffOnOff"_s;
     QTest::newRow("labels, cut at end, mirrored")
-        << u"label"_qs
-        << QStringList{u"mCutEveryChkBx"_qs, u"mCutAndEndChkBx"_qs, u"mMirrorPrintChkBx"_qs}
-        << u"EveryEndMirrorOffOnOn"_qs;
+        << u"label"_s
+        << QStringList{u"mCutEveryChkBx"_s, u"mCutAndEndChkBx"_s, u"mMirrorPrintChkBx"_s}
+        << u"EveryEndMirrorOffOnOn"_s;
 }
 
 void tst_scriptstate::pictureOfTheStrip()
@@ -343,7 +341,7 @@ void tst_scriptstate::missingOutlets()
 {
     const BundleFolder bundles;
     QVERIFY(bundles.add());
-    const QString nib = u"Contents/Resources/OptionPDE.ui"_qs;
+    const QString nib = u"Contents/Resources/OptionPDE.ui"_s;
     QFile file(bundles.path(nib));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QByteArray form = file.readAll();
@@ -352,13 +350,13 @@ void tst_scriptstate::missingOutlets()
     }
     QVERIFY(bundles.overwrite(nib, form));
     ScriptTalk talk(bundles.path());
-    talk.show(u"all"_qs);
+    talk.show(u"all"_s);
     const QJsonObject state = talk.state();
     const QStringList controls = state.value(u"controls").toObject().keys();
     QCOMPARE(controls.size(), 10);
-    QVERIFY(!controls.contains(u"mHalfCutChkBx"_qs));
+    QVERIFY(!controls.contains(u"mHalfCutChkBx"_s));
     QCOMPARE(compact(state.value(u"popup")), compact(popup({}, QJsonValue())));
-    QCOMPARE(talk.ask("preset", {{u"tag"_qs, 17}}).value(u"delivered"), QJsonValue(false));
+    QCOMPARE(talk.ask("preset", {{u"tag"_s, 17}}).value(u"delivered"), QJsonValue(false));
     QCOMPARE(talk.click("mHalfCutChkBx").value(u"delivered"), QJsonValue(false));
 }
 
@@ -366,10 +364,10 @@ void tst_scriptstate::missingPicture()
 {
     const BundleFolder bundles;
     QVERIFY(bundles.add());
-    QVERIFY(bundles.remove(u"Contents/Resources/AHCMOnOnOffOff.png"_qs));
+    QVERIFY(bundles.remove(u"Contents/Resources/AHCMOnOnOffOff.png"_s));
     ScriptTalk talk(bundles.path());
-    talk.show(u"tape"_qs);
-    QCOMPARE(talk.state("preview").toString(), u"AHCMOnOffOffOff"_qs);
+    talk.show(u"tape"_s);
+    QCOMPARE(talk.state("preview").toString(), u"AHCMOnOffOffOff"_s);
     talk.click("mHalfCutChkBx");
     QVERIFY(talk.state("preview").isNull());
 }
@@ -377,7 +375,7 @@ void tst_scriptstate::missingPicture()
 void tst_scriptstate::stateChangesNothing()
 {
     ScriptTalk talk;
-    talk.show(u"all"_qs);
+    talk.show(u"all"_s);
     const QByteArray first = compact(talk.state());
     for (int i = 0; i < 3; ++i) {
         const QJsonObject again = talk.ask("state");

@@ -20,7 +20,7 @@ public:
     QString description() const
     {
         ++mTimes;
-        return u"described"_qs;
+        return u"described"_s;
     }
     int times() const { return mTimes; }
 
@@ -65,10 +65,10 @@ private Q_SLOTS:
 
 void DebugLogTest::printsALine()
 {
-    QCOMPARE(onStandardError(0, u"%@: %d of %s"_qs, u"Größe"_qs, 3, "five"),
+    QCOMPARE(onStandardError(0, u"%@: %d of %s"_s, u"Größe"_s, 3, "five"),
              QByteArray("DEBUG: Gr\xc3\xb6\xc3\x9f"
                         "e: 3 of five\n"));
-    QCOMPARE(onDescriptor(0, u"%@: %d of %s"_qs, u"Größe"_qs, 3, "five"),
+    QCOMPARE(onDescriptor(0, u"%@: %d of %s"_s, u"Größe"_s, 3, "five"),
              QByteArray("Gr\xc3\xb6\xc3\x9f"
                         "e: 3 of five\n"));
 }
@@ -90,18 +90,18 @@ void DebugLogTest::printsFromLevelZeroDown()
 {
     QFETCH(qint32, level);
     QFETCH(bool, prints);
-    QCOMPARE(onStandardError(level, u"text"_qs),
+    QCOMPARE(onStandardError(level, u"text"_s),
              prints ? QByteArray("DEBUG: text\n") : QByteArray());
-    QCOMPARE(onDescriptor(level, u"text"_qs), prints ? QByteArray("text\n") : QByteArray());
+    QCOMPARE(onDescriptor(level, u"text"_s), prints ? QByteArray("text\n") : QByteArray());
 }
 
 void DebugLogTest::describesNothingWhenItPrintsNothing()
 {
     const Counted object;
-    onStandardError(1, u"%@"_qs, &object);
-    onDescriptor(1, u"%@"_qs, &object);
+    onStandardError(1, u"%@"_s, &object);
+    onDescriptor(1, u"%@"_s, &object);
     QCOMPARE(object.times(), 0);
-    QCOMPARE(onStandardError(0, u"%@"_qs, &object), QByteArray("DEBUG: described\n"));
+    QCOMPARE(onStandardError(0, u"%@"_s, &object), QByteArray("DEBUG: described\n"));
     QCOMPARE(object.times(), 1);
 }
 
@@ -112,15 +112,15 @@ void DebugLogTest::texts_data()
 
     const QChar high(0xd83d);
     const QChar low(0xde00);
-    QTest::newRow("empty") << u""_qs << QByteArray();
-    QTest::newRow("percent signs") << u"100% %s %@ %n %%"_qs << QByteArray("100% %s %@ %n %%");
-    QTest::newRow("newlines") << u"\none\n\ntwo\n"_qs << QByteArray("\none\n\ntwo\n");
-    QTest::newRow("kana") << u"あ"_qs << QByteArray("\xe3\x81\x82");
+    QTest::newRow("empty") << u""_s << QByteArray();
+    QTest::newRow("percent signs") << u"100% %s %@ %n %%"_s << QByteArray("100% %s %@ %n %%");
+    QTest::newRow("newlines") << u"\none\n\ntwo\n"_s << QByteArray("\none\n\ntwo\n");
+    QTest::newRow("kana") << u"あ"_s << QByteArray("\xe3\x81\x82");
     QTest::newRow("pair") << QString(high) + low << QByteArray("\xf0\x9f\x98\x80");
-    QTest::newRow("high alone") << u"a"_qs + high + u'b' << QByteArray("a?b");
-    QTest::newRow("low alone") << u"a"_qs + low + u'b' << QByteArray("a?b");
-    QTest::newRow("high at the end") << u"a"_qs + high << QByteArray("a?");
-    QTest::newRow("two high") << u"a"_qs + high + high << QByteArray("a??");
+    QTest::newRow("high alone") << u"a"_s + high + u'b' << QByteArray("a?b");
+    QTest::newRow("low alone") << u"a"_s + low + u'b' << QByteArray("a?b");
+    QTest::newRow("high at the end") << u"a"_s + high << QByteArray("a?");
+    QTest::newRow("two high") << u"a"_s + high + high << QByteArray("a??");
     QTest::newRow("wrong order") << QString(low) + high << QByteArray("??");
     QTest::newRow("high and pair") << QString(high) + high + low << QByteArray("?\xf0\x9f\x98\x80");
     QTest::newRow("null") << QString() << QByteArray("(null)");
@@ -131,8 +131,8 @@ void DebugLogTest::texts()
 {
     QFETCH(QString, text);
     QFETCH(QByteArray, bytes);
-    QVERIFY(onStandardError(0, u"%@"_qs, text) == "DEBUG: " + bytes + '\n');
-    QVERIFY(onDescriptor(0, u"%@"_qs, text) == bytes + '\n');
+    QVERIFY(onStandardError(0, u"%@"_s, text) == "DEBUG: " + bytes + '\n');
+    QVERIFY(onDescriptor(0, u"%@"_s, text) == bytes + '\n');
     // As the format too, where a percent sign is not one of a placeholder.
     if (!text.contains(u'%')) {
         QVERIFY(onStandardError(0, text) == "DEBUG: " + bytes + '\n');
@@ -142,8 +142,8 @@ void DebugLogTest::texts()
 
 void DebugLogTest::nullCharacterEndsTheLineOfStandardErrorAlone()
 {
-    QCOMPARE(onStandardError(0, u"%@"_qs, u"ab\0cd"_qs), QByteArray("DEBUG: ab\n"));
-    QCOMPARE(onDescriptor(0, u"%@"_qs, u"ab\0cd"_qs), QByteArray("ab\0cd\n", 6));
+    QCOMPARE(onStandardError(0, u"%@"_s, u"ab\0cd"_s), QByteArray("DEBUG: ab\n"));
+    QCOMPARE(onDescriptor(0, u"%@"_s, u"ab\0cd"_s), QByteArray("ab\0cd\n", 6));
 }
 
 void DebugLogTest::printsBehindTheApplicationsOutput()
@@ -152,7 +152,7 @@ void DebugLogTest::printsBehindTheApplicationsOutput()
     char buffer[256];
     std::setvbuf(stderr, buffer, _IOFBF, sizeof(buffer));
     std::fputs("before\n", stderr);
-    debugLog(0, u"text"_qs);
+    debugLog(0, u"text"_s);
     std::fputs("after\n", stderr);
     std::fflush(stderr);
     std::setvbuf(stderr, nullptr, _IONBF, 0);
@@ -164,7 +164,7 @@ void DebugLogTest::lineAfterLine()
     const StandardErrorCapture capture;
     QByteArray expected;
     for (int i = 0; i < 1000; ++i) {
-        debugLog(-i, u"line %d"_qs, i);
+        debugLog(-i, u"line %d"_s, i);
         expected += "DEBUG: line " + QByteArray::number(i) + '\n';
     }
     QCOMPARE(capture.text(), expected);
@@ -172,15 +172,15 @@ void DebugLogTest::lineAfterLine()
 
 void DebugLogTest::ignoresClosedDescriptors()
 {
-    debugLogFd(0, -1, u"text"_qs);
-    debugLogFd(0, smallest, u"text"_qs);
-    debugLogFd(0, largest, u"text"_qs);
+    debugLogFd(0, -1, u"text"_s);
+    debugLogFd(0, smallest, u"text"_s);
+    debugLogFd(0, largest, u"text"_s);
     {
         const StandardErrorCapture capture;
         close(STDERR_FILENO);
-        debugLog(0, u"text"_qs);
+        debugLog(0, u"text"_s);
     }
-    QCOMPARE(onStandardError(0, u"open again"_qs), QByteArray("DEBUG: open again\n"));
+    QCOMPARE(onStandardError(0, u"open again"_s), QByteArray("DEBUG: open again\n"));
 }
 
 KV_CORE_TEST(DebugLogTest)

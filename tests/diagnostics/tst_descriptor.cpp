@@ -113,7 +113,7 @@ void DescriptorTest::losesNoByte()
     }
     {
         ReadPipe pipe(habits);
-        debugLogFd(0, pipe.descriptor(), u"%s"_qs, bytes.constData());
+        debugLogFd(0, pipe.descriptor(), u"%s"_s, bytes.constData());
         QVERIFY(pipe.finish() == bytes + '\n');
     }
     {
@@ -153,11 +153,11 @@ void DescriptorTest::brokenPipeRaisesNoSignal()
     // The signal would end the test.
     std::signal(SIGPIPE, SIG_DFL);
     writeToDescriptor(pipe.descriptor(), "text");
-    debugLogFd(0, pipe.descriptor(), u"text"_qs);
+    debugLogFd(0, pipe.descriptor(), u"text"_s);
     memoryCheckFd(0, pipe.descriptor(), "text", 4);
     const int former = dup(STDERR_FILENO);
     dup2(pipe.descriptor(), STDERR_FILENO);
-    debugLog(0, u"text"_qs);
+    debugLog(0, u"text"_s);
     memoryCheck(0, "text", 4);
     dup2(former, STDERR_FILENO);
     close(former);
@@ -202,17 +202,17 @@ void DescriptorTest::fullDeviceIsIgnored()
 {
     const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
     QVERIFY(full >= 0);
-    debugLogFd(0, full, u"text"_qs);
+    debugLogFd(0, full, u"text"_s);
     close(full);
     // Closed by now.
-    debugLogFd(0, full, u"text"_qs);
+    debugLogFd(0, full, u"text"_s);
 }
 
 void DescriptorTest::descriptorToReadIsIgnored()
 {
     const int zero = open("/dev/zero", O_RDONLY | O_CLOEXEC);
     QVERIFY(zero >= 0);
-    debugLogFd(0, zero, u"text"_qs);
+    debugLogFd(0, zero, u"text"_s);
     close(zero);
 }
 

@@ -36,7 +36,7 @@ class TalkingObject : public QObject, public Talker
 {
 public:
     TalkingObject()
-        : Talker(u"words"_qs)
+        : Talker(u"words"_s)
     {
     }
 };
@@ -46,7 +46,7 @@ class Offset : public Talker, public QObject
 {
 public:
     Offset()
-        : Talker(u"offset"_qs)
+        : Talker(u"offset"_s)
     {
     }
 };
@@ -65,7 +65,7 @@ class Silent;
 
 QString address(const void *object)
 {
-    return u"0x"_qs + QString::number(quintptr(object), 16);
+    return u"0x"_s + QString::number(quintptr(object), 16);
 }
 
 /// What printf() makes of a number in the plain locale.
@@ -121,61 +121,61 @@ void FormatStringTest::cleanup()
 
 void FormatStringTest::fillsTexts()
 {
-    QCOMPARE(formatted(u"no placeholder"_qs), u"no placeholder"_qs);
-    QCOMPARE(formatted(u""_qs), u""_qs);
-    QCOMPARE(formatted(QString()), u"(null)"_qs);
-    QCOMPARE(formatted(u"%@, %s and %@"_qs, u"Größe"_qs, "あ", "C"), u"Größe, あ and C"_qs);
-    QCOMPARE(formatted(u"<%@>"_qs, u""_qs), u"<>"_qs);
-    QCOMPARE(formatted(u"%%|%5%|%@%%"_qs, 1), u"%|%|1%"_qs);
-    QCOMPARE(formatted(u"<%6@|%-6@|%.2@|%4.1@>"_qs, u"abc"_qs, u"abc"_qs, u"abc"_qs, u"abc"_qs),
-             u"<   abc|abc   |ab|   a>"_qs);
-    QCOMPARE(formatted(u"<%6s|%-6s>"_qs, "abc", "abc"), u"<   abc|abc   >"_qs);
+    QCOMPARE(formatted(u"no placeholder"_s), u"no placeholder"_s);
+    QCOMPARE(formatted(u""_s), u""_s);
+    QCOMPARE(formatted(QString()), u"(null)"_s);
+    QCOMPARE(formatted(u"%@, %s and %@"_s, u"Größe"_s, "あ", "C"), u"Größe, あ and C"_s);
+    QCOMPARE(formatted(u"<%@>"_s, u""_s), u"<>"_s);
+    QCOMPARE(formatted(u"%%|%5%|%@%%"_s, 1), u"%|%|1%"_s);
+    QCOMPARE(formatted(u"<%6@|%-6@|%.2@|%4.1@>"_s, u"abc"_s, u"abc"_s, u"abc"_s, u"abc"_s),
+             u"<   abc|abc   |ab|   a>"_s);
+    QCOMPARE(formatted(u"<%6s|%-6s>"_s, "abc", "abc"), u"<   abc|abc   >"_s);
 }
 
 void FormatStringTest::fillsIntegersOfEveryWidth()
 {
-    QCOMPARE(formatted(u"%d %i"_qs, -1, 7L), u"-1 7"_qs);
-    QCOMPARE(formatted(u"%d %d"_qs, std::numeric_limits<qint32>::min(),
+    QCOMPARE(formatted(u"%d %i"_s, -1, 7L), u"-1 7"_s);
+    QCOMPARE(formatted(u"%d %d"_s, std::numeric_limits<qint32>::min(),
                        std::numeric_limits<qint32>::max()),
-             u"-2147483648 2147483647"_qs);
-    QCOMPARE(formatted(u"%d %lld"_qs, std::numeric_limits<qint64>::min(),
+             u"-2147483648 2147483647"_s);
+    QCOMPARE(formatted(u"%d %lld"_s, std::numeric_limits<qint64>::min(),
                        std::numeric_limits<qint64>::max()),
-             u"-9223372036854775808 9223372036854775807"_qs);
-    QCOMPARE(formatted(u"%u %llu"_qs, std::numeric_limits<quint32>::max(),
+             u"-9223372036854775808 9223372036854775807"_s);
+    QCOMPARE(formatted(u"%u %llu"_s, std::numeric_limits<quint32>::max(),
                        std::numeric_limits<quint64>::max()),
-             u"4294967295 18446744073709551615"_qs);
-    QCOMPARE(formatted(u"%x %lx %u"_qs, -1, -1, -1), u"ffffffff ffffffff 4294967295"_qs);
-    QCOMPARE(formatted(u"%d"_qs, std::numeric_limits<quint32>::max()), u"-1"_qs);
-    QCOMPARE(formatted(u"%hhx %hx %x %02hhx"_qs, 0x12345, 0x12345, 0x12345, -1),
-             u"45 2345 12345 ff"_qs);
-    QCOMPARE(formatted(u"%hhd %hd %hhd"_qs, 0x1ff, 0x18000, 0x7f), u"-1 -32768 127"_qs);
-    QCOMPARE(formatted(u"%ld %qd %jd %zd %td"_qs, 1, 2, 3, 4, 5), u"1 2 3 4 5"_qs);
-    QCOMPARE(formatted(u"%d %d %d"_qs, qint8(-3), quint8(250), qint16(-9)), u"-3 250 -9"_qs);
-    QCOMPARE(formatted(u"%d %d"_qs, true, false), u"1 0"_qs);
-    QCOMPARE(formatted(u"%d %d"_qs, PlainMinusTwo, Scoped::TwoHundred), u"-2 200"_qs);
-    QCOMPARE(formatted(u"%@ %@ %@"_qs, -5, std::numeric_limits<quint32>::max(), true),
-             u"-5 4294967295 1"_qs);
+             u"4294967295 18446744073709551615"_s);
+    QCOMPARE(formatted(u"%x %lx %u"_s, -1, -1, -1), u"ffffffff ffffffff 4294967295"_s);
+    QCOMPARE(formatted(u"%d"_s, std::numeric_limits<quint32>::max()), u"-1"_s);
+    QCOMPARE(formatted(u"%hhx %hx %x %02hhx"_s, 0x12345, 0x12345, 0x12345, -1),
+             u"45 2345 12345 ff"_s);
+    QCOMPARE(formatted(u"%hhd %hd %hhd"_s, 0x1ff, 0x18000, 0x7f), u"-1 -32768 127"_s);
+    QCOMPARE(formatted(u"%ld %qd %jd %zd %td"_s, 1, 2, 3, 4, 5), u"1 2 3 4 5"_s);
+    QCOMPARE(formatted(u"%d %d %d"_s, qint8(-3), quint8(250), qint16(-9)), u"-3 250 -9"_s);
+    QCOMPARE(formatted(u"%d %d"_s, true, false), u"1 0"_s);
+    QCOMPARE(formatted(u"%d %d"_s, PlainMinusTwo, Scoped::TwoHundred), u"-2 200"_s);
+    QCOMPARE(formatted(u"%@ %@ %@"_s, -5, std::numeric_limits<quint32>::max(), true),
+             u"-5 4294967295 1"_s);
 }
 
 void FormatStringTest::fillsNumbers()
 {
-    QCOMPARE(formatted(u"%f %.2f %e %g"_qs, 0.5, 2.0F, 12345.678, 0.0001),
-             u"0.500000 2.00 1.234568e+04 0.0001"_qs);
-    QCOMPARE(formatted(u"%f %.1f %g"_qs, 3, -2, quint64(1) << 63), u"3.000000 -2.0 9.22337e+18"_qs);
-    QCOMPARE(formatted(u"%.3f"_qs, 1.5L), u"1.500"_qs);
-    QCOMPARE(formatted(u"%f %F %g"_qs, std::nan(""), -HUGE_VAL, HUGE_VAL), u"nan -INF inf"_qs);
-    QCOMPARE(formatted(u"%@ %@"_qs, 0.1, 1e300), u"0.1 1e+300"_qs);
-    QCOMPARE(formatted(u"%f"_qs, std::numeric_limits<double>::max()).size(), 316);
+    QCOMPARE(formatted(u"%f %.2f %e %g"_s, 0.5, 2.0F, 12345.678, 0.0001),
+             u"0.500000 2.00 1.234568e+04 0.0001"_s);
+    QCOMPARE(formatted(u"%f %.1f %g"_s, 3, -2, quint64(1) << 63), u"3.000000 -2.0 9.22337e+18"_s);
+    QCOMPARE(formatted(u"%.3f"_s, 1.5L), u"1.500"_s);
+    QCOMPARE(formatted(u"%f %F %g"_s, std::nan(""), -HUGE_VAL, HUGE_VAL), u"nan -INF inf"_s);
+    QCOMPARE(formatted(u"%@ %@"_s, 0.1, 1e300), u"0.1 1e+300"_s);
+    QCOMPARE(formatted(u"%f"_s, std::numeric_limits<double>::max()).size(), 316);
 }
 
 void FormatStringTest::fillsCharacters()
 {
-    QCOMPARE(formatted(u"%c%c%C|%3c|%-3c|"_qs, 'K', 0x76, u'あ', 'x', 'y'), u"Kvあ|  x|y  |"_qs);
-    QCOMPARE(formatted(u"%c %C"_qs, 0x1F600, U'\U0001F600'), u"\U0001F600 \U0001F600"_qs);
-    QCOMPARE(formatted(u"%c %c"_qs, char(-28), -128), u"\u00e4 \u0080"_qs);
-    QCOMPARE(formatted(u"%c"_qs, 0), QString(QChar::Null));
-    QCOMPARE(formatted(u"%c %c %c"_qs, -129, 0x110000, 0x10ffff), u"-129 1114112 \U0010ffff"_qs);
-    QCOMPARE(formatted(u"%c %@"_qs, QChar(u'ä'), QChar(u'ö')), u"ä ö"_qs);
+    QCOMPARE(formatted(u"%c%c%C|%3c|%-3c|"_s, 'K', 0x76, u'あ', 'x', 'y'), u"Kvあ|  x|y  |"_s);
+    QCOMPARE(formatted(u"%c %C"_s, 0x1F600, U'\U0001F600'), u"\U0001F600 \U0001F600"_s);
+    QCOMPARE(formatted(u"%c %c"_s, char(-28), -128), u"\u00e4 \u0080"_s);
+    QCOMPARE(formatted(u"%c"_s, 0), QString(QChar::Null));
+    QCOMPARE(formatted(u"%c %c %c"_s, -129, 0x110000, 0x10ffff), u"-129 1114112 \U0010ffff"_s);
+    QCOMPARE(formatted(u"%c %@"_s, QChar(u'ä'), QChar(u'ö')), u"ä ö"_s);
 }
 
 void FormatStringTest::fillsAddresses()
@@ -183,38 +183,38 @@ void FormatStringTest::fillsAddresses()
     const int number = 5;
     const char text[] = "text";
     const QObject object;
-    QCOMPARE(formatted(u"%p %p %p"_qs, &number, text, &object),
+    QCOMPARE(formatted(u"%p %p %p"_s, &number, text, &object),
              QStringList({address(&number), address(text), address(&object)}).join(u' '));
-    QCOMPARE(formatted(u"%p|%6p|%-6p|"_qs, nullptr, nullptr, nullptr), u"0x0|   0x0|0x0   |"_qs);
-    QCOMPARE(formatted(u"%@"_qs, static_cast<const void *>(&number)), address(&number));
-    QCOMPARE(formatted(u"%p"_qs, 42), u"42"_qs);
+    QCOMPARE(formatted(u"%p|%6p|%-6p|"_s, nullptr, nullptr, nullptr), u"0x0|   0x0|0x0   |"_s);
+    QCOMPARE(formatted(u"%@"_s, static_cast<const void *>(&number)), address(&number));
+    QCOMPARE(formatted(u"%p"_s, 42), u"42"_s);
 }
 
 void FormatStringTest::describesObjects()
 {
     QObject plain;
-    QCOMPARE(formatted(u"%@"_qs, &plain), u"<QObject "_qs + address(&plain) + u'>');
-    plain.setObjectName(u"%1 %2 %@ \"Größe\""_qs);
-    QCOMPARE(formatted(u"%@"_qs, &plain),
-             u"<QObject "_qs + address(&plain) + u" \"%1 %2 %@ \"Größe\"\">"_qs);
-    QCOMPARE(formatted(u"%@"_qs, this), u"<FormatStringTest "_qs + address(this) + u'>');
+    QCOMPARE(formatted(u"%@"_s, &plain), u"<QObject "_s + address(&plain) + u'>');
+    plain.setObjectName(u"%1 %2 %@ \"Größe\""_s);
+    QCOMPARE(formatted(u"%@"_s, &plain),
+             u"<QObject "_s + address(&plain) + u" \"%1 %2 %@ \"Größe\"\">"_s);
+    QCOMPARE(formatted(u"%@"_s, this), u"<FormatStringTest "_s + address(this) + u'>');
 
-    const Talker talker(u"I talk"_qs);
+    const Talker talker(u"I talk"_s);
     const TalkingObject talking;
     const Offset offset;
-    QCOMPARE(formatted(u"%@, %s, %d"_qs, &talker, &talking, &offset), u"I talk, words, offset"_qs);
-    QCOMPARE(formatted(u"%p"_qs, &offset), address(&offset));
+    QCOMPARE(formatted(u"%@, %s, %d"_s, &talker, &talking, &offset), u"I talk, words, offset"_s);
+    QCOMPARE(formatted(u"%p"_s, &offset), address(&offset));
     const QObject *const inner = &offset;
-    QCOMPARE(formatted(u"%@"_qs, inner), u"<QObject "_qs + address(inner) + u'>');
+    QCOMPARE(formatted(u"%@"_s, inner), u"<QObject "_s + address(inner) + u'>');
 
     const Late late;
     const QObject *const inLate = &late;
     QVERIFY(static_cast<const void *>(inLate) != &late);
-    QCOMPARE(formatted(u"%@"_qs, &late), u"<QObject "_qs + address(inLate) + u'>');
+    QCOMPARE(formatted(u"%@"_s, &late), u"<QObject "_s + address(inLate) + u'>');
 
     int place = 0;
     auto *const unknown = reinterpret_cast<Silent *>(&place);
-    QCOMPARE(formatted(u"%@"_qs, unknown), address(&place));
+    QCOMPARE(formatted(u"%@"_s, unknown), address(&place));
 }
 
 void FormatStringTest::noneIsNull()
@@ -222,35 +222,35 @@ void FormatStringTest::noneIsNull()
     const QObject *const object = nullptr;
     const char *const text = nullptr;
     const void *const place = nullptr;
-    QCOMPARE(formatted(u"%@ %@ %@ %@ %@"_qs, nullptr, object, text, place, QString()),
-             u"(null) (null) (null) (null) (null)"_qs);
-    QCOMPARE(formatted(u"%s %d %f %c %.3s"_qs, text, object, nullptr, nullptr, "abcd"),
-             u"(null) (null) (null) (null) abc"_qs);
+    QCOMPARE(formatted(u"%@ %@ %@ %@ %@"_s, nullptr, object, text, place, QString()),
+             u"(null) (null) (null) (null) (null)"_s);
+    QCOMPARE(formatted(u"%s %d %f %c %.3s"_s, text, object, nullptr, nullptr, "abcd"),
+             u"(null) (null) (null) (null) abc"_s);
 }
 
 void FormatStringTest::readsCStringsInTheSystemEncoding()
 {
-    QCOMPARE(formatted(u"%s"_qs, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_qs);
+    QCOMPARE(formatted(u"%s"_s, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_s);
     SystemEncoding::setName("Shift_JIS");
-    QCOMPARE(formatted(u"%s %@"_qs, "\x83\x65", "\x83\x65"), u"テ テ"_qs);
+    QCOMPARE(formatted(u"%s %@"_s, "\x83\x65", "\x83\x65"), u"テ テ"_s);
     // In UTF-8 though the system is not.
     SystemEncoding::setName("US-ASCII");
-    QCOMPARE(formatted(u"%s"_qs, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_qs);
+    QCOMPARE(formatted(u"%s"_s, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_s);
     // In neither.
-    QCOMPARE(formatted(u"%s"_qs, "Gr\xf6\xdf"), u"Größ"_qs);
-    QCOMPARE(formatted(u"%s|%s"_qs, "", "\xff"), u"|ÿ"_qs);
+    QCOMPARE(formatted(u"%s"_s, "Gr\xf6\xdf"), u"Größ"_s);
+    QCOMPARE(formatted(u"%s|%s"_s, "", "\xff"), u"|ÿ"_s);
 }
 
 void FormatStringTest::readsNoFurtherThanThePrecision()
 {
     const auto unterminated = std::make_unique<char[]>(4);
     std::memcpy(unterminated.get(), "abcd", 4);
-    QCOMPARE(formatted(u"%.4s|%.2s|%.0s|%.s|%5.1s"_qs, unterminated.get(), unterminated.get(),
+    QCOMPARE(formatted(u"%.4s|%.2s|%.0s|%.s|%5.1s"_s, unterminated.get(), unterminated.get(),
                        unterminated.get(), unterminated.get(), unterminated.get()),
-             u"abcd|ab|||    a"_qs);
-    QCOMPARE(formatted(u"%.*s|%.9s"_qs, 3, unterminated.get(), "ab"), u"abc|ab"_qs);
+             u"abcd|ab|||    a"_s);
+    QCOMPARE(formatted(u"%.*s|%.9s"_s, 3, unterminated.get(), "ab"), u"abc|ab"_s);
     // The precision counts bytes, and what is left of a character goes.
-    QCOMPARE(formatted(u"%.3s|%.4s"_qs, "Gr\xc3\xb6", "Gr\xc3\xb6"), u"Gr|Grö"_qs);
+    QCOMPARE(formatted(u"%.3s|%.4s"_s, "Gr\xc3\xb6", "Gr\xc3\xb6"), u"Gr|Grö"_s);
 }
 
 void FormatStringTest::formatsIntegersAsPrintfDoes()
@@ -294,104 +294,104 @@ void FormatStringTest::formatsNumbersAsPrintfDoes()
 
 void FormatStringTest::takesWidthAndPrecisionFromArguments()
 {
-    QCOMPARE(formatted(u"%*d|%*d|%-*d|"_qs, 4, 7, -4, 7, 4, 7), u"   7|7   |7   |"_qs);
-    QCOMPARE(formatted(u"%.*f|%.*f|%*.*f"_qs, 1, 0.25, -1, 0.25, 6, 2, 0.25),
-             u"0.2|0.250000|  0.25"_qs);
-    QCOMPARE(formatted(u"%*@|%.*@"_qs, 4, u"ab"_qs, 1, u"ab"_qs), u"  ab|a"_qs);
+    QCOMPARE(formatted(u"%*d|%*d|%-*d|"_s, 4, 7, -4, 7, 4, 7), u"   7|7   |7   |"_s);
+    QCOMPARE(formatted(u"%.*f|%.*f|%*.*f"_s, 1, 0.25, -1, 0.25, 6, 2, 0.25),
+             u"0.2|0.250000|  0.25"_s);
+    QCOMPARE(formatted(u"%*@|%.*@"_s, 4, u"ab"_s, 1, u"ab"_s), u"  ab|a"_s);
     // A width that is none.
-    QCOMPARE(formatted(u"%*d|"_qs, u"wide"_qs, 7), u"7|"_qs);
+    QCOMPARE(formatted(u"%*d|"_s, u"wide"_s, 7), u"7|"_s);
 }
 
 void FormatStringTest::boundsWidthAndPrecision()
 {
     const QString widest(65536 - 1, u' ');
-    QCOMPARE(formatted(u"%99999999999999999999d"_qs, 7), widest + u'7');
-    QCOMPARE(formatted(u"%*d"_qs, std::numeric_limits<qint64>::max(), 7), widest + u'7');
-    QCOMPARE(formatted(u"%*@"_qs, std::numeric_limits<qint64>::min(), u"7"_qs), u'7' + widest);
-    QCOMPARE(formatted(u"%.99999999999d"_qs, 7), QString(65535, u'0') + u'7');
-    QCOMPARE(formatted(u"%.2147483647s"_qs, "ab"), u"ab"_qs);
+    QCOMPARE(formatted(u"%99999999999999999999d"_s, 7), widest + u'7');
+    QCOMPARE(formatted(u"%*d"_s, std::numeric_limits<qint64>::max(), 7), widest + u'7');
+    QCOMPARE(formatted(u"%*@"_s, std::numeric_limits<qint64>::min(), u"7"_s), u'7' + widest);
+    QCOMPARE(formatted(u"%.99999999999d"_s, 7), QString(65535, u'0') + u'7');
+    QCOMPARE(formatted(u"%.2147483647s"_s, "ab"), u"ab"_s);
 }
 
 void FormatStringTest::putsMismatchedArgumentsInWords()
 {
-    QCOMPARE(formatted(u"%d %x %.1f %c"_qs, u"one"_qs, "two", u"three"_qs, u"four"_qs),
-             u"one two three four"_qs);
-    QCOMPARE(formatted(u"%d %c %s"_qs, 2.75, 2.75, 5), u"2.75 2.75 5"_qs);
-    QCOMPARE(formatted(u"%6d|%-6f|"_qs, u"ab"_qs, u"cd"_qs), u"    ab|cd    |"_qs);
-    const Talker talker(u"words"_qs);
-    QCOMPARE(formatted(u"%d %s"_qs, &talker, &talker), u"words words"_qs);
-    QCOMPARE(formatted(u"%@"_qs, 1, 2, 3), u"1"_qs);
+    QCOMPARE(formatted(u"%d %x %.1f %c"_s, u"one"_s, "two", u"three"_s, u"four"_s),
+             u"one two three four"_s);
+    QCOMPARE(formatted(u"%d %c %s"_s, 2.75, 2.75, 5), u"2.75 2.75 5"_s);
+    QCOMPARE(formatted(u"%6d|%-6f|"_s, u"ab"_s, u"cd"_s), u"    ab|cd    |"_s);
+    const Talker talker(u"words"_s);
+    QCOMPARE(formatted(u"%d %s"_s, &talker, &talker), u"words words"_s);
+    QCOMPARE(formatted(u"%@"_s, 1, 2, 3), u"1"_s);
 }
 
 void FormatStringTest::leavesPlaceholdersWithoutArguments()
 {
-    QCOMPARE(formatted(u"%@ %d"_qs), u"%@ %d"_qs);
-    QCOMPARE(formatted(u"%d of %-5.2d!"_qs, 1), u"1 of %-5.2d!"_qs);
-    QCOMPARE(formatted(u"%*d"_qs), u"%*d"_qs);
-    QCOMPARE(formatted(u"%*.*lld|"_qs, 3, 3), u"%*.*lld|"_qs);
+    QCOMPARE(formatted(u"%@ %d"_s), u"%@ %d"_s);
+    QCOMPARE(formatted(u"%d of %-5.2d!"_s, 1), u"1 of %-5.2d!"_s);
+    QCOMPARE(formatted(u"%*d"_s), u"%*d"_s);
+    QCOMPARE(formatted(u"%*.*lld|"_s, 3, 3), u"%*.*lld|"_s);
 }
 
 void FormatStringTest::leavesWhatIsNoPlaceholder()
 {
-    QCOMPARE(formatted(u"%y %d"_qs, 1), u"%y 1"_qs);
-    QCOMPARE(formatted(u"%n%d"_qs, 1), u"%n1"_qs);
-    QCOMPARE(formatted(u"100%"_qs, 1), u"100%"_qs);
-    QCOMPARE(formatted(u"%-08.3ll"_qs, 1), u"%-08.3ll"_qs);
-    QCOMPARE(formatted(u"%あ%d"_qs, 1), u"%あ1"_qs);
-    QCOMPARE(formatted(u"%\n%d"_qs, 1), u"%\n1"_qs);
-    QCOMPARE(formatted(u"%\U0001F600%d"_qs, 1), u"%\U0001F6001"_qs);
-    QCOMPARE(formatted(QString(QChar(0xd800)) + u"%d"_qs, 1), QString(QChar(0xd800)) + u'1');
-    QCOMPARE(formatted(u"a%\0b%d"_qs, 1), u"a%\0b1"_qs);
+    QCOMPARE(formatted(u"%y %d"_s, 1), u"%y 1"_s);
+    QCOMPARE(formatted(u"%n%d"_s, 1), u"%n1"_s);
+    QCOMPARE(formatted(u"100%"_s, 1), u"100%"_s);
+    QCOMPARE(formatted(u"%-08.3ll"_s, 1), u"%-08.3ll"_s);
+    QCOMPARE(formatted(u"%あ%d"_s, 1), u"%あ1"_s);
+    QCOMPARE(formatted(u"%\n%d"_s, 1), u"%\n1"_s);
+    QCOMPARE(formatted(u"%\U0001F600%d"_s, 1), u"%\U0001F6001"_s);
+    QCOMPARE(formatted(QString(QChar(0xd800)) + u"%d"_s, 1), QString(QChar(0xd800)) + u'1');
+    QCOMPARE(formatted(u"a%\0b%d"_s, 1), u"a%\0b1"_s);
 }
 
 void FormatStringTest::argumentsArriveWhole_data()
 {
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("percent signs") << u"50% %@ %d %n %s %% %1 %*.*f"_qs;
-    QTest::newRow("newlines") << u"one\ntwo\r\n\nthree\n"_qs;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600 עברית"_qs;
-    QTest::newRow("null character") << u"a\0b"_qs;
-    QTest::newRow("lone surrogate") << u"a"_qs + QChar(0xdc00) + u'b';
+    QTest::newRow("percent signs") << u"50% %@ %d %n %s %% %1 %*.*f"_s;
+    QTest::newRow("newlines") << u"one\ntwo\r\n\nthree\n"_s;
+    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600 עברית"_s;
+    QTest::newRow("null character") << u"a\0b"_s;
+    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xdc00) + u'b';
     QTest::newRow("enormous") << QString(1 << 20, u'ä');
 }
 
 void FormatStringTest::argumentsArriveWhole()
 {
     QFETCH(QString, text);
-    QCOMPARE(formatted(u"<%@|%d>"_qs, text, 5), u'<' + text + u"|5>"_qs);
-    QCOMPARE(formatted(u"<%d|%@>"_qs, text, 5), u'<' + text + u"|5>"_qs);
+    QCOMPARE(formatted(u"<%@|%d>"_s, text, 5), u'<' + text + u"|5>"_s);
+    QCOMPARE(formatted(u"<%d|%@>"_s, text, 5), u'<' + text + u"|5>"_s);
     const Talker talker(text);
-    QCOMPARE(formatted(u"%d%@%d"_qs, 1, &talker, 2), u'1' + text + u'2');
+    QCOMPARE(formatted(u"%d%@%d"_s, 1, &talker, 2), u'1' + text + u'2');
     if (!text.contains(QChar::Null) && text.isValidUtf16()) {
         const QByteArray bytes = text.toUtf8();
-        QCOMPARE(formatted(u"%s|%d"_qs, bytes.constData(), 5), text + u"|5"_qs);
+        QCOMPARE(formatted(u"%s|%d"_s, bytes.constData(), 5), text + u"|5"_s);
     }
 }
 
 void FormatStringTest::manyPlaceholders()
 {
-    QCOMPARE(formatted(u"%d"_qs.repeated(1 << 18), 1), u'1' + u"%d"_qs.repeated((1 << 18) - 1));
-    QCOMPARE(formatted(u"%%"_qs.repeated(1 << 19)), QString(1 << 19, u'%'));
-    QCOMPARE(formatted(u'%' + QString(1 << 20, u'0') + u"3d"_qs, 7), u"007"_qs);
+    QCOMPARE(formatted(u"%d"_s.repeated(1 << 18), 1), u'1' + u"%d"_s.repeated((1 << 18) - 1));
+    QCOMPARE(formatted(u"%%"_s.repeated(1 << 19)), QString(1 << 19, u'%'));
+    QCOMPARE(formatted(u'%' + QString(1 << 20, u'0') + u"3d"_s, 7), u"007"_s);
 }
 
 void FormatStringTest::ignoresTheLocale()
 {
     const QTemporaryDir locales;
-    QProcess::execute(u"localedef"_qs, {u"-i"_qs, u"de_DE"_qs, u"-f"_qs, u"UTF-8"_qs,
-                                        locales.filePath(u"de_DE.UTF-8"_qs)});
+    QProcess::execute(u"localedef"_s, {u"-i"_s, u"de_DE"_s, u"-f"_s, u"UTF-8"_s,
+                                       locales.filePath(u"de_DE.UTF-8"_s)});
     qputenv("LOCPATH", QFile::encodeName(locales.path()));
     if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
         QSKIP("No sources of locales here.");
     }
     const QString plain = printed("%.1f", 0.5);
-    const QString number = formatted(u"%.1f %@ %'d"_qs, 0.5, 0.5, 1234567);
+    const QString number = formatted(u"%.1f %@ %'d"_s, 0.5, 0.5, 1234567);
     const QString after = printed("%.1f", 0.5);
     std::setlocale(LC_NUMERIC, "C");
-    QCOMPARE(plain, u"0,5"_qs);
-    QCOMPARE(number, u"0.5 0.5 1234567"_qs);
-    QCOMPARE(after, u"0,5"_qs);
+    QCOMPARE(plain, u"0,5"_s);
+    QCOMPARE(number, u"0.5 0.5 1234567"_s);
+    QCOMPARE(after, u"0,5"_s);
 }
 
 KV_CORE_TEST(FormatStringTest)

@@ -96,10 +96,10 @@ void PDELogTest::cleanup()
 
 void PDELogTest::tagsLines()
 {
-    const Talker object(u"X"_qs);
-    _PDEProlog(&object, u"count %d"_qs, 3);
-    _PDEEpilog(&object, u"count %d"_qs, 4);
-    _PDELog(&object, u"count %d"_qs, 5);
+    const Talker object(u"X"_s);
+    _PDEProlog(&object, u"count %d"_s, 3);
+    _PDEEpilog(&object, u"count %d"_s, 4);
+    _PDELog(&object, u"count %d"_s, 5);
     QCOMPARE(logged(), QByteArrayList({"BEGIN self(X) count 3", "END self(X) count 4",
                                        "LOG self(X) count 5"}));
 }
@@ -107,8 +107,8 @@ void PDELogTest::tagsLines()
 void PDELogTest::namesTheObject()
 {
     QObject object;
-    object.setObjectName(u"mHalfCutChkBx"_qs);
-    _PDELog(&object, u"%s"_qs, "text");
+    object.setObjectName(u"mHalfCutChkBx"_s);
+    _PDELog(&object, u"%s"_s, "text");
     const QByteArray address = "0x" + QByteArray::number(quintptr(&object), 16);
     QCOMPARE(logged(),
              QByteArrayList({"LOG self(<QObject " + address + " \"mHalfCutChkBx\">) text"}));
@@ -116,12 +116,12 @@ void PDELogTest::namesTheObject()
     const PPDHandle ppd = PPDText().onOff("KvTest").open();
     QVERIFY(ppd);
     const auto choice = PDEChoice::choiceWithChoice(optionOf(ppd)->choices);
-    _PDELog(choice.get(), u"text"_qs);
+    _PDELog(choice.get(), u"text"_s);
     QCOMPARE(logged(), QByteArrayList({"LOG self(" + choice->description().toUtf8() + ") text"}));
 
-    _PDELog(u"a text"_qs, u"text"_qs);
-    _PDELog(u""_qs, u"text"_qs);
-    _PDELog(17, u"text"_qs);
+    _PDELog(u"a text"_s, u"text"_s);
+    _PDELog(u""_s, u"text"_s);
+    _PDELog(17, u"text"_s);
     QCOMPARE(logged(),
              QByteArrayList({"LOG self(a text) text", "LOG self() text", "LOG self(17) text"}));
 }
@@ -130,20 +130,20 @@ void PDELogTest::withoutAnObject()
 {
     const QObject *const object = nullptr;
     const PDEChoice *const choice = nullptr;
-    _PDEProlog(nullptr, u"text %d"_qs, 1);
-    _PDEEpilog(object, u"text %d"_qs, 2);
-    _PDELog(choice, u"text %d"_qs, 3);
-    _PDELog(QString(), u"text %d"_qs, 4);
+    _PDEProlog(nullptr, u"text %d"_s, 1);
+    _PDEEpilog(object, u"text %d"_s, 2);
+    _PDELog(choice, u"text %d"_s, 3);
+    _PDELog(QString(), u"text %d"_s, 4);
     QCOMPARE(logged(), QByteArrayList({"BEGIN text 1", "END text 2", "LOG text 3", "LOG text 4"}));
 }
 
 void PDELogTest::withoutAFormat()
 {
-    const Talker object(u"X"_qs);
+    const Talker object(u"X"_s);
     _PDEProlog(&object, QString());
     _PDEEpilog(nullptr, QString(), 5);
-    _PDELog(nullptr, u""_qs);
-    _PDELog(&object, u""_qs);
+    _PDELog(nullptr, u""_s);
+    _PDELog(&object, u""_s);
     QCOMPARE(logged(),
              QByteArrayList({"BEGIN self(X) (null)", "END (null)", "LOG ", "LOG self(X) "}));
 }
@@ -152,17 +152,17 @@ void PDELogTest::descriptionsArriveWhole_data()
 {
     QTest::addColumn<QString>("words");
 
-    QTest::newRow("percent signs") << u"50% %@ %d %n %% %s 100%"_qs;
-    QTest::newRow("newlines") << u"one\ntwo\n"_qs;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_qs;
-    QTest::newRow("brackets") << u") (self"_qs;
+    QTest::newRow("percent signs") << u"50% %@ %d %n %% %s 100%"_s;
+    QTest::newRow("newlines") << u"one\ntwo\n"_s;
+    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_s;
+    QTest::newRow("brackets") << u") (self"_s;
 }
 
 void PDELogTest::descriptionsArriveWhole()
 {
     QFETCH(QString, words);
     const Talker object(words);
-    _PDEProlog(&object, u"%d of %@, 100%%"_qs, 3, u"five"_qs);
+    _PDEProlog(&object, u"%d of %@, 100%%"_s, 3, u"five"_s);
     QCOMPARE(logged(), QByteArrayList({"BEGIN self(" + words.toUtf8() + ") 3 of five, 100%"}));
 }
 
@@ -176,7 +176,7 @@ void PDELogTest::argumentsArriveWhole()
     QFETCH(QString, words);
     const Talker object(words);
     const QByteArray bytes = words.toUtf8();
-    _PDEEpilog(nullptr, u"%@|%s|%@|%d"_qs, words, bytes.constData(), &object, 5);
+    _PDEEpilog(nullptr, u"%@|%s|%@|%d"_s, words, bytes.constData(), &object, 5);
     QCOMPARE(logged(), QByteArrayList({"END " + bytes + '|' + bytes + '|' + bytes + "|5"}));
 }
 
@@ -303,8 +303,8 @@ void PDELogTest::dumpsInTheSystemEncoding()
     SystemEncoding::setName("ISO-8859-1");
     _PDELog_ppd_option_t(ppd.get(), "KvTest");
     const QByteArrayList lines = logged();
-    QCOMPARE(valuesOf(lines, "***** text | "), QByteArrayList({u"Änderung"_qs.toUtf8()}));
-    QCOMPARE(valuesOf(lines, "***** choices->text | "), QByteArrayList({u"Größ"_qs.toUtf8()}));
+    QCOMPARE(valuesOf(lines, "***** text | "), QByteArrayList({u"Änderung"_s.toUtf8()}));
+    QCOMPARE(valuesOf(lines, "***** choices->text | "), QByteArrayList({u"Größ"_s.toUtf8()}));
 }
 
 void PDELogTest::dumpsNoTextOutsideTheSystemEncoding()

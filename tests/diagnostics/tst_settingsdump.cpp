@@ -14,7 +14,7 @@
 namespace {
 PrintSettings sampleSettings()
 {
-    return PrintSettings({{u"copies"_qs, 3}, {u"name"_qs, u"Größe <&> あ"_qs}});
+    return PrintSettings({{u"copies"_s, 3}, {u"name"_s, u"Größe <&> あ"_s}});
 }
 
 QByteArray contents(const QString &path)
@@ -76,14 +76,14 @@ void SettingsDumpTest::init()
 void SettingsDumpTest::writesAPropertyList()
 {
     PrivateRoot root;
-    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
-    const QByteArray written = contents(root.path(u"KvPDE_job.plist"_qs));
+    QVERIFY(dump(root, sampleSettings(), u"job"_s));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_s}));
+    const QByteArray written = contents(root.path(u"KvPDE_job.plist"_s));
     QCOMPARE(written, listOf(sampleSettings()));
     QVERIFY(written.startsWith("<?xml"));
     std::unique_ptr<PrintSettings> read;
     QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(written, &read), noErr);
-    QCOMPARE(read->value(u"name"_qs), QVariant(u"Größe <&> あ"_qs));
+    QCOMPARE(read->value(u"name"_s), QVariant(u"Größe <&> あ"_s));
     QCOMPARE(root.records(), QByteArrayList());
 }
 
@@ -91,12 +91,12 @@ void SettingsDumpTest::writesUnderTheName_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("plain") << u"job 1"_qs;
-    QTest::newRow("empty") << u""_qs;
-    QTest::newRow("dots") << u".."_qs;
-    QTest::newRow("percent signs") << u"50% %@ %d %s"_qs;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_qs;
-    QTest::newRow("newline") << u"a\nb"_qs;
+    QTest::newRow("plain") << u"job 1"_s;
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("dots") << u".."_s;
+    QTest::newRow("percent signs") << u"50% %@ %d %s"_s;
+    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_s;
+    QTest::newRow("newline") << u"a\nb"_s;
     QTest::newRow("longest") << QString(255 - 6 - 6 - 7, u'A');
 }
 
@@ -105,7 +105,7 @@ void SettingsDumpTest::writesUnderTheName()
     QFETCH(QString, name);
     PrivateRoot root;
     QVERIFY(dump(root, sampleSettings(), name));
-    const QString file = u"KvPDE_"_qs + name + u".plist"_qs;
+    const QString file = u"KvPDE_"_s + name + u".plist"_s;
     QCOMPARE(root.entries(), QStringList({file}));
     QCOMPARE(contents(root.path(file)), listOf(sampleSettings()));
 }
@@ -113,29 +113,29 @@ void SettingsDumpTest::writesUnderTheName()
 void SettingsDumpTest::keepsTheLastDumpWhenThereIsNoRoom()
 {
     PrivateRoot root;
-    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QVERIFY(dump(root, sampleSettings(), u"job"_s));
     const bool hasEnded = root.run([] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit noRoom{0, 0};
         setrlimit(RLIMIT_FSIZE, &noRoom);
-        PrintSettings other({{u"copies"_qs, 7}});
-        _PDELog_PMPrintSettings_WriteToFile(&other, u"job"_qs);
+        PrintSettings other({{u"copies"_s, 7}});
+        _PDELog_PMPrintSettings_WriteToFile(&other, u"job"_s);
         return true;
     });
     QVERIFY(hasEnded);
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
-    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_qs)), listOf(sampleSettings()));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_s}));
+    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_s)), listOf(sampleSettings()));
 }
 
 void SettingsDumpTest::refusesNamesThatLieElsewhere_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("slash") << u"a/b"_qs;
-    QTest::newRow("parent") << u"a/../b"_qs;
-    QTest::newRow("slash alone") << u"/"_qs;
-    QTest::newRow("folder") << u"a/"_qs;
-    QTest::newRow("null character") << u"a\0b"_qs;
+    QTest::newRow("slash") << u"a/b"_s;
+    QTest::newRow("parent") << u"a/../b"_s;
+    QTest::newRow("slash alone") << u"/"_s;
+    QTest::newRow("folder") << u"a/"_s;
+    QTest::newRow("null character") << u"a\0b"_s;
     QTest::newRow("too long") << QString(256, u'A');
     QTest::newRow("enormous") << QString(1 << 20, u'A');
 }
@@ -145,28 +145,28 @@ void SettingsDumpTest::refusesNamesThatLieElsewhere()
     QFETCH(QString, name);
     PrivateRoot root;
     // Folders that would make way for the name.
-    QVERIFY(QDir().mkdir(root.path(u"KvPDE_a"_qs)));
-    QVERIFY(QDir().mkdir(root.path(u"KvPDE_"_qs)));
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_a"_s)));
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_"_s)));
     QVERIFY(dump(root, sampleSettings(), name));
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_"_qs, u"KvPDE_a"_qs}));
-    QVERIFY(QDir(root.path(u"KvPDE_a"_qs))
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_"_s, u"KvPDE_a"_s}));
+    QVERIFY(QDir(root.path(u"KvPDE_a"_s))
                 .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-    QVERIFY(QDir(root.path(u"KvPDE_"_qs))
+    QVERIFY(QDir(root.path(u"KvPDE_"_s))
                 .isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
 void SettingsDumpTest::replacesTheFileAsAWhole()
 {
     PrivateRoot root;
-    const QString path = root.path(u"KvPDE_job.plist"_qs);
-    QVERIFY(dump(root, PrintSettings({{u"long"_qs, QString(5000, u'A')}}), u"job"_qs));
+    const QString path = root.path(u"KvPDE_job.plist"_s);
+    QVERIFY(dump(root, PrintSettings({{u"long"_s, QString(5000, u'A')}}), u"job"_s));
     QFile former(path);
     QVERIFY(former.open(QIODevice::ReadOnly));
-    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
+    QVERIFY(dump(root, sampleSettings(), u"job"_s));
     QCOMPARE(contents(path), listOf(sampleSettings()));
     // Who was reading the former file reads it to its end.
-    QCOMPARE(former.readAll(), listOf(PrintSettings({{u"long"_qs, QString(5000, u'A')}})));
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
+    QCOMPARE(former.readAll(), listOf(PrintSettings({{u"long"_s, QString(5000, u'A')}})));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_s}));
 }
 
 void SettingsDumpTest::needsBothArguments()
@@ -174,24 +174,24 @@ void SettingsDumpTest::needsBothArguments()
     PrivateRoot root;
     PrintSettings settings = sampleSettings();
     QVERIFY(root.run([&settings] {
-        _PDELog_PMPrintSettings_WriteToFile(nullptr, u"job"_qs);
+        _PDELog_PMPrintSettings_WriteToFile(nullptr, u"job"_s);
         _PDELog_PMPrintSettings_WriteToFile(&settings, QString());
         _PDELog_PMPrintSettings_WriteToFile(nullptr, QString());
         return true;
     }));
     QCOMPARE(root.entries(), QStringList());
-    QVERIFY(dump(root, PrintSettings(), u"empty"_qs));
-    QCOMPARE(contents(root.path(u"KvPDE_empty.plist"_qs)), listOf(PrintSettings()));
+    QVERIFY(dump(root, PrintSettings(), u"empty"_s));
+    QCOMPARE(contents(root.path(u"KvPDE_empty.plist"_s)), listOf(PrintSettings()));
 }
 
 void SettingsDumpTest::settingsThatAreNoPropertyListLeaveTheFileAlone()
 {
     PrivateRoot root;
-    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
-    QVERIFY(dump(root, PrintSettings({{u"point"_qs, QPoint(1, 2)}}), u"job"_qs));
-    QVERIFY(dump(root, PrintSettings({{u"point"_qs, QPoint(1, 2)}}), u"other"_qs));
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
-    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_qs)), listOf(sampleSettings()));
+    QVERIFY(dump(root, sampleSettings(), u"job"_s));
+    QVERIFY(dump(root, PrintSettings({{u"point"_s, QPoint(1, 2)}}), u"job"_s));
+    QVERIFY(dump(root, PrintSettings({{u"point"_s, QPoint(1, 2)}}), u"other"_s));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_s}));
+    QCOMPARE(contents(root.path(u"KvPDE_job.plist"_s)), listOf(sampleSettings()));
 }
 
 void SettingsDumpTest::ignoresARootFolderThatCannotBeWritten()
@@ -199,7 +199,7 @@ void SettingsDumpTest::ignoresARootFolderThatCannotBeWritten()
     PrivateRoot root;
     PrintSettings settings = sampleSettings();
     QVERIFY(root.runWithoutRights([&settings] {
-        _PDELog_PMPrintSettings_WriteToFile(&settings, u"job"_qs);
+        _PDELog_PMPrintSettings_WriteToFile(&settings, u"job"_s);
         return true;
     }));
     QCOMPARE(root.entries(), QStringList());
@@ -209,10 +209,10 @@ void SettingsDumpTest::ignoresARootFolderThatCannotBeWritten()
 void SettingsDumpTest::ignoresAFolderInItsPlace()
 {
     PrivateRoot root;
-    QVERIFY(QDir().mkdir(root.path(u"KvPDE_job.plist"_qs)));
-    QVERIFY(dump(root, sampleSettings(), u"job"_qs));
-    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_qs}));
-    QVERIFY(QDir(root.path(u"KvPDE_job.plist"_qs)).exists());
+    QVERIFY(QDir().mkdir(root.path(u"KvPDE_job.plist"_s)));
+    QVERIFY(dump(root, sampleSettings(), u"job"_s));
+    QCOMPARE(root.entries(), QStringList({u"KvPDE_job.plist"_s}));
+    QVERIFY(QDir(root.path(u"KvPDE_job.plist"_s)).exists());
 }
 
 KV_CORE_TEST(SettingsDumpTest)

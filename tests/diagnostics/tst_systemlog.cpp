@@ -73,7 +73,7 @@ QString enormousLine()
 {
     QString line;
     for (int i = 0; line.size() < 1 << 20; ++i) {
-        line += QString::number(i) + u"ä あ \U0001F600\n%s"_qs;
+        line += QString::number(i) + u"ä あ \U0001F600\n%s"_s;
     }
     return line;
 }
@@ -115,17 +115,17 @@ void SystemLogTest::sinkTakesRecords_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QByteArray>("record");
 
-    QTest::newRow("plain") << u"text"_qs << QByteArray("text");
-    QTest::newRow("empty") << u""_qs << QByteArray();
+    QTest::newRow("plain") << u"text"_s << QByteArray("text");
+    QTest::newRow("empty") << u""_s << QByteArray();
     QTest::newRow("null") << QString() << QByteArray();
-    QTest::newRow("percent signs") << u"%s %n %m %%"_qs << QByteArray("%s %n %m %%");
-    QTest::newRow("newlines") << u"one\ntwo\n"_qs << QByteArray("one\ntwo\n");
-    QTest::newRow("beyond ASCII") << u"ä あ \U0001F600"_qs
+    QTest::newRow("percent signs") << u"%s %n %m %%"_s << QByteArray("%s %n %m %%");
+    QTest::newRow("newlines") << u"one\ntwo\n"_s << QByteArray("one\ntwo\n");
+    QTest::newRow("beyond ASCII") << u"ä あ \U0001F600"_s
                                   << QByteArray("\xc3\xa4 \xe3\x81\x82 \xf0\x9f\x98\x80");
-    QTest::newRow("null characters") << u"a\0b\0"_qs
+    QTest::newRow("null characters") << u"a\0b\0"_s
                                      << QByteArray("a\xe2\x90\x80"
                                                    "b\xe2\x90\x80");
-    QTest::newRow("lone surrogate") << u"a"_qs + QChar(0xd800) + u'b' << QByteArray("a?b");
+    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xd800) + u'b' << QByteArray("a?b");
 }
 
 void SystemLogTest::sinkTakesRecords()
@@ -140,7 +140,7 @@ void SystemLogTest::handsBackTheFormerSink()
     QByteArrayList former;
     QVERIFY(!setLogSink([&former](const QByteArray &record) { former += record; }));
     const LogSink handedBack = setLogSink([](const QByteArray &) {});
-    logToSystem(u"to the latter"_qs);
+    logToSystem(u"to the latter"_s);
     QCOMPARE(former, QByteArrayList());
     handedBack("to the former");
     QCOMPARE(former, QByteArrayList({"to the former"}));
@@ -154,8 +154,8 @@ void SystemLogTest::sinkMayReplaceItself()
         setLogSink([&records](const QByteArray &next) { records += "second " + next; });
         records += name + "again";
     });
-    logToSystem(u"a"_qs);
-    logToSystem(u"b"_qs);
+    logToSystem(u"a"_s);
+    logToSystem(u"b"_s);
     QCOMPARE(records, QByteArrayList({"first a", "first again", "second b"}));
 }
 
@@ -172,9 +172,9 @@ void SystemLogTest::cutsNoCharacter_data()
 {
     QTest::addColumn<QString>("character");
 
-    QTest::newRow("2 bytes") << u"ä"_qs;
-    QTest::newRow("3 bytes") << u"あ"_qs;
-    QTest::newRow("4 bytes") << u"\U0001F600"_qs;
+    QTest::newRow("2 bytes") << u"ä"_s;
+    QTest::newRow("3 bytes") << u"あ"_s;
+    QTest::newRow("4 bytes") << u"\U0001F600"_s;
 }
 
 void SystemLogTest::cutsNoCharacter()
@@ -203,9 +203,9 @@ void SystemLogTest::withoutADaemonNothingHappens()
     if (!PrivateRoot::isPossible()) {
         QSKIP("This user may have no root folder of its own.");
     }
-    QFile::remove(root.path(u"dev/log"_qs));
+    QFile::remove(root.path(u"dev/log"_s));
     QVERIFY(root.run([] {
-        logToSystem(u"text"_qs);
+        logToSystem(u"text"_s);
         return true;
     }));
     QCOMPARE(root.records(), QByteArrayList());
@@ -227,7 +227,7 @@ void SystemLogTest::socketGetsLines()
     PrivateRoot root;
     QVERIFY(root.run([line] {
         logToSystem(line);
-        logToSystem(u"next"_qs);
+        logToSystem(u"next"_s);
         return true;
     }));
     QCOMPARE(textsOf(root.records()), QByteArrayList({record, "next"}));
@@ -240,18 +240,17 @@ void SystemLogTest::socketGetsTaggedLines()
     }
     PrivateRoot root;
     QVERIFY(root.run([] {
-        const QString object = u"50% あ\nobject"_qs;
-        _PDEProlog(object, u"%d %@"_qs, 5, u"100% %@\nGröße"_qs);
-        _PDEEpilog(nullptr, u"%d"_qs, 6);
-        _PDELog(object, u"%%"_qs);
+        const QString object = u"50% あ\nobject"_s;
+        _PDEProlog(object, u"%d %@"_s, 5, u"100% %@\nGröße"_s);
+        _PDEEpilog(nullptr, u"%d"_s, 6);
+        _PDELog(object, u"%%"_s);
         return true;
     }));
-    QCOMPARE(textsOf(root.records()),
-             QByteArrayList({
-                 u"BEGIN self(50% あ\nobject) 5 100% %@\nGröße"_qs.toUtf8(),
-                 "END 6",
-                 u"LOG self(50% あ\nobject) %"_qs.toUtf8(),
-             }));
+    QCOMPARE(textsOf(root.records()), QByteArrayList({
+                                          u"BEGIN self(50% あ\nobject) 5 100% %@\nGröße"_s.toUtf8(),
+                                          "END 6",
+                                          u"LOG self(50% あ\nobject) %"_s.toUtf8(),
+                                      }));
 }
 
 void SystemLogTest::socketGetsTheOptionDump()
@@ -306,7 +305,7 @@ void SystemLogTest::socketKeepsTheApplicationsLog()
     PrivateRoot root;
     QVERIFY(root.run([] {
         openlog("application", LOG_PID, LOG_LOCAL3);
-        logToSystem(u"ours"_qs);
+        logToSystem(u"ours"_s);
         syslog(LOG_ERR, "its own");
         return true;
     }));

@@ -151,7 +151,8 @@ void tst_spoiltplugin::removedBeforeTheFirstDialog()
     const QTemporaryDir folder;
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
-    QTRY_VERIFY(opener.hasLoaded(QStringLiteral("libkvprintdialog.so")));
+    QVERIFY(
+        QTest::qWaitFor([&] { return opener.hasLoaded(QStringLiteral("libkvprintdialog.so")); }));
     QVERIFY(removePath(tree.libraries()));
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(!opener.tabs(tape).contains(panelTitle));

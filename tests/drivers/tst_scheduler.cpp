@@ -271,7 +271,7 @@ void tst_scheduler::diesWithItsParent()
     QVERIFY(isRunning(scheduler));
     parent.kill();
     QVERIFY(parent.waitForFinished());
-    QTRY_VERIFY_WITH_TIMEOUT(!isRunning(scheduler), 10'000);
+    QVERIFY(QTest::qWaitFor([&] { return !isRunning(scheduler); }, 10'000));
 }
 
 KV_TEST(tst_scheduler)

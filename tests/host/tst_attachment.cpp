@@ -128,7 +128,7 @@ void tst_attachment::tabsFollowThePrinter()
     QCOMPARE(dialog.tabs(), allTabs);
     // The panel's tab stays the one that is seen.
     QCOMPARE(panel.boxes(),
-             QStringList({u"mCutAndEndChkBx"_qs, u"mCutEveryChkBx"_qs, u"mMirrorPrintChkBx"_qs}));
+             QStringList({u"mCutAndEndChkBx"_s, u"mCutEveryChkBx"_s, u"mMirrorPrintChkBx"_s}));
     QCOMPARE(panel.presets(), QList<int>({1, 2, 3, 4}));
 
     QVERIFY(dialog.user().pickPrinter(QStringLiteral("plain")));
@@ -156,8 +156,8 @@ void tst_attachment::choicesStayWithTheirPrinter()
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job),
-             QStringList({u"KvCutAtEnd=ON"_qs, u"KvCutLabel=1"_qs, u"KvMirror=OFF"_qs}));
-    QVERIFY(mSite.job(job).value(u"job-printer-uri"_qs).endsWith(u"/label"));
+             QStringList({u"KvCutAtEnd=ON"_s, u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
+    QVERIFY(mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/label"));
 }
 
 void tst_attachment::plainPrinterStillPrints()
@@ -190,8 +190,8 @@ void tst_attachment::panelIsSeenWhole()
     QVERIFY(dialog.openTab());
     const auto *tab = qobject_cast<QScrollArea *>(dialog.user().widget(QStringLiteral("panelTab")));
     QVERIFY(tab && tab->widget());
-    QTRY_VERIFY(tab->viewport()->width() >= tab->widget()->width());
-    QTRY_VERIFY(tab->viewport()->height() >= tab->widget()->height());
+    QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->width() >= tab->widget()->width(); }));
+    QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->height() >= tab->widget()->height(); }));
 }
 
 void tst_attachment::shrinkTubeTurnsAutoCutOff()
@@ -201,12 +201,12 @@ void tst_attachment::shrinkTubeTurnsAutoCutOff()
     PanelUser panel(dialog.user());
     PanelHost &host = *dialog.attachment().host();
     QVERIFY(panel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_qs), QStringLiteral("ON"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
 
     QVERIFY(dialog.user().pickPaper(QStringLiteral("HS12x100")));
     QVERIFY(!panel.isTicked(QStringLiteral("mCutEveryChkBx")));
     QVERIFY(!panel.isEnabled(QStringLiteral("mCutEveryTxBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_qs), QStringLiteral("OFF"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("OFF"));
 
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(mSite.choices(job).contains(u"KvAutoTapeCut=OFF"));
@@ -218,10 +218,10 @@ void tst_attachment::shrinkTubeUnmarksASeparateAutoCut()
     AttachedDialog dialog(QStringLiteral("tape"));
     QVERIFY(dialog.openTab());
     const PanelHost &host = *dialog.attachment().host();
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_qs), QStringLiteral("ON"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
     QVERIFY(dialog.user().pickPaper(QStringLiteral("HS6x100")));
     QCOMPARE(host.paper().ppdPaperName(), QStringLiteral("HS6x100"));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_qs), QStringLiteral("OFF"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("OFF"));
 }
 
 void tst_attachment::cancelledPaperChangesNothing()
@@ -233,7 +233,7 @@ void tst_attachment::cancelledPaperChangesNothing()
     QVERIFY(dialog.user().pickPaper(QStringLiteral("HS12x100"), false));
     QCOMPARE(host.paper().ppdPaperName(), QStringLiteral("T12x100"));
     QVERIFY(panel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_qs), QStringLiteral("ON"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.job(job).value(QStringLiteral("media")), QStringLiteral("T12x100"));
     QVERIFY(mSite.choices(job).contains(u"KvAutoTapeCut=ON"));
@@ -244,8 +244,8 @@ void tst_attachment::flagPaperForbidsHalfCut()
     AttachedDialog dialog(QStringLiteral("tape"));
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    const QStringList forbidden = {u"mHalfCutChkBx"_qs, u"mSpecialTapeChkBx"_qs,
-                                   u"mChainPrintChkBx"_qs, u"mRemoveBlkSpaceChkBx"_qs};
+    const QStringList forbidden = {u"mHalfCutChkBx"_s, u"mSpecialTapeChkBx"_s,
+                                   u"mChainPrintChkBx"_s, u"mRemoveBlkSpaceChkBx"_s};
     for (const QString &box : forbidden) {
         QVERIFY2(panel.isEnabled(box), qPrintable(box));
     }
@@ -306,10 +306,10 @@ void tst_attachment::summaryListsEveryLine()
 {
     AttachedDialog dialog(QStringLiteral("all"));
     QVERIFY(dialog.openTab());
-    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: No"_qs, u"Cut at End: No"_qs,
-                                             u"Half Cut: No"_qs, u"Special Tape: No"_qs,
-                                             u"Chain Printing: No"_qs, u"Mirror Printing: No"_qs,
-                                             u"Remove Blank Space: No"_qs, u"Cut Mark: No"_qs}));
+    QCOMPARE(summaryOf(dialog),
+             QStringList({u"Cut Every: No"_s, u"Cut at End: No"_s, u"Half Cut: No"_s,
+                          u"Special Tape: No"_s, u"Chain Printing: No"_s, u"Mirror Printing: No"_s,
+                          u"Remove Blank Space: No"_s, u"Cut Mark: No"_s}));
     QCOMPARE(summaryOf(dialog), linesOfPanels(*dialog.attachment().host()));
 }
 
@@ -318,17 +318,16 @@ void tst_attachment::summaryFollowsAClick()
     AttachedDialog dialog(QStringLiteral("follow"));
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 1 labels"_qs, u"Half Cut: No"_qs,
-                                             u"Chain Printing: No"_qs, u"Mirror Printing: No"_qs}));
+    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 1 labels"_s, u"Half Cut: No"_s,
+                                             u"Chain Printing: No"_s, u"Mirror Printing: No"_s}));
     QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
     QVERIFY(panel.typeCount(QStringLiteral("12")));
-    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 12 labels"_qs, u"Half Cut: Yes"_qs,
-                                             u"Chain Printing: No"_qs, u"Mirror Printing: No"_qs}));
+    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 12 labels"_s, u"Half Cut: Yes"_s,
+                                             u"Chain Printing: No"_s, u"Mirror Printing: No"_s}));
     QVERIFY(panel.click(QStringLiteral("mCutEveryChkBx")));
     QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
-    QCOMPARE(summaryOf(dialog),
-             QStringList({u"Cut Every: No"_qs, u"Half Cut: Yes"_qs, u"Chain Printing: No"_qs,
-                          u"Mirror Printing: Yes"_qs}));
+    QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: No"_s, u"Half Cut: Yes"_s,
+                                             u"Chain Printing: No"_s, u"Mirror Printing: Yes"_s}));
     QCOMPARE(summaryOf(dialog), linesOfPanels(*dialog.attachment().host()));
 }
 
@@ -340,8 +339,8 @@ void tst_attachment::summaryFollowsAPreset()
     QVERIFY(panel.pickPreset(8));
     QVERIFY(dialog.user().showTab(kSummaryTab));
     QCOMPARE(summaryOf(dialog).mid(0, 4),
-             QStringList({u"Auto Cut: No"_qs, u"Half Cut: Yes"_qs, u"Special Tape: No"_qs,
-                          u"Chain Printing: Yes"_qs}));
+             QStringList({u"Auto Cut: No"_s, u"Half Cut: Yes"_s, u"Special Tape: No"_s,
+                          u"Chain Printing: Yes"_s}));
 }
 
 void tst_attachment::choicesStayWhenTabsAreTurned()
@@ -360,10 +359,10 @@ void tst_attachment::choicesStayWhenTabsAreTurned()
         QCOMPARE(panel.selectedPreset(), 11);
     }
     const QStringList choices = mSite.choices(dialog.print(mSite.scheduler()));
-    QVERIFY(choices.contains(u"KvAutoTapeCut=ON"_qs));
-    QVERIFY(choices.contains(u"KvHalfCut=ON"_qs));
-    QVERIFY(choices.contains(u"KvMirror=ON"_qs));
-    QVERIFY(choices.contains(u"KvChainPrint=OFF"_qs));
+    QVERIFY(choices.contains(u"KvAutoTapeCut=ON"_s));
+    QVERIFY(choices.contains(u"KvHalfCut=ON"_s));
+    QVERIFY(choices.contains(u"KvMirror=ON"_s));
+    QVERIFY(choices.contains(u"KvChainPrint=OFF"_s));
 }
 
 void tst_attachment::summaryFollowsThePaper()
@@ -427,7 +426,7 @@ void tst_attachment::choiceOfThePropertiesReachesTheJob()
     }));
     QVERIFY(PanelUser(dialog.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_qs, u"KvMirror=ON"_qs}));
+    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_s, u"KvMirror=ON"_s}));
 }
 
 void tst_attachment::dialogAcceptedTwice()
@@ -445,10 +444,9 @@ void tst_attachment::dialogAcceptedTwice()
     QVERIFY(panel.click(QStringLiteral("mChainPrintChkBx")));
     const int second = dialog.print(mSite.scheduler());
     QVERIFY(second > first);
-    QCOMPARE(
-        mSite.choices(second),
-        QStringList({u"KvAutoTapeCut=ON"_qs, u"KvChainPrint=ON"_qs, u"KvHalfCut=OFF"_qs,
-                     u"KvMirror=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvSpecialTape=OFF"_qs}));
+    QCOMPARE(mSite.choices(second),
+             QStringList({u"KvAutoTapeCut=ON"_s, u"KvChainPrint=ON"_s, u"KvHalfCut=OFF"_s,
+                          u"KvMirror=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvSpecialTape=OFF"_s}));
     QCOMPARE(dialog.tabs(), allTabs);
 }
 
@@ -503,11 +501,11 @@ void tst_attachment::twoDialogsAtOnce()
     const int firstJob = first.print(mSite.scheduler());
     const int secondJob = second.print(mSite.scheduler());
     QCOMPARE(mSite.choices(firstJob),
-             QStringList({u"KvAutoTapeCut=ON"_qs, u"KvChainPrint=OFF"_qs, u"KvCutLabel=1"_qs,
-                          u"KvHalfCut=ON"_qs, u"KvMirror=OFF"_qs}));
+             QStringList({u"KvAutoTapeCut=ON"_s, u"KvChainPrint=OFF"_s, u"KvCutLabel=1"_s,
+                          u"KvHalfCut=ON"_s, u"KvMirror=OFF"_s}));
     QCOMPARE(mSite.choices(secondJob),
-             QStringList({u"KvAutoTapeCut=OFF"_qs, u"KvChainPrint=ON"_qs, u"KvCutLabel=1"_qs,
-                          u"KvHalfCut=OFF"_qs, u"KvMirror=OFF"_qs}));
+             QStringList({u"KvAutoTapeCut=OFF"_s, u"KvChainPrint=ON"_s, u"KvCutLabel=1"_s,
+                          u"KvHalfCut=OFF"_s, u"KvMirror=OFF"_s}));
 }
 
 KV_TEST(tst_attachment)

@@ -264,7 +264,7 @@ void tst_badbundle::spoiltBundle()
     QCOMPARE(mSite.choices(job), tab == Tab::None ? QStringList() : choices);
 
     // Pictures are checked while the dialog is open.
-    QTRY_VERIFY(dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0);
+    QVERIFY(QTest::qWaitFor([&] { return dialog.problemsWith(QStringLiteral("Spoilt.pde")) > 0; }));
     const QString problems = dialog.problems().join(QStringLiteral("; "));
     QVERIFY2(dialog.problems().size() == 1, qPrintable(problems));
     QVERIFY2(QRegularExpression(problem).match(problems).hasMatch(), qPrintable(problems));
@@ -280,9 +280,9 @@ void tst_badbundle::closedBundle_data()
     QTest::newRow("its folder")
         << QStringLiteral("Contents/Linux")
         << QStringLiteral("Spoilt.pde: %1 cannot be reached").arg(libraryName);
-    QTest::newRow("info file") << info << path + u"/Contents/Info.json: cannot be read"_qs;
-    QTest::newRow("bundle") << whole << path + u" cannot be read"_qs;
-    QTest::newRow("folder of bundles") << u".."_qs << u"FOLDER cannot be read"_qs;
+    QTest::newRow("info file") << info << path + u"/Contents/Info.json: cannot be read"_s;
+    QTest::newRow("bundle") << whole << path + u" cannot be read"_s;
+    QTest::newRow("folder of bundles") << u".."_s << u"FOLDER cannot be read"_s;
 }
 
 void tst_badbundle::closedBundle()
@@ -290,7 +290,7 @@ void tst_badbundle::closedBundle()
     QFETCH(const QString, closed);
     QFETCH(QString, problem);
     const BundleFolder folder;
-    QVERIFY(folder.add() && folder.setMode(u".."_qs, 0755) && folder.setMode(closed, 0));
+    QVERIFY(folder.add() && folder.setMode(u".."_s, 0755) && folder.setMode(closed, 0));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &told) { problems.append(told); });
     {
@@ -298,8 +298,8 @@ void tst_badbundle::closedBundle()
         QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
     }
     QVERIFY(folder.setMode(closed, 0755));
-    problem.replace(u"FOLDER"_qs, folder.path());
-    QCOMPARE(problems, QStringList{problem + u": Permission denied"_qs});
+    problem.replace(u"FOLDER"_s, folder.path());
+    QCOMPARE(problems, QStringList{problem + u": Permission denied"_s});
 }
 
 void tst_badbundle::formGoneSinceTheBundleWasLoaded()
@@ -309,7 +309,7 @@ void tst_badbundle::formGoneSinceTheBundleWasLoaded()
     AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
     QVERIFY(folder.remove(form));
     QVERIFY(dialog.openTab());
-    QCOMPARE(dialog.problems(), QStringList{u"Spoilt.pde: OptionPDE.ui is missing"_qs});
+    QCOMPARE(dialog.problems(), QStringList{u"Spoilt.pde: OptionPDE.ui is missing"_s});
 }
 
 void tst_badbundle::requestWithoutAForm()
@@ -351,7 +351,7 @@ void tst_badbundle::problemsAreToldOnce()
     }
     QVERIFY(dialog.print(mSite.scheduler()) > 0);
     QCOMPARE(dialog.problems(),
-             QStringList{u"Spoilt.pde: OptionPDE.ui, like AHCMOnOffOffOff.png, is missing"_qs});
+             QStringList{u"Spoilt.pde: OptionPDE.ui, like AHCMOnOffOffOff.png, is missing"_s});
 }
 
 KV_TEST(tst_badbundle)

@@ -95,7 +95,7 @@ void tst_badinput::initTestCase()
 bool tst_badinput::addPrinter(const QString &name, const QByteArray &ppd) const
 {
     QString error;
-    const QString path = ppd.isEmpty() ? QString() : mSite.file(name + u".ppd"_qs, ppd);
+    const QString path = ppd.isEmpty() ? QString() : mSite.file(name + u".ppd"_s, ppd);
     const bool added = mSite.scheduler().addPrinter(name, path, &error);
     if (!added) {
         qWarning("%s", qPrintable(error));
@@ -117,7 +117,7 @@ void tst_badinput::printerWithoutAPPD()
     QVERIFY(run.open());
     const int job = run.print();
     QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_qs});
+    QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_s});
     QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("2"));
 }
 
@@ -132,16 +132,16 @@ void tst_badinput::brokenPPD_data()
     QByteArray unstarred = whole;
     unstarred.replace("*PPD-Adobe: \"4.3\"\n", "*PPD-Adobe: \"4.3\"\nKvHalfCut\n");
 
-    QTest::newRow("empty") << QByteArray() << u"line 0: Missing PPD-Adobe-4.x header"_qs;
-    QTest::newRow("a text") << QByteArray("no PPD\n") << u"line 1: Missing asterisk in column 1"_qs;
+    QTest::newRow("empty") << QByteArray() << u"line 0: Missing PPD-Adobe-4.x header"_s;
+    QTest::newRow("a text") << QByteArray("no PPD\n") << u"line 1: Missing asterisk in column 1"_s;
     QTest::newRow("nested groups")
-        << nested << u"line %1: OpenGroup without a CloseGroup first"_qs.arg(line);
-    QTest::newRow("no asterisk") << unstarred << u"line 2: Missing asterisk in column 1"_qs;
+        << nested << u"line %1: OpenGroup without a CloseGroup first"_s.arg(line);
+    QTest::newRow("no asterisk") << unstarred << u"line 2: Missing asterisk in column 1"_s;
     QTest::newRow("a line without end")
         << whole.left(200).replace('\n', ' ') + QByteArray(500, 'x')
-        << u"line 1: Line longer than the maximum allowed (255 characters)"_qs;
+        << u"line 1: Line longer than the maximum allowed (255 characters)"_s;
     QTest::newRow("a long keyword") << "*PPD-Adobe: \"4.3\"\n*" + QByteArray(60, 'a') + ": \"\"\n"
-                                    << u"line 2: Illegal main keyword string"_qs;
+                                    << u"line 2: Illegal main keyword string"_s;
 }
 
 void tst_badinput::brokenPPD()
@@ -192,10 +192,10 @@ void tst_badinput::printerWhosePPDIsBroken()
     QVERIFY(dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.user().pickPrinter(name));
     QCOMPARE(dialog.problems(),
-             QStringList{u"PPD of spoilt: line 2: Missing asterisk in column 1"_qs});
+             QStringList{u"PPD of spoilt: line 2: Missing asterisk in column 1"_s});
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job > 0);
-    QVERIFY(mSite.job(job).value(u"job-printer-uri"_qs).endsWith(u"/spoilt"));
+    QVERIFY(mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/spoilt"));
 }
 
 void tst_badinput::oddPPD_data()
@@ -207,14 +207,14 @@ void tst_badinput::oddPPD_data()
         << option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n") << QString() << QString();
     QTest::newRow("an option without a default")
         << option("KvHalfCut", "Half Cut", "*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n")
-        << u"KvHalfCut=OFF"_qs << u"KvHalfCut=ON"_qs;
+        << u"KvHalfCut=OFF"_s << u"KvHalfCut=ON"_s;
     QTest::newRow("a default that is no choice")
         << option("KvHalfCut", "Half Cut",
                   "*DefaultKvHalfCut: MAYBE\n*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n")
-        << u"KvHalfCut=OFF"_qs << u"KvHalfCut=ON"_qs;
+        << u"KvHalfCut=OFF"_s << u"KvHalfCut=ON"_s;
     QTest::newRow("an option with one choice")
         << option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n*KvHalfCut OFF/Off: \"\"\n")
-        << u"KvHalfCut=OFF"_qs << u"KvHalfCut=OFF"_qs;
+        << u"KvHalfCut=OFF"_s << u"KvHalfCut=OFF"_s;
 }
 
 void tst_badinput::oddPPD()
@@ -227,7 +227,7 @@ void tst_badinput::oddPPD()
                  "*DefaultKvMirror: OFF\n*KvMirror OFF/Off: \"\"\n*KvMirror ON/On: \"\"\n");
     QVERIFY(addPrinter(QStringLiteral("odd"), ppdOf(QStringLiteral("plain")) + option + mirror));
     const auto withMirror = [](const QString &half, const char *choice) {
-        QStringList choices{u"KvMirror="_qs + QLatin1String(choice)};
+        QStringList choices{u"KvMirror="_s + QLatin1String(choice)};
         return half.isEmpty() ? choices : QStringList{half} + choices;
     };
 
@@ -239,7 +239,7 @@ void tst_badinput::oddPPD()
     AttachedDialog dialog(QStringLiteral("odd"));
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    QCOMPARE(panel.boxes(), QStringList({u"mHalfCutChkBx"_qs, u"mMirrorPrintChkBx"_qs}));
+    QCOMPARE(panel.boxes(), QStringList({u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s}));
     QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
     QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), withMirror(clicked, "ON"));
@@ -255,13 +255,13 @@ void tst_badinput::textsThatAreNoUTF8()
     AttachedDialog dialog(QStringLiteral("latin"));
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    QCOMPARE(panel.boxes(), QStringList{u"mMirrorPrintChkBx"_qs});
+    QCOMPARE(panel.boxes(), QStringList{u"mMirrorPrintChkBx"_s});
     QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
     QTest::qWait(0);
     QCOMPARE(panel.summary().size(), 1);
     QVERIFY(panel.summary().first().startsWith(u"Spiegel"));
     QVERIFY(panel.summary().first().endsWith(u": Yes"));
-    QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{u"KvMirror=ON"_qs});
+    QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{u"KvMirror=ON"_s});
 }
 
 void tst_badinput::longDeviceURI_data()
@@ -370,9 +370,9 @@ void tst_badinput::unreadableFile()
 void tst_badinput::jobThatCannotBeSent()
 {
     QString error;
-    QCOMPARE(JobSubmission::print(QStringLiteral("nowhere"), {mSite.document()}, u"title"_qs, {},
-                                  &error),
-             0);
+    QCOMPARE(
+        JobSubmission::print(QStringLiteral("nowhere"), {mSite.document()}, u"title"_s, {}, &error),
+        0);
     QVERIFY2(error.startsWith(u"nowhere: "), qPrintable(error));
     QVERIFY(error.size() > 9);
 
@@ -381,7 +381,7 @@ void tst_badinput::jobThatCannotBeSent()
     error.clear();
     QCOMPARE(JobSubmission::print(QStringLiteral("tape"),
                                   {mSite.document(), mSite.path(QStringLiteral("gone.txt"))},
-                                  u"title"_qs, {}, &error),
+                                  u"title"_s, {}, &error),
              0);
     QVERIFY2(error.startsWith(u"tape: "), qPrintable(error));
     const QList<int> after = mSite.scheduler().jobIds();

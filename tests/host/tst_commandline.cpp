@@ -117,32 +117,30 @@ void tst_commandline::acceptedArguments_data()
     QTest::addColumn<int>("copies");
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QStringList>("files");
-    const QStringList file{u"a.pdf"_qs};
+    const QStringList file{u"a.pdf"_s};
     QTest::newRow("a file") << file << QString() << 0 << QStringList() << file;
-    QTest::newRow("files") << QStringList{u"b"_qs, u"a"_qs, u"b"_qs} << QString() << 0
-                           << QStringList() << QStringList{u"b"_qs, u"a"_qs, u"b"_qs};
-    QTest::newRow("printer") << QStringList{u"-d"_qs, u"tape"_qs, u"a.pdf"_qs} << u"tape"_qs << 0
+    QTest::newRow("files") << QStringList{u"b"_s, u"a"_s, u"b"_s} << QString() << 0 << QStringList()
+                           << QStringList{u"b"_s, u"a"_s, u"b"_s};
+    QTest::newRow("printer") << QStringList{u"-d"_s, u"tape"_s, u"a.pdf"_s} << u"tape"_s << 0
                              << QStringList() << file;
-    QTest::newRow("copies") << QStringList{u"-n"_qs, u"3"_qs, u"a.pdf"_qs} << QString() << 3
+    QTest::newRow("copies") << QStringList{u"-n"_s, u"3"_s, u"a.pdf"_s} << QString() << 3
                             << QStringList() << file;
-    QTest::newRow("most copies") << QStringList{u"-n9999"_qs, u"a.pdf"_qs} << QString() << 9999
+    QTest::newRow("most copies") << QStringList{u"-n9999"_s, u"a.pdf"_s} << QString() << 9999
                                  << QStringList() << file;
-    QTest::newRow("options") << QStringList{u"-o"_qs,  u"B=1"_qs,   u"-o"_qs,
-                                            u"A=2"_qs, u"-oC=3"_qs, u"a.pdf"_qs}
-                             << QString() << 0 << QStringList{u"B=1"_qs, u"A=2"_qs, u"C=3"_qs}
-                             << file;
+    QTest::newRow("options") << QStringList{u"-o"_s,  u"B=1"_s,   u"-o"_s,
+                                            u"A=2"_s, u"-oC=3"_s, u"a.pdf"_s}
+                             << QString() << 0 << QStringList{u"B=1"_s, u"A=2"_s, u"C=3"_s} << file;
     QTest::newRow("options at once")
-        << QStringList{u"-o"_qs, u"A=1 B=2 fit nolandscape"_qs, u"a.pdf"_qs} << QString() << 0
-        << QStringList{u"A=1"_qs, u"B=2"_qs, u"fit=true"_qs, u"landscape=false"_qs} << file;
-    QTest::newRow("option twice") << QStringList{u"-o"_qs, u"A=1"_qs, u"-o"_qs, u"A=2"_qs,
-                                                 u"a.pdf"_qs}
-                                  << QString() << 0 << QStringList{u"A=2"_qs} << file;
+        << QStringList{u"-o"_s, u"A=1 B=2 fit nolandscape"_s, u"a.pdf"_s} << QString() << 0
+        << QStringList{u"A=1"_s, u"B=2"_s, u"fit=true"_s, u"landscape=false"_s} << file;
+    QTest::newRow("option twice") << QStringList{u"-o"_s, u"A=1"_s, u"-o"_s, u"A=2"_s, u"a.pdf"_s}
+                                  << QString() << 0 << QStringList{u"A=2"_s} << file;
     QTest::newRow("options behind the file")
-        << QStringList{u"a.pdf"_qs, u"-d"_qs, u"x"_qs, u"-n"_qs, u"2"_qs} << u"x"_qs << 2
-        << QStringList() << file;
+        << QStringList{u"a.pdf"_s, u"-d"_s, u"x"_s, u"-n"_s, u"2"_s} << u"x"_s << 2 << QStringList()
+        << file;
     QTest::newRow("file that looks like an option")
-        << QStringList{u"-d"_qs, u"x"_qs, u"--"_qs, u"-n"_qs} << u"x"_qs << 0 << QStringList()
-        << QStringList{u"-n"_qs};
+        << QStringList{u"-d"_s, u"x"_s, u"--"_s, u"-n"_s} << u"x"_s << 0 << QStringList()
+        << QStringList{u"-n"_s};
 }
 
 void tst_commandline::acceptedArguments()
@@ -173,32 +171,32 @@ void tst_commandline::argumentsWithoutADialog_data()
     };
     const QString a = QStringLiteral("a.pdf");
     const QString none;
-    add("no dialog", {u"--no-dialog"_qs, a}, Action::PrintDirectly, none, a);
-    add("no dialog at a printer", {u"--no-dialog"_qs, u"-d"_qs, u"tape"_qs, a},
-        Action::PrintDirectly, u"tape"_qs, a);
-    add("no dialog behind the file", {a, u"-dtape"_qs, u"--no-dialog"_qs}, Action::PrintDirectly,
-        u"tape"_qs, a);
-    add("dry run", {u"--dry-run"_qs, a}, Action::PrintDirectly, u"dry"_qs, a);
-    add("dry run without a dialog", {u"--no-dialog"_qs, u"--dry-run"_qs, u"-dtape"_qs, a},
-        Action::PrintDirectly, u"tape dry"_qs, a);
-    add("dry run on a PPD", {u"--ppd"_qs, u"t.ppd"_qs, u"--dry-run"_qs, a}, Action::PrintDirectly,
-        u"t.ppd dry"_qs, a);
-    add("PPD behind an equals sign", {u"--ppd=t.ppd"_qs, u"--dry-run"_qs, a}, Action::PrintDirectly,
-        u"t.ppd dry"_qs, a);
-    add("list", {u"--list"_qs}, Action::List, none, none);
-    add("list as JSON", {u"--list"_qs, u"--json"_qs}, Action::List, u"json"_qs, none);
-    add("list of a printer", {u"-d"_qs, u"tape"_qs, u"--list"_qs}, Action::List, u"tape"_qs, none);
-    add("list of a PPD", {u"--list"_qs, u"--json"_qs, u"--ppd"_qs, u"t.ppd"_qs}, Action::List,
-        u"t.ppd json"_qs, none);
-    add("picture", {u"--screenshot"_qs, u"a.png"_qs}, Action::Screenshot, none, u"a.png"_qs);
-    add("picture of a PPD", {u"--ppd"_qs, u"t.ppd"_qs, u"--screenshot=a.png"_qs},
-        Action::Screenshot, u"t.ppd"_qs, u"a.png"_qs);
-    add("script", {u"--script"_qs, u"a.jsonl"_qs}, Action::RunScript, none, u"a.jsonl"_qs);
-    add("script from standard input", {u"--script"_qs, u"-"_qs}, Action::RunScript, none, u"-"_qs);
-    add("script on a printer", {u"-dtape"_qs, u"--script"_qs, u"-"_qs}, Action::RunScript,
-        u"tape"_qs, u"-"_qs);
-    add("script on a PPD", {u"--script=-"_qs, u"--ppd=t.ppd"_qs}, Action::RunScript, u"t.ppd"_qs,
-        u"-"_qs);
+    add("no dialog", {u"--no-dialog"_s, a}, Action::PrintDirectly, none, a);
+    add("no dialog at a printer", {u"--no-dialog"_s, u"-d"_s, u"tape"_s, a}, Action::PrintDirectly,
+        u"tape"_s, a);
+    add("no dialog behind the file", {a, u"-dtape"_s, u"--no-dialog"_s}, Action::PrintDirectly,
+        u"tape"_s, a);
+    add("dry run", {u"--dry-run"_s, a}, Action::PrintDirectly, u"dry"_s, a);
+    add("dry run without a dialog", {u"--no-dialog"_s, u"--dry-run"_s, u"-dtape"_s, a},
+        Action::PrintDirectly, u"tape dry"_s, a);
+    add("dry run on a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--dry-run"_s, a}, Action::PrintDirectly,
+        u"t.ppd dry"_s, a);
+    add("PPD behind an equals sign", {u"--ppd=t.ppd"_s, u"--dry-run"_s, a}, Action::PrintDirectly,
+        u"t.ppd dry"_s, a);
+    add("list", {u"--list"_s}, Action::List, none, none);
+    add("list as JSON", {u"--list"_s, u"--json"_s}, Action::List, u"json"_s, none);
+    add("list of a printer", {u"-d"_s, u"tape"_s, u"--list"_s}, Action::List, u"tape"_s, none);
+    add("list of a PPD", {u"--list"_s, u"--json"_s, u"--ppd"_s, u"t.ppd"_s}, Action::List,
+        u"t.ppd json"_s, none);
+    add("picture", {u"--screenshot"_s, u"a.png"_s}, Action::Screenshot, none, u"a.png"_s);
+    add("picture of a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--screenshot=a.png"_s}, Action::Screenshot,
+        u"t.ppd"_s, u"a.png"_s);
+    add("script", {u"--script"_s, u"a.jsonl"_s}, Action::RunScript, none, u"a.jsonl"_s);
+    add("script from standard input", {u"--script"_s, u"-"_s}, Action::RunScript, none, u"-"_s);
+    add("script on a printer", {u"-dtape"_s, u"--script"_s, u"-"_s}, Action::RunScript, u"tape"_s,
+        u"-"_s);
+    add("script on a PPD", {u"--script=-"_s, u"--ppd=t.ppd"_s}, Action::RunScript, u"t.ppd"_s,
+        u"-"_s);
 }
 
 void tst_commandline::argumentsWithoutADialog()
@@ -210,8 +208,8 @@ void tst_commandline::argumentsWithoutADialog()
     const CommandLine line = parse(arguments);
     QCOMPARE(line.message, QString());
     QCOMPARE(line.action, action);
-    QStringList said{line.printer, line.ppd, line.isDryRun ? u"dry"_qs : QString(),
-                     line.asJSON ? u"json"_qs : QString()};
+    QStringList said{line.printer, line.ppd, line.isDryRun ? u"dry"_s : QString(),
+                     line.asJSON ? u"json"_s : QString()};
     said.removeAll(QString());
     QCOMPARE(said.join(u' '), about);
     QCOMPARE(line.actionFile + line.files.join(u' '), file);
@@ -220,20 +218,20 @@ void tst_commandline::argumentsWithoutADialog()
 
 void tst_commandline::presetAndOptionsWithoutADialog()
 {
-    const QStringList rest{u"--preset"_qs, u"SPMROnOff"_qs, u"-o"_qs, u"A=1 B=2"_qs,
-                           u"-o"_qs,       u"A=3"_qs,       u"-d"_qs, u"tape"_qs};
-    const QStringList printing{u"-n"_qs, u"7"_qs, u"a"_qs, u"b"_qs};
+    const QStringList rest{u"--preset"_s, u"SPMROnOff"_s, u"-o"_s, u"A=1 B=2"_s,
+                           u"-o"_s,       u"A=3"_s,       u"-d"_s, u"tape"_s};
+    const QStringList printing{u"-n"_s, u"7"_s, u"a"_s, u"b"_s};
     for (const QStringList &action :
-         {QStringList{u"--no-dialog"_qs} + printing, QStringList{u"--dry-run"_qs} + printing,
-          QStringList{u"--screenshot"_qs, u"a.png"_qs}}) {
+         {QStringList{u"--no-dialog"_s} + printing, QStringList{u"--dry-run"_s} + printing,
+          QStringList{u"--screenshot"_s, u"a.png"_s}}) {
         const CommandLine line = parse(action + rest);
         QCOMPARE(line.message, QString());
-        QCOMPARE(line.preset, u"SPMROnOff"_qs);
-        QCOMPARE(pairsOf(line.options), QStringList({u"A=3"_qs, u"B=2"_qs}));
-        QCOMPARE(line.copies, action.contains(u"7"_qs) ? 7 : 0);
+        QCOMPARE(line.preset, u"SPMROnOff"_s);
+        QCOMPARE(pairsOf(line.options), QStringList({u"A=3"_s, u"B=2"_s}));
+        QCOMPARE(line.copies, action.contains(u"7"_s) ? 7 : 0);
     }
-    QVERIFY(parse({u"--no-dialog"_qs, u"a"_qs}).preset.isNull());
-    QVERIFY(parse({u"--no-dialog"_qs, u"a"_qs}).ppd.isNull());
+    QVERIFY(parse({u"--no-dialog"_s, u"a"_s}).preset.isNull());
+    QVERIFY(parse({u"--no-dialog"_s, u"a"_s}).ppd.isNull());
 }
 
 void tst_commandline::refusedArguments_data()
@@ -243,32 +241,30 @@ void tst_commandline::refusedArguments_data()
     const QString copies = QStringLiteral("-n %1: the number of copies is 1 to 9999.");
     const QString option = QStringLiteral("-o %1: an option is KEY=VALUE.");
     const QString a = QStringLiteral("a.pdf");
-    QTest::newRow("nothing") << QStringList() << u"There is no file to print."_qs;
-    QTest::newRow("no file") << QStringList{u"-d"_qs, u"tape"_qs}
-                             << u"There is no file to print."_qs;
-    QTest::newRow("unknown option") << QStringList{u"-x"_qs, a} << u"Unknown option 'x'."_qs;
+    QTest::newRow("nothing") << QStringList() << u"There is no file to print."_s;
+    QTest::newRow("no file") << QStringList{u"-d"_s, u"tape"_s} << u"There is no file to print."_s;
+    QTest::newRow("unknown option") << QStringList{u"-x"_s, a} << u"Unknown option 'x'."_s;
     QTest::newRow("unknown long option")
-        << QStringList{u"--copies"_qs, a} << u"Unknown option 'copies'."_qs;
-    QTest::newRow("no printer's name") << QStringList{u"-d"_qs} << u"Missing value after '-d'."_qs;
+        << QStringList{u"--copies"_s, a} << u"Unknown option 'copies'."_s;
+    QTest::newRow("no printer's name") << QStringList{u"-d"_s} << u"Missing value after '-d'."_s;
     QTest::newRow("empty printer's name")
-        << QStringList{u"-d"_qs, QString(), a} << u"-d needs a value: PRINTER."_qs;
-    QTest::newRow("no copies") << QStringList{u"-n"_qs, u"0"_qs, a} << copies.arg(u"0"_qs);
-    QTest::newRow("negative copies") << QStringList{u"-n"_qs, u"-1"_qs, a} << copies.arg(u"-1"_qs);
+        << QStringList{u"-d"_s, QString(), a} << u"-d needs a value: PRINTER."_s;
+    QTest::newRow("no copies") << QStringList{u"-n"_s, u"0"_s, a} << copies.arg(u"0"_s);
+    QTest::newRow("negative copies") << QStringList{u"-n"_s, u"-1"_s, a} << copies.arg(u"-1"_s);
     QTest::newRow("too many copies")
-        << QStringList{u"-n"_qs, u"10000"_qs, a} << copies.arg(u"10000"_qs);
+        << QStringList{u"-n"_s, u"10000"_s, a} << copies.arg(u"10000"_s);
     QTest::newRow("far too many copies")
-        << QStringList{u"-n"_qs, u"99999999999"_qs, a} << copies.arg(u"99999999999"_qs);
+        << QStringList{u"-n"_s, u"99999999999"_s, a} << copies.arg(u"99999999999"_s);
     QTest::newRow("copies that are no number")
-        << QStringList{u"-n"_qs, u"two"_qs, a} << copies.arg(u"two"_qs);
-    QTest::newRow("a part of a copy")
-        << QStringList{u"-n"_qs, u"1.5"_qs, a} << copies.arg(u"1.5"_qs);
-    QTest::newRow("empty option") << QStringList{u"-o"_qs, QString(), a}
-                                  << u"-o needs a value: KEY=VALUE."_qs;
-    QTest::newRow("blank option") << QStringList{u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);
+        << QStringList{u"-n"_s, u"two"_s, a} << copies.arg(u"two"_s);
+    QTest::newRow("a part of a copy") << QStringList{u"-n"_s, u"1.5"_s, a} << copies.arg(u"1.5"_s);
+    QTest::newRow("empty option") << QStringList{u"-o"_s, QString(), a}
+                                  << u"-o needs a value: KEY=VALUE."_s;
+    QTest::newRow("blank option") << QStringList{u"-o"_s, u" "_s, a} << option.arg(u" "_s);
     QTest::newRow("blank option behind another")
-        << QStringList{u"-o"_qs, u"A=1"_qs, u"-o"_qs, u" "_qs, a} << option.arg(u" "_qs);
+        << QStringList{u"-o"_s, u"A=1"_s, u"-o"_s, u" "_s, a} << option.arg(u" "_s);
     QTest::newRow("option without a key")
-        << QStringList{u"-o"_qs, u"=ON"_qs, a} << option.arg(u"=ON"_qs);
+        << QStringList{u"-o"_s, u"=ON"_s, a} << option.arg(u"=ON"_s);
 }
 
 void tst_commandline::refusedArguments()
@@ -291,47 +287,46 @@ void tst_commandline::refusedCombinations_data()
         QStringLiteral("--ppd needs --dry-run, --list, --screenshot or --script.");
     const QString presetNeeds =
         QStringLiteral("--preset needs --no-dialog, --dry-run or --screenshot.");
-    add(u"--no-dialog"_qs, u"There is no file to print."_qs);
-    add(u"--dry-run"_qs, u"There is no file to print."_qs);
-    add(u"--dry-run --ppd t.ppd"_qs, u"There is no file to print."_qs);
-    add(u"--ppd t.ppd a.pdf"_qs, ppdNeeds);
-    add(u"--ppd t.ppd"_qs, ppdNeeds);
-    add(u"--ppd t.ppd --no-dialog a.pdf"_qs, ppdNeeds);
-    add(u"--ppd t.ppd -d tape --dry-run a.pdf"_qs, u"--ppd does not go with -d."_qs);
-    add(u"--ppd t.ppd -d tape --list"_qs, u"--ppd does not go with -d."_qs);
-    add(u"--ppd t.ppd -d tape --script -"_qs, u"--ppd does not go with -d."_qs);
-    add(u"--preset P a.pdf"_qs, presetNeeds);
-    add(u"--preset P --list"_qs, u"--preset does not go with --list."_qs);
-    add(u"--preset P --script -"_qs, u"--preset does not go with --script."_qs);
-    add(u"--json a.pdf"_qs, u"--json needs --list."_qs);
-    add(u"--json --no-dialog a.pdf"_qs, u"--json does not go with --no-dialog."_qs);
-    add(u"--json --dry-run a.pdf"_qs, u"--json does not go with --dry-run."_qs);
-    add(u"--list a.pdf"_qs, u"--list prints no file."_qs);
-    add(u"--list -n 2"_qs, u"-n does not go with --list."_qs);
-    add(u"--list -o A=1"_qs, u"-o does not go with --list."_qs);
-    add(u"--list --no-dialog"_qs, u"--list does not go with --no-dialog."_qs);
-    add(u"--list --dry-run a.pdf"_qs, u"--list does not go with --dry-run."_qs);
-    add(u"--list --screenshot a.png"_qs, u"--screenshot does not go with --list."_qs);
-    add(u"--list --script -"_qs, u"--script does not go with --list."_qs);
-    add(u"--screenshot a.png a.pdf"_qs, u"--screenshot prints no file."_qs);
-    add(u"--screenshot a.png -n 2"_qs, u"-n does not go with --screenshot."_qs);
-    add(u"--screenshot a.png --script -"_qs, u"--script does not go with --screenshot."_qs);
-    add(u"--screenshot a.png --no-dialog a.pdf"_qs,
-        u"--screenshot does not go with --no-dialog."_qs);
-    add(u"--script - a.jsonl"_qs, u"--script prints no file."_qs);
-    add(u"--script - -o A=1"_qs, u"-o does not go with --script."_qs);
-    add(u"--script - -n 2"_qs, u"-n does not go with --script."_qs);
-    add(u"--script - --dry-run a.pdf"_qs, u"--script does not go with --dry-run."_qs);
-    add(u"--script"_qs, u"Missing value after '--script'."_qs);
-    add(u"--screenshot"_qs, u"Missing value after '--screenshot'."_qs);
-    add(u"--list --ppd"_qs, u"Missing value after '--ppd'."_qs);
-    add(u"--script="_qs, u"--script needs a value: FILE."_qs);
-    add(u"--screenshot="_qs, u"--screenshot needs a value: FILE."_qs);
-    add(u"--ppd= --list"_qs, u"--ppd needs a value: FILE."_qs);
-    add(u"--preset= --dry-run a.pdf"_qs, u"--preset needs a value: NAME."_qs);
-    add(u"--no-dialog -n 0 a.pdf"_qs, u"-n 0: the number of copies is 1 to 9999."_qs);
-    add(u"--no-dialog -o =1 a.pdf"_qs, u"-o =1: an option is KEY=VALUE."_qs);
-    add(u"--list=all"_qs, u"Unexpected value after '--list'."_qs);
+    add(u"--no-dialog"_s, u"There is no file to print."_s);
+    add(u"--dry-run"_s, u"There is no file to print."_s);
+    add(u"--dry-run --ppd t.ppd"_s, u"There is no file to print."_s);
+    add(u"--ppd t.ppd a.pdf"_s, ppdNeeds);
+    add(u"--ppd t.ppd"_s, ppdNeeds);
+    add(u"--ppd t.ppd --no-dialog a.pdf"_s, ppdNeeds);
+    add(u"--ppd t.ppd -d tape --dry-run a.pdf"_s, u"--ppd does not go with -d."_s);
+    add(u"--ppd t.ppd -d tape --list"_s, u"--ppd does not go with -d."_s);
+    add(u"--ppd t.ppd -d tape --script -"_s, u"--ppd does not go with -d."_s);
+    add(u"--preset P a.pdf"_s, presetNeeds);
+    add(u"--preset P --list"_s, u"--preset does not go with --list."_s);
+    add(u"--preset P --script -"_s, u"--preset does not go with --script."_s);
+    add(u"--json a.pdf"_s, u"--json needs --list."_s);
+    add(u"--json --no-dialog a.pdf"_s, u"--json does not go with --no-dialog."_s);
+    add(u"--json --dry-run a.pdf"_s, u"--json does not go with --dry-run."_s);
+    add(u"--list a.pdf"_s, u"--list prints no file."_s);
+    add(u"--list -n 2"_s, u"-n does not go with --list."_s);
+    add(u"--list -o A=1"_s, u"-o does not go with --list."_s);
+    add(u"--list --no-dialog"_s, u"--list does not go with --no-dialog."_s);
+    add(u"--list --dry-run a.pdf"_s, u"--list does not go with --dry-run."_s);
+    add(u"--list --screenshot a.png"_s, u"--screenshot does not go with --list."_s);
+    add(u"--list --script -"_s, u"--script does not go with --list."_s);
+    add(u"--screenshot a.png a.pdf"_s, u"--screenshot prints no file."_s);
+    add(u"--screenshot a.png -n 2"_s, u"-n does not go with --screenshot."_s);
+    add(u"--screenshot a.png --script -"_s, u"--script does not go with --screenshot."_s);
+    add(u"--screenshot a.png --no-dialog a.pdf"_s, u"--screenshot does not go with --no-dialog."_s);
+    add(u"--script - a.jsonl"_s, u"--script prints no file."_s);
+    add(u"--script - -o A=1"_s, u"-o does not go with --script."_s);
+    add(u"--script - -n 2"_s, u"-n does not go with --script."_s);
+    add(u"--script - --dry-run a.pdf"_s, u"--script does not go with --dry-run."_s);
+    add(u"--script"_s, u"Missing value after '--script'."_s);
+    add(u"--screenshot"_s, u"Missing value after '--screenshot'."_s);
+    add(u"--list --ppd"_s, u"Missing value after '--ppd'."_s);
+    add(u"--script="_s, u"--script needs a value: FILE."_s);
+    add(u"--screenshot="_s, u"--screenshot needs a value: FILE."_s);
+    add(u"--ppd= --list"_s, u"--ppd needs a value: FILE."_s);
+    add(u"--preset= --dry-run a.pdf"_s, u"--preset needs a value: NAME."_s);
+    add(u"--no-dialog -n 0 a.pdf"_s, u"-n 0: the number of copies is 1 to 9999."_s);
+    add(u"--no-dialog -o =1 a.pdf"_s, u"-o =1: an option is KEY=VALUE."_s);
+    add(u"--list=all"_s, u"Unexpected value after '--list'."_s);
 }
 
 void tst_commandline::refusedCombinations()
@@ -367,16 +362,16 @@ void tst_commandline::options_data()
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QStringList>("pairs");
     QTest::newRow("nothing") << QString() << QStringList();
-    QTest::newRow("a pair") << u"KvMirror=ON"_qs << QStringList{u"KvMirror=ON"_qs};
-    QTest::newRow("pairs") << u"A=1  B=2"_qs << QStringList{u"A=1"_qs, u"B=2"_qs};
-    QTest::newRow("flags") << u"fit nolandscape"_qs
-                           << QStringList{u"fit=true"_qs, u"landscape=false"_qs};
+    QTest::newRow("a pair") << u"KvMirror=ON"_s << QStringList{u"KvMirror=ON"_s};
+    QTest::newRow("pairs") << u"A=1  B=2"_s << QStringList{u"A=1"_s, u"B=2"_s};
+    QTest::newRow("flags") << u"fit nolandscape"_s
+                           << QStringList{u"fit=true"_s, u"landscape=false"_s};
     QTest::newRow("quotation marks")
-        << u"A='b c' D=\"e f\""_qs << QStringList{u"A=b c"_qs, u"D=e f"_qs};
-    QTest::newRow("empty value") << u"A= B=1"_qs << QStringList{u"A="_qs, u"B=1"_qs};
-    QTest::newRow("an equals sign in a value") << u"A=b=c"_qs << QStringList{u"A=b=c"_qs};
-    QTest::newRow("letters of all the world") << u"A=Größe"_qs << QStringList{u"A=Größe"_qs};
-    QTest::newRow("the same key twice") << u"A=1 B=2 A=3"_qs << QStringList{u"A=3"_qs, u"B=2"_qs};
+        << u"A='b c' D=\"e f\""_s << QStringList{u"A=b c"_s, u"D=e f"_s};
+    QTest::newRow("empty value") << u"A= B=1"_s << QStringList{u"A="_s, u"B=1"_s};
+    QTest::newRow("an equals sign in a value") << u"A=b=c"_s << QStringList{u"A=b=c"_s};
+    QTest::newRow("letters of all the world") << u"A=Größe"_s << QStringList{u"A=Größe"_s};
+    QTest::newRow("the same key twice") << u"A=1 B=2 A=3"_s << QStringList{u"A=3"_s, u"B=2"_s};
 }
 
 void tst_commandline::options()
@@ -391,42 +386,42 @@ void tst_commandline::options()
 void tst_commandline::optionsKeepTheirOrder()
 {
     JobOptions options;
-    options.set(u"B"_qs, u"1"_qs);
-    options.set(u"A"_qs, u"2"_qs);
-    options.set(u"B"_qs, u"3"_qs);
-    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"A=2"_qs}));
+    options.set(u"B"_s, u"1"_s);
+    options.set(u"A"_s, u"2"_s);
+    options.set(u"B"_s, u"3"_s);
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_s, u"A=2"_s}));
 
     JobOptions others;
-    others.set(u"C"_qs, u"4"_qs);
-    others.set(u"A"_qs, u"5"_qs);
+    others.set(u"C"_s, u"4"_s);
+    others.set(u"A"_s, u"5"_s);
     options.merge(others);
-    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"A=5"_qs, u"C=4"_qs}));
-    QCOMPARE(pairsOf(others), QStringList({u"C=4"_qs, u"A=5"_qs}));
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_s, u"A=5"_s, u"C=4"_s}));
+    QCOMPARE(pairsOf(others), QStringList({u"C=4"_s, u"A=5"_s}));
 
-    options.remove(u"A"_qs);
-    options.remove(u"X"_qs);
-    QCOMPARE(pairsOf(options), QStringList({u"B=3"_qs, u"C=4"_qs}));
+    options.remove(u"A"_s);
+    options.remove(u"X"_s);
+    QCOMPARE(pairsOf(options), QStringList({u"B=3"_s, u"C=4"_s}));
 }
 
 void tst_commandline::valueOfAnOption()
 {
     JobOptions options;
-    options.set(u"A"_qs, u"1"_qs);
-    options.set(u"Empty"_qs, u""_qs);
-    QCOMPARE(options.value(u"A"_qs), u"1"_qs);
-    QVERIFY(options.value(u"a"_qs).isNull());
-    QVERIFY(options.value(u"B"_qs).isNull());
-    QVERIFY(options.contains(u"A"_qs));
-    QVERIFY(options.contains(u"Empty"_qs));
-    QVERIFY(!options.contains(u"B"_qs));
+    options.set(u"A"_s, u"1"_s);
+    options.set(u"Empty"_s, u""_s);
+    QCOMPARE(options.value(u"A"_s), u"1"_s);
+    QVERIFY(options.value(u"a"_s).isNull());
+    QVERIFY(options.value(u"B"_s).isNull());
+    QVERIFY(options.contains(u"A"_s));
+    QVERIFY(options.contains(u"Empty"_s));
+    QVERIFY(!options.contains(u"B"_s));
 }
 
 void tst_commandline::optionsForCups()
 {
     JobOptions options;
     QCOMPARE(CupsOptions(options).count(), 0);
-    options.set(u"KvMirror"_qs, u"ON"_qs);
-    options.set(u"title"_qs, u"Größe 1"_qs);
+    options.set(u"KvMirror"_s, u"ON"_s);
+    options.set(u"title"_s, u"Größe 1"_s);
     const CupsOptions cups(options);
     QCOMPARE(cups.count(), 2);
     QCOMPARE(cupsGetOption("KvMirror", cups.count(), cups.data()), "ON");
@@ -460,25 +455,24 @@ void tst_commandline::programStatus_data()
                         const QString &error) {
         QTest::newRow(name) << arguments << status << error;
     };
-    add("no file", {}, 2, u"There is no file to print."_qs);
-    add("no copies", {u"-n"_qs, u"0"_qs, file}, 2, u"-n 0: the number of copies is 1 to 9999."_qs);
-    add("unknown option", {u"--frobnicate"_qs, file}, 2, u"Unknown option 'frobnicate'."_qs);
-    add("missing file", {u"/nowhere/a.pdf"_qs}, 3, u"/nowhere/a.pdf: No such file or directory"_qs);
-    add("second file missing", {file, u"/nowhere/a.pdf"_qs}, 3,
-        u"/nowhere/a.pdf: No such file or directory"_qs);
-    add("empty file", {empty}, 3, empty + u": is empty"_qs);
-    add("folder", {folder}, 3, folder + u": is a folder"_qs);
-    add("unknown printer", {u"-d"_qs, u"nowhere"_qs, file}, 3,
-        u"there is no printer nowhere; the printers are: all, follow, label, mark, plain, tape"_qs);
-    add("choice that the printer lacks",
-        {u"-d"_qs, u"tape"_qs, u"-o"_qs, u"KvHalfCut=MAYBE"_qs, file}, 2,
-        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs);
-    add("paper that the printer lacks", {u"-d"_qs, u"mark"_qs, u"-o"_qs, u"media=A4"_qs, file}, 2,
+    add("no file", {}, 2, u"There is no file to print."_s);
+    add("no copies", {u"-n"_s, u"0"_s, file}, 2, u"-n 0: the number of copies is 1 to 9999."_s);
+    add("unknown option", {u"--frobnicate"_s, file}, 2, u"Unknown option 'frobnicate'."_s);
+    add("missing file", {u"/nowhere/a.pdf"_s}, 3, u"/nowhere/a.pdf: No such file or directory"_s);
+    add("second file missing", {file, u"/nowhere/a.pdf"_s}, 3,
+        u"/nowhere/a.pdf: No such file or directory"_s);
+    add("empty file", {empty}, 3, empty + u": is empty"_s);
+    add("folder", {folder}, 3, folder + u": is a folder"_s);
+    add("unknown printer", {u"-d"_s, u"nowhere"_s, file}, 3,
+        u"there is no printer nowhere; the printers are: all, follow, label, mark, plain, tape"_s);
+    add("choice that the printer lacks", {u"-d"_s, u"tape"_s, u"-o"_s, u"KvHalfCut=MAYBE"_s, file},
+        2, u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
+    add("paper that the printer lacks", {u"-d"_s, u"mark"_s, u"-o"_s, u"media=A4"_s, file}, 2,
         u"-o media=A4: the choices of media are: T12x100, T6x100, T9x100, T18x100, T24x100, "
-        "FL21x45, FL24x60"_qs);
+        "FL21x45, FL24x60"_s);
     add("own paper size at a printer with fixed ones",
-        {u"-d"_qs, u"mark"_qs, u"-o"_qs, u"PageSize=Custom.20x50mm"_qs, file}, 2,
-        u"-o PageSize=Custom.20x50mm: the choices of PageSize are: T12x100, "_qs);
+        {u"-d"_s, u"mark"_s, u"-o"_s, u"PageSize=Custom.20x50mm"_s, file}, 2,
+        u"-o PageSize=Custom.20x50mm: the choices of PageSize are: T12x100, "_s);
 }
 
 void tst_commandline::programStatus()
@@ -523,9 +517,9 @@ void tst_commandline::programWithoutDisplay()
 void tst_commandline::acceptedProgramPrints()
 {
     const qsizetype before = mSite.scheduler().jobIds().size();
-    const Run run = runProgram({u"-d"_qs, u"tape"_qs, u"-n"_qs, u"2"_qs, u"-o"_qs,
-                                u"KvChainPrint=ON"_qs, mSite.document()},
-                               environmentWithUser(QStringLiteral("accept")));
+    const Run run = runProgram(
+        {u"-d"_s, u"tape"_s, u"-n"_s, u"2"_s, u"-o"_s, u"KvChainPrint=ON"_s, mSite.document()},
+        environmentWithUser(QStringLiteral("accept")));
     QVERIFY2(run.status == 0, qPrintable(run.errors));
     const QList<int> jobs = mSite.scheduler().jobIds();
     QCOMPARE(jobs.size(), before + 1);
@@ -538,7 +532,7 @@ void tst_commandline::acceptedProgramPrints()
 void tst_commandline::cancelledProgramPrintsNothing()
 {
     const QList<int> before = mSite.scheduler().jobIds();
-    const Run run = runProgram({u"-d"_qs, u"tape"_qs, mSite.document()},
+    const Run run = runProgram({u"-d"_s, u"tape"_s, mSite.document()},
                                environmentWithUser(QStringLiteral("cancel")));
     QVERIFY2(run.status == 1, qPrintable(run.errors));
     QCOMPARE(mSite.scheduler().jobIds(), before);
@@ -548,9 +542,9 @@ void tst_commandline::dialogSpeaksTheUsersLanguage_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("cancel");
-    QTest::newRow("English") << u"en_GB.UTF-8"_qs << u"Cancel"_qs;
-    QTest::newRow("German") << u"de_DE.UTF-8"_qs << u"Abbrechen"_qs;
-    QTest::newRow("no texts of Qt's") << u"sw_KE.UTF-8"_qs << u"Cancel"_qs;
+    QTest::newRow("English") << u"en_GB.UTF-8"_s << u"Cancel"_s;
+    QTest::newRow("German") << u"de_DE.UTF-8"_s << u"Abbrechen"_s;
+    QTest::newRow("no texts of Qt's") << u"sw_KE.UTF-8"_s << u"Cancel"_s;
 }
 
 void tst_commandline::dialogSpeaksTheUsersLanguage()
@@ -559,7 +553,7 @@ void tst_commandline::dialogSpeaksTheUsersLanguage()
     QFETCH(const QString, cancel);
     QProcessEnvironment environment = environmentWithUser(QStringLiteral("tell"));
     environment.insert(QStringLiteral("LC_ALL"), locale);
-    const Run run = runProgram({u"-d"_qs, u"tape"_qs, mSite.document()}, environment);
+    const Run run = runProgram({u"-d"_s, u"tape"_s, mSite.document()}, environment);
     QVERIFY2(run.status == 1, qPrintable(run.errors));
     const QStringList buttons = run.output.split(u'\n');
     QVERIFY2(buttons.contains(cancel), qPrintable(run.output));

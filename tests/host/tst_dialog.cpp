@@ -262,16 +262,16 @@ void tst_dialog::countReachesTheJob_data()
     QTest::addColumn<QString>("count");
     for (const char *printer : {"label", "follow"}) {
         const QString name = QLatin1String(printer);
-        QTest::addRow("%s typed", printer) << name << QStringLiteral("7") << 0 << u"7"_qs;
-        QTest::addRow("%s typed two digits", printer) << name << u"42"_qs << 0 << u"42"_qs;
-        QTest::addRow("%s typed, raised", printer) << name << u"7"_qs << 2 << u"9"_qs;
-        QTest::addRow("%s typed, lowered", printer) << name << u"7"_qs << -1 << u"6"_qs;
-        QTest::addRow("%s raised", printer) << name << QString() << 3 << u"4"_qs;
-        QTest::addRow("%s lowered below the least", printer) << name << QString() << -1 << u"1"_qs;
-        QTest::addRow("%s raised above the most", printer) << name << u"99"_qs << 1 << u"99"_qs;
-        QTest::addRow("%s too much typed", printer) << name << u"150"_qs << 0 << u"99"_qs;
-        QTest::addRow("%s nought typed", printer) << name << u"0"_qs << 0 << u"1"_qs;
-        QTest::addRow("%s letters typed", printer) << name << u"ab"_qs << 0 << u"1"_qs;
+        QTest::addRow("%s typed", printer) << name << QStringLiteral("7") << 0 << u"7"_s;
+        QTest::addRow("%s typed two digits", printer) << name << u"42"_s << 0 << u"42"_s;
+        QTest::addRow("%s typed, raised", printer) << name << u"7"_s << 2 << u"9"_s;
+        QTest::addRow("%s typed, lowered", printer) << name << u"7"_s << -1 << u"6"_s;
+        QTest::addRow("%s raised", printer) << name << QString() << 3 << u"4"_s;
+        QTest::addRow("%s lowered below the least", printer) << name << QString() << -1 << u"1"_s;
+        QTest::addRow("%s raised above the most", printer) << name << u"99"_s << 1 << u"99"_s;
+        QTest::addRow("%s too much typed", printer) << name << u"150"_s << 0 << u"99"_s;
+        QTest::addRow("%s nought typed", printer) << name << u"0"_s << 0 << u"1"_s;
+        QTest::addRow("%s letters typed", printer) << name << u"ab"_s << 0 << u"1"_s;
     }
 }
 
@@ -295,7 +295,7 @@ void tst_dialog::countReachesTheJob()
     const int job = run.print();
     QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::seen(printer), u"KvCutLabel="_qs + count));
+             SampleChoices::replaced(SampleChoices::seen(printer), u"KvCutLabel="_s + count));
 }
 
 void tst_dialog::countNeedsTheTickedBox()
@@ -348,7 +348,7 @@ void tst_dialog::firstCountUnticksTheBoxBesideAutoCut()
     QCOMPARE(panel.count(), QStringLiteral("2"));
     const int job = run.print();
     QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::defaults(u"all"_qs),
+    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::defaults(u"all"_s),
                                                          QStringLiteral("KvCutLabel=2")));
 }
 

@@ -147,7 +147,7 @@ void tst_handover::choicesOfAnotherPrinterAreTakenBack()
     QVERIFY(application.user().pickPrinter(QStringLiteral("label")));
     QVERIFY(application.user().print());
     QCOMPARE(choicesOfLastJob(),
-             QStringList({u"KvCutAtEnd=OFF"_qs, u"KvCutLabel=1"_qs, u"KvMirror=OFF"_qs}));
+             QStringList({u"KvCutAtEnd=OFF"_s, u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
 
     QVERIFY(application.show());
     QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
@@ -268,17 +268,17 @@ void tst_handover::ownTabsOfTheApplicationStay()
     dialog.setOptionTabs({early});
     QVERIFY(application.show());
     QCOMPARE(titles(dialog),
-             QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, kPanelTab, kSummaryTab}));
+             QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, kPanelTab, kSummaryTab}));
     auto *const late = new QWidget;
     late->setWindowTitle(QStringLiteral("Late"));
     dialog.setOptionTabs({late});
 
     QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
-    QCOMPARE(titles(dialog), QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, u"Late"_qs}));
+    QCOMPARE(titles(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s}));
     QVERIFY(application.user().cancel());
     QVERIFY(application.show());
     QVERIFY(application.user().pickPrinter(QStringLiteral("mark")));
-    QCOMPARE(titles(dialog), QStringList({u"Copies"_qs, u"Options"_qs, u"Early"_qs, u"Late"_qs,
+    QCOMPARE(titles(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s,
                                           kPanelTab, kSummaryTab}));
 }
 
@@ -296,7 +296,7 @@ void tst_handover::titlesOfManyTabsAreSeen()
     QVERIFY(application.user().showOptions());
     const auto *pane = dialog.findChild<QTabWidget *>();
     const QTabBar *bar = pane->tabBar();
-    QTRY_VERIFY(bar->width() >= bar->sizeHint().width());
+    QVERIFY(QTest::qWaitFor([&] { return bar->width() >= bar->sizeHint().width(); }));
     QVERIFY(bar->rect().contains(bar->tabRect(bar->count() - 1)));
 }
 

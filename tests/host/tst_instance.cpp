@@ -81,7 +81,7 @@ void tst_instance::init()
 
 bool tst_instance::isAtTape(int job) const
 {
-    return mSite.job(job).value(u"job-printer-uri"_qs).endsWith(u"/tape");
+    return mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/tape");
 }
 
 void tst_instance::instanceIsFound()
@@ -92,8 +92,8 @@ void tst_instance::instanceIsFound()
     QCOMPARE(instance->name(), draft);
     QCOMPARE(PrintQueue::queueOf(draft), tape);
     QCOMPARE(PrintQueue::queueOf(tape), tape);
-    QCOMPARE(instance->options().value(u"KvHalfCut"_qs), u"ON"_qs);
-    QCOMPARE(queue->options().value(u"KvHalfCut"_qs), QString());
+    QCOMPARE(instance->options().value(u"KvHalfCut"_s), u"ON"_s);
+    QCOMPARE(queue->options().value(u"KvHalfCut"_s), QString());
     QCOMPARE(instance->deviceURI(), queue->deviceURI());
     QVERIFY(!instance->deviceURI().isEmpty());
     QVERIFY(PrintQueue::names().contains(draft));
@@ -108,8 +108,8 @@ void tst_instance::panelsAreToldOfTheQueue()
     const auto target = PanelTarget::ofQueue(draft, PPDFile::Marks::Defaults, &error);
     QVERIFY2(target, qPrintable(error));
     QCOMPARE(target->printer.name(), tape);
-    QCOMPARE(target->ppd->markedChoice(u"KvHalfCut"_qs), u"ON"_qs);
-    QCOMPARE(target->savedOptions.value(u"KvHalfCut"_qs), u"ON"_qs);
+    QCOMPARE(target->ppd->markedChoice(u"KvHalfCut"_s), u"ON"_s);
+    QCOMPARE(target->savedOptions.value(u"KvHalfCut"_s), u"ON"_s);
 }
 
 void tst_instance::unknownInstance_data()
@@ -126,10 +126,10 @@ void tst_instance::unknownInstance()
     QFETCH(const QString, name);
     QString error;
     QVERIFY(!PrintQueue::find(name, &error));
-    QCOMPARE(error, u"the print scheduler has no printer "_qs + name);
+    QCOMPARE(error, u"the print scheduler has no printer "_s + name);
     QVERIFY(PrintQueue::choose(name, &error).isNull());
     QCOMPARE(error, u"there is no printer %1; the printers are: all, follow, label, mark, plain, "
-                    "tape, tape/draft"_qs.arg(name));
+                    "tape, tape/draft"_s.arg(name));
     ExitStatus status = ExitStatus::Printed;
     CommandRun run(name, {mSite.document()});
     QVERIFY(!run.command().prepare(&status));
@@ -155,10 +155,10 @@ void tst_instance::savedChoicesAreShownAndPrinted()
     QVERIFY(!panel.isTicked(mirror));
     QVERIFY(panel.click(mirror));
     QTest::qWait(0);
-    QVERIFY(panel.summary().contains(u"Half Cut: Yes"_qs));
+    QVERIFY(panel.summary().contains(u"Half Cut: Yes"_s));
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(isAtTape(job));
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_qs));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));
     QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
     QCOMPARE(dialog.problems(), QStringList());
 }
@@ -169,7 +169,7 @@ void tst_instance::savedChoicesArePrintedUnseen()
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(isAtTape(job));
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON"_qs));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON"_s));
     QCOMPARE(dialog.problems(), QStringList());
 }
 
@@ -178,10 +178,10 @@ void tst_instance::savedPaperIsShownAndPrinted()
     QVERIFY(mSite.saveUserOptions("Dest tape/draft PageSize=FL21x45\n"));
     AttachedDialog dialog(draft);
     QVERIFY(dialog.openTab());
-    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"FL21x45"_qs);
+    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"FL21x45"_s);
     QVERIFY(!PanelUser(dialog.user()).isEnabled(halfCut));
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.job(job).value(u"media"_qs), u"FL21x45"_qs);
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
 }
 
 void tst_instance::queueItselfKeepsItsOwnChoices()
@@ -191,7 +191,7 @@ void tst_instance::queueItselfKeepsItsOwnChoices()
     QVERIFY(dialog.openTab());
     QVERIFY(!PanelUser(dialog.user()).isTicked(halfCut));
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvMirror=ON"_qs));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvMirror=ON"_s));
 }
 
 void tst_instance::choicesWinOverTheSavedOnes()
@@ -208,7 +208,7 @@ void tst_instance::choicesWinOverTheSavedOnes()
     }
     const int job = mSite.scheduler().jobIds().last();
     QVERIFY(isAtTape(job));
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=OFF"_qs));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=OFF"_s));
     QCOMPARE(application.problems(), QStringList());
 }
 
@@ -244,7 +244,7 @@ void tst_instance::restOfTheJobIsQtsOwn()
     application.makeDialog(draft);
     QVERIFY(application.show() && application.user().print());
     QCOMPARE(withoutPanelsOptions(application.handedOver()), withoutPanels);
-    QVERIFY(application.handedOver().contains(u"KvHalfCut"_qs));
+    QVERIFY(application.handedOver().contains(u"KvHalfCut"_s));
     QCOMPARE(application.dialog().printer()->printerName(), draft);
 }
 
@@ -257,16 +257,16 @@ void tst_instance::kvprintsDialogPrints()
     QVERIFY(panel.click(mirror));
     const int job = run.print();
     QVERIFY(isAtTape(job));
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_qs));
+    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));
     QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
 }
 
 void tst_instance::kvprintsRequestsWinOverTheSavedOnes()
 {
     // The spelling is the PPD's, which is the queue's.
-    CommandRun run(draft, {mSite.document()}, {u"kvhalfcut=off KvChainPrint=ON"_qs});
+    CommandRun run(draft, {mSite.document()}, {u"kvhalfcut=off KvChainPrint=ON"_s});
     QVERIFY(run.open());
-    QCOMPARE(mSite.choices(run.print()), tapeWith(u"KvChainPrint=ON"_qs));
+    QCOMPARE(mSite.choices(run.print()), tapeWith(u"KvChainPrint=ON"_s));
 }
 
 KV_TEST(tst_instance)

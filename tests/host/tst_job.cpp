@@ -175,9 +175,9 @@ void tst_job::requestedCopies()
     const int job = run.print();
     QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("3"));
 
-    CommandRun byOption(QStringLiteral("tape"), documents(), {u"copies=4"_qs});
+    CommandRun byOption(QStringLiteral("tape"), documents(), {u"copies=4"_s});
     QVERIFY(byOption.open());
-    QCOMPARE(qobject_cast<QSpinBox *>(byOption.user().widget(u"copies"_qs))->value(), 4);
+    QCOMPARE(qobject_cast<QSpinBox *>(byOption.user().widget(u"copies"_s))->value(), 4);
     const int byOptionJob = byOption.print();
     QCOMPARE(mSite.job(byOptionJob).value(QStringLiteral("copies")), QStringLiteral("4"));
 
@@ -192,14 +192,14 @@ void tst_job::requestedCopies()
 void tst_job::requestedOptionsOfThePrinterStay()
 {
     CommandRun run(QStringLiteral("plain"), documents(),
-                   {u"sides=two-sided-long-edge orientation-requested=4"_qs, u"job-priority=70"_qs,
-                    u"x-note=kept"_qs});
+                   {u"sides=two-sided-long-edge orientation-requested=4"_s, u"job-priority=70"_s,
+                    u"x-note=kept"_s});
     QVERIFY(run.open());
     const auto job = mSite.job(run.print());
-    QCOMPARE(job.value(u"sides"_qs), u"two-sided-long-edge"_qs);
-    QCOMPARE(job.value(u"orientation-requested"_qs), u"landscape"_qs);
-    QCOMPARE(job.value(u"x-note"_qs), u"kept"_qs);
-    QCOMPARE(job.value(u"job-priority"_qs), u"70"_qs);
+    QCOMPARE(job.value(u"sides"_s), u"two-sided-long-edge"_s);
+    QCOMPARE(job.value(u"orientation-requested"_s), u"landscape"_s);
+    QCOMPARE(job.value(u"x-note"_s), u"kept"_s);
+    QCOMPARE(job.value(u"job-priority"_s), u"70"_s);
 }
 
 void tst_job::copiesOfTheDialog()
@@ -218,8 +218,8 @@ void tst_job::severalFilesAreOneJob()
 {
     const qsizetype before = mSite.scheduler().jobIds().size();
     CommandRun run(QStringLiteral("tape"),
-                   {mSite.document(u"first.txt"_qs), mSite.document(u"second.txt"_qs),
-                    mSite.document(u"third.txt"_qs)});
+                   {mSite.document(u"first.txt"_s), mSite.document(u"second.txt"_s),
+                    mSite.document(u"third.txt"_s)});
     QVERIFY(run.open());
     const int job = run.print();
     QCOMPARE(mSite.scheduler().jobIds().size(), before + 1);
@@ -233,9 +233,9 @@ void tst_job::paperOfTheDialog_data()
 {
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QString>("media");
-    QTest::newRow("tape") << u"tape"_qs << u"T12x100"_qs;
-    QTest::newRow("label") << u"label"_qs << u"62x29"_qs;
-    QTest::newRow("plain") << u"plain"_qs << u"62x29"_qs;
+    QTest::newRow("tape") << u"tape"_s << u"T12x100"_s;
+    QTest::newRow("label") << u"label"_s << u"62x29"_s;
+    QTest::newRow("plain") << u"plain"_s << u"62x29"_s;
 }
 
 void tst_job::paperOfTheDialog()
@@ -252,9 +252,9 @@ void tst_job::requestedPaper_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("media");
-    QTest::newRow("media") << u"media=T24x100"_qs << u"T24x100"_qs;
-    QTest::newRow("PageSize") << u"PageSize=HS12x100"_qs << u"HS12x100"_qs;
-    QTest::newRow("custom") << u"media=Custom.20x50mm"_qs << u"Custom.20x50mm"_qs;
+    QTest::newRow("media") << u"media=T24x100"_s << u"T24x100"_s;
+    QTest::newRow("PageSize") << u"PageSize=HS12x100"_s << u"HS12x100"_s;
+    QTest::newRow("custom") << u"media=Custom.20x50mm"_s << u"Custom.20x50mm"_s;
 }
 
 void tst_job::requestedPaper()
@@ -272,8 +272,8 @@ void tst_job::paperOfThePropertiesDialog_data()
 {
     QTest::addColumn<bool>("accept");
     QTest::addColumn<QString>("media");
-    QTest::newRow("accepted") << true << u"T18x100"_qs;
-    QTest::newRow("cancelled") << false << u"T12x100"_qs;
+    QTest::newRow("accepted") << true << u"T18x100"_s;
+    QTest::newRow("cancelled") << false << u"T12x100"_s;
 }
 
 void tst_job::paperOfThePropertiesDialog()
@@ -291,7 +291,7 @@ void tst_job::pageRangeOfTheDialog_data()
 {
     QTest::addColumn<QStringList>("options");
     QTest::newRow("nothing requested") << QStringList();
-    QTest::newRow("other pages requested") << QStringList{u"page-ranges=7-9"_qs};
+    QTest::newRow("other pages requested") << QStringList{u"page-ranges=7-9"_s};
 }
 
 void tst_job::pageRangeOfTheDialog()

@@ -49,12 +49,12 @@ void tst_oddpanel::bundleThatOffersNoTab_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QStringList>("problems");
     QTest::newRow("plug-in that cannot work here")
-        << u"Unwilling"_qs
-        << QStringList{u"Odd.pde: the library has no class Unwilling that works on this system"_qs};
+        << u"Unwilling"_s
+        << QStringList{u"Odd.pde: the library has no class Unwilling that works on this system"_s};
     QTest::newRow("plug-in without a panel")
-        << u"Panelless"_qs << QStringList{u"Odd.pde: could not make its panel"_qs};
-    QTest::newRow("panel with an empty list of options") << u"Keyless"_qs << QStringList();
-    QTest::newRow("panel without a list of options") << u"Undeclaring"_qs << QStringList();
+        << u"Panelless"_s << QStringList{u"Odd.pde: could not make its panel"_s};
+    QTest::newRow("panel with an empty list of options") << u"Keyless"_s << QStringList();
+    QTest::newRow("panel without a list of options") << u"Undeclaring"_s << QStringList();
 }
 
 void tst_oddpanel::bundleThatOffersNoTab()
@@ -82,7 +82,7 @@ void tst_oddpanel::panelIsToldOfEveryChoice()
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
     QVERIFY(dialog.user().showTab(QStringLiteral("Plain")));
-    QCOMPARE(PanelUser(dialog.user()).summary(), QStringList{u"Kind: Plain"_qs});
+    QCOMPARE(PanelUser(dialog.user()).summary(), QStringList{u"Kind: Plain"_s});
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.choices(job), QStringList{mirrorOn});
     const auto *view = qobject_cast<QLabel *>(dialog.user().widget(QStringLiteral("oddView")));
@@ -96,7 +96,7 @@ void tst_oddpanel::panelIsToldOfARequest()
     const BundleFolder folder;
     QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Unsaving")));
     AttachedDialog dialog(QStringLiteral("tape"), {mirrorOn}, folder.path());
-    QCOMPARE(dialog.attachment().host()->ppd().markedChoice(u"KvMirror"_qs), u"ON"_qs);
+    QCOMPARE(dialog.attachment().host()->ppd().markedChoice(u"KvMirror"_s), u"ON"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
     QVERIFY(dialog.user().showTab(QStringLiteral("Unsaving")));
@@ -106,7 +106,7 @@ void tst_oddpanel::panelIsToldOfARequest()
     // The panel has no control for the option.
     QCOMPARE(dialog.problems(),
              QStringList{
-                 u"KvMirror=ON cannot be chosen on the paper T12x100 with the other settings"_qs});
+                 u"KvMirror=ON cannot be chosen on the paper T12x100 with the other settings"_s});
 }
 
 void tst_oddpanel::choiceThatThePrinterLacksIsReported()
@@ -116,8 +116,8 @@ void tst_oddpanel::choiceThatThePrinterLacksIsReported()
     AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(dialog.problems(), QStringList({u"the printer's PPD has no choice KvMirror=MAYBE"_qs,
-                                             u"the printer's PPD has no choice KvNone=ON"_qs}));
+    QCOMPARE(dialog.problems(), QStringList({u"the printer's PPD has no choice KvMirror=MAYBE"_s,
+                                             u"the printer's PPD has no choice KvNone=ON"_s}));
     QCOMPARE(mSite.choices(job), QStringList{mirrorOn});
 }
 
@@ -128,7 +128,7 @@ void tst_oddpanel::panelThatCannotSave()
     AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(dialog.problems(), QStringList{u"the tape is stuck"_qs});
+    QCOMPARE(dialog.problems(), QStringList{u"the tape is stuck"_s});
     QCOMPARE(mSite.choices(job), QStringList{mirrorOff});
 }
 
@@ -143,7 +143,7 @@ void tst_oddpanel::panelWithoutAView()
         QVERIFY(dialog.user().showTab(QStringLiteral("Viewless")));
         QVERIFY(dialog.user().showTab(kSummaryTab));
     }
-    QCOMPARE(dialog.problems(), QStringList{u"the panel \"Viewless\" could not make its view"_qs});
+    QCOMPARE(dialog.problems(), QStringList{u"the panel \"Viewless\" could not make its view"_s});
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{mirrorOn});
 }
 
@@ -170,7 +170,7 @@ void tst_oddpanel::panelThatRefusesToPrint()
     AttachedDialog told(QStringLiteral("tape"), {}, folder.path());
     QVERIFY(told.user().open());
     QVERIFY(told.user().print());
-    QCOMPARE(told.problems(), QStringList{u"tape: a panel keeps the job from being printed"_qs});
+    QCOMPARE(told.problems(), QStringList{u"tape: a panel keeps the job from being printed"_s});
 }
 
 void tst_oddpanel::refusalEndsWithTheNextAcceptance()
@@ -194,10 +194,10 @@ void tst_oddpanel::panelsOfTwoBundles()
     QVERIFY(folder.addOdd(QStringLiteral("B.pde"), QStringLiteral("Second")));
     QVERIFY(folder.addOdd(QStringLiteral("A.pde"), QStringLiteral("First")));
     AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
-    QCOMPARE(dialog.tabs().mid(2), QStringList({u"First"_qs, u"Second"_qs, kSummaryTab}));
+    QCOMPARE(dialog.tabs().mid(2), QStringList({u"First"_s, u"Second"_s, kSummaryTab}));
     QVERIFY(dialog.user().open());
     QCOMPARE(PanelUser(dialog.user()).summary(),
-             QStringList({u"Kind: First"_qs, u"Kind: Second"_qs}));
+             QStringList({u"Kind: First"_s, u"Kind: Second"_s}));
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{mirrorOn});
 }
 

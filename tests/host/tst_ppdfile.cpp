@@ -42,39 +42,39 @@ void tst_ppdfile::defaultsAreMarked()
 {
     const auto ppd = open(QStringLiteral("tape"));
     QVERIFY(ppd && ppd->get());
-    QCOMPARE(ppd->markedChoice(u"KvAutoTapeCut"_qs), u"ON"_qs);
-    QCOMPARE(ppd->markedChoice(u"KvHalfCut"_qs), u"OFF"_qs);
-    QCOMPARE(ppd->markedChoice(u"PageSize"_qs), u"T12x100"_qs);
-    QVERIFY(ppd->markedChoice(u"KvCutLabel"_qs).isNull());
+    QCOMPARE(ppd->markedChoice(u"KvAutoTapeCut"_s), u"ON"_s);
+    QCOMPARE(ppd->markedChoice(u"KvHalfCut"_s), u"OFF"_s);
+    QCOMPARE(ppd->markedChoice(u"PageSize"_s), u"T12x100"_s);
+    QVERIFY(ppd->markedChoice(u"KvCutLabel"_s).isNull());
 }
 
 void tst_ppdfile::lookups()
 {
     const auto ppd = open(QStringLiteral("label"));
     QVERIFY(ppd);
-    QVERIFY(ppd->hasOption(u"KvCutAtEnd"_qs));
-    QVERIFY(!ppd->hasOption(u"KvHalfCut"_qs));
+    QVERIFY(ppd->hasOption(u"KvCutAtEnd"_s));
+    QVERIFY(!ppd->hasOption(u"KvHalfCut"_s));
     QVERIFY(!ppd->hasOption(QString()));
-    QVERIFY(ppd->hasChoice(u"KvCutAtEnd"_qs, u"ON"_qs));
-    QVERIFY(!ppd->hasChoice(u"KvCutAtEnd"_qs, u"MAYBE"_qs));
-    QVERIFY(!ppd->hasChoice(u"KvHalfCut"_qs, u"ON"_qs));
-    QCOMPARE(ppd->optionText(u"KvCutAtEnd"_qs), u"Cut at End"_qs);
-    QVERIFY(ppd->optionText(u"KvHalfCut"_qs).isNull());
-    QCOMPARE(ppd->choices(u"KvMirror"_qs), QStringList({u"OFF"_qs, u"ON"_qs}));
-    QCOMPARE(ppd->choices(u"KvCutLabel"_qs).size(), 99);
-    QCOMPARE(ppd->choices(u"KvHalfCut"_qs), QStringList());
+    QVERIFY(ppd->hasChoice(u"KvCutAtEnd"_s, u"ON"_s));
+    QVERIFY(!ppd->hasChoice(u"KvCutAtEnd"_s, u"MAYBE"_s));
+    QVERIFY(!ppd->hasChoice(u"KvHalfCut"_s, u"ON"_s));
+    QCOMPARE(ppd->optionText(u"KvCutAtEnd"_s), u"Cut at End"_s);
+    QVERIFY(ppd->optionText(u"KvHalfCut"_s).isNull());
+    QCOMPARE(ppd->choices(u"KvMirror"_s), QStringList({u"OFF"_s, u"ON"_s}));
+    QCOMPARE(ppd->choices(u"KvCutLabel"_s).size(), 99);
+    QCOMPARE(ppd->choices(u"KvHalfCut"_s), QStringList());
 }
 
 void tst_ppdfile::marking()
 {
     const auto ppd = open(QStringLiteral("label"));
     QVERIFY(ppd);
-    QVERIFY(ppd->mark(u"KvCutLabel"_qs, u"42"_qs));
-    QCOMPARE(ppd->markedChoice(u"KvCutLabel"_qs), u"42"_qs);
-    QVERIFY(!ppd->mark(u"KvCutLabel"_qs, u"100"_qs));
-    QCOMPARE(ppd->markedChoice(u"KvCutLabel"_qs), u"42"_qs);
-    QVERIFY(!ppd->mark(u"KvHalfCut"_qs, u"ON"_qs));
-    QVERIFY(ppd->markedChoice(u"KvHalfCut"_qs).isNull());
+    QVERIFY(ppd->mark(u"KvCutLabel"_s, u"42"_s));
+    QCOMPARE(ppd->markedChoice(u"KvCutLabel"_s), u"42"_s);
+    QVERIFY(!ppd->mark(u"KvCutLabel"_s, u"100"_s));
+    QCOMPARE(ppd->markedChoice(u"KvCutLabel"_s), u"42"_s);
+    QVERIFY(!ppd->mark(u"KvHalfCut"_s, u"ON"_s));
+    QVERIFY(ppd->markedChoice(u"KvHalfCut"_s).isNull());
 }
 
 void tst_ppdfile::paperOfAPageSize_data()
@@ -84,13 +84,13 @@ void tst_ppdfile::paperOfAPageSize_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<double>("height");
     QTest::newRow("no page size: the marked one")
-        << u"tape"_qs << QPageSize() << u"T12x100"_qs << 283.46;
+        << u"tape"_s << QPageSize() << u"T12x100"_s << 283.46;
     QTest::newRow("a size of its own, where that is allowed")
-        << u"tape"_qs << millimetres(20, 50) << u"Custom"_qs << 141.73;
+        << u"tape"_s << millimetres(20, 50) << u"Custom"_s << 141.73;
     QTest::newRow("a size of its own, where that is not allowed")
-        << u"mark"_qs << millimetres(20, 50) << u"Custom.20x50mm"_qs << 141.73;
+        << u"mark"_s << millimetres(20, 50) << u"Custom.20x50mm"_s << 141.73;
     QTest::newRow("a size that the printer lacks")
-        << u"mark"_qs << QPageSize(QPageSize::A4) << u"A4"_qs << 842.0;
+        << u"mark"_s << QPageSize(QPageSize::A4) << u"A4"_s << 842.0;
 }
 
 void tst_ppdfile::paperOfAPageSize()

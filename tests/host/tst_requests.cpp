@@ -56,7 +56,7 @@ void tst_requests::requestedPaperIsShownAndPrinted()
 {
     QFETCH(const bool, accept);
     const QString paper = QStringLiteral("T24x100");
-    AttachedDialog dialog(QStringLiteral("tape"), {u"media="_qs + paper});
+    AttachedDialog dialog(QStringLiteral("tape"), {u"media="_s + paper});
     QVERIFY(dialog.user().open());
     QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), paper);
     for (int i = 0; i < 2; ++i) {
@@ -127,8 +127,8 @@ void tst_requests::savedChoicesAreShownAndPrinted()
     QCOMPARE(panel.count(), QStringLiteral("25"));
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.choices(job),
-             QStringList({u"KvAutoTapeCut=ON"_qs, u"KvChainPrint=OFF"_qs, u"KvCutLabel=25"_qs,
-                          u"KvHalfCut=ON"_qs, u"KvMirror=ON"_qs}));
+             QStringList({u"KvAutoTapeCut=ON"_s, u"KvChainPrint=OFF"_s, u"KvCutLabel=25"_s,
+                          u"KvHalfCut=ON"_s, u"KvMirror=ON"_s}));
     QCOMPARE(dialog.problems(), QStringList());
 }
 
@@ -139,8 +139,8 @@ void tst_requests::savedChoicesArePrintedUnseen()
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.choices(job),
-             QStringList({u"KvAutoTapeCut=OFF"_qs, u"KvChainPrint=OFF"_qs, u"KvCutLabel=25"_qs,
-                          u"KvHalfCut=ON"_qs, u"KvMirror=OFF"_qs}));
+             QStringList({u"KvAutoTapeCut=OFF"_s, u"KvChainPrint=OFF"_s, u"KvCutLabel=25"_s,
+                          u"KvHalfCut=ON"_s, u"KvMirror=OFF"_s}));
 }
 
 void tst_requests::requestedChoicesOverrideSavedOnes()
@@ -169,8 +169,8 @@ void tst_requests::savedChoicesOfAnotherPrinter()
     QVERIFY(panel.openTab());
     QVERIFY(panel.isTicked(QStringLiteral("mCutMarkChkBx")));
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), QStringList({u"KvAutoTapeCut=OFF"_qs, u"KvChainPrint=OFF"_qs,
-                                              u"KvCutMark=ON"_qs, u"KvMirror=OFF"_qs}));
+    QCOMPARE(mSite.choices(job), QStringList({u"KvAutoTapeCut=OFF"_s, u"KvChainPrint=OFF"_s,
+                                              u"KvCutMark=ON"_s, u"KvMirror=OFF"_s}));
 }
 
 void tst_requests::savedChoiceThatThePrinterLacks()
@@ -178,7 +178,7 @@ void tst_requests::savedChoiceThatThePrinterLacks()
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=MAYBE KvMirror=ON\n"));
     AttachedDialog dialog(QStringLiteral("tape"));
     QCOMPARE(dialog.problems(),
-             QStringList({u"KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_qs}));
+             QStringList({u"KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s}));
     QVERIFY(dialog.openTab());
     const QStringList choices = mSite.choices(dialog.print(mSite.scheduler()));
     QVERIFY(choices.contains(u"KvHalfCut=OFF"));
@@ -222,15 +222,15 @@ void tst_requests::choiceThatCannotBeChosenIsReported_data()
     QTest::addColumn<QString>("problem");
     const QString problem = QStringLiteral("%1 cannot be chosen on the paper %2 with the other "
                                            "settings; it stays OFF");
-    QTest::newRow("half cut on flag paper") << u"tape"_qs << u"KvHalfCut=ON media=FL24x60"_qs
-                                            << problem.arg(u"KvHalfCut=ON"_qs, u"FL24x60"_qs);
+    QTest::newRow("half cut on flag paper") << u"tape"_s << u"KvHalfCut=ON media=FL24x60"_s
+                                            << problem.arg(u"KvHalfCut=ON"_s, u"FL24x60"_s);
     QTest::newRow("chain printing on flag paper")
-        << u"all"_qs << u"KvChainPrint=ON media=FL21x45"_qs
-        << problem.arg(u"KvChainPrint=ON"_qs, u"FL21x45"_qs);
+        << u"all"_s << u"KvChainPrint=ON media=FL21x45"_s
+        << problem.arg(u"KvChainPrint=ON"_s, u"FL21x45"_s);
     QTest::newRow("removing blank space of die-cut paper")
-        << u"all"_qs << u"KvRemoveBlkSpace=ON media=DC24x24"_qs
-        << problem.arg(u"KvRemoveBlkSpace=ON"_qs, u"DC24x24"_qs);
-    QTest::newRow("cut mark on tape") << u"all"_qs << u"KvCutMark=ON KvMirror=ON"_qs << QString();
+        << u"all"_s << u"KvRemoveBlkSpace=ON media=DC24x24"_s
+        << problem.arg(u"KvRemoveBlkSpace=ON"_s, u"DC24x24"_s);
+    QTest::newRow("cut mark on tape") << u"all"_s << u"KvCutMark=ON KvMirror=ON"_s << QString();
 }
 
 void tst_requests::choiceThatCannotBeChosenIsReported()

@@ -135,7 +135,7 @@ void tst_showing::hiddenForAWhile()
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 1);
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
-    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
     const auto counts = application.countsOfChoices();
     QCOMPARE(counts.size(), 6);
     for (const int count : counts) {
@@ -177,7 +177,7 @@ void tst_showing::hiddenForAWhileAtAnotherTab()
     QVERIFY(application.user().showTab(kSummaryTab));
     hide(dialog);
     QVERIFY(application.show());
-    QVERIFY(PanelUser(application.user()).summary().contains(u"Half Cut: Yes"_qs));
+    QVERIFY(PanelUser(application.user()).summary().contains(u"Half Cut: Yes"_s));
     QVERIFY(application.user().print());
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
     dialog.setParent(nullptr);
@@ -196,7 +196,7 @@ void tst_showing::hiddenForAWhileWithAnotherPaper()
     QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
     QVERIFY(application.user().print());
     const int job = mSite.scheduler().jobIds().last();
-    QCOMPARE(mSite.job(job).value(u"media"_qs), u"FL21x45"_qs);
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
     dialog.setParent(nullptr);
 }
 
@@ -248,7 +248,7 @@ void tst_showing::finished()
     QVERIFY(!PanelUser(application.user()).isTicked(halfCut));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 2);
-    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
     QVERIFY(!choicesOfLastJob().contains(halfCutOn));
 }
 
@@ -319,7 +319,7 @@ void tst_showing::shownAgainAsSoonAsItTells()
     QVERIFY(panel.isTicked(mirror));
     QCOMPARE(panel.isTicked(halfCut), isKept);
     QVERIFY(application.user().print());
-    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_qs));
+    QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
     QCOMPARE(choicesOfLastJob().contains(halfCutOn), isKept);
 }
 

@@ -85,15 +85,20 @@ void RecordingPanel::select(Option option, const PDEChoice *choice)
     this->*OptionCatalogue::rows[option].selection = choice;
 }
 
-PaintCounter::PaintCounter(QWidget *widget)
+PaintWatcher::PaintWatcher(QWidget *widget)
 {
     QCoreApplication::processEvents();
     widget->installEventFilter(this);
 }
 
-bool PaintCounter::eventFilter(QObject *, QEvent *event)
+bool PaintWatcher::waitForPaint() const
 {
-    paints += int(event->type() == QEvent::Paint);
+    return QTest::qWaitFor([this] { return mIsPainted; });
+}
+
+bool PaintWatcher::eventFilter(QObject *, QEvent *event)
+{
+    mIsPainted = mIsPainted || event->type() == QEvent::Paint;
     return false;
 }
 

@@ -78,17 +78,21 @@ public:
     QList<quint32> reread;
 };
 
-/// Counts how often a widget is painted.
-class PaintCounter : public QObject
+/// Sees a widget being painted.
+class PaintWatcher : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit PaintCounter(QWidget *widget);
+    explicit PaintWatcher(QWidget *widget);
+
+    /// Waits until the widget is painted; false when it never is.
+    bool waitForPaint() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    int paints = 0;
+private:
+    bool mIsPainted = false;
 };
 
 /// A panel with its dialog, driven as a user does.

@@ -245,8 +245,8 @@ void AppearanceTest::ampersandOfATitleIsShown()
     PanelFixture fixture(PPDText().onOff("KvHalfCut", "OFF", "Cut & Peel"));
     fixture.show();
     const CheckBox *box = fixture.box(OptionCatalogue::HalfCut);
-    QCOMPARE(box->title(), u"Cut & Peel"_qs);
-    QCOMPARE(box->text(), u"Cut && Peel"_qs);
+    QCOMPARE(box->title(), u"Cut & Peel"_s);
+    QCOMPARE(box->text(), u"Cut && Peel"_s);
     QVERIFY(box->shortcut().isEmpty());
 }
 

@@ -204,15 +204,15 @@ void CatalogueAndConstructionTest::onlyUSBSchemesCountAsUSB_data()
 {
     QTest::addColumn<QString>("uri");
     QTest::addColumn<int>("usb");
-    QTest::newRow("usb") << u"usb://Korvane/T"_qs << 1;
-    QTest::newRow("KVMQUSB") << u"KVMQUSB://Korvane/T"_qs << 1;
-    QTest::newRow("upper-case USB") << u"USB://Korvane/T"_qs << 0;
-    QTest::newRow("lower-case kvmqusb") << u"kvmqusb://Korvane/T"_qs << 0;
-    QTest::newRow("usb with more letters") << u"usbx://Korvane/T"_qs << 0;
-    QTest::newRow("network") << u"ipp://printer.local/"_qs << 0;
-    QTest::newRow("usb in the path only") << u"ipp://usb/usb"_qs << 0;
-    QTest::newRow("no scheme") << u"usb"_qs << 0;
-    QTest::newRow("empty") << u""_qs << 0;
+    QTest::newRow("usb") << u"usb://Korvane/T"_s << 1;
+    QTest::newRow("KVMQUSB") << u"KVMQUSB://Korvane/T"_s << 1;
+    QTest::newRow("upper-case USB") << u"USB://Korvane/T"_s << 0;
+    QTest::newRow("lower-case kvmqusb") << u"kvmqusb://Korvane/T"_s << 0;
+    QTest::newRow("usb with more letters") << u"usbx://Korvane/T"_s << 0;
+    QTest::newRow("network") << u"ipp://printer.local/"_s << 0;
+    QTest::newRow("usb in the path only") << u"ipp://usb/usb"_s << 0;
+    QTest::newRow("no scheme") << u"usb"_s << 0;
+    QTest::newRow("empty") << u""_s << 0;
     QTest::newRow("not known") << QString() << 0;
 }
 
@@ -221,7 +221,7 @@ void CatalogueAndConstructionTest::onlyUSBSchemesCountAsUSB()
     QFETCH(QString, uri);
     QFETCH(int, usb);
     PanelFixture fixture;
-    fixture.host->printer = Printer(u"queue"_qs, uri);
+    fixture.host->printer = Printer(u"queue"_s, uri);
     fixture.build();
     QCOMPARE(int(fixture.panel->usb_dec), usb);
 }
@@ -270,15 +270,15 @@ void CatalogueAndConstructionTest::heatShrinkTubeTurnsAutoCutOffBeforeAnythingIs
     QTest::addColumn<QString>("paper");
     QTest::addColumn<QString>("ticketPaper");
     QTest::addColumn<QString>("marked");
-    QTest::newRow("HS058") << u"HS058"_qs << QString() << u"OFF"_qs;
-    QTest::newRow("HS alone, not in the PPD") << u"HS"_qs << QString() << u"OFF"_qs;
-    QTest::newRow("from the ticket") << QString() << u"HS58"_qs << u"OFF"_qs;
-    QTest::newRow("ticket behind a named paper") << u"62x29"_qs << u"HS58"_qs << u"ON"_qs;
-    QTest::newRow("lower case") << u"hs058"_qs << QString() << u"ON"_qs;
-    QTest::newRow("first letter only") << u"H"_qs << QString() << u"ON"_qs;
-    QTest::newRow("elsewhere in the name") << u"AHS"_qs << QString() << u"ON"_qs;
-    QTest::newRow("no name") << QString() << QString() << u"ON"_qs;
-    QTest::newRow("standard") << u"62x29"_qs << QString() << u"ON"_qs;
+    QTest::newRow("HS058") << u"HS058"_s << QString() << u"OFF"_s;
+    QTest::newRow("HS alone, not in the PPD") << u"HS"_s << QString() << u"OFF"_s;
+    QTest::newRow("from the ticket") << QString() << u"HS58"_s << u"OFF"_s;
+    QTest::newRow("ticket behind a named paper") << u"62x29"_s << u"HS58"_s << u"ON"_s;
+    QTest::newRow("lower case") << u"hs058"_s << QString() << u"ON"_s;
+    QTest::newRow("first letter only") << u"H"_s << QString() << u"ON"_s;
+    QTest::newRow("elsewhere in the name") << u"AHS"_s << QString() << u"ON"_s;
+    QTest::newRow("no name") << QString() << QString() << u"ON"_s;
+    QTest::newRow("standard") << u"62x29"_s << QString() << u"ON"_s;
 }
 
 void CatalogueAndConstructionTest::heatShrinkTubeTurnsAutoCutOffBeforeAnythingIsShown()
@@ -289,7 +289,7 @@ void CatalogueAndConstructionTest::heatShrinkTubeTurnsAutoCutOffBeforeAnythingIs
     PanelFixture fixture({.defaults = {{OptionCatalogue::AutoCut, "ON"}}});
     fixture.host->setPaper(paper, 82.0);
     if (!ticketPaper.isNull()) {
-        fixture.host->setTicket({{u"MqPaperName2"_qs, ticketPaper}});
+        fixture.host->setTicket({{u"MqPaperName2"_s, ticketPaper}});
     }
     fixture.build();
     QCOMPARE(fixture.host->marked("KvAutoTapeCut"), marked);
@@ -299,7 +299,7 @@ void CatalogueAndConstructionTest::heatShrinkTubeTurnsAutoCutOffBeforeAnythingIs
 void CatalogueAndConstructionTest::heatShrinkTubeIsHarmlessWithoutAutoCut()
 {
     PanelFixture fixture({.options = everyOptionBut(OptionCatalogue::AutoCut)});
-    fixture.host->setPaper(u"HS058"_qs, 82.0);
+    fixture.host->setPaper(u"HS058"_s, 82.0);
     fixture.build();
     QVERIFY(fixture.host->marked("KvAutoTapeCut").isNull());
 }
@@ -308,9 +308,9 @@ void CatalogueAndConstructionTest::declaredKeysFollowThePPD_data()
 {
     QTest::addColumn<TestPrinter>("printer");
     QTest::addColumn<QStringList>("keys");
-    const QStringList all = {u"KvCutLabel"_qs,    u"KvCutAtEnd"_qs,       u"KvMirror"_qs,
-                             u"KvAutoTapeCut"_qs, u"KvHalfCut"_qs,        u"KvChainPrint"_qs,
-                             u"KvSpecialTape"_qs, u"KvRemoveBlkSpace"_qs, u"KvCutMark"_qs};
+    const QStringList all = {u"KvCutLabel"_s,    u"KvCutAtEnd"_s,       u"KvMirror"_s,
+                             u"KvAutoTapeCut"_s, u"KvHalfCut"_s,        u"KvChainPrint"_s,
+                             u"KvSpecialTape"_s, u"KvRemoveBlkSpace"_s, u"KvCutMark"_s};
     QTest::newRow("all") << TestPrinter() << all;
     QTest::newRow("auto cut without a box of its own")
         << TestPrinter{.separateAutoCut = false} << all;
@@ -328,7 +328,7 @@ void CatalogueAndConstructionTest::declaredKeysFollowThePPD_data()
             << TestPrinter{.options = everyOptionBut(option)} << keys;
     }
     QTest::newRow("neither cut every nor auto cut")
-        << TestPrinter{.options = {OptionCatalogue::Mirror}} << QStringList{u"KvMirror"_qs};
+        << TestPrinter{.options = {OptionCatalogue::Mirror}} << QStringList{u"KvMirror"_s};
 }
 
 void CatalogueAndConstructionTest::declaredKeysFollowThePPD()
@@ -377,9 +377,9 @@ void CatalogueAndConstructionTest::firstShowInitialisesAndSavesEveryOption()
     fixture.load();
     fixture.panel->willShow();
     const QStringList saved = {
-        u"KvCutLabel=1"_qs,      u"KvCutAtEnd=OFF"_qs,       u"KvMirror=ON"_qs,
-        u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,        u"KvChainPrint=OFF"_qs,
-        u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=ON"_qs};
+        u"KvCutLabel=1"_s,      u"KvCutAtEnd=OFF"_s,       u"KvMirror=ON"_s,
+        u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s,        u"KvChainPrint=OFF"_s,
+        u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvCutMark=ON"_s};
     QCOMPARE(fixture.takeTold(), saved);
     QCOMPARE(int(fixture.panel->set_formatSetting), 1);
 
@@ -429,7 +429,7 @@ void CatalogueAndConstructionTest::paperChangeIsFollowedFromAnyObject()
           static_cast<const void *>(nullptr)}) {
         panel.refreshed.clear();
         NotificationCenter::defaultCenter().postNotification(
-            u"PMPrintDestinationPaperDidChangeNotification"_qs, object);
+            u"PMPrintDestinationPaperDidChangeNotification"_s, object);
         QCOMPARE(panel.refreshed.size(), 10);
     }
 }
@@ -456,8 +456,8 @@ void CatalogueAndConstructionTest::closedPanelFollowsThePaperNoMore()
     fixture.panel.reset();
     QVERIFY(!view);
     QVERIFY(!preview);
-    fixture.host->changePaper(u"HS058"_qs);
-    QCOMPARE(fixture.host->marked("KvAutoTapeCut"), u"ON"_qs);
+    fixture.host->changePaper(u"HS058"_s);
+    QCOMPARE(fixture.host->marked("KvAutoTapeCut"), u"ON"_s);
 }
 
 void CatalogueAndConstructionTest::panelOffersNoHelpAndDoesNothingOnClose()

@@ -71,14 +71,14 @@ void CountTest::typedCountIsClampedOnEveryKeystroke_data()
     QTest::addColumn<int>("largest");
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QStringList>("counts");
-    QTest::newRow("42") << 1 << 99 << u"42"_qs << QStringList{u"4"_qs, u"42"_qs};
-    QTest::newRow("0") << 1 << 99 << u"0"_qs << QStringList{u"1"_qs};
-    QTest::newRow("150") << 1 << 99 << u"150"_qs << QStringList{u"1"_qs, u"15"_qs, u"99"_qs};
-    QTest::newRow("a letter") << 1 << 99 << u"a"_qs << QStringList{u"1"_qs};
-    QTest::newRow("a letter after a digit") << 1 << 99 << u"8x"_qs << QStringList{u"8"_qs, u"8"_qs};
-    QTest::newRow("nothing left") << 1 << 99 << u"\b"_qs << QStringList{u"1"_qs};
-    QTest::newRow("below the smallest") << 5 << 20 << u"3"_qs << QStringList{u"5"_qs};
-    QTest::newRow("above the largest") << 5 << 20 << u"73"_qs << QStringList{u"7"_qs, u"20"_qs};
+    QTest::newRow("42") << 1 << 99 << u"42"_s << QStringList{u"4"_s, u"42"_s};
+    QTest::newRow("0") << 1 << 99 << u"0"_s << QStringList{u"1"_s};
+    QTest::newRow("150") << 1 << 99 << u"150"_s << QStringList{u"1"_s, u"15"_s, u"99"_s};
+    QTest::newRow("a letter") << 1 << 99 << u"a"_s << QStringList{u"1"_s};
+    QTest::newRow("a letter after a digit") << 1 << 99 << u"8x"_s << QStringList{u"8"_s, u"8"_s};
+    QTest::newRow("nothing left") << 1 << 99 << u"\b"_s << QStringList{u"1"_s};
+    QTest::newRow("below the smallest") << 5 << 20 << u"3"_s << QStringList{u"5"_s};
+    QTest::newRow("above the largest") << 5 << 20 << u"73"_s << QStringList{u"7"_s, u"20"_s};
 }
 
 void CountTest::typedCountIsClampedOnEveryKeystroke()
@@ -92,7 +92,7 @@ void CountTest::typedCountIsClampedOnEveryKeystroke()
     fixture.type(keys);
     QStringList told;
     for (const QString &count : std::as_const(counts)) {
-        told.append(u"KvCutLabel="_qs + count);
+        told.append(u"KvCutLabel="_s + count);
     }
     QCOMPARE(fixture.takeTold(), told);
     QCOMPARE(fieldText(fixture), counts.constLast());
@@ -105,19 +105,19 @@ void CountTest::enteredTextIsReadAsANumber_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("count");
-    QTest::newRow("7") << u"7"_qs << 7;
-    QTest::newRow("leading space") << u" 8"_qs << 8;
-    QTest::newRow("plus sign") << u"+9"_qs << 9;
-    QTest::newRow("negative") << u"-5"_qs << 1;
-    QTest::newRow("leading zeros") << u"007"_qs << 7;
-    QTest::newRow("letters behind") << u"12abc"_qs << 12;
-    QTest::newRow("fraction") << u"3.9"_qs << 3;
-    QTest::newRow("letters") << u"abc"_qs << 1;
-    QTest::newRow("empty") << u""_qs << 1;
-    QTest::newRow("99") << u"99"_qs << 99;
-    QTest::newRow("100") << u"100"_qs << 99;
-    QTest::newRow("beyond 32 bits") << u"99999999999"_qs << 99;
-    QTest::newRow("below 32 bits") << u"-99999999999"_qs << 1;
+    QTest::newRow("7") << u"7"_s << 7;
+    QTest::newRow("leading space") << u" 8"_s << 8;
+    QTest::newRow("plus sign") << u"+9"_s << 9;
+    QTest::newRow("negative") << u"-5"_s << 1;
+    QTest::newRow("leading zeros") << u"007"_s << 7;
+    QTest::newRow("letters behind") << u"12abc"_s << 12;
+    QTest::newRow("fraction") << u"3.9"_s << 3;
+    QTest::newRow("letters") << u"abc"_s << 1;
+    QTest::newRow("empty") << u""_s << 1;
+    QTest::newRow("99") << u"99"_s << 99;
+    QTest::newRow("100") << u"100"_s << 99;
+    QTest::newRow("beyond 32 bits") << u"99999999999"_s << 99;
+    QTest::newRow("below 32 bits") << u"-99999999999"_s << 1;
 }
 
 void CountTest::enteredTextIsReadAsANumber()
@@ -130,19 +130,19 @@ void CountTest::enteredTextIsReadAsANumber()
     fixture.panel->controlTextDidChange(fixture.panel->mCutEveryTxBx);
     QCOMPARE(fieldText(fixture), QString::number(count));
     QCOMPARE(stepperValue(fixture), count);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=%1"_qs.arg(count)});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=%1"_s.arg(count)});
 }
 
 void CountTest::pastedCountIsClamped()
 {
     PanelFixture fixture;
     showWithCount(fixture);
-    QGuiApplication::clipboard()->setText(u"150"_qs);
+    QGuiApplication::clipboard()->setText(u"150"_s);
     QLineEdit *field = fixture.panel->mCutEveryTxBx;
     field->selectAll();
     QTest::keySequence(field, QKeySequence::Paste);
-    QCOMPARE(fieldText(fixture), u"99"_qs);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=99"_qs});
+    QCOMPARE(fieldText(fixture), u"99"_s);
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=99"_s});
 }
 
 void CountTest::stepperArrowsStayWithinTheCounts_data()
@@ -152,11 +152,11 @@ void CountTest::stepperArrowsStayWithinTheCounts_data()
     QTest::addColumn<QStringList>("counts");
     const QByteArray up = "stepUp";
     const QByteArray down = "stepDown";
-    QTest::newRow("up from 1") << QByteArray("1") << up << QStringList{u"2"_qs, u"3"_qs};
+    QTest::newRow("up from 1") << QByteArray("1") << up << QStringList{u"2"_s, u"3"_s};
     QTest::newRow("up to 99") << QByteArray("97") << up
-                              << QStringList{u"98"_qs, u"99"_qs, u"99"_qs, u"99"_qs};
+                              << QStringList{u"98"_s, u"99"_s, u"99"_s, u"99"_s};
     QTest::newRow("down to 1") << QByteArray("3") << down
-                               << QStringList{u"2"_qs, u"1"_qs, u"1"_qs, u"1"_qs};
+                               << QStringList{u"2"_s, u"1"_s, u"1"_s, u"1"_s};
 }
 
 void CountTest::stepperArrowsStayWithinTheCounts()
@@ -172,7 +172,7 @@ void CountTest::stepperArrowsStayWithinTheCounts()
         fixture.step(arrow);
         QCOMPARE(fieldText(fixture), count);
         QCOMPARE(stepperValue(fixture), count.toInt());
-        QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel="_qs + count});
+        QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel="_s + count});
         QCOMPARE(selectedKeyword(fixture, cutEvery), count);
     }
 }
@@ -189,39 +189,39 @@ void CountTest::stepperTakesKeysAndWheel()
     QWheelEvent wheel(at, stepper->mapToGlobal(at), QPoint(), QPoint(0, 120), {}, {},
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(stepper, &wheel);
-    QCOMPARE(fixture.takeTold(), QStringList({u"KvCutLabel=2"_qs, u"KvCutLabel=3"_qs,
-                                              u"KvCutLabel=2"_qs, u"KvCutLabel=3"_qs}));
-    QCOMPARE(fieldText(fixture), u"3"_qs);
+    QCOMPARE(fixture.takeTold(), QStringList({u"KvCutLabel=2"_s, u"KvCutLabel=3"_s,
+                                              u"KvCutLabel=2"_s, u"KvCutLabel=3"_s}));
+    QCOMPARE(fieldText(fixture), u"3"_s);
 }
 
 void CountTest::countBetweenTheChoicesIsNotTold()
 {
     PanelFixture fixture(printerWithCounts({"1", "2", "10"}));
     showWithCount(fixture);
-    fixture.type(u"2"_qs);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_qs});
+    fixture.type(u"2"_s);
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_s});
     // The fourth count is past the last of the three choices.
-    fixture.type(u"4"_qs);
+    fixture.type(u"4"_s);
     QCOMPARE(fixture.takeTold(), QStringList());
-    QCOMPARE(fieldText(fixture), u"2"_qs);
+    QCOMPARE(fieldText(fixture), u"2"_s);
     QCOMPARE(stepperValue(fixture), 2);
 }
 
 void CountTest::countOfAStrangerIsNone()
 {
-    QLineEdit stranger(u"5"_qs);
+    QLineEdit stranger(u"5"_s);
     PanelFixture fromOne;
     fromOne.show();
     fromOne.panel->changeCutEveryValue(&stranger);
     QCOMPARE(fromOne.takeTold(), QStringList());
-    QCOMPARE(fieldText(fromOne), u"1"_qs);
+    QCOMPARE(fieldText(fromOne), u"1"_s);
 
     PanelFixture fromZero(printerWithCounts(countsFrom(0, 9)));
     fromZero.show();
     fromZero.host->mark("KvCutLabel", "4");
     fromZero.panel->changeCutEveryValue(&stranger);
-    QCOMPARE(fromZero.takeTold(), QStringList{u"KvCutLabel=0"_qs});
-    QCOMPARE(fieldText(fromZero), u"0"_qs);
+    QCOMPARE(fromZero.takeTold(), QStringList{u"KvCutLabel=0"_s});
+    QCOMPARE(fieldText(fromZero), u"0"_s);
 }
 
 void CountTest::countWithoutOptionStaysBelowAHundred()
@@ -229,7 +229,7 @@ void CountTest::countWithoutOptionStaysBelowAHundred()
     PanelFixture fixture({.options = {}});
     fixture.show();
     for (const auto &[text, count] :
-         {std::pair(u"150"_qs, 99), std::pair(u"0"_qs, 1), std::pair(u"50"_qs, 50)}) {
+         {std::pair(u"150"_s, 99), std::pair(u"0"_s, 1), std::pair(u"50"_s, 50)}) {
         fixture.panel->mCutEveryTxBx->setText(text);
         fixture.panel->changeCutEveryValue(fixture.panel->mCutEveryTxBx);
         QCOMPARE(fieldText(fixture), QString::number(count));
@@ -242,14 +242,14 @@ void CountTest::otherTextFieldsAreIgnored()
 {
     PanelFixture fixture;
     showWithCount(fixture);
-    QLineEdit stranger(u"5"_qs);
+    QLineEdit stranger(u"5"_s);
     fixture.panel->refreshed.clear();
     fixture.panel->controlTextDidChange(&stranger);
     fixture.panel->controlTextDidChange(nullptr);
     fixture.panel->controlTextDidChange(fixture.panel->mCutEveryStpr);
     QCOMPARE(fixture.takeTold(), QStringList());
     QCOMPARE(fixture.panel->refreshed, QList<quint32>());
-    QCOMPARE(fieldText(fixture), u"1"_qs);
+    QCOMPARE(fieldText(fixture), u"1"_s);
 }
 
 void CountTest::fieldThatAnnouncesItsEditsLeavesThePanelOut()
@@ -267,7 +267,7 @@ void CountTest::fieldThatAnnouncesItsEditsLeavesThePanelOut()
         fixture.panel->mCutEveryTxBx.data());
     fixture.type(QStringLiteral("250"));
     NotificationCenter::defaultCenter().removeObserver(this);
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"250"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"250"_s);
     QCOMPARE(announced, 3);
     QCOMPARE(fixture.takeTold(), QStringList());
 }

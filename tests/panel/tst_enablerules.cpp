@@ -149,7 +149,7 @@ void EnableRulesTest::countFollowsTheCutEveryBox_data()
         QTest::addRow("paper \"%s\", special tape off", paper)
             << QString::fromLatin1(paper) << int(SpecialOff);
     }
-    QTest::newRow("paper \"FL30\", special tape on") << u"FL30"_qs << int(SpecialOn);
+    QTest::newRow("paper \"FL30\", special tape on") << u"FL30"_s << int(SpecialOn);
 }
 
 void EnableRulesTest::countFollowsTheCutEveryBox()
@@ -176,10 +176,10 @@ void EnableRulesTest::countStaysAsItIsUnderADisabledBox_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<int>("special");
-    QTest::newRow("standard paper, no special tape") << u"62x29"_qs << int(SpecialHidden);
-    QTest::newRow("FL paper, no special tape") << u"FL30"_qs << int(SpecialHidden);
-    QTest::newRow("FL paper, special tape off") << u"FL30"_qs << int(SpecialOff);
-    QTest::newRow("FL paper, special tape on") << u"FL30"_qs << int(SpecialOn);
+    QTest::newRow("standard paper, no special tape") << u"62x29"_s << int(SpecialHidden);
+    QTest::newRow("FL paper, no special tape") << u"FL30"_s << int(SpecialHidden);
+    QTest::newRow("FL paper, special tape off") << u"FL30"_s << int(SpecialOff);
+    QTest::newRow("FL paper, special tape on") << u"FL30"_s << int(SpecialOn);
 }
 
 void EnableRulesTest::countStaysAsItIsUnderADisabledBox()
@@ -229,7 +229,7 @@ void EnableRulesTest::labelPaperDisablesHalfCutAndChainDespiteSpecialTape()
     PanelFixture fixture;
     fixture.show();
     fixture.click(specialTape);
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QVERIFY(fixture.isOn(specialTape));
     QVERIFY(!fixture.box(specialTape)->isEnabled());
     QVERIFY(!fixture.box(OptionCatalogue::HalfCut)->isEnabled());
@@ -278,10 +278,10 @@ void EnableRulesTest::unreadablePaperCountsAsStandard_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("hasPaper");
     QTest::newRow("no name") << QString() << true;
-    QTest::newRow("empty name") << u""_qs << true;
+    QTest::newRow("empty name") << u""_s << true;
     QTest::newRow("no paper") << QString() << false;
     QTest::newRow("256 bytes, too long to be read")
-        << QString(u"FL"_qs + QString(254, u'x')) << true;
+        << QString(u"FL"_s + QString(254, u'x')) << true;
 }
 
 void EnableRulesTest::unreadablePaperCountsAsStandard()
@@ -297,7 +297,7 @@ void EnableRulesTest::unreadablePaperCountsAsStandard()
     for (const Option option : ruledBoxes) {
         QVERIFY(fixture.box(option)->isEnabled());
     }
-    fixture.host->setPaper(u"FL"_qs + QString(253, u'x'));
+    fixture.host->setPaper(u"FL"_s + QString(253, u'x'));
     fixture.panel->enabledCheck_OP();
     QVERIFY(!fixture.box(OptionCatalogue::HalfCut)->isEnabled());
 }

@@ -59,9 +59,9 @@ void InitialisersTest::titleIsThePPDsTextTranslated_data()
     for (const Option option : everyOption) {
         const char *keyword = factsOf(option).keyword;
         QTest::addRow("%s, unknown text", keyword)
-            << int(option) << QByteArray("50 % & gr\xC3\xBCn %1") << u"50 % & gr\u00FCn %1"_qs;
+            << int(option) << QByteArray("50 % & gr\xC3\xBCn %1") << u"50 % & gr\u00FCn %1"_s;
         QTest::addRow("%s, text that the bundle translates", keyword)
-            << int(option) << QByteArray("RS_STitle_Yes") << u"Yes"_qs;
+            << int(option) << QByteArray("RS_STitle_Yes") << u"Yes"_s;
         QTest::addRow("%s, no text", keyword)
             << int(option) << QByteArray() << QString::fromLatin1(keyword);
     }
@@ -82,15 +82,15 @@ void InitialisersTest::unreadableTextFallsBackToTheLabel_data()
 {
     QTest::addColumn<int>("option");
     QTest::addColumn<QString>("title");
-    const QStringList titles = {u"Cut every"_qs,
-                                u"Cut at end"_qs,
-                                u"Mirror printing"_qs,
-                                u"Auto cut"_qs,
-                                u"Half cut"_qs,
-                                u"Chain printing"_qs,
-                                u"Special tape (no cutting)"_qs,
-                                u"Remove blank space"_qs,
-                                u"Cut marks"_qs};
+    const QStringList titles = {u"Cut every"_s,
+                                u"Cut at end"_s,
+                                u"Mirror printing"_s,
+                                u"Auto cut"_s,
+                                u"Half cut"_s,
+                                u"Chain printing"_s,
+                                u"Special tape (no cutting)"_s,
+                                u"Remove blank space"_s,
+                                u"Cut marks"_s};
     for (const Option option : everyOption) {
         QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(option);
     }
@@ -114,12 +114,12 @@ void InitialisersTest::captionSaysLabels()
 {
     PanelFixture fixture;
     fixture.load();
-    fixture.panel->mCutEveryStr->setText(u"-"_qs);
+    fixture.panel->mCutEveryStr->setText(u"-"_s);
     fixture.panel->initializeUI_CutLabel();
-    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"labels"_qs);
+    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"labels"_s);
     fixture.bundle->setLanguages({});
     fixture.panel->initializeUI_CutLabel();
-    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"RS_Labels"_qs);
+    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"RS_Labels"_s);
 }
 
 void InitialisersTest::countStartsAtTheDefault_data()
@@ -128,11 +128,11 @@ void InitialisersTest::countStartsAtTheDefault_data()
     QTest::addColumn<QString>("field");
     QTest::addColumn<int>("stepper");
     QTest::addColumn<bool>("ticked");
-    QTest::newRow("1") << QByteArray("1") << u"1"_qs << 1 << true;
-    QTest::newRow("7") << QByteArray("7") << u"7"_qs << 7 << false;
-    QTest::newRow("99") << QByteArray("99") << u"99"_qs << 99 << false;
-    QTest::newRow("OFF") << QByteArray("OFF") << u"OFF"_qs << 0 << false;
-    QTest::newRow("007x") << QByteArray("007x") << u"007x"_qs << 7 << false;
+    QTest::newRow("1") << QByteArray("1") << u"1"_s << 1 << true;
+    QTest::newRow("7") << QByteArray("7") << u"7"_s << 7 << false;
+    QTest::newRow("99") << QByteArray("99") << u"99"_s << 99 << false;
+    QTest::newRow("OFF") << QByteArray("OFF") << u"OFF"_s << 0 << false;
+    QTest::newRow("007x") << QByteArray("007x") << u"007x"_s << 7 << false;
 }
 
 void InitialisersTest::countStartsAtTheDefault()
@@ -171,7 +171,7 @@ void InitialisersTest::rowsWithoutOptionAreLeftAsTheNibMadeThem()
         QVERIFY(fixture.isOn(option));
         QCOMPARE(fixture.box(option)->isEnabled(), option == OptionCatalogue::RemoveBlkSpace);
     }
-    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"labels"_qs);
+    QCOMPARE(fixture.panel->mCutEveryStr->text(), u"labels"_s);
     QCOMPARE(fixture.panel->mCutEveryTxBx->text(), QString());
     QVERIFY(fixture.panel->mCutEveryTxBx->isEnabled());
     QVERIFY(fixture.panel->mCutEveryStpr->isEnabled());
@@ -184,12 +184,12 @@ void InitialisersTest::autoCutWithoutABoxOfItsOwnKeepsItsState()
             {.separateAutoCut = separate, .defaults = {{OptionCatalogue::AutoCut, "ON"}}});
         fixture.load();
         CheckBox *box = fixture.box(OptionCatalogue::AutoCut);
-        box->setTitle(u"before"_qs);
+        box->setTitle(u"before"_s);
         box->setEnabled(false);
         fixture.panel->initializeUI_AutoCut();
         QVERIFY(box->isEnabled());
         QCOMPARE(box->isChecked(), separate);
-        QCOMPARE(box->title(), separate ? u"KvAutoTapeCut"_qs : u"before"_qs);
+        QCOMPARE(box->title(), separate ? u"KvAutoTapeCut"_s : u"before"_s);
     }
 }
 
@@ -198,13 +198,13 @@ void InitialisersTest::removeBlankSpaceFollowsTheMedium_data()
     QTest::addColumn<QString>("paper");
     QTest::addColumn<int>("tapeState");
     QTest::addColumn<bool>("enabled");
-    QTest::newRow("standard size") << u"62x29"_qs << 0 << true;
-    QTest::newRow("DC") << u"DC03"_qs << 1 << false;
-    QTest::newRow("AV") << u"AV2055"_qs << 1 << false;
-    QTest::newRow("FL") << u"FL30"_qs << 1 << false;
-    QTest::newRow("C_") << u"C_62"_qs << 1 << false;
-    QTest::newRow("DC that the PPD does not list") << u"DC99"_qs << 0 << true;
-    QTest::newRow("custom size") << u"Custom.62x100"_qs << 2 << true;
+    QTest::newRow("standard size") << u"62x29"_s << 0 << true;
+    QTest::newRow("DC") << u"DC03"_s << 1 << false;
+    QTest::newRow("AV") << u"AV2055"_s << 1 << false;
+    QTest::newRow("FL") << u"FL30"_s << 1 << false;
+    QTest::newRow("C_") << u"C_62"_s << 1 << false;
+    QTest::newRow("DC that the PPD does not list") << u"DC99"_s << 0 << true;
+    QTest::newRow("custom size") << u"Custom.62x100"_s << 2 << true;
     QTest::newRow("name known to the ticket alone") << QString() << 2 << true;
 }
 
@@ -216,7 +216,7 @@ void InitialisersTest::removeBlankSpaceFollowsTheMedium()
     PanelFixture fixture({.defaults = {{OptionCatalogue::RemoveBlkSpace, "ON"}}});
     fixture.load();
     fixture.host->setPaper(paper, 82.0);
-    fixture.host->setTicket({{u"MqPaperName2"_qs, u"DC03"_qs}});
+    fixture.host->setTicket({{u"MqPaperName2"_s, u"DC03"_s}});
     for (const bool before : {false, true}) {
         fixture.box(OptionCatalogue::RemoveBlkSpace)->setEnabled(before);
         fixture.panel->initializeUI_RemoveBlkSpace();
@@ -234,7 +234,7 @@ void InitialisersTest::removeBlankSpaceFollowsTheMediumWithoutItsOption()
     box->setEnabled(false);
     fixture.panel->initializeUI_RemoveBlkSpace();
     QVERIFY(box->isEnabled());
-    fixture.host->setPaper(u"FL30"_qs, 82.0);
+    fixture.host->setPaper(u"FL30"_s, 82.0);
     fixture.panel->initializeUI_RemoveBlkSpace();
     QVERIFY(!box->isEnabled());
     QCOMPARE(fixture.panel->getTapeState(), 1);
@@ -273,7 +273,7 @@ void InitialisersTest::optionWithoutChoicesKeepsTheState()
         initialise(fixture, empty);
         QCOMPARE(fixture.isOn(empty), on);
     }
-    QCOMPARE(fixture.box(empty)->title(), u"Nothing to choose"_qs);
+    QCOMPARE(fixture.box(empty)->title(), u"Nothing to choose"_s);
 }
 
 KV_TEST(InitialisersTest)

@@ -229,8 +229,8 @@ void LayoutTest::presetWithEverythingOnGoesOnlyWithCutEvery()
     QFETCH(TestPrinter, printer);
     QFETCH(bool, offered);
     BundleCopy copy;
-    QVERIFY(copy.replaceInNib(u">AHCMOffOffOffOff<"_qs, u">AHCMOnOnOnOn<"_qs));
-    QVERIFY(copy.replaceInNib(u"<string>5</string>"_qs, u"<string>50</string>"_qs));
+    QVERIFY(copy.replaceInNib(u">AHCMOffOffOffOff<"_s, u">AHCMOnOnOnOn<"_s));
+    QVERIFY(copy.replaceInNib(u"<string>5</string>"_s, u"<string>50</string>"_s));
     PanelFixture fixture(printer, copy.open());
     fixture.load();
     QCOMPARE(fixture.menuTags().contains(50), offered);
@@ -241,10 +241,10 @@ void LayoutTest::menuShowsPicturesAndNamesInsteadOfIdentifiers()
     PanelFixture fixture;
     fixture.load();
     const PopUpButton *menu = fixture.panel->mOptionPopUpButton;
-    const QMap<int, QString> names = {{4, u"Cut between labels and at end"_qs},
-                                      {7, u"Half cut"_qs},
-                                      {13, u"Special tape"_qs},
-                                      {17, u"No cut marks"_qs}};
+    const QMap<int, QString> names = {{4, u"Cut between labels and at end"_s},
+                                      {7, u"Half cut"_s},
+                                      {13, u"Special tape"_s},
+                                      {17, u"No cut marks"_s}};
     QCOMPARE(menu->count(), 9);
     for (int i = 0; i < menu->count(); ++i) {
         QCOMPARE(menu->itemText(i), QString());
@@ -287,7 +287,7 @@ void LayoutTest::lowViewIsMadeHighEnough()
     QFETCH(TestPrinter, printer);
     QFETCH(int, height);
     BundleCopy copy;
-    QVERIFY(copy.replaceInNib(u"<height>292</height>"_qs, u"<height>%1</height>"_qs.arg(before)));
+    QVERIFY(copy.replaceInNib(u"<height>292</height>"_s, u"<height>%1</height>"_s.arg(before)));
     PanelFixture fixture(printer, copy.open());
     fixture.load();
     QCOMPARE(fixture.panel->kPDEView->height(), height);
@@ -326,7 +326,7 @@ void LayoutTest::previewTakesThePlaceholdersPlace()
     QCOMPARE(preview->size(), QSize(240, 92));
     QCOMPARE(frameOrigin(preview), QPointF(290.0, height - 130.0));
     QVERIFY(!fixture.panel->mOptionDummyView);
-    QVERIFY(!fixture.panel->kPDEView->findChild<QWidget *>(u"mOptionDummyView"_qs));
+    QVERIFY(!fixture.panel->kPDEView->findChild<QWidget *>(u"mOptionDummyView"_s));
 }
 
 void LayoutTest::previewKnowsItsPrinterAndCheckBoxes_data()
@@ -355,7 +355,7 @@ void LayoutTest::previewKnowsItsPrinterAndCheckBoxes()
 void LayoutTest::previewWithoutPlaceholderHasNoPlace()
 {
     BundleCopy copy;
-    QVERIFY(copy.removeOutlet(u"mOptionDummyView"_qs));
+    QVERIFY(copy.removeOutlet(u"mOptionDummyView"_s));
     PanelFixture fixture(TestPrinter(), copy.open());
     fixture.show();
     const OptionView13_v400_ *preview = fixture.panel->mOptionView;

@@ -80,12 +80,12 @@ void MirroringTest::pointsAreTheSame()
     PanelFixture usual;
     usual.show();
     const QList<QPointF> usualOrigins = origins(usual);
-    const QJsonValue usualState = usual.panel->state().value(u"controls"_qs);
+    const QJsonValue usualState = usual.panel->state().value(u"controls"_s);
     QApplication::setLayoutDirection(Qt::RightToLeft);
     PanelFixture mirrored;
     mirrored.show();
     QCOMPARE(origins(mirrored), usualOrigins);
-    QCOMPARE(mirrored.panel->state().value(u"controls"_qs), usualState);
+    QCOMPARE(mirrored.panel->state().value(u"controls"_s), usualState);
 }
 
 void MirroringTest::directionMayChange()

@@ -23,11 +23,10 @@ private Q_SLOTS:
 namespace {
 
 const QStringList outlets = {
-    u"kPDEView"_qs,          u"mOptionDummyView"_qs,     u"mOptionPopUpButton"_qs,
-    u"mCutEveryChkBx"_qs,    u"mCutAndEndChkBx"_qs,      u"mMirrorPrintChkBx"_qs,
-    u"mAutoCutChkBx"_qs,     u"mHalfCutChkBx"_qs,        u"mChainPrintChkBx"_qs,
-    u"mSpecialTapeChkBx"_qs, u"mRemoveBlkSpaceChkBx"_qs, u"mCutMarkChkBx"_qs,
-    u"mCutEveryTxBx"_qs,     u"mCutEveryStpr"_qs,        u"mCutEveryStr"_qs,
+    u"kPDEView"_s,         u"mOptionDummyView"_s,  u"mOptionPopUpButton"_s,   u"mCutEveryChkBx"_s,
+    u"mCutAndEndChkBx"_s,  u"mMirrorPrintChkBx"_s, u"mAutoCutChkBx"_s,        u"mHalfCutChkBx"_s,
+    u"mChainPrintChkBx"_s, u"mSpecialTapeChkBx"_s, u"mRemoveBlkSpaceChkBx"_s, u"mCutMarkChkBx"_s,
+    u"mCutEveryTxBx"_s,    u"mCutEveryStpr"_s,     u"mCutEveryStr"_s,
 };
 
 /// A printer that is off by default, on which the user once chose everything, and 7 labels.
@@ -81,8 +80,8 @@ QStringList expectedSave(const PanelFixture &fixture, const QList<Option> &force
     for (const Option option : everyOptionBut(cutEvery)) {
         const CheckBox *box = fixture.box(option);
         const bool on = box && box->isChecked() && !forcedOff.contains(option);
-        const QString shown = on ? u"ON"_qs : u"OFF"_qs;
-        told.append(pairOf(option, box ? shown : u"ON"_qs));
+        const QString shown = on ? u"ON"_s : u"OFF"_s;
+        told.append(pairOf(option, box ? shown : u"ON"_s));
     }
     return told;
 }
@@ -95,7 +94,7 @@ void clickAndCheck(PanelFixture &fixture, Option option)
     fixture.click(option);
     QCOMPARE(fixture.isOn(option), !before);
     QCOMPARE(fixture.takeTold(), QStringList{pairOf(option == cutEvery ? autoCut : option,
-                                                    before ? u"OFF"_qs : u"ON"_qs)});
+                                                    before ? u"OFF"_s : u"ON"_s)});
 }
 
 /// Changes the count with what there is; the count that was told last.
@@ -103,7 +102,7 @@ QString changeCount(PanelFixture &fixture)
 {
     fixture.takeTold();
     if (canBeClicked(fixture.panel->mCutEveryTxBx)) {
-        fixture.type(u"12"_qs);
+        fixture.type(u"12"_s);
     } else if (canBeClicked(fixture.panel->mCutEveryStpr)) {
         fixture.step("stepUp");
     }
@@ -142,7 +141,7 @@ void OutletsTest::missingControlIsNotConnected()
     fixture.build();
     QCOMPARE(fixture.panel->panelView() == nullptr, missing == u"kPDEView");
     QStringList expected = outlets;
-    expected.removeOne(u"mOptionDummyView"_qs);
+    expected.removeOne(u"mOptionDummyView"_s);
     expected.removeOne(missing);
     QCOMPARE(connected(fixture), expected);
     QVERIFY(fixture.panel->mOptionView);
@@ -164,9 +163,9 @@ void OutletsTest::markedChoicesAreSavedBeforeTheViewIsThere()
     fixture.build();
     QCOMPARE(fixture.panel->supportedPPDOptionKeys()->size(), 9);
     QCOMPARE(fixture.takeTold(),
-             QStringList({u"KvCutLabel=7"_qs, u"KvCutAtEnd=ON"_qs, u"KvMirror=ON"_qs,
-                          u"KvAutoTapeCut=ON"_qs, u"KvHalfCut=ON"_qs, u"KvChainPrint=ON"_qs,
-                          u"KvSpecialTape=ON"_qs, u"KvRemoveBlkSpace=ON"_qs, u"KvCutMark=ON"_qs}));
+             QStringList({u"KvCutLabel=7"_s, u"KvCutAtEnd=ON"_s, u"KvMirror=ON"_s,
+                          u"KvAutoTapeCut=ON"_s, u"KvHalfCut=ON"_s, u"KvChainPrint=ON"_s,
+                          u"KvSpecialTape=ON"_s, u"KvRemoveBlkSpace=ON"_s, u"KvCutMark=ON"_s}));
 }
 
 void OutletsTest::clickedChoicesAreSavedAndMarkedOnesKept_data()
@@ -184,10 +183,10 @@ void OutletsTest::clickedChoicesAreSavedAndMarkedOnesKept()
     for (const Option option : everyOption) {
         if (!fixture.box(option)) {
             const QString marked = fixture.host->marked(factsOf(option).keyword);
-            QCOMPARE(marked, option == cutEvery ? u"7"_qs : u"ON"_qs);
+            QCOMPARE(marked, option == cutEvery ? u"7"_s : u"ON"_s);
         }
     }
-    QCOMPARE(fixture.host->marked("KvCutLabel"), u"7"_qs);
+    QCOMPARE(fixture.host->marked("KvCutLabel"), u"7"_s);
 
     if (canBeClicked(fixture.box(cutEvery))) {
         clickAndCheck(fixture, cutEvery);
@@ -195,14 +194,14 @@ void OutletsTest::clickedChoicesAreSavedAndMarkedOnesKept()
     }
     const QString count = changeCount(fixture);
     QCOMPARE(count, missing == u"kPDEView"        ? QString()
-                    : missing == u"mCutEveryTxBx" ? u"8"_qs
-                                                  : u"12"_qs);
+                    : missing == u"mCutEveryTxBx" ? u"8"_s
+                                                  : u"12"_s);
     for (const Option option : everyOption) {
         if (option != cutEvery && option != specialTape && canBeClicked(fixture.box(option))) {
             clickAndCheck(fixture, option);
         }
     }
-    QCOMPARE(fixture.host->marked("KvCutLabel"), count.isNull() ? u"7"_qs : count);
+    QCOMPARE(fixture.host->marked("KvCutLabel"), count.isNull() ? u"7"_s : count);
     QCOMPARE(save(fixture), expectedSave(fixture));
     QCOMPARE(save(fixture), expectedSave(fixture));
 }
@@ -268,7 +267,7 @@ void OutletsTest::panelGoesOnWithoutTheControl()
     fixture.panel->printWindowWillClose();
     fixture.host->panel = nullptr;
     fixture.panel.reset();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 
@@ -280,17 +279,17 @@ void OutletsTest::viewWithoutAnyControlKeepsTheMarks()
     }
     PanelFixture fixture = fixtureWithout(copy);
     fixture.show();
-    QCOMPARE(connected(fixture), QStringList{u"kPDEView"_qs});
+    QCOMPARE(connected(fixture), QStringList{u"kPDEView"_s});
     QCOMPARE(fixture.panel->targetPopUpButtonTag(), 5);
-    QCOMPARE(fixture.panel->mOptionView->targetDrawImageName(), u"AHCMOffOffOffOff"_qs);
-    fixture.host->changePaper(u"FL30"_qs);
+    QCOMPARE(fixture.panel->mOptionView->targetDrawImageName(), u"AHCMOffOffOffOff"_s);
+    fixture.host->changePaper(u"FL30"_s);
     fixture.panel->changeOptionPopUpButton(nullptr);
     fixture.panel->changeCutEveryValue(nullptr);
     QVERIFY(fixture.panel->restoreValuesAndReturnError(nullptr));
     const QStringList told = save(fixture);
     QCOMPARE(told, expectedSave(fixture));
     QCOMPARE(told.size(), 9);
-    QCOMPARE(told.first(), u"KvCutLabel=7"_qs);
+    QCOMPARE(told.first(), u"KvCutLabel=7"_s);
 }
 
 KV_TEST(OutletsTest)

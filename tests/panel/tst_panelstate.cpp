@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 namespace {
 
-const QStringList countOutlets = {u"mCutEveryTxBx"_qs, u"mCutEveryStpr"_qs, u"mCutEveryStr"_qs};
+const QStringList countOutlets = {u"mCutEveryTxBx"_s, u"mCutEveryStpr"_s, u"mCutEveryStr"_s};
 
 /// A tape printer without cut marks and with 7 labels, all else off: its menu has the tags 4 to 13.
 TestPrinter tapePrinter()
@@ -61,7 +61,7 @@ QJsonObject box(const PanelFixture &fixture, Option option)
 /// The names of the nib's controls that the panel may tell of, in the order of an object's keys.
 QStringList allOutlets()
 {
-    QStringList outlets = countOutlets + QStringList{u"mOptionPopUpButton"_qs};
+    QStringList outlets = countOutlets + QStringList{u"mOptionPopUpButton"_s};
     for (const Option option : everyOption) {
         outlets.append(QLatin1String(factsOf(option).outlet));
     }
@@ -74,12 +74,12 @@ QJsonObject placeOf(const QWidget *widget)
 {
     const QPointF origin = frameOrigin(widget);
     const QSizeF size = frameSize(widget);
-    return {{u"hidden"_qs, !widget->isVisible()},
-            {u"enabled"_qs, widget->isEnabled()},
-            {u"x"_qs, origin.x()},
-            {u"y"_qs, origin.y()},
-            {u"width"_qs, size.width()},
-            {u"height"_qs, size.height()}};
+    return {{u"hidden"_s, !widget->isVisible()},
+            {u"enabled"_s, widget->isEnabled()},
+            {u"x"_s, origin.x()},
+            {u"y"_s, origin.y()},
+            {u"width"_s, size.width()},
+            {u"height"_s, size.height()}};
 }
 
 QJsonArray jsonOf(const QList<int> &numbers)
@@ -98,24 +98,24 @@ void PanelStateTest::panelThatWasNeverSeenTellsTheMarksAlone()
     fixture.host->mark("KvHalfCut", "ON");
     fixture.build();
     const QJsonObject state = stateOf(fixture);
-    QCOMPARE(state.keys(), QStringList({u"controls"_qs, u"flags"_qs, u"marks"_qs, u"popup"_qs,
-                                        u"preview"_qs, u"selections"_qs, u"view"_qs}));
-    QVERIFY(state[u"view"_qs].isNull());
-    QVERIFY(state[u"preview"_qs].isNull());
-    QCOMPARE(state[u"controls"_qs].toObject(), QJsonObject());
-    QCOMPARE(state[u"popup"_qs].toObject(), QJsonObject({{u"tags"_qs, QJsonArray()},
-                                                         {u"selected"_qs, QJsonValue()},
-                                                         {u"disabled"_qs, QJsonArray()}}));
-    const QJsonObject selections = state[u"selections"_qs].toObject();
+    QCOMPARE(state.keys(), QStringList({u"controls"_s, u"flags"_s, u"marks"_s, u"popup"_s,
+                                        u"preview"_s, u"selections"_s, u"view"_s}));
+    QVERIFY(state[u"view"_s].isNull());
+    QVERIFY(state[u"preview"_s].isNull());
+    QCOMPARE(state[u"controls"_s].toObject(), QJsonObject());
+    QCOMPARE(state[u"popup"_s].toObject(), QJsonObject({{u"tags"_s, QJsonArray()},
+                                                        {u"selected"_s, QJsonValue()},
+                                                        {u"disabled"_s, QJsonArray()}}));
+    const QJsonObject selections = state[u"selections"_s].toObject();
     QCOMPARE(selections.size(), 10);
     for (const QJsonValue selection : selections) {
         QVERIFY(selection.isNull());
     }
-    const QJsonObject marks = state[u"marks"_qs].toObject();
+    const QJsonObject marks = state[u"marks"_s].toObject();
     QCOMPARE(marks.size(), 8);
-    QCOMPARE(marks[u"KvHalfCut"_qs], QJsonValue(u"ON"_qs));
-    QCOMPARE(marks[u"KvCutLabel"_qs], QJsonValue(u"7"_qs));
-    QCOMPARE(state[u"flags"_qs][u"set_formatSetting"_qs], QJsonValue(0));
+    QCOMPARE(marks[u"KvHalfCut"_s], QJsonValue(u"ON"_s));
+    QCOMPARE(marks[u"KvCutLabel"_s], QJsonValue(u"7"_s));
+    QCOMPARE(state[u"flags"_s][u"set_formatSetting"_s], QJsonValue(0));
     QVERIFY(fixture.panel->automation()->presets().isEmpty());
     QVERIFY(!fixture.panel->kPDEView);
 }
@@ -125,13 +125,13 @@ void PanelStateTest::tellsTheControlsAsTheUserSeesThem_data()
     QTest::addColumn<TestPrinter>("printer");
     QTest::addColumn<QString>("paper");
 
-    QTest::newRow("every option") << TestPrinter() << u"62x29"_qs;
-    QTest::newRow("tape printer on label paper") << tapePrinter() << u"FL30"_qs;
+    QTest::newRow("every option") << TestPrinter() << u"62x29"_s;
+    QTest::newRow("tape printer on label paper") << tapePrinter() << u"FL30"_s;
     QTest::newRow("label printer")
         << TestPrinter{.options = {cutEvery, OptionCatalogue::CutAtEnd, OptionCatalogue::Mirror},
                        .labelSeries = true,
                        .defaults = {{OptionCatalogue::Mirror, "ON"}}}
-        << u"DC03"_qs;
+        << u"DC03"_s;
 }
 
 void PanelStateTest::tellsTheControlsAsTheUserSeesThem()
@@ -145,21 +145,21 @@ void PanelStateTest::tellsTheControlsAsTheUserSeesThem()
     QCOMPARE(part(fixture, "controls").keys(), allOutlets());
     for (const Option option : everyOption) {
         QJsonObject expected = placeOf(fixture.box(option));
-        expected[u"state"_qs] = fixture.isOn(option) ? 1 : 0;
-        expected[u"title"_qs] = fixture.box(option)->title();
+        expected[u"state"_s] = fixture.isOn(option) ? 1 : 0;
+        expected[u"title"_s] = fixture.box(option)->title();
         QCOMPARE(box(fixture, option), expected);
     }
-    QCOMPARE(control(fixture, u"mOptionPopUpButton"_qs), placeOf(panel.mOptionPopUpButton));
+    QCOMPARE(control(fixture, u"mOptionPopUpButton"_s), placeOf(panel.mOptionPopUpButton));
     QJsonObject field = placeOf(panel.mCutEveryTxBx);
-    field[u"text"_qs] = panel.mCutEveryTxBx->text();
-    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs), field);
+    field[u"text"_s] = panel.mCutEveryTxBx->text();
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_s), field);
     QJsonObject stepper = placeOf(panel.mCutEveryStpr);
-    stepper[u"value"_qs] = panel.mCutEveryStpr->intValue();
-    QCOMPARE(control(fixture, u"mCutEveryStpr"_qs), stepper);
+    stepper[u"value"_s] = panel.mCutEveryStpr->intValue();
+    QCOMPARE(control(fixture, u"mCutEveryStpr"_s), stepper);
     const QSizeF view = frameSize(panel.kPDEView);
     QCOMPARE(part(fixture, "view"),
-             QJsonObject({{u"width"_qs, view.width()}, {u"height"_qs, view.height()}}));
-    QCOMPARE(stateOf(fixture)[u"preview"_qs].toString(), panel.mOptionView->targetDrawImageName());
+             QJsonObject({{u"width"_s, view.width()}, {u"height"_s, view.height()}}));
+    QCOMPARE(stateOf(fixture)[u"preview"_s].toString(), panel.mOptionView->targetDrawImageName());
 }
 
 void PanelStateTest::leavesOutTheControlThatIsMissing_data()
@@ -181,8 +181,8 @@ void PanelStateTest::leavesOutTheControlThatIsMissing()
     expected.removeOne(missing);
     QCOMPARE(part(fixture, "controls").keys(), expected);
     const bool hasMenu = missing != u"mOptionPopUpButton";
-    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray().isEmpty(), !hasMenu);
-    QCOMPARE(part(fixture, "popup")[u"selected"_qs].isNull(), !hasMenu);
+    QCOMPARE(part(fixture, "popup")[u"tags"_s].toArray().isEmpty(), !hasMenu);
+    QCOMPARE(part(fixture, "popup")[u"selected"_s].isNull(), !hasMenu);
     QCOMPARE(part(fixture, "marks").size(), 9);
 }
 
@@ -190,42 +190,42 @@ void PanelStateTest::followsTheUser()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    QCOMPARE(part(fixture, "popup")[u"selected"_qs], QJsonValue(5));
-    QCOMPARE(stateOf(fixture)[u"preview"_qs], QJsonValue(u"AHCMOffOffOffOff"_qs));
-    QCOMPARE(box(fixture, halfCut)[u"state"_qs], QJsonValue(0));
-    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_qs], QJsonValue(u"OFF"_qs));
+    QCOMPARE(part(fixture, "popup")[u"selected"_s], QJsonValue(5));
+    QCOMPARE(stateOf(fixture)[u"preview"_s], QJsonValue(u"AHCMOffOffOffOff"_s));
+    QCOMPARE(box(fixture, halfCut)[u"state"_s], QJsonValue(0));
+    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_s], QJsonValue(u"OFF"_s));
 
     fixture.click(halfCut);
-    QCOMPARE(part(fixture, "popup")[u"selected"_qs], QJsonValue(7));
-    QCOMPARE(stateOf(fixture)[u"preview"_qs], QJsonValue(u"AHCMOffOnOffOff"_qs));
-    QCOMPARE(box(fixture, halfCut)[u"state"_qs], QJsonValue(1));
-    QCOMPARE(box(fixture, halfCut)[u"title"_qs], QJsonValue(u"KvHalfCut"_qs));
-    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_qs], QJsonValue(u"ON"_qs));
-    QCOMPARE(part(fixture, "marks")[u"KvHalfCut"_qs], QJsonValue(u"ON"_qs));
+    QCOMPARE(part(fixture, "popup")[u"selected"_s], QJsonValue(7));
+    QCOMPARE(stateOf(fixture)[u"preview"_s], QJsonValue(u"AHCMOffOnOffOff"_s));
+    QCOMPARE(box(fixture, halfCut)[u"state"_s], QJsonValue(1));
+    QCOMPARE(box(fixture, halfCut)[u"title"_s], QJsonValue(u"KvHalfCut"_s));
+    QCOMPARE(part(fixture, "selections")[u"mHalfCut_Selection"_s], QJsonValue(u"ON"_s));
+    QCOMPARE(part(fixture, "marks")[u"KvHalfCut"_s], QJsonValue(u"ON"_s));
     fixture.unmark("KvHalfCut");
-    QVERIFY(part(fixture, "marks").contains(u"KvHalfCut"_qs));
-    QVERIFY(part(fixture, "marks")[u"KvHalfCut"_qs].isNull());
+    QVERIFY(part(fixture, "marks").contains(u"KvHalfCut"_s));
+    QVERIFY(part(fixture, "marks")[u"KvHalfCut"_s].isNull());
 }
 
 void PanelStateTest::followsTheCount()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"text"_qs], QJsonValue(u"7"_qs));
-    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"enabled"_qs], QJsonValue(false));
-    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"title"_qs],
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_s)[u"text"_s], QJsonValue(u"7"_s));
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_s)[u"enabled"_s], QJsonValue(false));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_s)[u"title"_s],
              QJsonValue(fixture.panel->mCutEveryStr->text()));
-    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"dimmed"_qs], QJsonValue(true));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_s)[u"dimmed"_s], QJsonValue(true));
 
     fixture.click(cutEvery);
-    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"enabled"_qs], QJsonValue(true));
-    QCOMPARE(control(fixture, u"mCutEveryStr"_qs)[u"dimmed"_qs], QJsonValue(false));
-    fixture.type(u"12"_qs);
-    QCOMPARE(control(fixture, u"mCutEveryTxBx"_qs)[u"text"_qs], QJsonValue(u"12"_qs));
-    QCOMPARE(control(fixture, u"mCutEveryStpr"_qs)[u"value"_qs], QJsonValue(12));
-    QCOMPARE(part(fixture, "selections")[u"mCutEvery_Selection"_qs], QJsonValue(u"12"_qs));
-    QCOMPARE(part(fixture, "selections")[u"mAutoCut_CutEvery_Selection"_qs], QJsonValue(u"ON"_qs));
-    QCOMPARE(part(fixture, "marks")[u"KvCutLabel"_qs], QJsonValue(u"12"_qs));
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_s)[u"enabled"_s], QJsonValue(true));
+    QCOMPARE(control(fixture, u"mCutEveryStr"_s)[u"dimmed"_s], QJsonValue(false));
+    fixture.type(u"12"_s);
+    QCOMPARE(control(fixture, u"mCutEveryTxBx"_s)[u"text"_s], QJsonValue(u"12"_s));
+    QCOMPARE(control(fixture, u"mCutEveryStpr"_s)[u"value"_s], QJsonValue(12));
+    QCOMPARE(part(fixture, "selections")[u"mCutEvery_Selection"_s], QJsonValue(u"12"_s));
+    QCOMPARE(part(fixture, "selections")[u"mAutoCut_CutEvery_Selection"_s], QJsonValue(u"ON"_s));
+    QCOMPARE(part(fixture, "marks")[u"KvCutLabel"_s], QJsonValue(u"12"_s));
 }
 
 void PanelStateTest::followsThePaper()
@@ -233,23 +233,23 @@ void PanelStateTest::followsThePaper()
     PanelFixture fixture(tapePrinter());
     fixture.show();
     const QJsonArray tags = jsonOf({4, 5, 6, 7, 8, 9, 10, 11, 12, 13});
-    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray(), tags);
-    QCOMPARE(part(fixture, "popup")[u"disabled"_qs].toArray(), QJsonArray());
-    QCOMPARE(part(fixture, "flags")[u"mTapeState"_qs], QJsonValue(0));
+    QCOMPARE(part(fixture, "popup")[u"tags"_s].toArray(), tags);
+    QCOMPARE(part(fixture, "popup")[u"disabled"_s].toArray(), QJsonArray());
+    QCOMPARE(part(fixture, "flags")[u"mTapeState"_s], QJsonValue(0));
 
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QVERIFY(fixture.panel->saveValuesAndReturnError(nullptr));
-    QCOMPARE(part(fixture, "popup")[u"tags"_qs].toArray(), tags);
-    QCOMPARE(part(fixture, "popup")[u"disabled"_qs].toArray(), jsonOf({6, 7, 8, 10, 11, 12, 13}));
-    QCOMPARE(part(fixture, "flags")[u"mTapeState"_qs], QJsonValue(1));
-    QCOMPARE(box(fixture, halfCut)[u"enabled"_qs], QJsonValue(false));
+    QCOMPARE(part(fixture, "popup")[u"tags"_s].toArray(), tags);
+    QCOMPARE(part(fixture, "popup")[u"disabled"_s].toArray(), jsonOf({6, 7, 8, 10, 11, 12, 13}));
+    QCOMPARE(part(fixture, "flags")[u"mTapeState"_s], QJsonValue(1));
+    QCOMPARE(box(fixture, halfCut)[u"enabled"_s], QJsonValue(false));
 }
 
 void PanelStateTest::tellsMarksOfThePrintersOptionsOnly()
 {
     PanelFixture fixture(PPDText().onOff("KvMirror", "ON").onOff("KvOther", "ON"));
     fixture.show();
-    QCOMPARE(part(fixture, "marks"), QJsonObject({{u"KvMirror"_qs, u"ON"_qs}}));
+    QCOMPARE(part(fixture, "marks"), QJsonObject({{u"KvMirror"_s, u"ON"_s}}));
 }
 
 void PanelStateTest::tellsWhatThePrinterIs_data()
@@ -259,9 +259,9 @@ void PanelStateTest::tellsWhatThePrinterIs_data()
     QTest::addColumn<QString>("uri");
     QTest::addColumn<bool>("isUSB");
 
-    QTest::newRow("label printer at USB") << true << false << u"usb://Korvane/T"_qs << true;
-    QTest::newRow("tape printer at USB") << false << true << u"KVMQUSB://Korvane/T"_qs << true;
-    QTest::newRow("tape printer in the network") << false << false << u"ipp://host/T"_qs << false;
+    QTest::newRow("label printer at USB") << true << false << u"usb://Korvane/T"_s << true;
+    QTest::newRow("tape printer at USB") << false << true << u"KVMQUSB://Korvane/T"_s << true;
+    QTest::newRow("tape printer in the network") << false << false << u"ipp://host/T"_s << false;
 }
 
 void PanelStateTest::tellsWhatThePrinterIs()
@@ -271,14 +271,14 @@ void PanelStateTest::tellsWhatThePrinterIs()
     QFETCH(QString, uri);
     QFETCH(bool, isUSB);
     PanelFixture fixture({.separateAutoCut = separateAutoCut, .labelSeries = labelSeries});
-    fixture.host->printer = Printer(u"test"_qs, uri);
+    fixture.host->printer = Printer(u"test"_s, uri);
     fixture.show();
     QCOMPARE(fixture.panel->automation()->isRVPrinter(), labelSeries);
     QCOMPARE(part(fixture, "flags"),
-             QJsonObject({{u"mTapeState"_qs, 0},
-                          {u"mAutoCutHideKey_dec"_qs, separateAutoCut ? 1 : 0},
-                          {u"set_formatSetting"_qs, 1},
-                          {u"usb_dec"_qs, isUSB ? 1 : 0}}));
+             QJsonObject({{u"mTapeState"_s, 0},
+                          {u"mAutoCutHideKey_dec"_s, separateAutoCut ? 1 : 0},
+                          {u"set_formatSetting"_s, 1},
+                          {u"usb_dec"_s, isUSB ? 1 : 0}}));
 }
 
 void PanelStateTest::namesThePresets()
@@ -289,23 +289,23 @@ void PanelStateTest::namesThePresets()
     QStringList presets;
     QStringList selected;
     for (const PDEPreset &preset : fixture.panel->automation()->presets()) {
-        presets.append(u"%1 %2 %3"_qs.arg(preset.tag).arg(preset.identifier, preset.name));
+        presets.append(u"%1 %2 %3"_s.arg(preset.tag).arg(preset.identifier, preset.name));
         QVERIFY(preset.isEnabled);
         if (preset.isSelected) {
             selected.append(preset.identifier);
         }
     }
     QCOMPARE(presets,
-             QStringList({u"4 EveryEndMirrorOnOnOff Cut between labels and at end"_qs,
-                          u"5 AHCMOffOffOffOff No automatic cutting"_qs,
-                          u"6 AHCMOffOffOnOff Chain printing"_qs, u"7 AHCMOffOnOffOff Half cut"_qs,
-                          u"8 AHCMOffOnOnOff Half cut and chain printing"_qs,
-                          u"9 AHCMOnOffOffOff Auto cut"_qs,
-                          u"10 AHCMOnOffOnOff Auto cut and chain printing"_qs,
-                          u"11 AHCMOnOnOffOff Auto cut and half cut"_qs,
-                          u"12 AHCMOnOnOnOff Auto cut, half cut and chain printing"_qs,
-                          u"13 SPMROnOff Special tape"_qs}));
-    QCOMPARE(selected, QStringList{u"AHCMOffOnOffOff"_qs});
+             QStringList({u"4 EveryEndMirrorOnOnOff Cut between labels and at end"_s,
+                          u"5 AHCMOffOffOffOff No automatic cutting"_s,
+                          u"6 AHCMOffOffOnOff Chain printing"_s, u"7 AHCMOffOnOffOff Half cut"_s,
+                          u"8 AHCMOffOnOnOff Half cut and chain printing"_s,
+                          u"9 AHCMOnOffOffOff Auto cut"_s,
+                          u"10 AHCMOnOffOnOff Auto cut and chain printing"_s,
+                          u"11 AHCMOnOnOffOff Auto cut and half cut"_s,
+                          u"12 AHCMOnOnOnOff Auto cut, half cut and chain printing"_s,
+                          u"13 SPMROnOff Special tape"_s}));
+    QCOMPARE(selected, QStringList{u"AHCMOffOnOffOff"_s});
 }
 
 void PanelStateTest::presetIsChosenAsByTheUser()
@@ -315,7 +315,7 @@ void PanelStateTest::presetIsChosenAsByTheUser()
     fixture.click(OptionCatalogue::Mirror);
     fixture.takeTold();
     fixture.panel->refreshed.clear();
-    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_qs));
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_s));
     QCOMPARE(fixture.selectedTag(), 10);
     QCOMPARE(fixture.optionsOn(),
              QList<Option>({cutEvery, OptionCatalogue::AutoCut, OptionCatalogue::ChainPrint}));
@@ -324,7 +324,7 @@ void PanelStateTest::presetIsChosenAsByTheUser()
 
     // Choosing it again is a choice too.
     fixture.click(OptionCatalogue::Mirror);
-    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_qs));
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOnOff"_s));
     QVERIFY(!fixture.isOn(OptionCatalogue::Mirror));
 }
 
@@ -333,12 +333,12 @@ void PanelStateTest::presetThatCannotBeChosenChangesNothing_data()
     QTest::addColumn<QString>("identifier");
 
     QTest::newRow("none") << QString();
-    QTest::newRow("empty") << u""_qs;
-    QTest::newRow("unknown") << u"AHCMOnOnOnOn"_qs;
-    QTest::newRow("of the label printers") << u"EveryEndMirrorOffOnOff"_qs;
-    QTest::newRow("other case") << u"ahcmonoffoffoff"_qs;
-    QTest::newRow("forbidden on the paper") << u"AHCMOffOnOffOff"_qs;
-    QTest::newRow("its name") << u"Auto cut"_qs;
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("unknown") << u"AHCMOnOnOnOn"_s;
+    QTest::newRow("of the label printers") << u"EveryEndMirrorOffOnOff"_s;
+    QTest::newRow("other case") << u"ahcmonoffoffoff"_s;
+    QTest::newRow("forbidden on the paper") << u"AHCMOffOnOffOff"_s;
+    QTest::newRow("its name") << u"Auto cut"_s;
 }
 
 void PanelStateTest::presetThatCannotBeChosenChangesNothing()
@@ -346,14 +346,14 @@ void PanelStateTest::presetThatCannotBeChosenChangesNothing()
     QFETCH(QString, identifier);
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     fixture.click(OptionCatalogue::Mirror);
     fixture.takeTold();
     const QJsonObject before = stateOf(fixture);
     QVERIFY(!fixture.panel->automation()->choosePreset(identifier));
     QCOMPARE(stateOf(fixture), before);
     QCOMPARE(fixture.takeTold(), QStringList());
-    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOffOff"_qs));
+    QVERIFY(fixture.panel->automation()->choosePreset(u"AHCMOnOffOffOff"_s));
     QVERIFY(stateOf(fixture) != before);
 }
 

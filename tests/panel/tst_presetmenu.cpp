@@ -114,8 +114,8 @@ void PresetMenuTest::presetsAreOfferedByPaper_data()
     QTest::addColumn<QString>("paper");
     QTest::addColumn<QList<int>>("greyed");
     const QList<int> onFL = {6, 7, 8, 10, 11, 12, 13};
-    QTest::newRow("FL30") << u"FL30"_qs << onFL;
-    QTest::newRow("FL alone") << u"FL"_qs << onFL;
+    QTest::newRow("FL30") << u"FL30"_s << onFL;
+    QTest::newRow("FL alone") << u"FL"_s << onFL;
     for (const char *paper : {"fl30", "F", "XFL", "DC03", "AV2055", "C_62", "62x29", "HS058", ""}) {
         QTest::addRow("\"%s\"", paper) << QString::fromLatin1(paper) << QList<int>();
     }
@@ -138,14 +138,14 @@ void PresetMenuTest::openedListGreysWhatThePaperForbids()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     menuOf(fixture)->showPopup();
     QCOMPARE(choosableTags(fixture), QList<int>({4, 5, 9}));
     menuOf(fixture)->hidePopup();
 
     PanelFixture label({.labelSeries = true});
     label.show();
-    label.host->changePaper(u"FL30"_qs);
+    label.host->changePaper(u"FL30"_s);
     menuOf(label)->showPopup();
     QCOMPARE(choosableTags(label), QList<int>({1, 2, 3, 4, 9, 14, 15, 16, 17}));
     menuOf(label)->hidePopup();
@@ -167,7 +167,7 @@ void PresetMenuTest::greyedPresetCannotBeClicked()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QCOMPARE(fixture.selectedTag(), 5);
     for (const int tag : {6, 7, 8, 10, 11, 12, 13}) {
         pick(fixture, tag);
@@ -185,7 +185,7 @@ void PresetMenuTest::clickOnAGreyedPresetChoosesNoOther()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     fixture.click(OptionCatalogue::Mirror);
     fixture.panel->refreshed.clear();
     pick(fixture, 6);
@@ -198,7 +198,7 @@ void PresetMenuTest::clickOnAGreyedPresetDoesNotChooseTheOneBefore()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     openList(fixture);
     hover(fixture, 9);
     hover(fixture, 10);
@@ -281,9 +281,9 @@ void PresetMenuTest::pickedPresetIsToldWhenSaved()
     QCOMPARE(fixture.takeTold(), QStringList());
     fixture.panel->saveValuesAndReturnError(nullptr);
     QCOMPARE(fixture.takeTold(),
-             QStringList({u"KvCutLabel=7"_qs, u"KvCutAtEnd=OFF"_qs, u"KvMirror=OFF"_qs,
-                          u"KvAutoTapeCut=ON"_qs, u"KvHalfCut=ON"_qs, u"KvChainPrint=OFF"_qs,
-                          u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs}));
+             QStringList({u"KvCutLabel=7"_s, u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s,
+                          u"KvAutoTapeCut=ON"_s, u"KvHalfCut=ON"_s, u"KvChainPrint=OFF"_s,
+                          u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s}));
 }
 
 void PresetMenuTest::pickingAnyPresetTurnsMirrorPrintingOff()
@@ -315,7 +315,7 @@ void PresetMenuTest::keyboardSkipsGreyedPresets()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     QList<int> reached;
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_End,
                               Qt::Key_Home, Qt::Key_PageDown}) {
@@ -330,7 +330,7 @@ void PresetMenuTest::keyboardSkipsGreyedPresetsInTheOpenedList()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     menuOf(fixture)->showPopup();
     QAbstractItemView *list = menuOf(fixture)->view();
     QTest::keyClick(list, Qt::Key_Down);
@@ -344,7 +344,7 @@ void PresetMenuTest::wheelSkipsGreyedPresets()
 {
     PanelFixture fixture(tapePrinter());
     fixture.show();
-    fixture.host->changePaper(u"FL30"_qs);
+    fixture.host->changePaper(u"FL30"_s);
     turnWheel(menuOf(fixture), -1);
     QCOMPARE(fixture.selectedTag(), 9);
     turnWheel(menuOf(fixture), -1);

@@ -240,7 +240,7 @@ void PresetsTest::halfCutOnLabelPaperOverridesTheOthers()
 {
     PanelFixture fixture(printerOf(TapePrinter));
     fixture.load();
-    fixture.host->setPaper(u"FL30"_qs);
+    fixture.host->setPaper(u"FL30"_s);
     setBoxes(fixture, everyCombination - 1);
     fixture.setOn(OptionCatalogue::SpecialTape, false);
     QCOMPARE(fixture.panel->targetPopUpButtonTag(), 1);

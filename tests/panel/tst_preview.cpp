@@ -84,7 +84,7 @@ struct Preview
 
 QString word(bool on)
 {
-    return on ? u"On"_qs : u"Off"_qs;
+    return on ? u"On"_s : u"Off"_s;
 }
 
 /// The name of the picture for the boxes that are shown and on.
@@ -94,13 +94,13 @@ QString expectedName(bool isRV, const Boxes &on)
     const bool mirror = on[OptionCatalogue::Mirror];
     const bool cut = !special && (on[OptionCatalogue::CutEvery] || on[OptionCatalogue::AutoCut]);
     if (isRV) {
-        return u"EveryEndMirror"_qs + word(cut) + word(on[OptionCatalogue::CutAtEnd] && !cut) +
+        return u"EveryEndMirror"_s + word(cut) + word(on[OptionCatalogue::CutAtEnd] && !cut) +
                word(mirror);
     }
     if (special) {
-        return u"SPMROn"_qs + word(mirror);
+        return u"SPMROn"_s + word(mirror);
     }
-    return u"AHCM"_qs + word(cut) + word(on[OptionCatalogue::HalfCut]) +
+    return u"AHCM"_s + word(cut) + word(on[OptionCatalogue::HalfCut]) +
            word(on[OptionCatalogue::ChainPrint]) + word(mirror);
 }
 
@@ -121,7 +121,7 @@ QImage blank(const QSize &size)
 QImage withPicture(const QSize &size, const QString &name)
 {
     QImage image = blank(size);
-    const QPixmap picture(QStringLiteral(KV_BUNDLE_DIR "/Contents/Resources/") + name + u".png"_qs);
+    const QPixmap picture(QStringLiteral(KV_BUNDLE_DIR "/Contents/Resources/") + name + u".png"_s);
     QPainter painter(&image);
     painter.drawPixmap(0, size.height() - picture.height(), picture);
     return image;
@@ -156,7 +156,7 @@ void PreviewTest::everyCombinationHasItsPicture()
     }
     QCOMPARE(pictures.size(), isRV ? 6 : 18);
     // No two of them look the same, and none is empty.
-    pictures.insert(u"none"_qs, blank(preview.view->size()));
+    pictures.insert(u"none"_s, blank(preview.view->size()));
     const QList<QImage> images = pictures.values();
     for (int i = 0; i < images.size(); ++i) {
         QCOMPARE(int(images.indexOf(images.at(i))), i);
@@ -234,7 +234,7 @@ void PreviewTest::missingPictureLeavesItsCombinationsBlank()
     QFETCH(QString, name);
     BundleCopy copy;
     for (const char *mark : {"", "@1.5x", "@2x", "@3x"}) {
-        QVERIFY(copy.removeResource(name + QLatin1String(mark) + u".png"_qs));
+        QVERIFY(copy.removeResource(name + QLatin1String(mark) + u".png"_s));
     }
     Preview preview(isRV, *copy.open());
     int blanks = 0;
@@ -255,14 +255,14 @@ void PreviewTest::unreadablePictureCountsAsMissing()
 {
     BundleCopy copy;
     const auto bundle = copy.open();
-    QFile picture(bundle->pathForImageResource(u"AHCMOffOffOffOff"_qs));
+    QFile picture(bundle->pathForImageResource(u"AHCMOffOffOffOff"_s));
     QVERIFY(picture.open(QIODevice::WriteOnly));
     picture.write("no picture");
     picture.close();
     Preview preview(false, *bundle);
     QVERIFY(!preview.view->targetDrawImage());
     QCOMPARE(imageOf(preview.view.get()), blank(preview.view->size()));
-    QCOMPARE(preview.name({OptionCatalogue::HalfCut}), u"AHCMOffOnOffOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::HalfCut}), u"AHCMOffOnOffOff"_s);
 }
 
 void PreviewTest::picturesAreReadOnce()
@@ -271,8 +271,7 @@ void PreviewTest::picturesAreReadOnce()
     Preview preview(false, *copy->open());
     copy.reset();
     preview.setOn(0);
-    QCOMPARE(imageOf(preview.view.get()),
-             withPicture(preview.view->size(), u"AHCMOffOffOffOff"_qs));
+    QCOMPARE(imageOf(preview.view.get()), withPicture(preview.view->size(), u"AHCMOffOffOffOff"_s));
 }
 
 void PreviewTest::onlyThePrintersKindIsLoaded_data()
@@ -305,7 +304,7 @@ void PreviewTest::viewStartsWithoutBoxes()
             QVERIFY(!box);
         }
         QCOMPARE(view->targetDrawImageName(),
-                 isRV ? u"EveryEndMirrorOffOffOff"_qs : u"AHCMOffOffOffOff"_qs);
+                 isRV ? u"EveryEndMirrorOffOffOff"_s : u"AHCMOffOffOffOff"_s);
     }
 }
 
@@ -313,47 +312,47 @@ void PreviewTest::deletedBoxesCountAsOff()
 {
     Preview preview(false, *testBundle());
     preview.setOn(everyCombination - 1);
-    QCOMPARE(preview.view->targetDrawImageName(), u"SPMROnOn"_qs);
+    QCOMPARE(preview.view->targetDrawImageName(), u"SPMROnOn"_s);
     delete preview.boxes.at(OptionCatalogue::SpecialTape);
-    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOn"_qs);
+    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOn"_s);
     delete preview.boxes.at(OptionCatalogue::Mirror);
-    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOff"_qs);
+    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOff"_s);
 }
 
 void PreviewTest::labelPrinterShowsCutEveryAndCutAtEndAsCutEvery()
 {
     Preview preview(true, *testBundle());
     QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd}),
-             u"EveryEndMirrorOnOffOff"_qs);
+             u"EveryEndMirrorOnOffOff"_s);
     QCOMPARE(preview.name(
                  {OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd, OptionCatalogue::Mirror}),
-             u"EveryEndMirrorOnOffOn"_qs);
+             u"EveryEndMirrorOnOffOn"_s);
 }
 
 void PreviewTest::labelPrinterShowsAutoCutAsCutEvery()
 {
     Preview preview(true, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::AutoCut}), u"EveryEndMirrorOnOffOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::AutoCut}), u"EveryEndMirrorOnOffOff"_s);
     QCOMPARE(preview.name({OptionCatalogue::AutoCut, OptionCatalogue::SpecialTape}),
-             u"EveryEndMirrorOffOffOff"_qs);
+             u"EveryEndMirrorOffOffOff"_s);
 }
 
 void PreviewTest::specialTapeShowsNoChainPrinting()
 {
     Preview preview(false, *testBundle());
     QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint}),
-             u"SPMROnOff"_qs);
+             u"SPMROnOff"_s);
     QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint,
                            OptionCatalogue::Mirror}),
-             u"SPMROnOn"_qs);
+             u"SPMROnOn"_s);
 }
 
 void PreviewTest::tapePrinterShowsCutEveryAsAutoCut()
 {
     Preview preview(false, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::CutEvery}), u"AHCMOnOffOffOff"_qs);
+    QCOMPARE(preview.name({OptionCatalogue::CutEvery}), u"AHCMOnOffOffOff"_s);
     QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::HalfCut}),
-             u"AHCMOnOnOffOff"_qs);
+             u"AHCMOnOnOffOff"_s);
 }
 
 void PreviewTest::cutMarkNeverChangesThePicture()
@@ -380,17 +379,17 @@ void PreviewTest::clickIsShownInThePanel_data()
             << labelSeries << int(clicked) << name;
     };
     // Cut every starts off.
-    row(true, OptionCatalogue::CutEvery, u"EveryEndMirrorOnOffOff"_qs);
-    row(true, OptionCatalogue::CutAtEnd, u"EveryEndMirrorOffOnOff"_qs);
-    row(true, OptionCatalogue::Mirror, u"EveryEndMirrorOffOffOn"_qs);
-    row(true, OptionCatalogue::RemoveBlkSpace, u"EveryEndMirrorOffOffOff"_qs);
-    row(false, OptionCatalogue::CutEvery, u"AHCMOnOffOffOff"_qs);
-    row(false, OptionCatalogue::AutoCut, u"AHCMOnOffOffOff"_qs);
-    row(false, OptionCatalogue::HalfCut, u"AHCMOffOnOffOff"_qs);
-    row(false, OptionCatalogue::ChainPrint, u"AHCMOffOffOnOff"_qs);
-    row(false, OptionCatalogue::Mirror, u"AHCMOffOffOffOn"_qs);
-    row(false, OptionCatalogue::SpecialTape, u"SPMROnOff"_qs);
-    row(false, OptionCatalogue::CutMark, u"AHCMOffOffOffOff"_qs);
+    row(true, OptionCatalogue::CutEvery, u"EveryEndMirrorOnOffOff"_s);
+    row(true, OptionCatalogue::CutAtEnd, u"EveryEndMirrorOffOnOff"_s);
+    row(true, OptionCatalogue::Mirror, u"EveryEndMirrorOffOffOn"_s);
+    row(true, OptionCatalogue::RemoveBlkSpace, u"EveryEndMirrorOffOffOff"_s);
+    row(false, OptionCatalogue::CutEvery, u"AHCMOnOffOffOff"_s);
+    row(false, OptionCatalogue::AutoCut, u"AHCMOnOffOffOff"_s);
+    row(false, OptionCatalogue::HalfCut, u"AHCMOffOnOffOff"_s);
+    row(false, OptionCatalogue::ChainPrint, u"AHCMOffOffOnOff"_s);
+    row(false, OptionCatalogue::Mirror, u"AHCMOffOffOffOn"_s);
+    row(false, OptionCatalogue::SpecialTape, u"SPMROnOff"_s);
+    row(false, OptionCatalogue::CutMark, u"AHCMOffOffOffOff"_s);
 }
 
 void PreviewTest::clickIsShownInThePanel()

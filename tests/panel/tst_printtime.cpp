@@ -23,9 +23,9 @@ private Q_SLOTS:
 
 namespace {
 const QStringList allDefaults = {
-    u"KvCutLabel=7"_qs,      u"KvCutAtEnd=OFF"_qs,       u"KvMirror=ON"_qs,
-    u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,        u"KvChainPrint=OFF"_qs,
-    u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=ON"_qs};
+    u"KvCutLabel=7"_s,      u"KvCutAtEnd=OFF"_s,       u"KvMirror=ON"_s,
+    u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s,        u"KvChainPrint=OFF"_s,
+    u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvCutMark=ON"_s};
 
 TestPrinter printer()
 {
@@ -68,8 +68,8 @@ void PrintTimeTest::printingLeavesMarkedOptionsAlone()
     fixture.unmark("KvMirror");
     fixture.host->mark("KvHalfCut", "ON");
     QVERIFY(fixture.panel->shouldPrint());
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvMirror=ON"_qs});
-    QCOMPARE(fixture.host->marked("KvHalfCut"), u"ON"_qs);
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvMirror=ON"_s});
+    QCOMPARE(fixture.host->marked("KvHalfCut"), u"ON"_s);
 }
 
 void PrintTimeTest::printingToleratesOptionsWithoutDefault()
@@ -82,7 +82,7 @@ void PrintTimeTest::printingToleratesOptionsWithoutDefault()
     fixture.unmark("KvCutMark");
     qstrncpy(fixture.panel->option(OptionCatalogue::CutMark)->defchoice, "none", PPD_MAX_NAME);
     QVERIFY(fixture.panel->shouldPrint());
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=OFF"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=OFF"_s});
 }
 
 void PrintTimeTest::choiceFromElsewhereBecomesTheSelection_data()
@@ -118,10 +118,10 @@ void PrintTimeTest::choiceThatTheOptionLacksClearsTheSelection()
 {
     PanelFixture fixture;
     fixture.build();
-    for (const QString &choice : {u"on"_qs, u"MAYBE"_qs, u""_qs}) {
-        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+    for (const QString &choice : {u"on"_s, u"MAYBE"_s, u""_s}) {
+        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_s, u"ON"_s);
         QVERIFY(fixture.panel->selection(OptionCatalogue::Mirror));
-        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, choice);
+        fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_s, choice);
         QVERIFY(!fixture.panel->selection(OptionCatalogue::Mirror));
     }
 }
@@ -130,13 +130,13 @@ void PrintTimeTest::unknownKeywordChangesNothing_data()
 {
     QTest::addColumn<QString>("keyword");
     QTest::addColumn<QString>("choice");
-    QTest::newRow("another option") << u"PageSize"_qs << u"ON"_qs;
-    QTest::newRow("lower case") << u"kvmirror"_qs << u"ON"_qs;
-    QTest::newRow("longer") << u"KvMirrors"_qs << u"ON"_qs;
-    QTest::newRow("shorter") << u"KvMirro"_qs << u"ON"_qs;
-    QTest::newRow("empty") << u""_qs << u"ON"_qs;
-    QTest::newRow("no keyword") << QString() << u"ON"_qs;
-    QTest::newRow("no choice") << u"KvMirror"_qs << QString();
+    QTest::newRow("another option") << u"PageSize"_s << u"ON"_s;
+    QTest::newRow("lower case") << u"kvmirror"_s << u"ON"_s;
+    QTest::newRow("longer") << u"KvMirrors"_s << u"ON"_s;
+    QTest::newRow("shorter") << u"KvMirro"_s << u"ON"_s;
+    QTest::newRow("empty") << u""_s << u"ON"_s;
+    QTest::newRow("no keyword") << QString() << u"ON"_s;
+    QTest::newRow("no choice") << u"KvMirror"_s << QString();
 }
 
 void PrintTimeTest::unknownKeywordChangesNothing()
@@ -145,7 +145,7 @@ void PrintTimeTest::unknownKeywordChangesNothing()
     QFETCH(QString, choice);
     PanelFixture fixture;
     fixture.show();
-    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_s, u"ON"_s);
     const QList<const PDEChoice *> before = selections(fixture);
     QVERIFY(!before.contains(nullptr));
     fixture.panel->PPDOptionKeyValueDidChange(keyword, choice);
@@ -157,7 +157,7 @@ void PrintTimeTest::choiceForAnAbsentOptionIsIgnored()
 {
     PanelFixture fixture({.options = everyOptionBut(OptionCatalogue::Mirror)});
     fixture.show();
-    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_qs, u"ON"_qs);
+    fixture.panel->PPDOptionKeyValueDidChange(u"KvMirror"_s, u"ON"_s);
     QVERIFY(!fixture.panel->selection(OptionCatalogue::Mirror));
 }
 
@@ -165,14 +165,14 @@ void PrintTimeTest::heatShrinkTubeTurnsAutoCutOff_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<QString>("marked");
-    QTest::newRow("HS058") << u"HS058"_qs << u"OFF"_qs;
-    QTest::newRow("HS alone") << u"HS"_qs << u"OFF"_qs;
-    QTest::newRow("name in the ticket") << QString() << u"OFF"_qs;
-    QTest::newRow("lower case") << u"hs058"_qs << u"ON"_qs;
-    QTest::newRow("H") << u"H"_qs << u"ON"_qs;
-    QTest::newRow("standard") << u"62x29"_qs << u"ON"_qs;
-    QTest::newRow("FL") << u"FL30"_qs << u"ON"_qs;
-    QTest::newRow("DC") << u"DC03"_qs << u"ON"_qs;
+    QTest::newRow("HS058") << u"HS058"_s << u"OFF"_s;
+    QTest::newRow("HS alone") << u"HS"_s << u"OFF"_s;
+    QTest::newRow("name in the ticket") << QString() << u"OFF"_s;
+    QTest::newRow("lower case") << u"hs058"_s << u"ON"_s;
+    QTest::newRow("H") << u"H"_s << u"ON"_s;
+    QTest::newRow("standard") << u"62x29"_s << u"ON"_s;
+    QTest::newRow("FL") << u"FL30"_s << u"ON"_s;
+    QTest::newRow("DC") << u"DC03"_s << u"ON"_s;
 }
 
 void PrintTimeTest::heatShrinkTubeTurnsAutoCutOff()
@@ -184,7 +184,7 @@ void PrintTimeTest::heatShrinkTubeTurnsAutoCutOff()
             {.separateAutoCut = separate, .defaults = {{OptionCatalogue::AutoCut, "ON"}}});
         fixture.show();
         fixture.host->mark("KvAutoTapeCut", "ON");
-        fixture.host->setTicket({{u"MqPaperName2"_qs, u"HS12"_qs}});
+        fixture.host->setTicket({{u"MqPaperName2"_s, u"HS12"_s}});
         fixture.host->changePaper(paper);
         QCOMPARE(fixture.host->marked("KvAutoTapeCut"), marked);
         QCOMPARE(fixture.takeTold(), QStringList());
@@ -198,15 +198,15 @@ void PrintTimeTest::paperChangeRefreshesEverythingAndAppliesTheRules()
     PanelFixture fixture;
     fixture.show();
     for (const auto &[paper, reread] :
-         {std::pair(u"FL30"_qs, QList<quint32>()), std::pair(u"HS058"_qs, QList<quint32>{0x100}),
-          std::pair(u"62x29"_qs, QList<quint32>())}) {
+         {std::pair(u"FL30"_s, QList<quint32>()), std::pair(u"HS058"_s, QList<quint32>{0x100}),
+          std::pair(u"62x29"_s, QList<quint32>())}) {
         fixture.panel->refreshed.clear();
         fixture.panel->reread.clear();
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.host->changePaper(paper);
         QCOMPARE(fixture.panel->refreshed, everyItem);
         QCOMPARE(fixture.panel->reread, reread);
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
         const bool isFL = paper == u"FL30";
         QCOMPARE(fixture.box(OptionCatalogue::HalfCut)->isEnabled(), !isFL);
         QCOMPARE(fixture.box(OptionCatalogue::SpecialTape)->isEnabled(), !isFL);
@@ -224,10 +224,10 @@ void PrintTimeTest::paperChangeToHeatShrinkTubeUnticksCutEvery()
     QVERIFY(fixture.panel->mCutEveryTxBx->isEnabled());
     fixture.takeTold();
 
-    fixture.host->changePaper(u"HS058"_qs);
+    fixture.host->changePaper(u"HS058"_s);
     QVERIFY(!fixture.isOn(OptionCatalogue::CutEvery));
     QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
-    QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), u"OFF"_qs);
+    QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), u"OFF"_s);
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 

@@ -239,7 +239,7 @@ void RefreshTest::disabledBoxIsKept()
     const auto shown = Option(option);
     PanelFixture fixture;
     fixture.load();
-    fixture.host->setPaper(u"DC03"_qs);
+    fixture.host->setPaper(u"DC03"_s);
     for (const bool before : {true, false}) {
         fixture.setOn(shown, before);
         fixture.box(shown)->setEnabled(false);
@@ -266,13 +266,13 @@ void RefreshTest::countIsShownInFieldAndStepper()
     QFETCH(int, stepper);
     PanelFixture fixture(printerWith(cutEvery, {"90", keyword}));
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_qs);
+    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
     fixture.panel->mCutEveryStpr->setIntValue(77);
     PanelFixture other(printerWith(cutEvery, {"90", keyword}));
     other.build();
     fixture.panel->select(cutEvery, choiceAt(other, cutEvery, 1));
     fixture.panel->updateUIItem(0x100);
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_s);
     QCOMPARE(fixture.panel->mCutEveryStpr->intValue(), 77);
 
     fixture.panel->select(cutEvery, choiceAt(fixture, cutEvery, 1));
@@ -310,11 +310,11 @@ void RefreshTest::cutEveryNeedsItsOwnSelection()
 {
     PanelFixture fixture;
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_qs);
+    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
     fixture.panel->mAutoCut_CutEvery_Selection = choiceAt(fixture, autoCut, 1);
     fixture.panel->updateUIItem(0x100);
     QVERIFY(!fixture.isOn(cutEvery));
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"before"_s);
 }
 
 void RefreshTest::changedCountShowsAutoCutInTheCutEveryBox()
@@ -324,7 +324,7 @@ void RefreshTest::changedCountShowsAutoCutInTheCutEveryBox()
     // The box starts on for the count 1, while auto cut is off.
     QVERIFY(fixture.isOn(cutEvery));
     fixture.step("stepUp");
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel=2"_s});
     QVERIFY(!fixture.isOn(cutEvery));
     QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
 }
@@ -339,12 +339,12 @@ void RefreshTest::unknownItemStillRefreshesMenuRulesAndPreview()
         fixture.setOn(mirror, true);
         fixture.box(removeBlkSpace)->setEnabled(false);
         const QList<Option> before = fixture.optionsOn();
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->updateUIItem(item);
         QCOMPARE(fixture.optionsOn(), before);
         QCOMPARE(fixture.selectedTag(), 14);
         QVERIFY(fixture.box(removeBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
 }
 
@@ -380,12 +380,12 @@ void RefreshTest::presetOutsideTheTableChangesNoBox()
             fixture.setOn(option, on);
         }
         fixture.box(removeBlkSpace)->setEnabled(false);
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->updateUIItem(0x40000);
         QCOMPARE(fixture.optionsOn(), on ? everyOption : QList<Option>());
         QCOMPARE(fixture.selectedTag(), tag);
         QVERIFY(fixture.box(removeBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
 }
 
@@ -423,7 +423,7 @@ void RefreshTest::presetKeepsTheMirrorSelection()
     fixture.panel->updateUIItem(0x40000);
     QVERIFY(!fixture.isOn(mirror));
     QCOMPARE(fixture.panel->selection(mirror), on);
-    QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_qs);
+    QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_s);
 }
 
 void RefreshTest::mirrorPrintingIsOffAfterShowing()
@@ -435,7 +435,7 @@ void RefreshTest::mirrorPrintingIsOffAfterShowing()
         QCOMPARE(fixture.panel->selection(mirror), choiceAt(fixture, mirror, 1));
         fixture.restore();
         QVERIFY(!fixture.isOn(mirror));
-        QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_qs);
+        QCOMPARE(fixture.host->marked("KvMirror"), u"ON"_s);
     }
 }
 

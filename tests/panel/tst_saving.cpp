@@ -101,7 +101,7 @@ void SavingTest::boxIsSavedWhetherEnabledOrNot()
         for (const bool enabled : {true, false}) {
             fixture.setOn(saved, on);
             fixture.box(saved)->setEnabled(enabled);
-            const QString choice = on ? u"ON"_qs : u"OFF"_qs;
+            const QString choice = on ? u"ON"_s : u"OFF"_s;
             QCOMPARE(save(fixture, saved), QStringList{pairOf(saved, choice)});
             QCOMPARE(fixture.isOn(saved), on);
         }
@@ -114,12 +114,12 @@ void SavingTest::everythingIsSavedInOrder_data()
     QTest::addColumn<bool>("on");
     QTest::addColumn<QStringList>("told");
     const QStringList off = {
-        u"KvCutLabel=7"_qs,      u"KvCutAtEnd=OFF"_qs,       u"KvMirror=OFF"_qs,
-        u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,        u"KvChainPrint=OFF"_qs,
-        u"KvSpecialTape=OFF"_qs, u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=OFF"_qs};
+        u"KvCutLabel=7"_s,      u"KvCutAtEnd=OFF"_s,       u"KvMirror=OFF"_s,
+        u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s,        u"KvChainPrint=OFF"_s,
+        u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvCutMark=OFF"_s};
     QStringList on = off;
-    on.replaceInStrings(u"OFF"_qs, u"ON"_qs);
-    on.replace(6, u"KvSpecialTape=OFF"_qs);
+    on.replaceInStrings(u"OFF"_s, u"ON"_s);
+    on.replace(6, u"KvSpecialTape=OFF"_s);
     const auto autoCutFirst = [](QStringList told) {
         told.move(3, 0);
         return told;
@@ -140,9 +140,9 @@ void SavingTest::everythingIsSavedInOrder()
     fixture.host->mark("KvCutLabel", "7");
     setAll(fixture, on);
     fixture.setOn(specialTape, false);
-    QString error = u"untouched"_qs;
+    QString error = u"untouched"_s;
     QVERIFY(fixture.panel->saveValuesAndReturnError(&error));
-    QCOMPARE(error, u"untouched"_qs);
+    QCOMPARE(error, u"untouched"_s);
     QCOMPARE(fixture.takeTold(), told);
     fixture.panel->setValuesToKey();
     QCOMPARE(fixture.takeTold(), told);
@@ -152,9 +152,9 @@ void SavingTest::specialTapeSwitchesCuttingOff_data()
 {
     QTest::addColumn<bool>("separateAutoCut");
     QTest::addColumn<QStringList>("told");
-    QStringList told = {u"KvCutLabel=1"_qs,      u"KvCutAtEnd=ON"_qs,       u"KvMirror=ON"_qs,
-                        u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,       u"KvChainPrint=OFF"_qs,
-                        u"KvSpecialTape=ON"_qs,  u"KvRemoveBlkSpace=ON"_qs, u"KvCutMark=OFF"_qs};
+    QStringList told = {u"KvCutLabel=1"_s,      u"KvCutAtEnd=ON"_s,       u"KvMirror=ON"_s,
+                        u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s,       u"KvChainPrint=OFF"_s,
+                        u"KvSpecialTape=ON"_s,  u"KvRemoveBlkSpace=ON"_s, u"KvCutMark=OFF"_s};
     QTest::newRow("auto cut by its own box") << true << told;
     told.move(3, 0);
     QTest::newRow("auto cut by cut every") << false << told;
@@ -179,9 +179,9 @@ void SavingTest::hiddenSpecialTapeSwitchesNothingOff()
     setAll(fixture, true);
     fixture.panel->saveValuesAndReturnError(nullptr);
     QCOMPARE(fixture.takeTold(),
-             QStringList({u"KvCutLabel=1"_qs, u"KvCutAtEnd=ON"_qs, u"KvMirror=ON"_qs,
-                          u"KvAutoTapeCut=ON"_qs, u"KvHalfCut=ON"_qs, u"KvChainPrint=ON"_qs,
-                          u"KvRemoveBlkSpace=ON"_qs, u"KvCutMark=ON"_qs}));
+             QStringList({u"KvCutLabel=1"_s, u"KvCutAtEnd=ON"_s, u"KvMirror=ON"_s,
+                          u"KvAutoTapeCut=ON"_s, u"KvHalfCut=ON"_s, u"KvChainPrint=ON"_s,
+                          u"KvRemoveBlkSpace=ON"_s, u"KvCutMark=ON"_s}));
 }
 
 void SavingTest::indexOfABoxIsItsState()
@@ -213,8 +213,8 @@ void SavingTest::boxStateIsClampedToTheChoices()
     QFETCH(int, option);
     const auto saved = Option(option);
     const std::pair<QByteArrayList, QStringList> cases[] = {
-        {{"ONLY"}, {pairOf(saved, u"ONLY"_qs), pairOf(saved, u"ONLY"_qs)}},
-        {{"A", "B", "C"}, {pairOf(saved, u"A"_qs), pairOf(saved, u"B"_qs)}},
+        {{"ONLY"}, {pairOf(saved, u"ONLY"_s), pairOf(saved, u"ONLY"_s)}},
+        {{"A", "B", "C"}, {pairOf(saved, u"A"_s), pairOf(saved, u"B"_s)}},
         {{}, {}}};
     for (const auto &[choices, told] : cases) {
         PanelFixture fixture(printerWith(saved, choices, choices.value(0)));
@@ -246,7 +246,7 @@ void SavingTest::nothingIsSavedWithoutPrintSettings()
     QFETCH(bool, hasView);
     PanelFixture fixture({.separateAutoCut = separateAutoCut});
     fixture.host->settings.reset();
-    fixture.host->setPaper(u"FL30"_qs, 82.0);
+    fixture.host->setPaper(u"FL30"_s, 82.0);
     fixture.build();
     if (hasView) {
         fixture.panel->panelView();
@@ -275,9 +275,9 @@ void SavingTest::markedChoiceIsSavedWithoutABox()
     }
     fixture.unmark(keyword);
     fixture.host->marks = false;
-    QCOMPARE(save(fixture, saved), QStringList{pairOf(saved, u"B"_qs)});
+    QCOMPARE(save(fixture, saved), QStringList{pairOf(saved, u"B"_s)});
     qstrncpy(fixture.panel->option(saved)->defchoice, "none", PPD_MAX_NAME);
-    QCOMPARE(save(fixture, saved), QStringList{pairOf(saved, u"A"_qs)});
+    QCOMPARE(save(fixture, saved), QStringList{pairOf(saved, u"A"_s)});
 }
 
 void SavingTest::countIsTheMarkedOne_data()
@@ -285,12 +285,12 @@ void SavingTest::countIsTheMarkedOne_data()
     QTest::addColumn<QByteArray>("marked");
     QTest::addColumn<QString>("field");
     QTest::addColumn<QStringList>("told");
-    QTest::newRow("1") << QByteArray("1") << u"1"_qs << QStringList{u"KvCutLabel=1"_qs};
-    QTest::newRow("99") << QByteArray("99") << u"99"_qs << QStringList{u"KvCutLabel=99"_qs};
+    QTest::newRow("1") << QByteArray("1") << u"1"_s << QStringList{u"KvCutLabel=1"_s};
+    QTest::newRow("99") << QByteArray("99") << u"99"_s << QStringList{u"KvCutLabel=99"_s};
     QTest::newRow("the field shows another")
-        << QByteArray("12") << u"34"_qs << QStringList{u"KvCutLabel=12"_qs};
+        << QByteArray("12") << u"34"_s << QStringList{u"KvCutLabel=12"_s};
     QTest::newRow("none marked: the smallest")
-        << QByteArray() << u"34"_qs << QStringList{u"KvCutLabel=1"_qs};
+        << QByteArray() << u"34"_s << QStringList{u"KvCutLabel=1"_s};
 }
 
 void SavingTest::countIsTheMarkedOne()
@@ -317,9 +317,9 @@ void SavingTest::countWithoutFieldFallsBackToTheDefault()
     PanelFixture fixture({.defaults = {{cutEvery, "7"}}});
     fixture.build();
     fixture.host->mark("KvCutLabel", "12");
-    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=12"_qs});
+    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=12"_s});
     fixture.unmark("KvCutLabel");
-    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=7"_qs});
+    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=7"_s});
 }
 
 void SavingTest::autoCutFollowsCutEveryByOnAndOff()
@@ -330,9 +330,9 @@ void SavingTest::autoCutFollowsCutEveryByOnAndOff()
     for (const bool on : {true, false}) {
         fixture.setOn(cutEvery, on);
         fixture.setOn(autoCut, !on);
-        QCOMPARE(save(fixture, cutEvery),
-                 QStringList(
-                     {on ? u"KvAutoTapeCut=ON"_qs : u"KvAutoTapeCut=OFF"_qs, u"KvCutLabel=1"_qs}));
+        QCOMPARE(
+            save(fixture, cutEvery),
+            QStringList({on ? u"KvAutoTapeCut=ON"_s : u"KvAutoTapeCut=OFF"_s, u"KvCutLabel=1"_s}));
         QCOMPARE(save(fixture, autoCut), QStringList());
     }
 }
@@ -343,11 +343,11 @@ void SavingTest::autoCutFollowsItsMarkWithoutField_data()
     QTest::addColumn<QByteArray>("defaultChoice");
     QTest::addColumn<QString>("told");
     const QByteArray none;
-    QTest::newRow("first choice") << QByteArray("A") << QByteArray("B") << u"OFF"_qs;
-    QTest::newRow("second choice") << QByteArray("B") << QByteArray("A") << u"ON"_qs;
-    QTest::newRow("third choice") << QByteArray("C") << QByteArray("B") << u"OFF"_qs;
-    QTest::newRow("not marked, second by default") << none << QByteArray("B") << u"ON"_qs;
-    QTest::newRow("not marked, first by default") << none << QByteArray("A") << u"OFF"_qs;
+    QTest::newRow("first choice") << QByteArray("A") << QByteArray("B") << u"OFF"_s;
+    QTest::newRow("second choice") << QByteArray("B") << QByteArray("A") << u"ON"_s;
+    QTest::newRow("third choice") << QByteArray("C") << QByteArray("B") << u"OFF"_s;
+    QTest::newRow("not marked, second by default") << none << QByteArray("B") << u"ON"_s;
+    QTest::newRow("not marked, first by default") << none << QByteArray("A") << u"OFF"_s;
 }
 
 void SavingTest::autoCutFollowsItsMarkWithoutField()
@@ -362,18 +362,17 @@ void SavingTest::autoCutFollowsItsMarkWithoutField()
     } else {
         fixture.host->mark("KvAutoTapeCut", marked);
     }
-    QCOMPARE(save(fixture, cutEvery),
-             QStringList({u"KvAutoTapeCut="_qs + told, u"KvCutLabel=1"_qs}));
+    QCOMPARE(save(fixture, cutEvery), QStringList({u"KvAutoTapeCut="_s + told, u"KvCutLabel=1"_s}));
 }
 
 void SavingTest::autoCutIsOffWithoutTheCutEveryBox()
 {
     BundleCopy copy;
-    QVERIFY(copy.removeOutlet(u"mCutEveryChkBx"_qs));
+    QVERIFY(copy.removeOutlet(u"mCutEveryChkBx"_s));
     PanelFixture fixture(TestPrinter{.separateAutoCut = false, .defaults = {{autoCut, "ON"}}},
                          copy.open());
     fixture.load();
-    QCOMPARE(save(fixture, cutEvery), QStringList({u"KvAutoTapeCut=OFF"_qs, u"KvCutLabel=1"_qs}));
+    QCOMPARE(save(fixture, cutEvery), QStringList({u"KvAutoTapeCut=OFF"_s, u"KvCutLabel=1"_s}));
 }
 
 void SavingTest::missingAutoCutIsNotSaved()
@@ -381,7 +380,7 @@ void SavingTest::missingAutoCutIsNotSaved()
     PanelFixture fixture({.options = everyOptionBut(autoCut), .separateAutoCut = false});
     fixture.load();
     fixture.setOn(cutEvery, true);
-    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=1"_qs});
+    QCOMPARE(save(fixture, cutEvery), QStringList{u"KvCutLabel=1"_s});
     QCOMPARE(save(fixture, autoCut), QStringList());
 }
 
@@ -400,11 +399,11 @@ void SavingTest::savingRemoveBlankSpaceEnablesItOnStandardPaperOnly_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<int>("tapeState");
-    QTest::newRow("standard size") << u"62x29"_qs << 0;
-    QTest::newRow("size that the PPD does not list") << u"DC99"_qs << 0;
-    QTest::newRow("DC") << u"DC03"_qs << 1;
-    QTest::newRow("FL") << u"FL30"_qs << 1;
-    QTest::newRow("custom size") << u"Custom.62x100"_qs << 2;
+    QTest::newRow("standard size") << u"62x29"_s << 0;
+    QTest::newRow("size that the PPD does not list") << u"DC99"_s << 0;
+    QTest::newRow("DC") << u"DC03"_s << 1;
+    QTest::newRow("FL") << u"FL30"_s << 1;
+    QTest::newRow("custom size") << u"Custom.62x100"_s << 2;
     QTest::newRow("no name") << QString() << 2;
 }
 
@@ -422,7 +421,7 @@ void SavingTest::savingRemoveBlankSpaceEnablesItOnStandardPaperOnly()
         for (const bool before : {true, false}) {
             box->setEnabled(before);
             QCOMPARE(save(fixture, OptionCatalogue::RemoveBlkSpace),
-                     hasOption ? QStringList{u"KvRemoveBlkSpace=ON"_qs} : QStringList());
+                     hasOption ? QStringList{u"KvRemoveBlkSpace=ON"_s} : QStringList());
             QCOMPARE(box->isEnabled(), tapeState == 0);
             QCOMPARE(fixture.panel->getTapeState(), tapeState);
         }

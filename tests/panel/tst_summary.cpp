@@ -39,13 +39,13 @@ const QList<Option> yesNoOptions = {
 };
 
 const QStringList allLines = {
-    u"KvCutLabel"_qs,   u"KvCutAtEnd"_qs, u"KvHalfCut"_qs,        u"KvSpecialTape"_qs,
-    u"KvChainPrint"_qs, u"KvMirror"_qs,   u"KvRemoveBlkSpace"_qs, u"KvCutMark"_qs,
+    u"KvCutLabel"_s,   u"KvCutAtEnd"_s, u"KvHalfCut"_s,        u"KvSpecialTape"_s,
+    u"KvChainPrint"_s, u"KvMirror"_s,   u"KvRemoveBlkSpace"_s, u"KvCutMark"_s,
 };
 
 QStringList order(const QVariantMap &summary)
 {
-    return summary.value(u"Summary Display Order"_qs).toStringList();
+    return summary.value(u"Summary Display Order"_s).toStringList();
 }
 
 /// A panel whose selections are what the PPD has marked.
@@ -73,7 +73,7 @@ void SummaryTest::printerWithoutOptionsHasNoLines()
     PanelFixture fixture(TestPrinter{.options = {}});
     fixture.show();
     const QVariantMap summary = summaryOf(fixture);
-    QCOMPARE(summary.keys(), QStringList{u"Summary Display Order"_qs});
+    QCOMPARE(summary.keys(), QStringList{u"Summary Display Order"_s});
     QVERIFY(summary.first().canConvert<QStringList>());
     QCOMPARE(order(summary), QStringList());
 }
@@ -82,7 +82,7 @@ void SummaryTest::panelWithoutSelectionsHasNoLines()
 {
     PanelFixture fixture;
     fixture.build();
-    QCOMPARE(summaryOf(fixture).keys(), QStringList{u"Summary Display Order"_qs});
+    QCOMPARE(summaryOf(fixture).keys(), QStringList{u"Summary Display Order"_s});
     fixture.panel->supportedPPDOptionKeys();
     QCOMPARE(order(summaryOf(fixture)), allLines);
 }
@@ -104,11 +104,11 @@ void SummaryTest::linesComeInTheirOrder_data()
             << TestPrinter{.options = everyOptionBut(option)} << lines;
     }
     QStringList withAutoCut = allLines;
-    withAutoCut.replace(0, u"KvAutoTapeCut"_qs);
+    withAutoCut.replace(0, u"KvAutoTapeCut"_s);
     QTest::newRow("no KvCutLabel")
         << TestPrinter{.options = everyOptionBut(cutEvery)} << withAutoCut;
     QTest::newRow("auto cut alone")
-        << TestPrinter{.options = {autoCut}} << QStringList{u"KvAutoTapeCut"_qs};
+        << TestPrinter{.options = {autoCut}} << QStringList{u"KvAutoTapeCut"_s};
 }
 
 void SummaryTest::linesComeInTheirOrder()
@@ -119,7 +119,7 @@ void SummaryTest::linesComeInTheirOrder()
     const QVariantMap summary = summaryOf(fixture);
     QCOMPARE(order(summary), lines);
     QStringList keys = lines;
-    keys.append(u"Summary Display Order"_qs);
+    keys.append(u"Summary Display Order"_s);
     keys.sort();
     QCOMPARE(summary.keys(), keys);
 }
@@ -129,11 +129,11 @@ void SummaryTest::lineWithoutSelectionIsLeftOut()
     PanelFixture fixture = restored(TestPrinter().text());
     fixture.panel->select(mirror, nullptr);
     QStringList lines = allLines;
-    lines.removeOne(u"KvMirror"_qs);
+    lines.removeOne(u"KvMirror"_s);
     QCOMPARE(order(summaryOf(fixture)), lines);
     // Auto cut has a line as soon as cut every has none.
     fixture.panel->select(cutEvery, nullptr);
-    lines.replace(0, u"KvAutoTapeCut"_qs);
+    lines.replace(0, u"KvAutoTapeCut"_s);
     QCOMPARE(order(summaryOf(fixture)), lines);
     fixture.panel->select(autoCut, nullptr);
     lines.removeFirst();
@@ -153,14 +153,14 @@ void SummaryTest::yesOrNoFollowsTheMark()
     QFETCH(int, option);
     const char *keyword = factsOf(Option(option)).keyword;
     PanelFixture fixture = restored(TestPrinter{.options = everyOptionBut(cutEvery)}.text());
-    QCOMPARE(valueOf(fixture, Option(option)), u"No"_qs);
+    QCOMPARE(valueOf(fixture, Option(option)), u"No"_s);
     fixture.host->mark(keyword, "ON");
-    QCOMPARE(valueOf(fixture, Option(option)), u"Yes"_qs);
+    QCOMPARE(valueOf(fixture, Option(option)), u"Yes"_s);
     fixture.host->mark(keyword, "OFF");
-    QCOMPARE(valueOf(fixture, Option(option)), u"No"_qs);
+    QCOMPARE(valueOf(fixture, Option(option)), u"No"_s);
     // Not "No", but the text of the selection.
     fixture.unmark(keyword);
-    QCOMPARE(valueOf(fixture, Option(option)), u"Off"_qs);
+    QCOMPARE(valueOf(fixture, Option(option)), u"Off"_s);
 }
 
 void SummaryTest::otherChoicesShowTheirText_data()
@@ -180,7 +180,7 @@ void SummaryTest::otherChoicesShowTheirText()
                                                                "AUTO/If \xC3\xBC"
                                                                "berhaupt"},
                                                               "AUTO"));
-    QCOMPARE(valueOf(fixture, Option(option)), u"If \u00FCberhaupt"_qs);
+    QCOMPARE(valueOf(fixture, Option(option)), u"If \u00FCberhaupt"_s);
 }
 
 void SummaryTest::cutEveryShowsTheCountWhileAutoCutIsOn()
@@ -189,15 +189,15 @@ void SummaryTest::cutEveryShowsTheCountWhileAutoCutIsOn()
         PanelFixture fixture = restored(TestPrinter{.separateAutoCut = separate}.text());
         fixture.host->mark("KvCutLabel", "7");
         fixture.panel->setPDEItems2();
-        QCOMPARE(valueOf(fixture, cutEvery), u"No"_qs);
+        QCOMPARE(valueOf(fixture, cutEvery), u"No"_s);
         fixture.host->mark("KvAutoTapeCut", "ON");
-        QCOMPARE(valueOf(fixture, cutEvery), u"7 labels"_qs);
+        QCOMPARE(valueOf(fixture, cutEvery), u"7 labels"_s);
         // The count is the selection's.
         fixture.host->mark("KvCutLabel", "9");
-        QCOMPARE(valueOf(fixture, cutEvery), u"7 labels"_qs);
-        QVERIFY(!order(summaryOf(fixture)).contains(u"KvAutoTapeCut"_qs));
+        QCOMPARE(valueOf(fixture, cutEvery), u"7 labels"_s);
+        QVERIFY(!order(summaryOf(fixture)).contains(u"KvAutoTapeCut"_s));
         fixture.bundle->setLanguages({});
-        QCOMPARE(valueOf(fixture, cutEvery), u"7 RS_Labels"_qs);
+        QCOMPARE(valueOf(fixture, cutEvery), u"7 RS_Labels"_s);
     }
 }
 
@@ -225,7 +225,7 @@ void SummaryTest::cutEveryShowsItsTextWithoutAutoCut()
     } else {
         fixture.host->mark("KvAutoTapeCut", marked);
     }
-    QCOMPARE(valueOf(fixture, cutEvery), u"every week"_qs);
+    QCOMPARE(valueOf(fixture, cutEvery), u"every week"_s);
 }
 
 void SummaryTest::removeBlankSpaceNeedsAStandardSize_data()
@@ -246,10 +246,10 @@ void SummaryTest::removeBlankSpaceNeedsAStandardSize()
     fixture.panel->setTapeState(tapeState);
     QStringList lines = allLines;
     if (!listed) {
-        lines.removeOne(u"KvRemoveBlkSpace"_qs);
+        lines.removeOne(u"KvRemoveBlkSpace"_s);
     }
     QCOMPARE(order(summaryOf(fixture)), lines);
-    QCOMPARE(summaryOf(fixture).contains(u"KvRemoveBlkSpace"_qs), listed);
+    QCOMPARE(summaryOf(fixture).contains(u"KvRemoveBlkSpace"_s), listed);
 }
 
 void SummaryTest::controlsPlayNoPart()
@@ -272,18 +272,18 @@ void SummaryTest::titleIsThePPDsTextTranslated()
     text.onOff("KvMirror", "ON", "50 % & gr\xC3\xBCn %1").onOff("KvHalfCut", "OFF", "RS_HalfCut");
     PanelFixture fixture = restored(text);
     const QVariantMap summary = summaryOf(fixture);
-    QCOMPARE(order(summary), QStringList({u"Half cut"_qs, u"50 % & gr\u00FCn %1"_qs}));
-    QCOMPARE(summary.value(u"Half cut"_qs), QVariant(u"No"_qs));
-    QCOMPARE(summary.value(u"50 % & gr\u00FCn %1"_qs), QVariant(u"Yes"_qs));
+    QCOMPARE(order(summary), QStringList({u"Half cut"_s, u"50 % & gr\u00FCn %1"_s}));
+    QCOMPARE(summary.value(u"Half cut"_s), QVariant(u"No"_s));
+    QCOMPARE(summary.value(u"50 % & gr\u00FCn %1"_s), QVariant(u"Yes"_s));
 }
 
 void SummaryTest::unreadableTextFallsBackToTheSummaryTitle_data()
 {
     QTest::addColumn<int>("option");
     QTest::addColumn<QString>("title");
-    const QStringList titles = {u"Cut labels"_qs,   u"Cut at end"_qs,         u"Mirror printing"_qs,
-                                u"Auto cut"_qs,     u"Half cut"_qs,           u"Chain printing"_qs,
-                                u"Special tape"_qs, u"Remove blank space"_qs, u"Cut marks"_qs};
+    const QStringList titles = {u"Cut labels"_s,   u"Cut at end"_s,         u"Mirror printing"_s,
+                                u"Auto cut"_s,     u"Half cut"_s,           u"Chain printing"_s,
+                                u"Special tape"_s, u"Remove blank space"_s, u"Cut marks"_s};
     for (const Option option : everyOption) {
         QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(option);
     }
@@ -299,7 +299,7 @@ void SummaryTest::unreadableTextFallsBackToTheSummaryTitle()
     fixture.bundle->setLanguages({});
     QCOMPARE(order(summaryOf(fixture)), QStringList{QLatin1String(facts.summaryKey)});
     QCOMPARE(summaryOf(fixture).value(QLatin1String(facts.summaryKey)).toString(),
-             option == cutEvery ? u"Off"_qs : u"RS_STitle_No"_qs);
+             option == cutEvery ? u"Off"_s : u"RS_STitle_No"_s);
 }
 
 void SummaryTest::equalTitlesShareTheLastValue()
@@ -310,9 +310,9 @@ void SummaryTest::equalTitlesShareTheLastValue()
         .onOff("KvMirror", "ON", "Same");
     PanelFixture fixture = restored(text);
     const QVariantMap summary = summaryOf(fixture);
-    QCOMPARE(order(summary), QStringList({u"Same"_qs, u"KvHalfCut"_qs, u"Same"_qs}));
+    QCOMPARE(order(summary), QStringList({u"Same"_s, u"KvHalfCut"_s, u"Same"_s}));
     QCOMPARE(summary.size(), 3);
-    QCOMPARE(summary.value(u"Same"_qs), QVariant(u"Yes"_qs));
+    QCOMPARE(summary.value(u"Same"_s), QVariant(u"Yes"_s));
 }
 
 void SummaryTest::emptyTitleStaysInTheOrder()
@@ -323,7 +323,7 @@ void SummaryTest::emptyTitleStaysInTheOrder()
     lines.replace(2, QString());
     const QVariantMap summary = summaryOf(fixture);
     QCOMPARE(order(summary), lines);
-    QCOMPARE(summary.value(u""_qs), QVariant(u"No"_qs));
+    QCOMPARE(summary.value(u""_s), QVariant(u"No"_s));
 }
 
 void SummaryTest::summaryChangesNothing()
@@ -337,7 +337,7 @@ void SummaryTest::summaryChangesNothing()
     QCOMPARE(fixture.takeTold(), QStringList());
     QCOMPARE(fixture.optionsOn(), on);
     QCOMPARE(fixture.panel->refreshed, QList<quint32>());
-    QCOMPARE(fixture.panel->selection(mirror)->ppdTitle(), u"OFF"_qs);
+    QCOMPARE(fixture.panel->selection(mirror)->ppdTitle(), u"OFF"_s);
 }
 
 KV_TEST(SummaryTest)

@@ -78,7 +78,7 @@ private:
 
 const QString warningText =
     u"Heat-shrink tube is loaded. It should not be cut with auto cut: the cutter may jam or wear "
-    u"out. Turn auto cut off and cut the tube with scissors."_qs;
+    u"out. Turn auto cut off and cut the tube with scissors."_s;
 
 QString selectedKeyword(const PanelFixture &fixture, Option option)
 {
@@ -102,14 +102,14 @@ void UserActionsTest::clickedBoxIsToldAtOnce()
     const QString keyword = QLatin1String(factsOf(clicked).keyword);
     PanelFixture fixture;
     fixture.show();
-    for (const QString &choice : {u"ON"_qs, u"OFF"_qs, u"ON"_qs}) {
+    for (const QString &choice : {u"ON"_s, u"OFF"_s, u"ON"_s}) {
         fixture.click(clicked);
         QCOMPARE(fixture.takeTold(), QStringList{keyword + u'=' + choice});
         QCOMPARE(fixture.isOn(clicked), choice == u"ON");
         QCOMPARE(selectedKeyword(fixture, clicked), choice);
         QCOMPARE(fixture.host->marked(factsOf(clicked).keyword), choice);
         for (const Option other : everyOptionBut(clicked)) {
-            QCOMPARE(selectedKeyword(fixture, other), other == cutEvery ? u"1"_qs : u"OFF"_qs);
+            QCOMPARE(selectedKeyword(fixture, other), other == cutEvery ? u"1"_s : u"OFF"_s);
             QCOMPARE(fixture.isOn(other), other == cutEvery);
         }
     }
@@ -128,12 +128,12 @@ void UserActionsTest::clickedBoxRefreshesItsItemAlone()
     QFETCH(int, option);
     PanelFixture fixture;
     fixture.show();
-    PaintCounter preview(fixture.panel->mOptionView);
+    PaintWatcher preview(fixture.panel->mOptionView);
     fixture.click(Option(option));
     const QList<quint32> item = {factsOf(Option(option)).itemType};
     QCOMPARE(fixture.panel->refreshed, item);
     QCOMPARE(fixture.panel->reread, item);
-    QTRY_VERIFY(preview.paints > 0);
+    QVERIFY(preview.waitForPaint());
 }
 
 void UserActionsTest::cutEveryBoxDrivesAutoCut_data()
@@ -149,12 +149,12 @@ void UserActionsTest::cutEveryBoxDrivesAutoCut()
     PanelFixture fixture({.separateAutoCut = separateAutoCut});
     fixture.show();
     QVERIFY(fixture.isOn(cutEvery));
-    for (const QString &choice : {u"OFF"_qs, u"ON"_qs, u"OFF"_qs}) {
+    for (const QString &choice : {u"OFF"_s, u"ON"_s, u"OFF"_s}) {
         fixture.click(cutEvery);
-        QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut="_qs + choice});
+        QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut="_s + choice});
         QCOMPARE(fixture.isOn(cutEvery), choice == u"ON");
         QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), choice);
-        QCOMPARE(selectedKeyword(fixture, cutEvery), u"1"_qs);
+        QCOMPARE(selectedKeyword(fixture, cutEvery), u"1"_s);
         if (separateAutoCut) {
             // The other box waits for its own item to be refreshed.
             QVERIFY(!fixture.isOn(autoCut));
@@ -180,9 +180,9 @@ void UserActionsTest::cutEveryBoxEnablesTheCount()
     fixture.show();
     QVERIFY(!fixture.panel->mCutEveryTxBx->isEnabled());
     QVERIFY(!fixture.panel->mCutEveryStpr->isEnabled());
-    fixture.type(u"5"_qs);
+    fixture.type(u"5"_s);
     fixture.step("stepUp");
-    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"7"_qs);
+    QCOMPARE(fixture.panel->mCutEveryTxBx->text(), u"7"_s);
     QCOMPARE(fixture.takeTold(), QStringList());
 
     fixture.click(cutEvery);
@@ -199,9 +199,9 @@ void UserActionsTest::choiceThatTheDialogDropsIsTakenBack()
     fixture.show();
     fixture.host->marks = false;
     fixture.click(OptionCatalogue::HalfCut);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=ON"_s});
     QVERIFY(!fixture.isOn(OptionCatalogue::HalfCut));
-    QCOMPARE(selectedKeyword(fixture, OptionCatalogue::HalfCut), u"OFF"_qs);
+    QCOMPARE(selectedKeyword(fixture, OptionCatalogue::HalfCut), u"OFF"_s);
 }
 
 void UserActionsTest::strangersClickOnlyRedrawsAndAppliesTheRules()
@@ -213,10 +213,10 @@ void UserActionsTest::strangersClickOnlyRedrawsAndAppliesTheRules()
     for (QAbstractButton *sender :
          {static_cast<QAbstractButton *>(&stranger), static_cast<QAbstractButton *>(nullptr)}) {
         fixture.box(OptionCatalogue::RemoveBlkSpace)->setEnabled(false);
-        PaintCounter preview(fixture.panel->mOptionView);
+        PaintWatcher preview(fixture.panel->mOptionView);
         fixture.panel->changeOption(sender);
         QVERIFY(fixture.box(OptionCatalogue::RemoveBlkSpace)->isEnabled());
-        QTRY_VERIFY(preview.paints > 0);
+        QVERIFY(preview.waitForPaint());
     }
     QCOMPARE(fixture.takeTold(), QStringList());
     QCOMPARE(fixture.panel->refreshed, QList<quint32>());
@@ -226,14 +226,14 @@ void UserActionsTest::autoCutWithHeatShrinkTubeWarns_data()
 {
     QTest::addColumn<QString>("paper");
     QTest::addColumn<bool>("warns");
-    QTest::newRow("HS058") << u"HS058"_qs << true;
-    QTest::newRow("HS alone") << u"HS"_qs << true;
+    QTest::newRow("HS058") << u"HS058"_s << true;
+    QTest::newRow("HS alone") << u"HS"_s << true;
     QTest::newRow("name in the ticket") << QString() << true;
-    QTest::newRow("lower case") << u"hs058"_qs << false;
-    QTest::newRow("H") << u"H"_qs << false;
-    QTest::newRow("HS elsewhere") << u"XHS"_qs << false;
-    QTest::newRow("standard paper") << u"62x29"_qs << false;
-    QTest::newRow("FL paper") << u"FL30"_qs << false;
+    QTest::newRow("lower case") << u"hs058"_s << false;
+    QTest::newRow("H") << u"H"_s << false;
+    QTest::newRow("HS elsewhere") << u"XHS"_s << false;
+    QTest::newRow("standard paper") << u"62x29"_s << false;
+    QTest::newRow("FL paper") << u"FL30"_s << false;
 }
 
 void UserActionsTest::autoCutWithHeatShrinkTubeWarns()
@@ -243,21 +243,21 @@ void UserActionsTest::autoCutWithHeatShrinkTubeWarns()
     PanelFixture fixture;
     fixture.show();
     fixture.host->setPaper(paper);
-    fixture.host->setTicket({{u"MqPaperName2"_qs, u"HS12"_qs}});
+    fixture.host->setTicket({{u"MqPaperName2"_s, u"HS12"_s}});
     WarningWatcher watcher;
     fixture.click(cutEvery);
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=OFF"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=OFF"_s});
     QCOMPARE(watcher.warnings.size(), 0);
 
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), warns ? 1 : 0);
     QVERIFY(fixture.isOn(cutEvery));
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_s});
     if (warns) {
         const Warning &warning = watcher.warnings.constFirst();
         QCOMPARE(warning.text, QString());
         QCOMPARE(warning.informativeText, warningText);
-        QCOMPARE(warning.buttons, QStringList{u"OK"_qs});
+        QCOMPARE(warning.buttons, QStringList{u"OK"_s});
         QCOMPARE(warning.modality, Qt::WindowModal);
         QCOMPARE(warning.parent, fixture.panel->kPDEView->window());
     }
@@ -267,7 +267,7 @@ void UserActionsTest::warningComesEachTimeItIsTurnedOn()
 {
     PanelFixture fixture;
     fixture.show();
-    fixture.host->setPaper(u"HS058"_qs);
+    fixture.host->setPaper(u"HS058"_s);
     WarningWatcher watcher;
     for (const int warned : {0, 1, 1, 2, 2, 3}) {
         fixture.click(cutEvery);
@@ -291,7 +291,7 @@ void UserActionsTest::warningCanBeClosedByKeyboard()
     QFETCH(int, key);
     PanelFixture fixture;
     fixture.show();
-    fixture.host->setPaper(u"HS058"_qs);
+    fixture.host->setPaper(u"HS058"_s);
     WarningWatcher watcher{Qt::Key(key)};
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), 0);
@@ -299,7 +299,7 @@ void UserActionsTest::warningCanBeClosedByKeyboard()
     fixture.click(cutEvery);
     QCOMPARE(watcher.warnings.size(), 1);
     QVERIFY(fixture.isOn(cutEvery));
-    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_qs});
+    QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut=ON"_s});
 }
 
 KV_TEST(UserActionsTest)

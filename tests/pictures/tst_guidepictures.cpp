@@ -33,7 +33,7 @@ void GuidePicturesTest::areThoseTheScriptDraws()
 {
     const QTemporaryDir folder;
     QCOMPARE(QProcess::execute(QStringLiteral(KV_PYTHON),
-                               {QStringLiteral(KV_DRAW_SCRIPT), u"--guide"_qs, folder.path()}),
+                               {QStringLiteral(KV_DRAW_SCRIPT), u"--guide"_s, folder.path()}),
              0);
     const QMap<QString, QByteArray> drawn = filesIn(folder.path());
     const QMap<QString, QByteArray> kept = filesIn(QStringLiteral(KV_GUIDE_PICTURES));

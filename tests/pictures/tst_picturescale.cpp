@@ -61,7 +61,7 @@ QImage reference(const QString &name, const PictureNames::Variant &variant)
         QFile::exists(own) ? own : QStringLiteral(KV_PICTURE_SVG_DIR "/%1.svg").arg(name);
     QProcess renderer;
     renderer.start(QStringLiteral(KV_RSVG_CONVERT),
-                   {u"--zoom"_qs, QString::number(variant.ratio), source});
+                   {u"--zoom"_s, QString::number(variant.ratio), source});
     renderer.waitForFinished();
     return plain(QImage::fromData(renderer.readAllStandardOutput(), "PNG"));
 }
@@ -216,7 +216,7 @@ void PictureScaleTest::previewIsDrawnSharp()
 
 void PictureScaleTest::previewIsDrawnSharpAtAnyPlace()
 {
-    const QString name = u"AHCMOnOnOffOff"_qs;
+    const QString name = u"AHCMOnOnOffOff"_s;
     QWidget parent;
     parent.resize(300, 120);
     ShownPicture shown(*builtBundle(), name);
@@ -281,12 +281,12 @@ void PictureScaleTest::smallIconIsTheWholePicture()
     QVERIFY(std::abs(small.width() - half.width() * screenRatio()) <= 1.0);
     QVERIFY(std::abs(small.height() - half.height() * screenRatio()) <= 1.0);
     QCOMPARE(small, scaledVariant(name, mVariant.mark, small.size()));
-    QVERIFY(QIcon(new PictureIcon(u"none.png"_qs)).pixmap(half).isNull());
+    QVERIFY(QIcon(new PictureIcon(u"none.png"_s)).pixmap(half).isNull());
 }
 
 void PictureScaleTest::disabledIconIsPaler()
 {
-    const QIcon icon(new PictureIcon(PictureNames::path(u"PresetAHCMOnOffOffOff"_qs, "")));
+    const QIcon icon(new PictureIcon(PictureNames::path(u"PresetAHCMOnOffOffOff"_s, "")));
     const QSize frame = PictureNames::iconFrame();
     const QImage enabled = onGround(plain(icon.pixmap(frame).toImage()));
     const QImage disabled = onGround(plain(icon.pixmap(frame, QIcon::Disabled).toImage()));
@@ -296,7 +296,7 @@ void PictureScaleTest::disabledIconIsPaler()
 
 void PictureScaleTest::missingVariantIsReplaced()
 {
-    const QString name = u"AHCMOnOnOffOff"_qs;
+    const QString name = u"AHCMOnOnOffOff"_s;
     BundleCopy copy;
     const auto bundle = copy.open();
     const QString path = bundle->pathForImageResource(name);
@@ -306,7 +306,7 @@ void PictureScaleTest::missingVariantIsReplaced()
         ratios.append(ratio);
         for (const PictureNames::Variant &variant : PictureNames::variants) {
             if (variant.ratio == ratio) {
-                QVERIFY(copy.removeResource(name + QLatin1String(variant.mark) + u".png"_qs));
+                QVERIFY(copy.removeResource(name + QLatin1String(variant.mark) + u".png"_s));
             }
         }
         if (ratio == 1.0) {
@@ -335,10 +335,10 @@ void PictureScaleTest::missingVariantIsReplaced()
 
 void PictureScaleTest::pipeIsNoVariant()
 {
-    const QString name = u"AHCMOnOnOffOff"_qs;
+    const QString name = u"AHCMOnOnOffOff"_s;
     const BundleCopy copy;
     const QString path = copy.open()->pathForImageResource(name);
-    const QString variant = QFileInfo(path).path() + u'/' + name + u"%1.png"_qs;
+    const QString variant = QFileInfo(path).path() + u'/' + name + u"%1.png"_s;
     for (const char *mark : {"@1.5x", "@2x", "@3x"}) {
         const QString pipe = variant.arg(QLatin1String(mark));
         QVERIFY(QFile::remove(pipe));
@@ -359,7 +359,7 @@ void PictureScaleTest::drawingReadsNoFile()
     for (const QString &name : PictureNames::presets()) {
         icons.append(QIcon(new PictureIcon(bundle->pathForImageResource(name))));
     }
-    const QString gone = bundle->pathForImageResource(u"AHCMOffOffOffOff"_qs);
+    const QString gone = bundle->pathForImageResource(u"AHCMOffOffOffOff"_s);
     copy.reset();
     QVERIFY(!QFile::exists(gone));
 

@@ -276,9 +276,9 @@ void PictureSetTest::textIsLegible()
 void PictureSetTest::cutsAreToldApartInGrey()
 {
     for (const QString &kind : {QString(), QStringLiteral("Preset")}) {
-        const StripPicture none(kind + u"AHCMOffOffOffOff"_qs);
-        const StripPicture half(kind + u"AHCMOffOnOffOff"_qs);
-        const StripPicture full(kind + u"AHCMOnOffOffOff"_qs);
+        const StripPicture none(kind + u"AHCMOffOffOffOff"_s);
+        const StripPicture half(kind + u"AHCMOffOnOffOff"_s);
+        const StripPicture full(kind + u"AHCMOnOffOffOff"_s);
         QVERIFY(half.slitContrast() >= 3.0);
         QCOMPARE(none.slitContrast(), 0.0);
         QCOMPARE(full.slitContrast(), 0.0);

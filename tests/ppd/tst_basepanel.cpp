@@ -54,7 +54,7 @@ QByteArray copiedURI(const QString &uri)
 /// "usb://Korvane/" and as many letters as make it that long.
 QString uriOfLength(int length)
 {
-    const QString start = u"usb://Korvane/"_qs;
+    const QString start = u"usb://Korvane/"_s;
     return start + QString(length - start.size(), u'x');
 }
 } // namespace
@@ -76,8 +76,8 @@ void BasePanelTest::fetchesTheObjectsOfTheJobOnce()
 {
     const auto host = std::make_shared<RecordingHost>();
     RecordingPanel panel(host, testBundle());
-    const Calls fetched = {u"printSession"_qs, u"printSettings"_qs, u"printSettings"_qs,
-                           u"pageFormat"_qs,   u"PMPrinter"_qs,     u"ppdFile"_qs};
+    const Calls fetched = {u"printSession"_s, u"printSettings"_s, u"printSettings"_s,
+                           u"pageFormat"_s,   u"PMPrinter"_s,     u"ppdFile"_s};
     QCOMPARE(host->calls, fetched);
     QCOMPARE(panel.printSession, &host->session);
     QCOMPARE(panel.pmPrintSettings, &host->settings);
@@ -130,8 +130,8 @@ void BasePanelTest::copiesTheDeviceURI_data()
     const auto fails = [](const char *name, const QString &uri) {
         QTest::newRow(name) << uri << QByteArray("");
     };
-    fits("short", u"usb://Korvane/LX%20200?serial=1"_qs);
-    fits("empty", u""_qs);
+    fits("short", u"usb://Korvane/LX%20200?serial=1"_s);
+    fits("empty", u""_s);
     fails("unknown", QString());
     fits("254 characters", uriOfLength(254));
     fails("255 characters", uriOfLength(255));
@@ -149,7 +149,7 @@ void BasePanelTest::copiesTheDeviceURI()
 
 void BasePanelTest::copiesTheDeviceURIInTheSystemEncoding()
 {
-    const QString accents = u"usb://Größe"_qs;
+    const QString accents = u"usb://Größe"_s;
     QCOMPARE(copiedURI(accents), QByteArray("usb://Gr\xc3\xb6\xc3\x9f"
                                             "e"));
     QCOMPARE(copiedURI(uriOfLength(253) + u'é'), QByteArray(""));
@@ -162,9 +162,9 @@ void BasePanelTest::copiesTheDeviceURIInTheSystemEncoding()
 void BasePanelTest::deviceURIThatTheSystemEncodingLacksIsLeftOut()
 {
     SystemEncoding::setName("US-ASCII");
-    QCOMPARE(copiedURI(u"usb://Größe"_qs), QByteArray(""));
+    QCOMPARE(copiedURI(u"usb://Größe"_s), QByteArray(""));
     SystemEncoding::setName("no-such-encoding");
-    QCOMPARE(copiedURI(u"usb://Korvane"_qs), QByteArray(""));
+    QCOMPARE(copiedURI(u"usb://Korvane"_s), QByteArray(""));
 }
 
 void BasePanelTest::printerThatIsMissingHasNoDeviceURI()
@@ -179,7 +179,7 @@ void BasePanelTest::printerThatIsMissingHasNoDeviceURI()
 void BasePanelTest::answersTheProtocol()
 {
     const auto panel = makePanel();
-    QCOMPARE(panel->panelKind(), u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_qs);
+    QCOMPARE(panel->panelKind(), u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_s);
     QCOMPARE(panel->shouldHide(), true);
     QCOMPARE(panel->shouldPrint(), true);
     QCOMPARE(panel->shouldShowHelp(), false);
@@ -202,7 +202,7 @@ void BasePanelTest::hooksOfTheBaseDoNothing()
     panel->setPDEItems2();
     panel->updateUIItem(0xffffffff);
     panel->updateMarkedSelections(0xffffffff);
-    panel->PPDOptionKeyValueDidChange(u"KvTest"_qs, u"ON"_qs);
+    panel->PPDOptionKeyValueDidChange(u"KvTest"_s, u"ON"_s);
     QCOMPARE(panel->indexForSummary(7), 0);
     QCOMPARE(host->calls, fetched);
     QCOMPARE(QByteArray(ppdFindMarkedChoice(host->ppd.get(), "KvTest")->choice), QByteArray("OFF"));
@@ -213,12 +213,12 @@ void BasePanelTest::runsTheHooksInOrder_data()
     QTest::addColumn<QString>("event");
     QTest::addColumn<Calls>("calls");
 
-    const QString items = u"setPDEItems"_qs;
-    QTest::newRow("shown") << u"show"_qs << Calls{u"initSetTitleTexts"_qs, u"initUI"_qs, items};
-    QTest::newRow("restored") << u"restore"_qs << Calls{u"setPDEItems2"_qs, items};
-    QTest::newRow("saved") << u"save"_qs << Calls{u"setValuesToKey"_qs};
-    QTest::newRow("asked for its keys") << u"keys"_qs << Calls{u"setValuesToKey"_qs};
-    QTest::newRow("refreshed") << u"refresh"_qs << Calls{items};
+    const QString items = u"setPDEItems"_s;
+    QTest::newRow("shown") << u"show"_s << Calls{u"initSetTitleTexts"_s, u"initUI"_s, items};
+    QTest::newRow("restored") << u"restore"_s << Calls{u"setPDEItems2"_s, items};
+    QTest::newRow("saved") << u"save"_s << Calls{u"setValuesToKey"_s};
+    QTest::newRow("asked for its keys") << u"keys"_s << Calls{u"setValuesToKey"_s};
+    QTest::newRow("refreshed") << u"refresh"_s << Calls{items};
 }
 
 void BasePanelTest::runsTheHooksInOrder()
@@ -226,25 +226,25 @@ void BasePanelTest::runsTheHooksInOrder()
     QFETCH(QString, event);
     QFETCH(Calls, calls);
     const auto panel = makePanel();
-    QString error = u"untouched"_qs;
+    QString error = u"untouched"_s;
     const QHash<QString, std::function<bool()>> events = {
-        {u"show"_qs,
+        {u"show"_s,
          [&] {
              return panel->willShow(), true;
          }},
-        {u"restore"_qs,
+        {u"restore"_s,
          [&] {
              return panel->restoreValuesAndReturnError(&error);
          }},
-        {u"save"_qs,
+        {u"save"_s,
          [&] {
              return panel->saveValuesAndReturnError(&error);
          }},
-        {u"keys"_qs,
+        {u"keys"_s,
          [&] {
              return panel->supportedPPDOptionKeys() == nullptr;
          }},
-        {u"refresh"_qs,
+        {u"refresh"_s,
          [&] {
              return panel->updateUI(), true;
          }},
@@ -253,16 +253,16 @@ void BasePanelTest::runsTheHooksInOrder()
     QCOMPARE(panel->calls, calls);
     QCOMPARE(events[event](), true);
     QCOMPARE(panel->calls, calls + calls);
-    QCOMPARE(error, u"untouched"_qs);
+    QCOMPARE(error, u"untouched"_s);
 }
 
 void BasePanelTest::nameIsFetchedOnce()
 {
     const auto bundle = testBundle();
     RecordingPanel panel(std::make_shared<RecordingHost>(), bundle);
-    QCOMPARE(panel.panelName(), u"Cut Options"_qs);
+    QCOMPARE(panel.panelName(), u"Cut Options"_s);
     bundle->setLanguages({});
-    QCOMPARE(panel.panelName(), u"Cut Options"_qs);
+    QCOMPARE(panel.panelName(), u"Cut Options"_s);
 }
 
 void BasePanelTest::nameOfABundleWithoutTextsIsItsKey()
@@ -270,12 +270,12 @@ void BasePanelTest::nameOfABundleWithoutTextsIsItsKey()
     const auto bundle = testBundle();
     bundle->setLanguages({});
     RecordingPanel panel(std::make_shared<RecordingHost>(), bundle);
-    QCOMPARE(panel.panelName(), u"OP_PANEL_NAME"_qs);
+    QCOMPARE(panel.panelName(), u"OP_PANEL_NAME"_s);
 }
 
 void BasePanelTest::readsTheFileVersion()
 {
-    QCOMPARE(makePanel()->fileVerString(), u"1.0"_qs);
+    QCOMPARE(makePanel()->fileVerString(), u"1.0"_s);
 }
 
 void BasePanelTest::tellsTheLabelPrinters_data()

@@ -56,14 +56,14 @@ void ChoiceTest::readsKeywordAndText_data()
     QTest::addColumn<QString>("ppdTitle");
     QTest::addColumn<QString>("userTitle");
 
-    QTest::newRow("plain") << QByteArray("ON/On") << u"ON"_qs << u"On"_qs;
+    QTest::newRow("plain") << QByteArray("ON/On") << u"ON"_s << u"On"_s;
     QTest::newRow("accents") << QByteArray("ON/Gr\xc3\xb6\xc3\x9f"
                                            "e")
-                             << u"ON"_qs << u"Größe"_qs;
-    QTest::newRow("kana") << QByteArray("ON/\xe3\x81\x82") << u"ON"_qs << u"あ"_qs;
+                             << u"ON"_s << u"Größe"_s;
+    QTest::newRow("kana") << QByteArray("ON/\xe3\x81\x82") << u"ON"_s << u"あ"_s;
     QTest::newRow("beyond 16 bits")
-        << QByteArray("ON/\xf0\x9f\x98\x80") << u"ON"_qs << u"\U0001F600"_qs;
-    QTest::newRow("no text") << QByteArray("ON") << u"ON"_qs << u"ON"_qs;
+        << QByteArray("ON/\xf0\x9f\x98\x80") << u"ON"_s << u"\U0001F600"_s;
+    QTest::newRow("no text") << QByteArray("ON") << u"ON"_s << u"ON"_s;
     QTest::newRow("longest") << longestKeyword + '/' + longestText
                              << QString::fromLatin1(longestKeyword)
                              << QString::fromLatin1(longestText);
@@ -95,7 +95,7 @@ void ChoiceTest::emptyTextIsAnEmptyTitle()
     record(ppd, 0)->text[0] = '\0';
     const QString title = PDEChoice::choiceWithChoice(record(ppd, 0))->userTitle();
     QVERIFY(!title.isNull());
-    QCOMPARE(title, u""_qs);
+    QCOMPARE(title, u""_s);
 }
 
 void ChoiceTest::textThatIsNoUTF8HasNoTitle_data()
@@ -120,8 +120,8 @@ void ChoiceTest::textThatIsNoUTF8HasNoTitle()
     QCOMPARE(QByteArray(record(ppd, 0)->text), text);
     const auto choice = PDEChoice::choiceWithChoice(record(ppd, 0));
     QVERIFY(choice->userTitle().isNull());
-    QCOMPARE(choice->ppdTitle(), u"1"_qs);
-    QCOMPARE(PDEChoice::choiceWithChoice(record(ppd, 1))->userTitle(), u"Two"_qs);
+    QCOMPARE(choice->ppdTitle(), u"1"_s);
+    QCOMPARE(PDEChoice::choiceWithChoice(record(ppd, 1))->userTitle(), u"Two"_s);
 }
 
 void ChoiceTest::titlesAreReadOnce()
@@ -129,13 +129,13 @@ void ChoiceTest::titlesAreReadOnce()
     const PPDHandle ppd = ppdWith({"1/One"});
     ppd_choice_t *choice = record(ppd, 0);
     const auto wrapper = PDEChoice::choiceWithChoice(choice);
-    QCOMPARE(wrapper->userTitle(), u"One"_qs);
-    QCOMPARE(wrapper->ppdTitle(), u"1"_qs);
+    QCOMPARE(wrapper->userTitle(), u"One"_s);
+    QCOMPARE(wrapper->ppdTitle(), u"1"_s);
     std::strcpy(choice->text, "Two");
     std::strcpy(choice->choice, "2");
-    QCOMPARE(wrapper->userTitle(), u"One"_qs);
-    QCOMPARE(wrapper->ppdTitle(), u"1"_qs);
-    QCOMPARE(PDEChoice::choiceWithChoice(choice)->userTitle(), u"Two"_qs);
+    QCOMPARE(wrapper->userTitle(), u"One"_s);
+    QCOMPARE(wrapper->ppdTitle(), u"1"_s);
+    QCOMPARE(PDEChoice::choiceWithChoice(choice)->userTitle(), u"Two"_s);
 }
 
 void ChoiceTest::handsOutTheRecordItself()

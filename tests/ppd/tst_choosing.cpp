@@ -52,7 +52,7 @@ struct Dialog
     }
     void setDefault() const
     {
-        panel->setDefaultChoices(option(), choices().get(), "KvTest", u"KvTest"_qs);
+        panel->setDefaultChoices(option(), choices().get(), "KvTest", u"KvTest"_s);
     }
 
     std::shared_ptr<TestHost> host;
@@ -71,7 +71,7 @@ public:
 
     void updateMarkedSelections(quint32 itemType) override
     {
-        mHost->calls.append(u"reread %1"_qs.arg(itemType));
+        mHost->calls.append(u"reread %1"_s.arg(itemType));
     }
 
 private:
@@ -91,10 +91,10 @@ void ChoosingTest::choosingTellsTheDialogThenRereads()
     const auto choices =
         PDEUtilsMethod13::arrayFromPPDOption(ppdFindOption(host->ppd.get(), "KvTest"));
     host->calls.clear();
-    QCOMPARE(panel.selectionForItem(1, u"KvTest"_qs, choices.get(), 4096), (*choices)[1].get());
-    QCOMPARE(panel.selectionForItem(0, u"KvOther"_qs, choices.get(), 0), (*choices)[0].get());
+    QCOMPARE(panel.selectionForItem(1, u"KvTest"_s, choices.get(), 4096), (*choices)[1].get());
+    QCOMPARE(panel.selectionForItem(0, u"KvOther"_s, choices.get(), 0), (*choices)[0].get());
     QCOMPARE(host->calls,
-             QStringList({u"KvTest=ON"_qs, u"reread 4096"_qs, u"KvOther=OFF"_qs, u"reread 0"_qs}));
+             QStringList({u"KvTest=ON"_s, u"reread 4096"_s, u"KvOther=OFF"_s, u"reread 0"_s}));
 }
 
 void ChoosingTest::choosingNothingTellsNothing_data()
@@ -114,11 +114,11 @@ void ChoosingTest::choosingNothingTellsNothing()
     QFETCH(bool, hasChoices);
     Dialog dialog(onOff());
     const auto choices = hasChoices ? dialog.choices() : nullptr;
-    QVERIFY(!dialog.panel->selectionForItem(index, u"KvTest"_qs, choices.get(), 4096));
+    QVERIFY(!dialog.panel->selectionForItem(index, u"KvTest"_s, choices.get(), 4096));
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
     QCOMPARE(dialog.panel->calls, QStringList());
     const ChoiceList none;
-    QVERIFY(!dialog.panel->selectionForItem(0, u"KvTest"_qs, &none, 4096));
+    QVERIFY(!dialog.panel->selectionForItem(0, u"KvTest"_s, &none, 4096));
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
 }
 
@@ -144,13 +144,13 @@ void ChoosingTest::findsAChoiceByKeyword()
     const auto choices = dialog.choices();
     const ChoiceList none;
     const RecordingPanel &panel = *dialog.panel;
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"OFF"_qs), 0);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"ON"_qs), 1);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"on"_qs), -1);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u""_qs), -1);
+    QCOMPARE(panel.indexOfChoices(choices.get(), u"OFF"_s), 0);
+    QCOMPARE(panel.indexOfChoices(choices.get(), u"ON"_s), 1);
+    QCOMPARE(panel.indexOfChoices(choices.get(), u"on"_s), -1);
+    QCOMPARE(panel.indexOfChoices(choices.get(), u""_s), -1);
     QCOMPARE(panel.indexOfChoices(choices.get(), QString()), -1);
-    QCOMPARE(panel.indexOfChoices(&none, u"ON"_qs), -1);
-    QCOMPARE(panel.indexOfChoices(nullptr, u"ON"_qs), -1);
+    QCOMPARE(panel.indexOfChoices(&none, u"ON"_s), -1);
+    QCOMPARE(panel.indexOfChoices(nullptr, u"ON"_s), -1);
 }
 
 void ChoosingTest::findsTheDefaultChoice()
@@ -165,7 +165,7 @@ void ChoosingTest::findsTheDefaultChoice()
 void ChoosingTest::storesTheSupportedOptions()
 {
     Dialog dialog;
-    const auto options = std::make_shared<QStringList>(QStringList{u"KvTest"_qs});
+    const auto options = std::make_shared<QStringList>(QStringList{u"KvTest"_s});
     dialog.panel->setSupportedOptions(options);
     QCOMPARE(dialog.panel->supportedOptions(), options);
     dialog.panel->setSupportedOptions(options);
@@ -185,8 +185,8 @@ void ChoosingTest::unmarkedOptionGetsItsDefault()
     dialog.unmark();
     QVERIFY(dialog.host->marked("KvTest").isNull());
     dialog.setDefault();
-    QCOMPARE(dialog.host->takeTold(), (QList<Pair>{{u"KvTest"_qs, u"ON"_qs}}));
-    QCOMPARE(dialog.host->marked("KvTest"), u"ON"_qs);
+    QCOMPARE(dialog.host->takeTold(), (QList<Pair>{{u"KvTest"_s, u"ON"_s}}));
+    QCOMPARE(dialog.host->marked("KvTest"), u"ON"_s);
 }
 
 void ChoosingTest::markedOptionKeepsItsChoice()
@@ -195,7 +195,7 @@ void ChoosingTest::markedOptionKeepsItsChoice()
     dialog.host->mark("KvTest", "OFF");
     dialog.setDefault();
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
-    QCOMPARE(dialog.host->marked("KvTest"), u"OFF"_qs);
+    QCOMPARE(dialog.host->marked("KvTest"), u"OFF"_s);
 }
 
 void ChoosingTest::optionWithoutDefaultIsLeftAlone()

@@ -79,7 +79,7 @@ struct OpenPanel
     Pairs print() const
     {
         host->takeTold();
-        return panel->shouldPrint() ? host->takeTold() : Pairs{{u"refused"_qs, {}}};
+        return panel->shouldPrint() ? host->takeTold() : Pairs{{u"refused"_s, {}}};
     }
 
     QVariantMap summary() const { return panel->summaryInfo().value_or(QVariantMap()); }
@@ -109,18 +109,18 @@ void OddPPDTest::optionTextThatIsNoUTF8()
     QFETCH(QByteArray, text);
     const OpenPanel job(PPDText().onOff("KvSpecialTape", "ON", text));
     QVERIFY(job.open());
-    QCOMPARE(job.panel->box(Catalogue::SpecialTape)->text(), u"Special tape (no cutting)"_qs);
-    QCOMPARE(job.summary().value(u"Special tape"_qs), QVariant(u"Yes"_qs));
-    QCOMPARE(job.summary().value(kSummaryDisplayOrder), QVariant(QStringList{u"Special tape"_qs}));
-    QCOMPARE(job.save(), pairsOf("KvSpecialTape", {u"ON"_qs}));
+    QCOMPARE(job.panel->box(Catalogue::SpecialTape)->text(), u"Special tape (no cutting)"_s);
+    QCOMPARE(job.summary().value(u"Special tape"_s), QVariant(u"Yes"_s));
+    QCOMPARE(job.summary().value(kSummaryDisplayOrder), QVariant(QStringList{u"Special tape"_s}));
+    QCOMPARE(job.save(), pairsOf("KvSpecialTape", {u"ON"_s}));
 }
 
 void OddPPDTest::readableOptionTextIsShown()
 {
     const OpenPanel job(PPDText().onOff("KvSpecialTape", "ON", "B\xc3\xa4nder"));
     QVERIFY(job.open());
-    QCOMPARE(job.panel->box(Catalogue::SpecialTape)->text(), u"Bänder"_qs);
-    QCOMPARE(job.summary().value(u"Bänder"_qs), QVariant(u"Yes"_qs));
+    QCOMPARE(job.panel->box(Catalogue::SpecialTape)->text(), u"Bänder"_s);
+    QCOMPARE(job.summary().value(u"Bänder"_s), QVariant(u"Yes"_s));
 }
 
 void OddPPDTest::choiceTextThatIsNoUTF8()
@@ -128,15 +128,15 @@ void OddPPDTest::choiceTextThatIsNoUTF8()
     const OpenPanel job(
         PPDText().option("KvSpecialTape", {"OFF/\xff", "ON/\xe4n", "AUTO/\xe4uto"}, "ON"));
     QVERIFY(job.open());
-    QCOMPARE(job.click(Catalogue::SpecialTape), pairsOf("KvSpecialTape", {u"OFF"_qs}));
-    QCOMPARE(job.host->marked("KvSpecialTape"), u"OFF"_qs);
-    QCOMPARE(job.summary().value(u"KvSpecialTape"_qs), QVariant(u"No"_qs));
+    QCOMPARE(job.click(Catalogue::SpecialTape), pairsOf("KvSpecialTape", {u"OFF"_s}));
+    QCOMPARE(job.host->marked("KvSpecialTape"), u"OFF"_s);
+    QCOMPARE(job.summary().value(u"KvSpecialTape"_s), QVariant(u"No"_s));
 
-    job.host->willChangePPDOptionKeyValue(u"KvSpecialTape"_qs, u"AUTO"_qs);
-    QCOMPARE(job.panel->selection(Catalogue::SpecialTape)->ppdTitle(), u"AUTO"_qs);
-    const QVariant line = job.summary().value(u"KvSpecialTape"_qs);
+    job.host->willChangePPDOptionKeyValue(u"KvSpecialTape"_s, u"AUTO"_s);
+    QCOMPARE(job.panel->selection(Catalogue::SpecialTape)->ppdTitle(), u"AUTO"_s);
+    const QVariant line = job.summary().value(u"KvSpecialTape"_s);
     QVERIFY(line.isValid());
-    QCOMPARE(line.toString(), u""_qs);
+    QCOMPARE(line.toString(), u""_s);
 }
 
 void OddPPDTest::optionWithoutChoices()
@@ -148,9 +148,9 @@ void OddPPDTest::optionWithoutChoices()
     QVERIFY(!job.panel->box(Catalogue::HalfCut)->isHidden());
     QCOMPARE(job.click(Catalogue::HalfCut), Pairs());
     QVERIFY(!job.panel->selection(Catalogue::HalfCut));
-    QCOMPARE(job.save(), pairsOf("KvCutAtEnd", {u"ON"_qs}));
+    QCOMPARE(job.save(), pairsOf("KvCutAtEnd", {u"ON"_s}));
     QCOMPARE(job.print(), Pairs());
-    QCOMPARE(job.keys(), QStringList({u"KvCutAtEnd"_qs, u"KvHalfCut"_qs}));
+    QCOMPARE(job.keys(), QStringList({u"KvCutAtEnd"_s, u"KvHalfCut"_s}));
     QCOMPARE(job.summary().value(kSummaryDisplayOrder).toStringList().size(), 1);
 }
 
@@ -178,9 +178,9 @@ void OddPPDTest::optionWithoutDefault()
     QCOMPARE(job.print(), Pairs());
     QVERIFY(job.open());
     QCOMPARE(job.panel->box(Catalogue::HalfCut)->isChecked(), false);
-    QCOMPARE(job.host->marked("KvHalfCut"), u"OFF"_qs);
-    QCOMPARE(job.click(Catalogue::HalfCut), pairsOf("KvHalfCut", {u"ON"_qs}));
-    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"ON"_qs}));
+    QCOMPARE(job.host->marked("KvHalfCut"), u"OFF"_s);
+    QCOMPARE(job.click(Catalogue::HalfCut), pairsOf("KvHalfCut", {u"ON"_s}));
+    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"ON"_s}));
 }
 
 void OddPPDTest::countWithoutDefault()
@@ -190,8 +190,8 @@ void OddPPDTest::countWithoutDefault()
     QCOMPARE(job.print(), Pairs());
     QVERIFY(job.open());
     QCOMPARE(job.panel->box(Catalogue::CutEvery)->isChecked(), false);
-    QCOMPARE(job.host->marked("KvCutLabel"), u"3"_qs);
-    QCOMPARE(job.save(), pairsOf("KvCutLabel", {u"3"_qs}));
+    QCOMPARE(job.host->marked("KvCutLabel"), u"3"_s);
+    QCOMPARE(job.save(), pairsOf("KvCutLabel", {u"3"_s}));
 }
 
 void OddPPDTest::defaultThatIsNoChoice()
@@ -202,7 +202,7 @@ void OddPPDTest::defaultThatIsNoChoice()
     QCOMPARE(job.print(), Pairs());
     QVERIFY(job.open());
     QCOMPARE(job.panel->box(Catalogue::HalfCut)->isChecked(), false);
-    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"OFF"_qs}));
+    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"OFF"_s}));
 }
 
 void OddPPDTest::optionWithOneChoice()
@@ -210,17 +210,17 @@ void OddPPDTest::optionWithOneChoice()
     const OpenPanel job(PPDText().option("KvHalfCut", {"OFF/Off"}, "OFF"));
     QVERIFY(job.open());
     QCOMPARE(job.click(Catalogue::HalfCut), Pairs());
-    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"OFF"_qs}));
-    QCOMPARE(job.host->marked("KvHalfCut"), u"OFF"_qs);
+    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"OFF"_s}));
+    QCOMPARE(job.host->marked("KvHalfCut"), u"OFF"_s);
 }
 
 void OddPPDTest::optionWithTwoChoicesOfOneKeyword()
 {
     const OpenPanel job(PPDText().option("KvHalfCut", {"OFF/Off", "ON/First", "ON/Second"}, "OFF"));
     QVERIFY(job.open());
-    QCOMPARE(job.click(Catalogue::HalfCut), pairsOf("KvHalfCut", {u"ON"_qs}));
-    QCOMPARE(job.panel->selection(Catalogue::HalfCut)->userTitle(), u"First"_qs);
-    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"ON"_qs}));
+    QCOMPARE(job.click(Catalogue::HalfCut), pairsOf("KvHalfCut", {u"ON"_s}));
+    QCOMPARE(job.panel->selection(Catalogue::HalfCut)->userTitle(), u"First"_s);
+    QCOMPARE(job.save(), pairsOf("KvHalfCut", {u"ON"_s}));
 }
 
 void OddPPDTest::emptyPPD()

@@ -76,12 +76,12 @@ QStringList placesOf(const QWidget *nib)
     QStringList places;
     for (const QWidget *control : nib->findChildren<QWidget *>()) {
         const QRect place = control->geometry();
-        places.append(u"%1 at %2, %3: %4 by %5%6"_qs.arg(control->objectName())
+        places.append(u"%1 at %2, %3: %4 by %5%6"_s.arg(control->objectName())
                           .arg(place.x())
                           .arg(place.y())
                           .arg(place.width())
                           .arg(place.height())
-                          .arg(control->isHidden() ? u", hidden"_qs : QString()));
+                          .arg(control->isHidden() ? u", hidden"_s : QString()));
     }
     return places;
 }
@@ -139,9 +139,9 @@ void PanelViewTest::loadsTheNibOnce()
     QVERIFY(!dialog.panel->kPDEView);
     QWidget *view = dialog.panel->panelView();
     QVERIFY(view);
-    QCOMPARE(view->objectName(), u"kPDEView"_qs);
+    QCOMPARE(view->objectName(), u"kPDEView"_s);
     QCOMPARE(dialog.panel->panelView(), view);
-    QCOMPARE(dialog.panel->calls, QStringList{u"awakeFromNib"_qs});
+    QCOMPARE(dialog.panel->calls, QStringList{u"awakeFromNib"_s});
 }
 
 void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
@@ -152,7 +152,7 @@ void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
     const QStringList asked = host->calls;
     const QWidget *view = panel->panelView();
     QVERIFY(view);
-    const auto nib = NibLoader::load(bundle->pathForResource(u"OptionPDE"_qs, u"ui"_qs));
+    const auto nib = NibLoader::load(bundle->pathForResource(u"OptionPDE"_s, u"ui"_s));
     QVERIFY(nib);
     QCOMPARE(view->size(), nib->size());
     QVERIFY(placesOf(view).size() > 9);
@@ -163,11 +163,11 @@ void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
 void PanelViewTest::pipeIsNoNib()
 {
     const QTemporaryDir folder;
-    const QString pipe = folder.filePath(u"Pipe.ui"_qs);
+    const QString pipe = folder.filePath(u"Pipe.ui"_s);
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     QString error;
     QVERIFY(!NibLoader::load(pipe, &error));
-    QCOMPARE(error, u"Pipe.ui: is a pipe"_qs);
+    QCOMPARE(error, u"Pipe.ui: is a pipe"_s);
 }
 
 void PanelViewTest::viewGoesWithThePanel()
@@ -210,8 +210,8 @@ void PanelViewTest::damagedNibMakesNoView()
     dialog.panel->calls.clear();
     dialog.panel->willShow();
     QCOMPARE(dialog.panel->calls,
-             QStringList({u"initSetTitleTexts"_qs, u"initUI"_qs, u"setPDEItems"_qs}));
-    QCOMPARE(dialog.panel->panelName(), u"Cut Options"_qs);
+             QStringList({u"initSetTitleTexts"_s, u"initUI"_s, u"setPDEItems"_s}));
+    QCOMPARE(dialog.panel->panelName(), u"Cut Options"_s);
 }
 
 void PanelViewTest::panelWithoutViewStillSaves_data()
@@ -241,10 +241,10 @@ void PanelViewTest::panelWithoutViewStillSaves()
     for (const Pair &pair : host->takeTold()) {
         told.append(pair.first + u'=' + pair.second);
     }
-    QCOMPARE(told, QStringList({u"KvCutLabel=1"_qs, u"KvCutAtEnd=OFF"_qs, u"KvMirror=OFF"_qs,
-                                u"KvAutoTapeCut=OFF"_qs, u"KvHalfCut=OFF"_qs,
-                                u"KvChainPrint=OFF"_qs, u"KvSpecialTape=OFF"_qs,
-                                u"KvRemoveBlkSpace=OFF"_qs, u"KvCutMark=OFF"_qs}));
+    QCOMPARE(told,
+             QStringList({u"KvCutLabel=1"_s, u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s,
+                          u"KvAutoTapeCut=OFF"_s, u"KvHalfCut=OFF"_s, u"KvChainPrint=OFF"_s,
+                          u"KvSpecialTape=OFF"_s, u"KvRemoveBlkSpace=OFF"_s, u"KvCutMark=OFF"_s}));
     panel.setViewFrameSize({300, viewHeight});
     QCOMPARE(panel.restoreValuesAndReturnError(nullptr), true);
 }
@@ -257,7 +257,7 @@ void PanelViewTest::viewMayBeInsideAnotherWidget()
     Dialog dialog(copy.open());
     const QPointer<QWidget> view = dialog.panel->panelView();
     QVERIFY(view);
-    QCOMPARE(view->objectName(), u"kPDEView"_qs);
+    QCOMPARE(view->objectName(), u"kPDEView"_s);
     const QPointer<QWidget> outer = view->parentWidget();
     QVERIFY(outer);
     dialog.panel.reset();
@@ -319,7 +319,7 @@ void PanelViewTest::windowTooSmallIsToldOnceItHasGrown()
                                                          &other);
     QCOMPARE(dialog.host->resizes, 0);
     dialog.window.resize(400, 600);
-    QTRY_COMPARE(dialog.host->resizes, 1);
+    QVERIFY(QTest::qWaitFor([&] { return dialog.host->resizes == 1; }));
     dialog.window.resize(400, 700);
     dialog.view->move(0, 10);
     QCoreApplication::processEvents();
@@ -342,7 +342,7 @@ void PanelViewTest::manyResizesAreToldOnceWhenTheWindowHasGrown()
 void PanelViewTest::resizeWithoutAnActiveWindowIsNotTold()
 {
     OpenDialog dialog;
-    QTRY_VERIFY(!QApplication::activeWindow());
+    QVERIFY(QTest::qWaitFor([] { return !QApplication::activeWindow(); }));
     dialog.panel->setViewFrameSize({320, viewHeight});
     QCOMPARE(dialog.view->size(), QSize(320, viewHeight));
     QCOMPARE(dialog.host->resizes, 0);

@@ -70,9 +70,9 @@ std::unique_ptr<PDEPlugIn> PlugInTest::plugIn() const
 
 void PlugInTest::bundleNamesThePlugIn()
 {
-    QCOMPARE(mBundle->principalClass(), u"KVMQRVOptionsPlugIn13_v400_"_qs);
+    QCOMPARE(mBundle->principalClass(), u"KVMQRVOptionsPlugIn13_v400_"_s);
     QVERIFY(factory().makePlugIn(mBundle->principalClass()));
-    QVERIFY(!factory().makePlugIn(u"kvmqrvoptionsplugin13_v400_"_qs));
+    QVERIFY(!factory().makePlugIn(u"kvmqrvoptionsplugin13_v400_"_s));
     QVERIFY(!factory().makePlugIn(QString()));
 }
 
@@ -85,8 +85,7 @@ void PlugInTest::agreesToBeUsed()
 void PlugInTest::offersOnePanelToThePrinterModule()
 {
     const auto host = makeHost();
-    const auto panels =
-        plugIn()->PDEPanelsForType(u"BDB091F4-E57F-11D3-B5CC-0050E4603277"_qs, host);
+    const auto panels = plugIn()->PDEPanelsForType(u"BDB091F4-E57F-11D3-B5CC-0050E4603277"_s, host);
     QVERIFY(panels);
     QCOMPARE(panels->size(), std::size_t(1));
     QVERIFY(panels->front());
@@ -97,10 +96,10 @@ void PlugInTest::panelIsTheCutOptionPanelOfTheBundle()
     const auto panels = plugIn()->PDEPanelsForType(kPrinterModuleDialogType, makeHost());
     QVERIFY(panels && panels->size() == 1);
     PDEPanel &panel = *panels->front();
-    QCOMPARE(panel.panelName(), u"Cut Options"_qs);
-    QCOMPARE(panel.panelKind(), u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_qs);
+    QCOMPARE(panel.panelName(), u"Cut Options"_s);
+    QCOMPARE(panel.panelKind(), u"jp.co.vendor.printer.cups.pde.OptionPDEKind"_s);
     QVERIFY(panel.panelView());
-    QCOMPARE(panel.panelView()->objectName(), u"kPDEView"_qs);
+    QCOMPARE(panel.panelView()->objectName(), u"kPDEView"_s);
 }
 
 void PlugInTest::handsTheCallbackToThePanel()
@@ -110,8 +109,8 @@ void PlugInTest::handsTheCallbackToThePanel()
     QVERIFY(panels && panels->size() == 1);
     const QStringList *keys = panels->front()->supportedPPDOptionKeys();
     QVERIFY(keys);
-    QCOMPARE(*keys, QStringList{u"KvMirror"_qs});
-    QCOMPARE(host->takeTold(), (QList<Pair>{{u"KvMirror"_qs, u"ON"_qs}}));
+    QCOMPARE(*keys, QStringList{u"KvMirror"_s});
+    QCOMPARE(host->takeTold(), (QList<Pair>{{u"KvMirror"_s, u"ON"_s}}));
 }
 
 void PlugInTest::offersNoPanelToOtherDialogs_data()
@@ -119,13 +118,13 @@ void PlugInTest::offersNoPanelToOtherDialogs_data()
     QTest::addColumn<QString>("type");
 
     QTest::newRow("none") << QString();
-    QTest::newRow("empty") << u""_qs;
-    QTest::newRow("another dialog") << u"B9A0DA98-E57F-11D3-9E83-0050E4603277"_qs;
-    QTest::newRow("small letters") << u"bdb091f4-e57f-11d3-b5cc-0050e4603277"_qs;
-    QTest::newRow("start alone") << u"BDB091F4-E57F-11D3-B5CC-0050E460327"_qs;
-    QTest::newRow("and more") << u"BDB091F4-E57F-11D3-B5CC-0050E46032777"_qs;
-    QTest::newRow("and a space") << u"BDB091F4-E57F-11D3-B5CC-0050E4603277 "_qs;
-    QTest::newRow("in braces") << u"{BDB091F4-E57F-11D3-B5CC-0050E4603277}"_qs;
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("another dialog") << u"B9A0DA98-E57F-11D3-9E83-0050E4603277"_s;
+    QTest::newRow("small letters") << u"bdb091f4-e57f-11d3-b5cc-0050e4603277"_s;
+    QTest::newRow("start alone") << u"BDB091F4-E57F-11D3-B5CC-0050E460327"_s;
+    QTest::newRow("and more") << u"BDB091F4-E57F-11D3-B5CC-0050E46032777"_s;
+    QTest::newRow("and a space") << u"BDB091F4-E57F-11D3-B5CC-0050E4603277 "_s;
+    QTest::newRow("in braces") << u"{BDB091F4-E57F-11D3-B5CC-0050E4603277}"_s;
 }
 
 void PlugInTest::offersNoPanelToOtherDialogs()
@@ -142,7 +141,7 @@ void PlugInTest::offersNoPanelToOtherDialogs()
 void PlugInTest::panelThatCannotBeBuiltGivesNoList()
 {
     QVERIFY(!plugIn()->PDEPanelsForType(kPrinterModuleDialogType, nullptr));
-    QVERIFY(plugIn()->PDEPanelsForType(u"another"_qs, nullptr));
+    QVERIFY(plugIn()->PDEPanelsForType(u"another"_s, nullptr));
 }
 
 void PlugInTest::bundleThatIsGoneGivesNoList()
@@ -192,7 +191,7 @@ void PlugInTest::dialogMayKeepThePanelsLonger()
     const QPointer<QWidget> view = panels->front()->panelView();
     principal.reset();
     QVERIFY(view);
-    QCOMPARE(panels->front()->panelName(), u"Cut Options"_qs);
+    QCOMPARE(panels->front()->panelName(), u"Cut Options"_s);
     panels.reset();
     QVERIFY(!view);
     QCOMPARE(host.use_count(), 1L);
@@ -226,18 +225,18 @@ void PlugInTest::runsOnSystemsFrom105_data()
 
     const QByteArray runs = "yes yes loads\n";
     const QByteArray declines = "no no declines\n";
-    const QString newer = u"13.0.0"_qs;
-    const QString older = u"10.4.0"_qs;
-    QTest::newRow("10.4.0") << u"10.4.0"_qs << newer << declines;
-    QTest::newRow("10.4.11") << u"10.4.11"_qs << newer << declines;
-    QTest::newRow("10.5.0") << u"10.5.0"_qs << older << runs;
-    QTest::newRow("10.10.0") << u"10.10.0"_qs << older << runs;
-    QTest::newRow("11.0.0") << u"11.0.0"_qs << older << runs;
-    QTest::newRow("11.4.9") << u"11.4.9"_qs << u"none"_qs << runs;
-    QTest::newRow("13.0.0") << u"13.0.0"_qs << older << runs;
-    QTest::newRow("9.9.0") << u"9.9.0"_qs << newer << declines;
-    QTest::newRow("9.11.9") << u"9.11.9"_qs << newer << declines;
-    QTest::newRow("query that fails") << u"none"_qs << newer << declines;
+    const QString newer = u"13.0.0"_s;
+    const QString older = u"10.4.0"_s;
+    QTest::newRow("10.4.0") << u"10.4.0"_s << newer << declines;
+    QTest::newRow("10.4.11") << u"10.4.11"_s << newer << declines;
+    QTest::newRow("10.5.0") << u"10.5.0"_s << older << runs;
+    QTest::newRow("10.10.0") << u"10.10.0"_s << older << runs;
+    QTest::newRow("11.0.0") << u"11.0.0"_s << older << runs;
+    QTest::newRow("11.4.9") << u"11.4.9"_s << u"none"_s << runs;
+    QTest::newRow("13.0.0") << u"13.0.0"_s << older << runs;
+    QTest::newRow("9.9.0") << u"9.9.0"_s << newer << declines;
+    QTest::newRow("9.11.9") << u"9.11.9"_s << newer << declines;
+    QTest::newRow("query that fails") << u"none"_s << newer << declines;
 }
 
 void PlugInTest::runsOnSystemsFrom105()

@@ -98,20 +98,20 @@ void TapeInfoTest::jobWithoutAnyTraceOfItsMedium()
 void TapeInfoTest::paperOfNoHeightEndsTheLookup()
 {
     TestHost host(ppdWithSizes({"C_62"}));
-    host.setTicket({{colorKey, u"MultiColorBlackRed"_qs}, {paperKey, u"DC24"_qs}});
-    host.setPaper(u"C_62"_qs, 0.0);
+    host.setTicket({{colorKey, u"MultiColorBlackRed"_s}, {paperKey, u"DC24"_s}});
+    host.setPaper(u"C_62"_s, 0.0);
     TapeInfo info = infoOf(host);
     QCOMPARE(info.length, 100.0);
     QCOMPARE(info.tapeState, 0);
     QCOMPARE(info.colorSetting, 0);
-    QCOMPARE(info.paperName, u"C_62"_qs);
+    QCOMPARE(info.paperName, u"C_62"_s);
 
     host.setPaper(QString(), 0.0);
     info = infoOf(host);
     QCOMPARE(info.length, 100.0);
     QCOMPARE(info.tapeState, 0);
     QCOMPARE(info.colorSetting, 0);
-    QCOMPARE(info.paperName, u"DC24"_qs);
+    QCOMPARE(info.paperName, u"DC24"_s);
 }
 
 void TapeInfoTest::lengthIsInMillimetres_data()
@@ -130,7 +130,7 @@ void TapeInfoTest::lengthIsInMillimetres()
     QFETCH(double, points);
     QFETCH(double, millimetres);
     TestHost host(ppdWithSizes({"C_62"}));
-    host.setPaper(u"C_62"_qs, points);
+    host.setPaper(u"C_62"_s, points);
     const double length = infoOf(host).length;
     QVERIFY2(length == millimetres, qPrintable(QString::number(length, 'g', 17)));
 }
@@ -181,9 +181,9 @@ void TapeInfoTest::customSizeOfThePrinter()
                       .attribute("VariablePaperSize", "True")
                       .attribute("CustomPageSize True", "pop")
                       .open());
-    host.setPaper(u"Custom"_qs);
+    host.setPaper(u"Custom"_s);
     QCOMPARE(infoOf(host).tapeState, 2);
-    host.setPaper(u"A4"_qs);
+    host.setPaper(u"A4"_s);
     QCOMPARE(infoOf(host).tapeState, 0);
 }
 
@@ -191,12 +191,12 @@ void TapeInfoTest::sizesOfOtherNamesAreStandard_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("unknown") << u"DC99"_qs;
-    QTest::newRow("other case") << u"Dc24"_qs;
-    QTest::newRow("listed one and more") << u"DC24x"_qs;
-    QTest::newRow("start of a listed one") << u"DC2"_qs;
-    QTest::newRow("Custom") << u"Custom.1x1"_qs;
-    QTest::newRow("longest listed one and more") << u"DC"_qs + QString(39, u'9');
+    QTest::newRow("unknown") << u"DC99"_s;
+    QTest::newRow("other case") << u"Dc24"_s;
+    QTest::newRow("listed one and more") << u"DC24x"_s;
+    QTest::newRow("start of a listed one") << u"DC2"_s;
+    QTest::newRow("Custom") << u"Custom.1x1"_s;
+    QTest::newRow("longest listed one and more") << u"DC"_s + QString(39, u'9');
 }
 
 void TapeInfoTest::sizesOfOtherNamesAreStandard()
@@ -212,7 +212,7 @@ void TapeInfoTest::sizesOfOtherNamesAreStandard()
 void TapeInfoTest::jobWithoutPPDHasNoListedSizes()
 {
     TestHost host(nullptr);
-    host.setPaper(u"DC24"_qs, 72.0);
+    host.setPaper(u"DC24"_s, 72.0);
     const TapeInfo info = infoOf(host);
     QCOMPARE(info.tapeState, 0);
     QCOMPARE(info.length, 1.0 / 0.0393701);
@@ -221,11 +221,11 @@ void TapeInfoTest::jobWithoutPPDHasNoListedSizes()
 void TapeInfoTest::emptyNameIsACustomSize()
 {
     TestHost host(ppdWithSizes({"DC24"}));
-    host.setTicket({{paperKey, u"DC24"_qs}});
-    host.setPaper(u""_qs);
+    host.setTicket({{paperKey, u"DC24"_s}});
+    host.setPaper(u""_s);
     const TapeInfo info = infoOf(host);
     QCOMPARE(info.tapeState, 2);
-    QCOMPARE(info.paperName, u""_qs);
+    QCOMPARE(info.paperName, u""_s);
     QVERIFY(!info.paperName.isNull());
 }
 
@@ -233,7 +233,7 @@ void TapeInfoTest::nameFromTheTicketIsACustomSize()
 {
     TestHost host(ppdWithSizes({"DC24", "W62H100"}));
     host.setPaper(QString());
-    for (const QString &name : {u"DC24"_qs, u"W62H100"_qs, u"HS12"_qs}) {
+    for (const QString &name : {u"DC24"_s, u"W62H100"_s, u"HS12"_s}) {
         host.setTicket({{paperKey, name}});
         const TapeInfo info = infoOf(host);
         QCOMPARE(info.paperName, name);
@@ -244,10 +244,10 @@ void TapeInfoTest::nameFromTheTicketIsACustomSize()
 void TapeInfoTest::ownNameGoesBeforeTheTickets()
 {
     TestHost host(ppdWithSizes({"DC24", "W62H100"}));
-    host.setPaper(u"W62H100"_qs);
-    host.setTicket({{paperKey, u"DC24"_qs}});
+    host.setPaper(u"W62H100"_s);
+    host.setTicket({{paperKey, u"DC24"_s}});
     const TapeInfo info = infoOf(host);
-    QCOMPARE(info.paperName, u"W62H100"_qs);
+    QCOMPARE(info.paperName, u"W62H100"_s);
     QCOMPARE(info.tapeState, 0);
 }
 
@@ -260,11 +260,11 @@ void TapeInfoTest::longNames_data()
     const auto row = [](const char *title, const QString &name, qint32 state, qsizetype length) {
         QTest::newRow(title) << name << state << length;
     };
-    row("255 bytes", u"FL"_qs + QString(253, u'1'), 0, 255);
-    row("256 bytes", u"FL"_qs + QString(254, u'1'), 2, 0);
-    row("300 bytes", u"FL"_qs + QString(298, u'1'), 2, 0);
-    row("a million bytes", u"FL"_qs + QString(999'998, u'1'), 2, 0);
-    row("255 bytes in 128 characters", u"F"_qs + QString(127, u'é'), 0, 255);
+    row("255 bytes", u"FL"_s + QString(253, u'1'), 0, 255);
+    row("256 bytes", u"FL"_s + QString(254, u'1'), 2, 0);
+    row("300 bytes", u"FL"_s + QString(298, u'1'), 2, 0);
+    row("a million bytes", u"FL"_s + QString(999'998, u'1'), 2, 0);
+    row("255 bytes in 128 characters", u"F"_s + QString(127, u'é'), 0, 255);
     row("256 bytes in 128 characters", QString(128, u'é'), 2, 0);
 }
 
@@ -297,7 +297,7 @@ void TapeInfoTest::pageFormatThatIsMissing()
 void TapeInfoTest::pageFormatWithoutPaper()
 {
     TestHost host(ppdWithSizes({"DC24"}));
-    host.setTicket({{colorKey, u"MultiColorBlackRed"_qs}, {paperKey, u"DC24"_qs}});
+    host.setTicket({{colorKey, u"MultiColorBlackRed"_s}, {paperKey, u"DC24"_s}});
     host.format = PageFormat();
     const TapeInfo info = infoOf(host);
     QCOMPARE(info.length, 100.0);
@@ -320,10 +320,10 @@ void TapeInfoTest::paperOfImpossibleHeight()
 {
     QFETCH(double, height);
     TestHost host(ppdWithSizes({"DC24"}));
-    host.setPaper(u"DC24"_qs, height);
+    host.setPaper(u"DC24"_s, height);
     TapeInfo info;
     QCOMPARE(lookUp(host, &info), kPMInvalidPaper);
-    QCOMPARE(info.paperName, u"DC24"_qs);
+    QCOMPARE(info.paperName, u"DC24"_s);
     QCOMPARE(info.length, 100.0);
     QCOMPARE(info.tapeState, 0);
     QCOMPARE(info.colorSetting, 0);

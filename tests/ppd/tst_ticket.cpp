@@ -64,14 +64,14 @@ void TicketTest::readsTheColours_data()
     QTest::addColumn<QString>("mode");
     QTest::addColumn<qint32>("setting");
 
-    QTest::newRow("monochrome") << u"MultiColorMonochrome"_qs << 0;
-    QTest::newRow("black and red") << u"MultiColorBlackRed"_qs << 1;
-    QTest::newRow("monochrome among other words") << u"x.MultiColorMonochrome.y"_qs << 0;
-    QTest::newRow("both") << u"MultiColorBlackRed MultiColorMonochrome"_qs << 1;
-    QTest::newRow("both, the other way round") << u"MultiColorMonochromeMultiColorBlackRed"_qs << 1;
-    QTest::newRow("other case") << u"multicolormonochrome"_qs << 2;
-    QTest::newRow("part of a word") << u"MultiColorBlack"_qs << 2;
-    QTest::newRow("empty") << u""_qs << 2;
+    QTest::newRow("monochrome") << u"MultiColorMonochrome"_s << 0;
+    QTest::newRow("black and red") << u"MultiColorBlackRed"_s << 1;
+    QTest::newRow("monochrome among other words") << u"x.MultiColorMonochrome.y"_s << 0;
+    QTest::newRow("both") << u"MultiColorBlackRed MultiColorMonochrome"_s << 1;
+    QTest::newRow("both, the other way round") << u"MultiColorMonochromeMultiColorBlackRed"_s << 1;
+    QTest::newRow("other case") << u"multicolormonochrome"_s << 2;
+    QTest::newRow("part of a word") << u"MultiColorBlack"_s << 2;
+    QTest::newRow("empty") << u""_s << 2;
 }
 
 void TicketTest::readsTheColours()
@@ -80,18 +80,18 @@ void TicketTest::readsTheColours()
     QFETCH(qint32, setting);
     TestHost host(tapePrinter());
     host.setTicket({{colorKey, mode}});
-    host.setPaper(u"DC24"_qs);
+    host.setPaper(u"DC24"_s);
     QCOMPARE(infoOf(host).colorSetting, setting);
     TapeInfo info = garbage();
     QCOMPARE(GetColorSetting(nullptr, host.printSettings(), &info), noErr);
     QCOMPARE(info.colorSetting, setting);
-    QCOMPARE(info.paperName, u"garbage"_qs);
+    QCOMPARE(info.paperName, u"garbage"_s);
 }
 
 void TicketTest::paperNameLookupForgetsTheNameBefore()
 {
     TestHost host(nullptr);
-    host.setTicket({{colorKey, u"MultiColorBlackRed"_qs}});
+    host.setTicket({{colorKey, u"MultiColorBlackRed"_s}});
     TapeInfo info = garbage();
     QCOMPARE(GetTapeInfo2(nullptr, host.printSettings(), &info), noErr);
     QVERIFY(info.paperName.isNull());
@@ -103,15 +103,15 @@ void TicketTest::ticketThatCannotBeRead_data()
 {
     QTest::addColumn<QVariant>("ticket");
 
-    const QByteArray whole = PropertyList::write(
-        QVariantMap{{paperKey, u"DC24"_qs}, {colorKey, u"MultiColorBlackRed"_qs}},
-        PropertyList::Format::XML);
+    const QByteArray whole =
+        PropertyList::write(QVariantMap{{paperKey, u"DC24"_s}, {colorKey, u"MultiColorBlackRed"_s}},
+                            PropertyList::Format::XML);
     const QByteArray list =
-        PropertyList::write(QVariantList{paperKey, u"DC24"_qs}, PropertyList::Format::XML);
+        PropertyList::write(QVariantList{paperKey, u"DC24"_s}, PropertyList::Format::XML);
     QTest::newRow("none") << QVariant();
     QTest::newRow("text instead of data") << QVariant(QString::fromUtf8(whole));
     QTest::newRow("number instead of data") << QVariant(62);
-    QTest::newRow("dictionary instead of data") << QVariant(QVariantMap{{paperKey, u"DC24"_qs}});
+    QTest::newRow("dictionary instead of data") << QVariant(QVariantMap{{paperKey, u"DC24"_s}});
     QTest::newRow("no bytes") << QVariant(QByteArray(""));
     QTest::newRow("no property list") << QVariant(QByteArray("MqPaperName2=DC24"));
     QTest::newRow("cut off") << QVariant(whole.left(whole.size() / 2));
@@ -139,8 +139,8 @@ void TicketTest::ticketEntriesOfOtherTypes_data()
     QTest::newRow("number") << QVariant(62);
     QTest::newRow("truth value") << QVariant(true);
     QTest::newRow("data") << QVariant(QByteArray("MultiColorBlackRed"));
-    QTest::newRow("list") << QVariant(QVariantList{u"MultiColorBlackRed"_qs});
-    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"a"_qs, u"MultiColorBlackRed"_qs}});
+    QTest::newRow("list") << QVariant(QVariantList{u"MultiColorBlackRed"_s});
+    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"a"_s, u"MultiColorBlackRed"_s}});
 }
 
 void TicketTest::ticketEntriesOfOtherTypes()
@@ -159,14 +159,14 @@ void TicketTest::oneBadTicketEntryLeavesTheOther()
 {
     TestHost host(tapePrinter());
     host.setPaper(QString());
-    host.setTicket({{paperKey, 62}, {colorKey, u"MultiColorBlackRed"_qs}});
+    host.setTicket({{paperKey, 62}, {colorKey, u"MultiColorBlackRed"_s}});
     TapeInfo info = infoOf(host);
     QVERIFY(info.paperName.isNull());
     QCOMPARE(info.colorSetting, 1);
 
-    host.setTicket({{paperKey, u"DC24"_qs}, {colorKey, 0}});
+    host.setTicket({{paperKey, u"DC24"_s}, {colorKey, 0}});
     info = infoOf(host);
-    QCOMPARE(info.paperName, u"DC24"_qs);
+    QCOMPARE(info.paperName, u"DC24"_s);
     QCOMPARE(info.colorSetting, 2);
 }
 
@@ -189,9 +189,9 @@ void TicketTest::readsNumbersOfTheSession()
 {
     QFETCH(QVariant, value);
     PrintSession session;
-    session.setValue(u"key"_qs, value);
+    session.setValue(u"key"_s, value);
     qint32 number = 77;
-    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), noErr);
+    QCOMPARE(GetTicketFromSession(&session, u"key"_s, &number), noErr);
     QTEST(number, "number");
 }
 
@@ -199,30 +199,30 @@ void TicketTest::sessionValueThatIsNoNumber_data()
 {
     QTest::addColumn<QVariant>("value");
 
-    QTest::newRow("text") << QVariant(u"62"_qs);
-    QTest::newRow("empty text") << QVariant(u""_qs);
+    QTest::newRow("text") << QVariant(u"62"_s);
+    QTest::newRow("empty text") << QVariant(u""_s);
     QTest::newRow("data") << QVariant(QByteArray("62"));
     QTest::newRow("list") << QVariant(QVariantList{62});
-    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"key"_qs, 62}});
+    QTest::newRow("dictionary") << QVariant(QVariantMap{{u"key"_s, 62}});
 }
 
 void TicketTest::sessionValueThatIsNoNumber()
 {
     QFETCH(QVariant, value);
     PrintSession session;
-    session.setValue(u"key"_qs, value);
+    session.setValue(u"key"_s, value);
     qint32 number = 77;
-    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), noErr);
+    QCOMPARE(GetTicketFromSession(&session, u"key"_s, &number), noErr);
     QCOMPARE(number, 77);
 }
 
 void TicketTest::sessionWithoutTheNumber()
 {
     PrintSession session;
-    session.setValue(u"other"_qs, 62);
+    session.setValue(u"other"_s, 62);
     qint32 number = 77;
-    QCOMPARE(GetTicketFromSession(&session, u"key"_qs, &number), -30891);
-    QCOMPARE(GetTicketFromSession(nullptr, u"other"_qs, &number), -30891);
+    QCOMPARE(GetTicketFromSession(&session, u"key"_s, &number), -30891);
+    QCOMPARE(GetTicketFromSession(nullptr, u"other"_s, &number), -30891);
     QCOMPARE(number, 77);
 }
 
@@ -250,17 +250,17 @@ void TicketTest::writesThePageRangeBack()
 
 void TicketTest::unreadableFirstPageLeavesTheLast()
 {
-    PrintSettings settings({{firstPageKey, u"three"_qs}, {lastPageKey, 7}});
+    PrintSettings settings({{firstPageKey, u"three"_s}, {lastPageKey, 7}});
     PageRangeInfo range{77, 77};
     QCOMPARE(GetTapeInfo3(&settings, &range), noErr);
     QCOMPARE(range.firstPage, 0U);
     QCOMPARE(range.lastPage, 7U);
-    QCOMPARE(settings.value(firstPageKey), QVariant(u"three"_qs));
+    QCOMPARE(settings.value(firstPageKey), QVariant(u"three"_s));
 }
 
 void TicketTest::unreadableLastPageIsReported()
 {
-    PrintSettings settings({{firstPageKey, 3}, {lastPageKey, u"seven"_qs}});
+    PrintSettings settings({{firstPageKey, 3}, {lastPageKey, u"seven"_s}});
     PageRangeInfo range{77, 77};
     QCOMPARE(GetTapeInfo3(&settings, &range), kPMInvalidValue);
     QCOMPARE(range.firstPage, 3U);

@@ -106,17 +106,17 @@ void UtilsTest::measuresTextInBytes_data()
         QTest::newRow(name) << QByteArray(encoding) << text << length;
     };
     row("none", "UTF-8", QString(), 0);
-    row("empty", "UTF-8", u""_qs, 0);
-    row("letters", "UTF-8", u"Tape"_qs, 4);
-    row("accents", "UTF-8", u"Größe"_qs, 7);
-    row("accents in one byte each", "ISO-8859-1", u"Größe"_qs, 5);
-    row("kana in two bytes each", "Shift_JIS", u"テープ"_qs, 6);
-    row("kana in three bytes each", "UTF-8", u"テープ"_qs, 9);
-    row("beyond 16 bits", "UTF-8", u"\U0001F600"_qs, 4);
-    row("not in the system encoding, in the next one", "US-ASCII", u"Größe"_qs, 5);
-    row("not in the system encoding, in a later one", "US-ASCII", u"テープ"_qs, 6);
-    row("in no one-byte and no two-byte encoding", "US-ASCII", u"a\U0001F600"_qs, 6);
-    row("unknown system encoding", "no-such-encoding", u"Tape"_qs, 4);
+    row("empty", "UTF-8", u""_s, 0);
+    row("letters", "UTF-8", u"Tape"_s, 4);
+    row("accents", "UTF-8", u"Größe"_s, 7);
+    row("accents in one byte each", "ISO-8859-1", u"Größe"_s, 5);
+    row("kana in two bytes each", "Shift_JIS", u"テープ"_s, 6);
+    row("kana in three bytes each", "UTF-8", u"テープ"_s, 9);
+    row("beyond 16 bits", "UTF-8", u"\U0001F600"_s, 4);
+    row("not in the system encoding, in the next one", "US-ASCII", u"Größe"_s, 5);
+    row("not in the system encoding, in a later one", "US-ASCII", u"テープ"_s, 6);
+    row("in no one-byte and no two-byte encoding", "US-ASCII", u"a\U0001F600"_s, 6);
+    row("unknown system encoding", "no-such-encoding", u"Tape"_s, 4);
     row("in no encoding at all", "UTF-8", QString(QChar(0xd83d)), 0);
 }
 
@@ -134,16 +134,16 @@ void UtilsTest::findsTextToTheLetter_data()
     QTest::addColumn<QString>("part");
     QTest::addColumn<bool>("found");
 
-    QTest::newRow("at the start") << u"KvHalfCut"_qs << u"Kv"_qs << true;
-    QTest::newRow("inside") << u"KvHalfCut"_qs << u"Half"_qs << true;
-    QTest::newRow("at the end") << u"KvHalfCut"_qs << u"Cut"_qs << true;
-    QTest::newRow("the whole") << u"KvHalfCut"_qs << u"KvHalfCut"_qs << true;
-    QTest::newRow("longer") << u"Kv"_qs << u"KvHalfCut"_qs << false;
-    QTest::newRow("other case") << u"HALF"_qs << u"half"_qs << false;
-    QTest::newRow("another accent") << u"Größe"_qs << u"Grösse"_qs << false;
-    QTest::newRow("accent in two characters") << u"\u00e9"_qs << u"e\u0301"_qs << false;
-    QTest::newRow("nothing") << u"Half"_qs << u""_qs << false;
-    QTest::newRow("in nothing") << u""_qs << u"Half"_qs << false;
+    QTest::newRow("at the start") << u"KvHalfCut"_s << u"Kv"_s << true;
+    QTest::newRow("inside") << u"KvHalfCut"_s << u"Half"_s << true;
+    QTest::newRow("at the end") << u"KvHalfCut"_s << u"Cut"_s << true;
+    QTest::newRow("the whole") << u"KvHalfCut"_s << u"KvHalfCut"_s << true;
+    QTest::newRow("longer") << u"Kv"_s << u"KvHalfCut"_s << false;
+    QTest::newRow("other case") << u"HALF"_s << u"half"_s << false;
+    QTest::newRow("another accent") << u"Größe"_s << u"Grösse"_s << false;
+    QTest::newRow("accent in two characters") << u"\u00e9"_s << u"e\u0301"_s << false;
+    QTest::newRow("nothing") << u"Half"_s << u""_s << false;
+    QTest::newRow("in nothing") << u""_s << u"Half"_s << false;
 }
 
 void UtilsTest::findsTextToTheLetter()
@@ -159,13 +159,13 @@ void UtilsTest::deletesTheFirstOccurrence_data()
     QTest::addColumn<QString>("part");
     QTest::addColumn<QString>("rest");
 
-    QTest::newRow("first of two") << u"a-b-c"_qs << u"-"_qs << u"ab-c"_qs;
-    QTest::newRow("overlapping") << u"aaa"_qs << u"aa"_qs << u"a"_qs;
-    QTest::newRow("at the end") << u"12mm"_qs << u"mm"_qs << u"12"_qs;
-    QTest::newRow("the whole") << u"mm"_qs << u"mm"_qs << u""_qs;
-    QTest::newRow("other case") << u"12MM"_qs << u"mm"_qs << QString();
-    QTest::newRow("absent") << u"12"_qs << u"mm"_qs << QString();
-    QTest::newRow("nothing") << u"12"_qs << u""_qs << QString();
+    QTest::newRow("first of two") << u"a-b-c"_s << u"-"_s << u"ab-c"_s;
+    QTest::newRow("overlapping") << u"aaa"_s << u"aa"_s << u"a"_s;
+    QTest::newRow("at the end") << u"12mm"_s << u"mm"_s << u"12"_s;
+    QTest::newRow("the whole") << u"mm"_s << u"mm"_s << u""_s;
+    QTest::newRow("other case") << u"12MM"_s << u"mm"_s << QString();
+    QTest::newRow("absent") << u"12"_s << u"mm"_s << QString();
+    QTest::newRow("nothing") << u"12"_s << u""_s << QString();
 }
 
 void UtilsTest::deletesTheFirstOccurrence()
@@ -188,10 +188,10 @@ void UtilsTest::readsAttributes_data()
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("value");
 
-    QTest::newRow("present") << QByteArray("KvTapeType") << u"RV"_qs;
-    QTest::newRow("first of two") << QByteArray("KvTwice") << u"one"_qs;
+    QTest::newRow("present") << QByteArray("KvTapeType") << u"RV"_s;
+    QTest::newRow("first of two") << QByteArray("KvTwice") << u"one"_s;
     QTest::newRow("absent") << QByteArray("KvNone") << QString();
-    QTest::newRow("accents") << QByteArray("KvName") << u"Größe"_qs;
+    QTest::newRow("accents") << QByteArray("KvName") << u"Größe"_s;
     QTest::newRow("not in the system encoding") << QByteArray("KvBroken") << QString();
 }
 
@@ -230,7 +230,7 @@ void UtilsTest::readsAttributesInTheSystemEncoding()
     const PPDHandle ppd = ppdWithAttribute("Gr\xf6\xdf"
                                            "e");
     SystemEncoding::setName("ISO-8859-1");
-    QCOMPARE(Utils::ppdAttrValStr(ppd.get(), "KvTest"), u"Größe"_qs);
+    QCOMPARE(Utils::ppdAttrValStr(ppd.get(), "KvTest"), u"Größe"_s);
     SystemEncoding::setName("US-ASCII");
     QVERIFY(Utils::ppdAttrValStr(ppd.get(), "KvTest").isNull());
 }
@@ -240,7 +240,7 @@ void UtilsTest::readsOptionTexts()
     const PPDHandle ppd = ppdWithOption({"ON/On"}, "ON",
                                         "Gr\xc3\xb6\xc3\x9f"
                                         "e");
-    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_qs);
+    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_s);
     QVERIFY(Utils::ppdOptionTextStr(ppd.get(), "KvNone").isNull());
 }
 
@@ -251,7 +251,7 @@ void UtilsTest::readsOptionTextsInTheSystemEncoding()
                                         "e");
     QVERIFY(Utils::ppdOptionTextStr(ppd.get(), "KvTest").isNull());
     SystemEncoding::setName("ISO-8859-1");
-    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_qs);
+    QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_s);
 }
 
 void UtilsTest::itemIsSupportedWhenItIsNotHidden_data()
@@ -307,7 +307,7 @@ void UtilsTest::listsChoicesInTheOrderOfThePPD()
     const PPDHandle ppd = ppdWithOption({"3/C", "1/A", "2/B"}, "1");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
     QVERIFY(choices);
-    QCOMPARE(titles(*choices), QStringList({u"3"_qs, u"1"_qs, u"2"_qs}));
+    QCOMPARE(titles(*choices), QStringList({u"3"_s, u"1"_s, u"2"_s}));
     QCOMPARE((*choices)[1]->choice(), option(ppd)->choices + 1);
 }
 
@@ -331,17 +331,17 @@ void UtilsTest::findsAChoiceByKeyword()
 {
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, "OFF");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QCOMPARE(Utils::findChoiceForString(u"ON"_qs, *choices), (*choices)[1].get());
-    QVERIFY(!Utils::findChoiceForString(u"on"_qs, *choices));
-    QVERIFY(!Utils::findChoiceForString(u"On"_qs, *choices));
-    QVERIFY(!Utils::findChoiceForString(u""_qs, *choices));
+    QCOMPARE(Utils::findChoiceForString(u"ON"_s, *choices), (*choices)[1].get());
+    QVERIFY(!Utils::findChoiceForString(u"on"_s, *choices));
+    QVERIFY(!Utils::findChoiceForString(u"On"_s, *choices));
+    QVERIFY(!Utils::findChoiceForString(u""_s, *choices));
 }
 
 void UtilsTest::findsTheFirstOfDuplicateKeywords()
 {
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/First", "ON/Second"}, "OFF");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QCOMPARE(Utils::findChoiceForString(u"ON"_qs, *choices), (*choices)[1].get());
+    QCOMPARE(Utils::findChoiceForString(u"ON"_s, *choices), (*choices)[1].get());
 }
 
 void UtilsTest::findsTheDefaultWhenNoKeywordIsGiven()
@@ -357,13 +357,13 @@ void UtilsTest::optionWithoutDefaultHasNoDefaultChoice()
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, {});
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
     QVERIFY(!Utils::findChoiceForString(QString(), *choices));
-    QCOMPARE(Utils::findChoiceForString(u"OFF"_qs, *choices), (*choices)[0].get());
+    QCOMPARE(Utils::findChoiceForString(u"OFF"_s, *choices), (*choices)[0].get());
 }
 
 void UtilsTest::findsNothingInAnEmptyList()
 {
     QVERIFY(!Utils::findChoiceForString(QString(), {}));
-    QVERIFY(!Utils::findChoiceForString(u"ON"_qs, {}));
+    QVERIFY(!Utils::findChoiceForString(u"ON"_s, {}));
 }
 
 void UtilsTest::titlesAreUTF8WhateverTheSystemEncoding()
@@ -372,8 +372,8 @@ void UtilsTest::titlesAreUTF8WhateverTheSystemEncoding()
     const PPDHandle ppd = ppdWithOption({"ON/\xe3\x81\x82"}, "ON",
                                         "Gr\xc3\xb6\xc3\x9f"
                                         "e");
-    QCOMPARE(Utils::newOptionTitle(option(ppd)), u"Größe"_qs);
-    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u"あ"_qs);
+    QCOMPARE(Utils::newOptionTitle(option(ppd)), u"Größe"_s);
+    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u"あ"_s);
 }
 
 void UtilsTest::emptyTitlesAreNotNull()
@@ -382,9 +382,9 @@ void UtilsTest::emptyTitlesAreNotNull()
     option(ppd)->text[0] = '\0';
     option(ppd)->choices[0].text[0] = '\0';
     QVERIFY(!Utils::newOptionTitle(option(ppd)).isNull());
-    QCOMPARE(Utils::newOptionTitle(option(ppd)), u""_qs);
+    QCOMPARE(Utils::newOptionTitle(option(ppd)), u""_s);
     QVERIFY(!Utils::newChoiceTitle(option(ppd)->choices).isNull());
-    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u""_qs);
+    QCOMPARE(Utils::newChoiceTitle(option(ppd)->choices), u""_s);
 }
 
 void UtilsTest::titlesThatAreNoUTF8AreNull_data()

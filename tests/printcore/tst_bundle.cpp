@@ -13,16 +13,16 @@
 
 namespace {
 /// The key of the library for this Qt.
-const QString ourQt = u"qt%1"_qs.arg(QT_VERSION_MAJOR);
+const QString ourQt = u"qt%1"_s.arg(QT_VERSION_MAJOR);
 
 QJsonObject soundInfo()
 {
-    return {{u"identifier"_qs, u"com.korvane.cut"_qs},
-            {u"version"_qs, u"1.2"_qs},
-            {u"principalClass"_qs, u"CutPanel"_qs},
-            {u"libraries"_qs,
-             QJsonObject{{u"qt5"_qs, u"libcut-qt5.so"_qs}, {u"qt6"_qs, u"libcut-qt6.so"_qs}}},
-            {u"resources"_qs, QJsonArray{u"Cut.ui"_qs, u"tape.png"_qs}}};
+    return {{u"identifier"_s, u"com.korvane.cut"_s},
+            {u"version"_s, u"1.2"_s},
+            {u"principalClass"_s, u"CutPanel"_s},
+            {u"libraries"_s,
+             QJsonObject{{u"qt5"_s, u"libcut-qt5.so"_s}, {u"qt6"_s, u"libcut-qt6.so"_s}}},
+            {u"resources"_s, QJsonArray{u"Cut.ui"_s, u"tape.png"_s}}};
 }
 } // namespace
 
@@ -73,17 +73,17 @@ private Q_SLOTS:
     void survivesTablesCutOffAnywhere();
 
 private: // NOLINT(readability-redundant-access-specifiers): these are no slots
-    QString path() const { return mFolder->filePath(u"Cut.bundle"_qs); }
+    QString path() const { return mFolder->filePath(u"Cut.bundle"_s); }
     QString resource(const QString &name) const
     {
-        return path() + u"/Contents/Resources/"_qs + name;
+        return path() + u"/Contents/Resources/"_s + name;
     }
     void write(const QString &name, const QByteArray &data) const;
-    void writeInfo(const QByteArray &json) const { write(u"Info.json"_qs, json); }
+    void writeInfo(const QByteArray &json) const { write(u"Info.json"_s, json); }
     void writeInfo(const QJsonObject &info) const { writeInfo(QJsonDocument(info).toJson()); }
     void addResource(const QString &name, const QByteArray &data = "data") const
     {
-        write(u"Resources/"_qs + name, data);
+        write(u"Resources/"_s + name, data);
     }
     void addTables() const;
     std::shared_ptr<Bundle> openBundle() const;
@@ -97,22 +97,22 @@ void BundleTest::init()
     qunsetenv("LANGUAGE");
     mFolder = std::make_unique<QTemporaryDir>();
     QVERIFY(mFolder->isValid());
-    QVERIFY(QDir().mkpath(path() + u"/Contents/Resources"_qs));
+    QVERIFY(QDir().mkpath(path() + u"/Contents/Resources"_s));
     writeInfo(soundInfo());
-    addResource(u"Cut.ui"_qs);
-    addResource(u"tape.png"_qs);
+    addResource(u"Cut.ui"_s);
+    addResource(u"tape.png"_s);
 }
 
 void BundleTest::write(const QString &name, const QByteArray &data) const
 {
-    QFile file(path() + u"/Contents/"_qs + name);
+    QFile file(path() + u"/Contents/"_s + name);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(data), data.size());
 }
 
 void BundleTest::addTables() const
 {
-    for (const QString &name : {u"en.qm"_qs, u"de.qm"_qs, u"de_AT.qm"_qs})
+    for (const QString &name : {u"en.qm"_s, u"de.qm"_s, u"de_AT.qm"_s})
         QVERIFY(QFile::copy(QStringLiteral(KV_TABLES "/") + name, resource(name)));
 }
 
@@ -129,37 +129,37 @@ void BundleTest::tellsWhatTheInfoFileSays()
 {
     const auto bundle = openBundle();
     QCOMPARE(bundle->bundlePath(), path());
-    QCOMPARE(bundle->bundleIdentifier(), u"com.korvane.cut"_qs);
-    QCOMPARE(bundle->version(), u"1.2"_qs);
-    QCOMPARE(bundle->principalClass(), u"CutPanel"_qs);
-    QCOMPARE(bundle->libraryPath(), path() + u"/Contents/Linux/libcut-%1.so"_qs.arg(ourQt));
-    QCOMPARE(bundle->resourcePath(), path() + u"/Contents/Resources"_qs);
-    QCOMPARE(bundle->declaredResources(), QStringList({u"Cut.ui"_qs, u"tape.png"_qs}));
+    QCOMPARE(bundle->bundleIdentifier(), u"com.korvane.cut"_s);
+    QCOMPARE(bundle->version(), u"1.2"_s);
+    QCOMPARE(bundle->principalClass(), u"CutPanel"_s);
+    QCOMPARE(bundle->libraryPath(), path() + u"/Contents/Linux/libcut-%1.so"_s.arg(ourQt));
+    QCOMPARE(bundle->resourcePath(), path() + u"/Contents/Resources"_s);
+    QCOMPARE(bundle->declaredResources(), QStringList({u"Cut.ui"_s, u"tape.png"_s}));
 }
 
 void BundleTest::hasTheSamePathHoweverItIsWritten()
 {
-    const auto bundle = Bundle::open(path() + u"/Contents/../"_qs);
+    const auto bundle = Bundle::open(path() + u"/Contents/../"_s);
     QVERIFY(bundle);
     QCOMPARE(bundle->bundlePath(), path());
 }
 
 void BundleTest::isNotOpenedWithoutAnInfoFile()
 {
-    QVERIFY(QFile::remove(path() + u"/Contents/Info.json"_qs));
+    QVERIFY(QFile::remove(path() + u"/Contents/Info.json"_s));
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, path() + u"/Contents/Info.json: is missing"_qs);
+    QCOMPARE(error, path() + u"/Contents/Info.json: is missing"_s);
 }
 
 void BundleTest::isNotOpenedWithAPipeForItsInfoFile()
 {
-    const QString info = path() + u"/Contents/Info.json"_qs;
+    const QString info = path() + u"/Contents/Info.json"_s;
     QVERIFY(QFile::remove(info));
     QCOMPARE(mkfifo(QFile::encodeName(info).constData(), 0644), 0);
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, info + u": is a pipe"_qs);
+    QCOMPARE(error, info + u": is a pipe"_s);
 }
 
 void BundleTest::isNotOpenedWithBrokenJSON()
@@ -167,7 +167,7 @@ void BundleTest::isNotOpenedWithBrokenJSON()
     writeInfo(QByteArray("{ \"version\": 1, }"));
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QVERIFY2(error.startsWith(path() + u"/Contents/Info.json: malformed JSON at offset 17: "_qs),
+    QVERIFY2(error.startsWith(path() + u"/Contents/Info.json: malformed JSON at offset 17: "_s),
              qPrintable(error));
 }
 
@@ -176,7 +176,7 @@ void BundleTest::isNotOpenedWithoutAJSONObject()
     writeInfo(QByteArray("[]"));
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, path() + u"/Contents/Info.json: is no JSON object"_qs);
+    QCOMPARE(error, path() + u"/Contents/Info.json: is no JSON object"_s);
 }
 
 void BundleTest::isNotOpenedWithoutAnEntry_data()
@@ -196,7 +196,7 @@ void BundleTest::isNotOpenedWithoutAnEntry()
     writeInfo(info);
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, u"%1/Contents/Info.json: the entry \"%2\" is missing"_qs.arg(path(), entry));
+    QCOMPARE(error, u"%1/Contents/Info.json: the entry \"%2\" is missing"_s.arg(path(), entry));
 }
 
 void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind_data()
@@ -205,29 +205,29 @@ void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind_data()
     QTest::addColumn<QJsonValue>("value");
     QTest::addColumn<QString>("complaint");
 
-    const auto name = u"\"libraries\" gives no file name for \"%1\""_qs.arg(ourQt);
-    const auto text = u"\"version\" is no text"_qs;
-    QTest::newRow("number") << u"version"_qs << QJsonValue(3) << text;
-    QTest::newRow("empty") << u"version"_qs << QJsonValue(QString()) << text;
-    QTest::newRow("null") << u"version"_qs << QJsonValue() << text;
+    const auto name = u"\"libraries\" gives no file name for \"%1\""_s.arg(ourQt);
+    const auto text = u"\"version\" is no text"_s;
+    QTest::newRow("number") << u"version"_s << QJsonValue(3) << text;
+    QTest::newRow("empty") << u"version"_s << QJsonValue(QString()) << text;
+    QTest::newRow("null") << u"version"_s << QJsonValue() << text;
     const auto libraries = [](const QString &version, const QString &file) {
         return QJsonValue(QJsonObject{{version, file}});
     };
-    QTest::newRow("no libraries") << u"libraries"_qs << QJsonValue(u"libcut.so"_qs)
-                                  << u"\"libraries\" is no object"_qs;
+    QTest::newRow("no libraries") << u"libraries"_s << QJsonValue(u"libcut.so"_s)
+                                  << u"\"libraries\" is no object"_s;
     QTest::newRow("library for another Qt")
-        << u"libraries"_qs << libraries(u"qt4"_qs, u"x.so"_qs)
-        << u"\"libraries\" has none for Qt %1"_qs.arg(QT_VERSION_MAJOR);
+        << u"libraries"_s << libraries(u"qt4"_s, u"x.so"_s)
+        << u"\"libraries\" has none for Qt %1"_s.arg(QT_VERSION_MAJOR);
     QTest::newRow("library elsewhere")
-        << u"libraries"_qs << libraries(ourQt, u"../../x.so"_qs) << name;
-    QTest::newRow("library parent") << u"libraries"_qs << libraries(ourQt, u".."_qs) << name;
-    QTest::newRow("no list") << u"resources"_qs << QJsonValue(u"Cut.ui"_qs)
-                             << u"\"resources\" is no array"_qs;
-    QTest::newRow("list of numbers") << u"resources"_qs << QJsonValue(QJsonArray{u"Cut.ui"_qs, 1})
-                                     << u"\"resources\" [1] is no file name"_qs;
+        << u"libraries"_s << libraries(ourQt, u"../../x.so"_s) << name;
+    QTest::newRow("library parent") << u"libraries"_s << libraries(ourQt, u".."_s) << name;
+    QTest::newRow("no list") << u"resources"_s << QJsonValue(u"Cut.ui"_s)
+                             << u"\"resources\" is no array"_s;
+    QTest::newRow("list of numbers") << u"resources"_s << QJsonValue(QJsonArray{u"Cut.ui"_s, 1})
+                                     << u"\"resources\" [1] is no file name"_s;
     QTest::newRow("resource elsewhere")
-        << u"resources"_qs << QJsonValue(QJsonArray{u"../Info.json"_qs})
-        << u"\"resources\" [0] is no file name"_qs;
+        << u"resources"_s << QJsonValue(QJsonArray{u"../Info.json"_s})
+        << u"\"resources\" [0] is no file name"_s;
 }
 
 void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind()
@@ -240,44 +240,42 @@ void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind()
     writeInfo(info);
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, u"%1/Contents/Info.json: the entry %2"_qs.arg(path(), complaint));
+    QCOMPARE(error, u"%1/Contents/Info.json: the entry %2"_s.arg(path(), complaint));
 }
 
 void BundleTest::opensWithoutAnyoneAskingForTheError()
 {
     QVERIFY(Bundle::open(path()));
-    QVERIFY(!Bundle::open(path() + u"/nowhere"_qs));
+    QVERIFY(!Bundle::open(path() + u"/nowhere"_s));
 }
 
 void BundleTest::findsResources()
 {
     const auto bundle = openBundle();
-    QCOMPARE(bundle->pathForResource(u"Cut"_qs, u"ui"_qs), resource(u"Cut.ui"_qs));
-    QCOMPARE(bundle->pathForResource(u"Cut.ui"_qs, QString()), resource(u"Cut.ui"_qs));
-    QVERIFY(bundle->pathForResource(u"Cut"_qs, u"png"_qs).isNull());
-    QVERIFY(bundle->pathForResource(QString(), u"ui"_qs).isNull());
+    QCOMPARE(bundle->pathForResource(u"Cut"_s, u"ui"_s), resource(u"Cut.ui"_s));
+    QCOMPARE(bundle->pathForResource(u"Cut.ui"_s, QString()), resource(u"Cut.ui"_s));
+    QVERIFY(bundle->pathForResource(u"Cut"_s, u"png"_s).isNull());
+    QVERIFY(bundle->pathForResource(QString(), u"ui"_s).isNull());
 }
 
 void BundleTest::findsPicturesWhateverTheirSuffix()
 {
     const auto bundle = openBundle();
-    for (const QString &suffix :
-         {u"png"_qs, u"svg"_qs, u"jpg"_qs, u"bmp"_qs, u"gif"_qs, u"webp"_qs}) {
-        const QString name = u"picture-"_qs + suffix;
+    for (const QString &suffix : {u"png"_s, u"svg"_s, u"jpg"_s, u"bmp"_s, u"gif"_s, u"webp"_s}) {
+        const QString name = u"picture-"_s + suffix;
         QVERIFY(bundle->pathForImageResource(name).isNull());
         addResource(name + u'.' + suffix);
         QCOMPARE(bundle->pathForImageResource(name), resource(name + u'.' + suffix));
     }
-    QVERIFY(bundle->pathForImageResource(u"Cut"_qs).isNull());
+    QVERIFY(bundle->pathForImageResource(u"Cut"_s).isNull());
 }
 
 void BundleTest::prefersPicturesByTheirSuffix()
 {
     const auto bundle = openBundle();
-    for (const QString &suffix :
-         {u"webp"_qs, u"gif"_qs, u"bmp"_qs, u"jpg"_qs, u"svg"_qs, u"png"_qs}) {
-        addResource(u"sheet."_qs + suffix);
-        QCOMPARE(bundle->pathForImageResource(u"sheet"_qs), resource(u"sheet."_qs + suffix));
+    for (const QString &suffix : {u"webp"_s, u"gif"_s, u"bmp"_s, u"jpg"_s, u"svg"_s, u"png"_s}) {
+        addResource(u"sheet."_s + suffix);
+        QCOMPARE(bundle->pathForImageResource(u"sheet"_s), resource(u"sheet."_s + suffix));
     }
 }
 
@@ -285,14 +283,14 @@ void BundleTest::looksForNothingOutsideItsResources_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("parent") << u"../Info"_qs;
-    QTest::newRow("absolute") << u"/outside"_qs;
-    QTest::newRow("far up") << u"../../../outside"_qs;
-    QTest::newRow("down") << u"folder/inside"_qs;
-    QTest::newRow("null character") << u"tape"_qs + QChar(u'\0');
-    QTest::newRow("a folder's name") << u"folder"_qs;
-    QTest::newRow("dot") << u"."_qs;
-    QTest::newRow("dots") << u".."_qs;
+    QTest::newRow("parent") << u"../Info"_s;
+    QTest::newRow("absolute") << u"/outside"_s;
+    QTest::newRow("far up") << u"../../../outside"_s;
+    QTest::newRow("down") << u"folder/inside"_s;
+    QTest::newRow("null character") << u"tape"_s + QChar(u'\0');
+    QTest::newRow("a folder's name") << u"folder"_s;
+    QTest::newRow("dot") << u"."_s;
+    QTest::newRow("dots") << u".."_s;
     QTest::newRow("long") << QString(100'000, u'x');
 }
 
@@ -301,17 +299,17 @@ void BundleTest::looksForNothingOutsideItsResources()
     QFETCH(QString, name);
     if (name == u"/outside")
         name.prepend(mFolder->path());
-    QVERIFY(QDir().mkpath(resource(u"folder.png"_qs)));
-    QVERIFY(QDir().mkpath(resource(u"folder"_qs)));
-    addResource(u"folder/inside.png"_qs);
-    write(u"Info.png"_qs, "picture");
-    write(u"../../outside.png"_qs, "picture");
+    QVERIFY(QDir().mkpath(resource(u"folder.png"_s)));
+    QVERIFY(QDir().mkpath(resource(u"folder"_s)));
+    addResource(u"folder/inside.png"_s);
+    write(u"Info.png"_s, "picture");
+    write(u"../../outside.png"_s, "picture");
 
     const auto bundle = openBundle();
     QVERIFY(bundle->pathForImageResource(name).isNull());
-    QVERIFY(bundle->pathForResource(name, u"png"_qs).isNull());
+    QVERIFY(bundle->pathForResource(name, u"png"_s).isNull());
     QVERIFY(bundle->pathForResource(name, QString()).isNull());
-    QVERIFY(bundle->pathForResource(u"x"_qs, name).isNull());
+    QVERIFY(bundle->pathForResource(u"x"_s, name).isNull());
 }
 
 void BundleTest::showsTextsInTheFirstLanguageThatHasThem_data()
@@ -323,17 +321,17 @@ void BundleTest::showsTextsInTheFirstLanguageThatHasThem_data()
 
     const auto row = [](const char *name, const QStringList &languages, const QString &cut,
                         const QString &margin) {
-        QTest::newRow(name) << languages << cut << margin << u"Spoken in English"_qs;
+        QTest::newRow(name) << languages << cut << margin << u"Spoken in English"_s;
     };
-    row("English", {u"en"_qs}, u"Cut the tape"_qs, u"Margin"_qs);
-    row("German", {u"de"_qs}, u"Band schneiden"_qs, u"Rand"_qs);
-    row("Austrian, then German", {u"de_AT"_qs}, u"Band abschneiden"_qs, u"Rand"_qs);
-    row("written with a dash", {u"de-AT"_qs}, u"Band abschneiden"_qs, u"Rand"_qs);
-    row("with a script", {u"de-Latn-DE"_qs}, u"Band schneiden"_qs, u"Rand"_qs);
-    row("country without a table", {u"de_CH"_qs}, u"Band schneiden"_qs, u"Rand"_qs);
-    row("first one without a table", {u"fr"_qs, u"de"_qs}, u"Band schneiden"_qs, u"Rand"_qs);
-    row("English first", {u"en_US"_qs, u"de"_qs}, u"Cut the tape"_qs, u"Margin"_qs);
-    row("none with a table", {u"ja"_qs}, u"Cut the tape"_qs, u"Margin"_qs);
+    row("English", {u"en"_s}, u"Cut the tape"_s, u"Margin"_s);
+    row("German", {u"de"_s}, u"Band schneiden"_s, u"Rand"_s);
+    row("Austrian, then German", {u"de_AT"_s}, u"Band abschneiden"_s, u"Rand"_s);
+    row("written with a dash", {u"de-AT"_s}, u"Band abschneiden"_s, u"Rand"_s);
+    row("with a script", {u"de-Latn-DE"_s}, u"Band schneiden"_s, u"Rand"_s);
+    row("country without a table", {u"de_CH"_s}, u"Band schneiden"_s, u"Rand"_s);
+    row("first one without a table", {u"fr"_s, u"de"_s}, u"Band schneiden"_s, u"Rand"_s);
+    row("English first", {u"en_US"_s, u"de"_s}, u"Cut the tape"_s, u"Margin"_s);
+    row("none with a table", {u"ja"_s}, u"Cut the tape"_s, u"Margin"_s);
 }
 
 void BundleTest::showsTextsInTheFirstLanguageThatHasThem()
@@ -342,40 +340,40 @@ void BundleTest::showsTextsInTheFirstLanguageThatHasThem()
     const auto bundle = openBundle();
     QFETCH(QStringList, languages);
     bundle->setLanguages(languages);
-    QTEST(bundle->localizedStringForKey(u"Cut"_qs), "cut");
-    QTEST(bundle->localizedStringForKey(u"Margin"_qs), "margin");
-    QTEST(bundle->localizedStringForKey(u"Only English"_qs), "onlyEnglish");
+    QTEST(bundle->localizedStringForKey(u"Cut"_s), "cut");
+    QTEST(bundle->localizedStringForKey(u"Margin"_s), "margin");
+    QTEST(bundle->localizedStringForKey(u"Only English"_s), "onlyEnglish");
 }
 
 void BundleTest::showsTheKeyWithoutATranslation()
 {
     addTables();
     const auto bundle = openBundle();
-    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_qs), u"Unheard of"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Untranslated"_qs), u"Untranslated"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u""_qs), u""_qs);
-    bundle->setLanguages({u"de"_qs});
-    QCOMPARE(bundle->localizedStringForKey(u"Größe"_qs), u"Größe in mm"_qs);
+    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_s), u"Unheard of"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Untranslated"_s), u"Untranslated"_s);
+    QCOMPARE(bundle->localizedStringForKey(u""_s), u""_s);
+    bundle->setLanguages({u"de"_s});
+    QCOMPARE(bundle->localizedStringForKey(u"Größe"_s), u"Größe in mm"_s);
 }
 
 void BundleTest::showsTheGivenValueWithoutATranslation()
 {
     addTables();
     const auto bundle = openBundle();
-    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_qs, u"Plain"_qs), u"Plain"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_qs, u""_qs), u""_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs, u"Plain"_qs), u"Cut the tape"_qs);
+    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_s, u"Plain"_s), u"Plain"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Unheard of"_s, u""_s), u""_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s, u"Plain"_s), u"Cut the tape"_s);
 }
 
 void BundleTest::looksInTheTableAskedFor()
 {
     addTables();
     const auto bundle = openBundle();
-    const QString alerts = u"Alerts"_qs;
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs, {}, alerts), u"The cutter is open"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Margin"_qs, {}, alerts), u"Margin"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs, {}, u"Nowhere"_qs), u"Cut"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs, {}, u"Localizable"_qs), u"Cut the tape"_qs);
+    const QString alerts = u"Alerts"_s;
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s, {}, alerts), u"The cutter is open"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Margin"_s, {}, alerts), u"Margin"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s, {}, u"Nowhere"_s), u"Cut"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s, {}, u"Localizable"_s), u"Cut the tape"_s);
 }
 
 void BundleTest::showsKeysWithoutAnyTable()
@@ -383,10 +381,10 @@ void BundleTest::showsKeysWithoutAnyTable()
     addTables();
     const auto bundle = openBundle();
     bundle->setLanguages({});
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs), u"Cut"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs, u"Plain"_qs), u"Plain"_qs);
-    bundle->setLanguages({u"de"_qs});
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs), u"Band schneiden"_qs);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s, u"Plain"_s), u"Plain"_s);
+    bundle->setLanguages({u"de"_s});
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Band schneiden"_s);
 }
 
 void BundleTest::opensWithTheUsersLanguage_data()
@@ -394,10 +392,10 @@ void BundleTest::opensWithTheUsersLanguage_data()
     QTest::addColumn<QByteArray>("locale");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("German") << QByteArray("de_DE.UTF-8") << u"Band schneiden"_qs;
-    QTest::newRow("Austrian") << QByteArray("de_AT.UTF-8") << u"Band abschneiden"_qs;
-    QTest::newRow("no table") << QByteArray("ja_JP.UTF-8") << u"Cut the tape"_qs;
-    QTest::newRow("none") << QByteArray("C.UTF-8") << u"Cut the tape"_qs;
+    QTest::newRow("German") << QByteArray("de_DE.UTF-8") << u"Band schneiden"_s;
+    QTest::newRow("Austrian") << QByteArray("de_AT.UTF-8") << u"Band abschneiden"_s;
+    QTest::newRow("no table") << QByteArray("ja_JP.UTF-8") << u"Cut the tape"_s;
+    QTest::newRow("none") << QByteArray("C.UTF-8") << u"Cut the tape"_s;
 }
 
 void BundleTest::opensWithTheUsersLanguage()
@@ -405,15 +403,15 @@ void BundleTest::opensWithTheUsersLanguage()
     addTables();
     QFETCH(QByteArray, locale);
     qputenv("LC_ALL", locale);
-    QTEST(openBundle()->localizedStringForKey(u"Cut"_qs), "text");
+    QTEST(openBundle()->localizedStringForKey(u"Cut"_s), "text");
 }
 
 void BundleTest::loadsNoTableFromElsewhere()
 {
-    QVERIFY(QFile::copy(QStringLiteral(KV_TABLES "/de.qm"), path() + u"/Contents/de.qm"_qs));
+    QVERIFY(QFile::copy(QStringLiteral(KV_TABLES "/de.qm"), path() + u"/Contents/de.qm"_s));
     const auto bundle = openBundle();
-    bundle->setLanguages({u"../de"_qs, path() + u"/Contents/de"_qs, u""_qs});
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs), u"Cut"_qs);
+    bundle->setLanguages({u"../de"_s, path() + u"/Contents/de"_s, u""_s});
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut"_s);
     QCOMPARE(bundle->problems(), QStringList());
 }
 
@@ -425,36 +423,34 @@ void BundleTest::hasNoProblemsWhenComplete()
 
 void BundleTest::namesMissingResources()
 {
-    QVERIFY(QFile::remove(resource(u"tape.png"_qs)));
+    QVERIFY(QFile::remove(resource(u"tape.png"_s)));
     const auto bundle = openBundle();
-    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is missing"_qs));
-    QVERIFY(bundle->pathForImageResource(u"tape"_qs).isNull());
-    QVERIFY(QDir().mkpath(resource(u"tape.png"_qs)));
-    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is a folder"_qs));
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is missing"_s));
+    QVERIFY(bundle->pathForImageResource(u"tape"_s).isNull());
+    QVERIFY(QDir().mkpath(resource(u"tape.png"_s)));
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png is a folder"_s));
 }
 
 void BundleTest::namesOneOfManyMissingResources()
 {
     QJsonObject info = soundInfo();
-    info.insert(u"resources"_qs, QJsonArray{u"a.png"_qs, u"b.png"_qs, u"Cut.ui"_qs, u"c.png"_qs});
+    info.insert(u"resources"_s, QJsonArray{u"a.png"_s, u"b.png"_s, u"Cut.ui"_s, u"c.png"_s});
     writeInfo(info);
     QCOMPARE(openBundle()->problems(),
-             QStringList(u"Cut.bundle: a.png, like 2 others, is missing"_qs));
-    addResource(u"b.png"_qs);
-    QCOMPARE(openBundle()->problems(),
-             QStringList(u"Cut.bundle: a.png, like c.png, is missing"_qs));
+             QStringList(u"Cut.bundle: a.png, like 2 others, is missing"_s));
+    addResource(u"b.png"_s);
+    QCOMPARE(openBundle()->problems(), QStringList(u"Cut.bundle: a.png, like c.png, is missing"_s));
 }
 
 void BundleTest::namesAMissingFolderOfResources()
 {
-    QVERIFY(QDir(path() + u"/Contents/Resources"_qs).removeRecursively());
-    QCOMPARE(openBundle()->problems(),
-             QStringList(u"Cut.bundle: Contents/Resources is missing"_qs));
+    QVERIFY(QDir(path() + u"/Contents/Resources"_s).removeRecursively());
+    QCOMPARE(openBundle()->problems(), QStringList(u"Cut.bundle: Contents/Resources is missing"_s));
 }
 
 void BundleTest::namesAnUnreachableFolderOfResources()
 {
-    const QByteArray folder = QFile::encodeName(path() + u"/Contents/Resources"_qs);
+    const QByteArray folder = QFile::encodeName(path() + u"/Contents/Resources"_s);
     QCOMPARE(chmod(QFile::encodeName(mFolder->path()).constData(), 0755), 0);
     QCOMPARE(chmod(folder.constData(), 0), 0);
     QStringList problems;
@@ -464,27 +460,27 @@ void BundleTest::namesAnUnreachableFolderOfResources()
     }
     QCOMPARE(chmod(folder.constData(), 0700), 0);
     QCOMPARE(problems, QStringList(u"Cut.bundle: Contents/Resources cannot be read: "
-                                   "Permission denied"_qs));
+                                   "Permission denied"_s));
 }
 
 void BundleTest::namesABrokenTableOnceAndUsesTheOthers()
 {
     addTables();
-    addResource(u"de.qm"_qs, "no string table at all");
+    addResource(u"de.qm"_s, "no string table at all");
     QJsonObject info = soundInfo();
-    info.insert(u"resources"_qs, QJsonArray{u"de.qm"_qs, u"Cut.ui"_qs, u"de.qm"_qs});
+    info.insert(u"resources"_s, QJsonArray{u"de.qm"_s, u"Cut.ui"_s, u"de.qm"_s});
     writeInfo(info);
-    const QStringList problems(u"Cut.bundle: de.qm is no string table"_qs);
+    const QStringList problems(u"Cut.bundle: de.qm is no string table"_s);
 
     const auto bundle = openBundle();
-    bundle->setLanguages({u"de_AT"_qs, u"de"_qs});
+    bundle->setLanguages({u"de_AT"_s, u"de"_s});
     QCOMPARE(bundle->problems(), problems);
-    QCOMPARE(bundle->localizedStringForKey(u"Cut"_qs), u"Band abschneiden"_qs);
-    QCOMPARE(bundle->localizedStringForKey(u"Margin"_qs), u"Margin"_qs);
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Band abschneiden"_s);
+    QCOMPARE(bundle->localizedStringForKey(u"Margin"_s), u"Margin"_s);
 
     writeInfo(soundInfo());
     const auto undeclaring = openBundle();
-    undeclaring->setLanguages({u"de"_qs});
+    undeclaring->setLanguages({u"de"_s});
     QCOMPARE(undeclaring->problems(), problems);
     undeclaring->setLanguages({});
     QCOMPARE(undeclaring->problems(), QStringList());
@@ -493,12 +489,12 @@ void BundleTest::namesABrokenTableOnceAndUsesTheOthers()
 void BundleTest::namesADeclaredTableThatIsNoneWhateverTheLanguage()
 {
     addTables();
-    addResource(u"fr.qm"_qs, "");
+    addResource(u"fr.qm"_s, "");
     QJsonObject info = soundInfo();
-    info.insert(u"resources"_qs, QJsonArray{u"en.qm"_qs, u"fr.qm"_qs, u"it.qm"_qs});
+    info.insert(u"resources"_s, QJsonArray{u"en.qm"_s, u"fr.qm"_s, u"it.qm"_s});
     writeInfo(info);
-    QCOMPARE(openBundle()->problems(), QStringList({u"Cut.bundle: fr.qm is no string table"_qs,
-                                                    u"Cut.bundle: it.qm is missing"_qs}));
+    QCOMPARE(openBundle()->problems(), QStringList({u"Cut.bundle: fr.qm is no string table"_s,
+                                                    u"Cut.bundle: it.qm is missing"_s}));
 }
 
 void BundleTest::survivesTablesCutOffAnywhere()
@@ -509,10 +505,10 @@ void BundleTest::survivesTablesCutOffAnywhere()
     // Of what follows the mark that tables begin with, the toolkit takes whatever is whole.
     const int markLength = 16;
     for (int length = 0; length < table.size(); ++length) {
-        addResource(u"en.qm"_qs, table.left(length));
+        addResource(u"en.qm"_s, table.left(length));
         const auto bundle = openBundle();
-        const QString text = bundle->localizedStringForKey(u"Cut"_qs);
-        QVERIFY2(text == u"Cut"_qs || text == u"Cut the tape"_qs, qPrintable(text));
+        const QString text = bundle->localizedStringForKey(u"Cut"_s);
+        QVERIFY2(text == u"Cut"_s || text == u"Cut the tape"_s, qPrintable(text));
         QVERIFY(length >= markLength || !bundle->problems().isEmpty());
     }
 }

@@ -61,18 +61,18 @@ void EncodingTest::systemEncodingIsTheLocalesUntilChosen()
 
 void EncodingTest::systemEncodingAppliesToTexts()
 {
-    QCOMPARE(SystemEncoding::encode(u"é"_qs), Bytes("\xc3\xa9"));
+    QCOMPARE(SystemEncoding::encode(u"é"_s), Bytes("\xc3\xa9"));
     SystemEncoding::setName("ISO-8859-1");
-    QCOMPARE(SystemEncoding::encode(u"é"_qs), Bytes("\xe9"));
-    QCOMPARE(SystemEncoding::encode(u"あ"_qs), Bytes());
-    QCOMPARE(SystemEncoding::decode("\xe9"), u"é"_qs);
+    QCOMPARE(SystemEncoding::encode(u"é"_s), Bytes("\xe9"));
+    QCOMPARE(SystemEncoding::encode(u"あ"_s), Bytes());
+    QCOMPARE(SystemEncoding::decode("\xe9"), u"é"_s);
 }
 
 void EncodingTest::everyAvailableEncodingHoldsASCII()
 {
     for (const char *const encoding : SystemEncoding::availableStringEncodings()) {
         const bool isWide = qstrcmp(encoding, "UTF-16BE") == 0;
-        QCOMPARE(SystemEncoding::encode(u"A"_qs, encoding),
+        QCOMPARE(SystemEncoding::encode(u"A"_s, encoding),
                  Bytes(isWide ? QByteArray("\0A", 2) : QByteArray("A")));
     }
 }
@@ -92,24 +92,24 @@ void EncodingTest::encodes_data()
     QTest::addColumn<QByteArray>("encoding");
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("ASCII") << u"Tape 12"_qs << QByteArray("US-ASCII") << QByteArray("Tape 12");
-    QTest::newRow("Latin-1") << u"Größe"_qs << QByteArray("ISO-8859-1")
+    QTest::newRow("ASCII") << u"Tape 12"_s << QByteArray("US-ASCII") << QByteArray("Tape 12");
+    QTest::newRow("Latin-1") << u"Größe"_s << QByteArray("ISO-8859-1")
                              << QByteArray("Gr\xf6\xdf"
                                            "e");
-    QTest::newRow("Latin-2") << u"ž"_qs << QByteArray("ISO-8859-2") << QByteArray("\xbe");
-    QTest::newRow("Windows") << u"€"_qs << QByteArray("windows-1252") << QByteArray("\x80");
-    QTest::newRow("Mac OS Roman") << u"é†Ω"_qs << QByteArray(SystemEncoding::kMacOSRoman)
+    QTest::newRow("Latin-2") << u"ž"_s << QByteArray("ISO-8859-2") << QByteArray("\xbe");
+    QTest::newRow("Windows") << u"€"_s << QByteArray("windows-1252") << QByteArray("\x80");
+    QTest::newRow("Mac OS Roman") << u"é†Ω"_s << QByteArray(SystemEncoding::kMacOSRoman)
                                   << QByteArray("\x8e\xa0\xbd");
-    QTest::newRow("Shift JIS") << u"あ漢"_qs << QByteArray("Shift_JIS")
+    QTest::newRow("Shift JIS") << u"あ漢"_s << QByteArray("Shift_JIS")
                                << QByteArray("\x82\xa0\x8a\xbf");
-    QTest::newRow("EUC") << u"あ"_qs << QByteArray("EUC-JP") << QByteArray("\xa4\xa2");
-    QTest::newRow("UTF-16") << u"A\U0001F600"_qs << QByteArray("UTF-16BE")
+    QTest::newRow("EUC") << u"あ"_s << QByteArray("EUC-JP") << QByteArray("\xa4\xa2");
+    QTest::newRow("UTF-16") << u"A\U0001F600"_s << QByteArray("UTF-16BE")
                             << QByteArray("\0A\xd8\x3d\xde\0", 6);
-    QTest::newRow("UTF-8") << u"é\U0001F600"_qs << QByteArray("UTF-8")
+    QTest::newRow("UTF-8") << u"é\U0001F600"_s << QByteArray("UTF-8")
                            << QByteArray("\xc3\xa9\xf0\x9f\x98\x80");
     QTest::newRow("null character")
         << QString(QChar(u'\0')) << QByteArray("US-ASCII") << QByteArray("\0", 1);
-    QTest::newRow("another spelling") << u"é"_qs << QByteArray("latin1") << QByteArray("\xe9");
+    QTest::newRow("another spelling") << u"é"_s << QByteArray("latin1") << QByteArray("\xe9");
 }
 
 void EncodingTest::encodes()
@@ -126,12 +126,12 @@ void EncodingTest::refusesTextThatAnEncodingDoesNotHold_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("encoding");
 
-    QTest::newRow("accent in ASCII") << u"café"_qs << QByteArray("US-ASCII");
-    QTest::newRow("euro in Latin-1") << u"€"_qs << QByteArray("ISO-8859-1");
-    QTest::newRow("kana in Mac OS Roman") << u"あ"_qs << QByteArray(SystemEncoding::kMacOSRoman);
-    QTest::newRow("look-alike letter") << u"Ａ"_qs << QByteArray("windows-1252");
-    QTest::newRow("invisible soft hyphen") << u"a\u00adb"_qs << QByteArray("US-ASCII");
-    QTest::newRow("invisible joiner") << u"a\u200db"_qs << QByteArray("ISO-8859-1");
+    QTest::newRow("accent in ASCII") << u"café"_s << QByteArray("US-ASCII");
+    QTest::newRow("euro in Latin-1") << u"€"_s << QByteArray("ISO-8859-1");
+    QTest::newRow("kana in Mac OS Roman") << u"あ"_s << QByteArray(SystemEncoding::kMacOSRoman);
+    QTest::newRow("look-alike letter") << u"Ａ"_s << QByteArray("windows-1252");
+    QTest::newRow("invisible soft hyphen") << u"a\u00adb"_s << QByteArray("US-ASCII");
+    QTest::newRow("invisible joiner") << u"a\u200db"_s << QByteArray("ISO-8859-1");
     QTest::newRow("half a pair in UTF-8") << QString(QChar(0xd83d)) << QByteArray("UTF-8");
     QTest::newRow("half a pair in UTF-16") << QString(QChar(0xde00)) << QByteArray("UTF-16BE");
 }
@@ -141,7 +141,7 @@ void EncodingTest::refusesTextThatAnEncodingDoesNotHold()
     QFETCH(QString, text);
     QFETCH(QByteArray, encoding);
     QCOMPARE(SystemEncoding::encode(text, encoding), Bytes());
-    QCOMPARE(SystemEncoding::encode(u"A1"_qs, encoding).has_value(), true);
+    QCOMPARE(SystemEncoding::encode(u"A1"_s, encoding).has_value(), true);
 }
 
 void EncodingTest::refusesUnknownEncodings_data()
@@ -157,14 +157,14 @@ void EncodingTest::refusesUnknownEncodings_data()
 void EncodingTest::refusesUnknownEncodings()
 {
     QFETCH(QByteArray, encoding);
-    QCOMPARE(SystemEncoding::encode(u"A"_qs, encoding), Bytes());
+    QCOMPARE(SystemEncoding::encode(u"A"_s, encoding), Bytes());
 }
 
 void EncodingTest::emptyTextHasNoBytes()
 {
     for (const char *const encoding : SystemEncoding::availableStringEncodings()) {
         QCOMPARE(SystemEncoding::encode(QString(), encoding), Bytes(QByteArray()));
-        QCOMPARE(SystemEncoding::encode(u""_qs, encoding), Bytes(QByteArray()));
+        QCOMPARE(SystemEncoding::encode(u""_s, encoding), Bytes(QByteArray()));
     }
 }
 
@@ -185,10 +185,10 @@ void EncodingTest::decodes_data()
     QTest::addColumn<QString>("text");
 
     QTest::newRow("UTF-8") << QByteArray() << QByteArray("\xc3\xa9 \xf0\x9f\x98\x80")
-                           << u"é \U0001F600"_qs;
-    QTest::newRow("Shift JIS") << QByteArray("Shift_JIS") << QByteArray("\x82\xa0") << u"あ"_qs;
+                           << u"é \U0001F600"_s;
+    QTest::newRow("Shift JIS") << QByteArray("Shift_JIS") << QByteArray("\x82\xa0") << u"あ"_s;
     QTest::newRow("Mac OS Roman") << QByteArray(SystemEncoding::kMacOSRoman) << QByteArray("\x8e")
-                                  << u"é"_qs;
+                                  << u"é"_s;
 }
 
 void EncodingTest::decodes()
@@ -218,7 +218,7 @@ void EncodingTest::refusesMalformedBytes()
     QFETCH(QByteArray, bytes);
     SystemEncoding::setName(encoding);
     QVERIFY(SystemEncoding::decode(bytes.constData()).isNull());
-    QCOMPARE(SystemEncoding::decode("fine"), u"fine"_qs);
+    QCOMPARE(SystemEncoding::decode("fine"), u"fine"_s);
 }
 
 void EncodingTest::emptyBytesAreAnEmptyText()
@@ -233,7 +233,7 @@ void EncodingTest::unknownSystemEncodingDecodesNothing()
 {
     SystemEncoding::setName("no-such-encoding");
     QVERIFY(SystemEncoding::decode("a").isNull());
-    QCOMPARE(SystemEncoding::encode(u"a"_qs), Bytes());
+    QCOMPARE(SystemEncoding::encode(u"a"_s), Bytes());
 }
 
 void EncodingTest::readsIntegers_data()
@@ -241,25 +241,25 @@ void EncodingTest::readsIntegers_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<qint32>("value");
 
-    QTest::newRow("number") << u"62"_qs << 62;
-    QTest::newRow("minus") << u"-7"_qs << -7;
-    QTest::newRow("plus") << u"+7"_qs << 7;
-    QTest::newRow("white space") << u" \t\n 12"_qs << 12;
-    QTest::newRow("trailing text") << u"12mm"_qs << 12;
-    QTest::newRow("decimals") << u"12.9"_qs << 12;
-    QTest::newRow("leading zeros") << u"0012"_qs << 12;
-    QTest::newRow("two signs") << u"+-3"_qs << 0;
-    QTest::newRow("space after the sign") << u"- 3"_qs << 0;
-    QTest::newRow("no digits") << u"W12"_qs << 0;
-    QTest::newRow("sign alone") << u"-"_qs << 0;
-    QTest::newRow("empty") << u""_qs << 0;
+    QTest::newRow("number") << u"62"_s << 62;
+    QTest::newRow("minus") << u"-7"_s << -7;
+    QTest::newRow("plus") << u"+7"_s << 7;
+    QTest::newRow("white space") << u" \t\n 12"_s << 12;
+    QTest::newRow("trailing text") << u"12mm"_s << 12;
+    QTest::newRow("decimals") << u"12.9"_s << 12;
+    QTest::newRow("leading zeros") << u"0012"_s << 12;
+    QTest::newRow("two signs") << u"+-3"_s << 0;
+    QTest::newRow("space after the sign") << u"- 3"_s << 0;
+    QTest::newRow("no digits") << u"W12"_s << 0;
+    QTest::newRow("sign alone") << u"-"_s << 0;
+    QTest::newRow("empty") << u""_s << 0;
     QTest::newRow("null") << QString() << 0;
-    QTest::newRow("hexadecimal") << u"0x1F"_qs << 0;
-    QTest::newRow("digits beyond ASCII") << u"１２"_qs << 0;
-    QTest::newRow("largest") << u"2147483647"_qs << std::numeric_limits<qint32>::max();
-    QTest::newRow("beyond the largest") << u"2147483648"_qs << std::numeric_limits<qint32>::max();
-    QTest::newRow("smallest") << u"-2147483648"_qs << std::numeric_limits<qint32>::min();
-    QTest::newRow("beyond the smallest") << u"-2147483649"_qs << std::numeric_limits<qint32>::min();
+    QTest::newRow("hexadecimal") << u"0x1F"_s << 0;
+    QTest::newRow("digits beyond ASCII") << u"１２"_s << 0;
+    QTest::newRow("largest") << u"2147483647"_s << std::numeric_limits<qint32>::max();
+    QTest::newRow("beyond the largest") << u"2147483648"_s << std::numeric_limits<qint32>::max();
+    QTest::newRow("smallest") << u"-2147483648"_s << std::numeric_limits<qint32>::min();
+    QTest::newRow("beyond the smallest") << u"-2147483649"_s << std::numeric_limits<qint32>::min();
     QTest::newRow("endless") << QString(100'000, u'9') << std::numeric_limits<qint32>::max();
     QTest::newRow("endless minus")
         << u'-' + QString(100'000, u'9') << std::numeric_limits<qint32>::min();

@@ -284,8 +284,7 @@ void NotificationCenterTest::observerMayPostWhileTold()
 
 void NotificationCenterTest::observerRemovedInANestedPostIsNotToldOfTheOuterOne()
 {
-    mCenter->addObserver(
-        &mFirst, [this](const Notification &) { post(kClosed); }, kOpened);
+    mCenter->addObserver(&mFirst, [this](const Notification &) { post(kClosed); }, kOpened);
     mCenter->addObserver(
         &mFirst, [this](const Notification &) { mCenter->removeObserver(&mSecond); }, kClosed);
     observe(&mSecond, QStringLiteral("2"));
@@ -308,8 +307,7 @@ void NotificationCenterTest::observerMayBeDestroyedWhileTold()
 void NotificationCenterTest::handlerMayOwnWhatRemovesFurtherObservers()
 {
     auto farewell = std::make_shared<Farewell>([this] { mCenter->removeObserver(&mSecond); });
-    mCenter->addObserver(
-        &mFirst, [farewell](const Notification &) {}, kOpened);
+    mCenter->addObserver(&mFirst, [farewell](const Notification &) {}, kOpened);
     farewell.reset();
     observe(&mSecond, QStringLiteral("2"));
     observe(&mThird, QStringLiteral("3"));

@@ -55,16 +55,16 @@ private Q_SLOTS:
 
 void PMCoreTest::pageFormatHandsOutItsPaper()
 {
-    PageFormat format(Paper(u"C_62"_qs, 100));
+    PageFormat format(Paper(u"C_62"_s, 100));
     PMPaper paper = nullptr;
     QCOMPARE(PMGetPageFormatPaper(&format, &paper), noErr);
     QVERIFY(paper);
-    QCOMPARE(*paper, Paper(u"C_62"_qs, 100));
+    QCOMPARE(*paper, Paper(u"C_62"_s, 100));
     QCOMPARE(paper, format.paper());
 
-    format.setPaper(Paper(u"C_29"_qs, 50));
+    format.setPaper(Paper(u"C_29"_s, 50));
     QCOMPARE(PMGetPageFormatPaper(&format, &paper), noErr);
-    QCOMPARE(*paper, Paper(u"C_29"_qs, 50));
+    QCOMPARE(*paper, Paper(u"C_29"_s, 50));
 
     PageFormat empty;
     QCOMPARE(PMGetPageFormatPaper(&empty, &paper), noErr);
@@ -73,10 +73,10 @@ void PMCoreTest::pageFormatHandsOutItsPaper()
 
 void PMCoreTest::paperTellsItsName()
 {
-    QString name = u"before"_qs;
-    const Paper named(u"C_62"_qs, 100);
+    QString name = u"before"_s;
+    const Paper named(u"C_62"_s, 100);
     QCOMPARE(PMPaperGetPPDPaperName(&named, &name), noErr);
-    QCOMPARE(name, u"C_62"_qs);
+    QCOMPARE(name, u"C_62"_s);
 
     const Paper unnamed(QString(), 100);
     QCOMPARE(PMPaperGetPPDPaperName(&unnamed, &name), noErr);
@@ -85,11 +85,11 @@ void PMCoreTest::paperTellsItsName()
 
 void PMCoreTest::paperWithoutANameDiffersFromOneWithAnEmptyName()
 {
-    QVERIFY(!(Paper(QString(), 1) == Paper(u""_qs, 1)));
+    QVERIFY(!(Paper(QString(), 1) == Paper(u""_s, 1)));
     QVERIFY(Paper(QString(), 1) == Paper(QString(), 1));
-    QVERIFY(!(Paper(u"A"_qs, 1) == Paper(u"A"_qs, 2)));
+    QVERIFY(!(Paper(u"A"_s, 1) == Paper(u"A"_s, 2)));
     QString name;
-    const Paper empty(u""_qs, 1);
+    const Paper empty(u""_s, 1);
     QCOMPARE(PMPaperGetPPDPaperName(&empty, &name), noErr);
     QVERIFY(!name.isNull());
     QVERIFY(name.isEmpty());
@@ -114,7 +114,7 @@ void PMCoreTest::paperTellsItsHeight()
 {
     QFETCH(double, height);
     QFETCH(bool, isHeight);
-    const Paper paper(u"C_62"_qs, height);
+    const Paper paper(u"C_62"_s, height);
     double result = -7;
     QCOMPARE(PMPaperGetHeight(&paper, &result), isHeight ? noErr : kPMInvalidPaper);
     QCOMPARE(result, isHeight ? height : -7);
@@ -122,33 +122,33 @@ void PMCoreTest::paperTellsItsHeight()
 
 void PMCoreTest::settingsHoldValues()
 {
-    PrintSettings settings({{u"a"_qs, 1}, {u"none"_qs, QVariant()}});
-    QVariant value = u"before"_qs;
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), kPMInvalidKey);
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"none"_qs, &value), kPMInvalidKey);
-    QCOMPARE(value, QVariant(u"before"_qs));
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_qs, &value), noErr);
+    PrintSettings settings({{u"a"_s, 1}, {u"none"_s, QVariant()}});
+    QVariant value = u"before"_s;
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_s, &value), kPMInvalidKey);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"none"_s, &value), kPMInvalidKey);
+    QCOMPARE(value, QVariant(u"before"_s));
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_s, &value), noErr);
     QCOMPARE(value, QVariant(1));
 
-    settings.setValue(u"b"_qs, u"new"_qs);
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), noErr);
-    QCOMPARE(value, QVariant(u"new"_qs));
-    settings.setValue(u"b"_qs, QVariant());
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_qs, &value), kPMInvalidKey);
-    QCOMPARE(settings.values(), QVariantMap({{u"a"_qs, 1}}));
+    settings.setValue(u"b"_s, u"new"_s);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_s, &value), noErr);
+    QCOMPARE(value, QVariant(u"new"_s));
+    settings.setValue(u"b"_s, QVariant());
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"b"_s, &value), kPMInvalidKey);
+    QCOMPARE(settings.values(), QVariantMap({{u"a"_s, 1}}));
 }
 
 void PMCoreTest::sessionHoldsValues()
 {
     PrintSession session;
-    QVariant value = u"before"_qs;
-    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), kPMInvalidKey);
-    QCOMPARE(value, QVariant(u"before"_qs));
-    session.setValue(u"a"_qs, QVariantMap{{u"b"_qs, true}});
-    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), noErr);
-    QCOMPARE(value, QVariant(QVariantMap{{u"b"_qs, true}}));
-    session.setValue(u"a"_qs, QVariant());
-    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, &value), kPMInvalidKey);
+    QVariant value = u"before"_s;
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_s, &value), kPMInvalidKey);
+    QCOMPARE(value, QVariant(u"before"_s));
+    session.setValue(u"a"_s, QVariantMap{{u"b"_s, true}});
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_s, &value), noErr);
+    QCOMPARE(value, QVariant(QVariantMap{{u"b"_s, true}}));
+    session.setValue(u"a"_s, QVariant());
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_s, &value), kPMInvalidKey);
 }
 
 void PMCoreTest::settingsSurviveBeingSaved_data()
@@ -164,9 +164,8 @@ void PMCoreTest::settingsSurviveBeingSaved()
 {
     QFETCH(int, format);
     QFETCH(QByteArray, start);
-    PrintSettings settings({{u"Cut each"_qs, 3LL},
-                            {u"Größe"_qs, 12.5},
-                            {u"Tapes"_qs, QVariantList{u"12 mm"_qs, true}}});
+    PrintSettings settings(
+        {{u"Cut each"_s, 3LL}, {u"Größe"_s, 12.5}, {u"Tapes"_s, QVariantList{u"12 mm"_s, true}}});
     QByteArray data("before");
     QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, &data, PMDataFormat(format)),
              noErr);
@@ -180,7 +179,7 @@ void PMCoreTest::settingsSurviveBeingSaved()
 
 void PMCoreTest::settingsWithOtherTypesAreNotSaved()
 {
-    PrintSettings settings({{u"Margin"_qs, QPoint(1, 2)}});
+    PrintSettings settings({{u"Margin"_s, QPoint(1, 2)}});
     QByteArray data("before");
     QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, &data, kPMDataFormatBinary),
              kPMInvalidValue);
@@ -188,7 +187,7 @@ void PMCoreTest::settingsWithOtherTypesAreNotSaved()
 
     QString error;
     QCOMPARE(settings.dataRepresentation(PropertyList::Format::XML, &error), QByteArray());
-    QCOMPARE(error, u"Margin: a property list holds no QPoint"_qs);
+    QCOMPARE(error, u"Margin: a property list holds no QPoint"_s);
 }
 
 void PMCoreTest::settingsAreNotReadFromAnythingElse_data()
@@ -196,20 +195,20 @@ void PMCoreTest::settingsAreNotReadFromAnythingElse_data()
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("nothing") << QByteArray() << u"the data is empty"_qs;
-    QTest::newRow("no list") << QByteArray("<xml/>") << u"line 1: the data is no property list"_qs;
+    QTest::newRow("nothing") << QByteArray() << u"the data is empty"_s;
+    QTest::newRow("no list") << QByteArray("<xml/>") << u"line 1: the data is no property list"_s;
     QTest::newRow("an array") << PropertyList::write(QVariantList{1}, PropertyList::Format::XML)
-                              << u"the top level is no dictionary"_qs;
-    QTest::newRow("a text") << PropertyList::write(u"a"_qs, PropertyList::Format::Binary)
-                            << u"the top level is no dictionary"_qs;
+                              << u"the top level is no dictionary"_s;
+    QTest::newRow("a text") << PropertyList::write(u"a"_s, PropertyList::Format::Binary)
+                            << u"the top level is no dictionary"_s;
 }
 
 void PMCoreTest::settingsAreNotReadFromAnythingElse()
 {
     QFETCH(QByteArray, data);
-    auto settings = std::make_unique<PrintSettings>(QVariantMap{{u"kept"_qs, 1}});
+    auto settings = std::make_unique<PrintSettings>(QVariantMap{{u"kept"_s, 1}});
     QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(data, &settings), kPMInvalidValue);
-    QCOMPARE(settings->value(u"kept"_qs), QVariant(1));
+    QCOMPARE(settings->value(u"kept"_s), QVariant(1));
 
     QString error;
     QVERIFY(!PrintSettings::fromData(data, &error));
@@ -301,7 +300,7 @@ void PMCoreTest::pageRangeReadsItsEntries_data()
     QTest::newRow("beyond 32 bits") << QVariant(4294967296LL) << 0U;
     QTest::newRow("largest") << QVariant(std::numeric_limits<qulonglong>::max()) << 0U;
     QTest::newRow("real") << QVariant(3.0) << 0U;
-    QTest::newRow("text") << QVariant(u"3"_qs) << 0U;
+    QTest::newRow("text") << QVariant(u"3"_s) << 0U;
     QTest::newRow("truth") << QVariant(true) << 0U;
     QTest::newRow("list") << QVariant(QVariantList{3}) << 0U;
 }
@@ -322,14 +321,14 @@ void PMCoreTest::pageRangeReadsItsEntries()
 
 void PMCoreTest::printerTellsItsDeviceURI()
 {
-    QString uri = u"before"_qs;
-    Printer unknown(u"Label"_qs);
-    QCOMPARE(unknown.name(), u"Label"_qs);
+    QString uri = u"before"_s;
+    Printer unknown(u"Label"_s);
+    QCOMPARE(unknown.name(), u"Label"_s);
     QCOMPARE(PMPrinterCopyDeviceURI(&unknown, &uri), noErr);
     QVERIFY(uri.isNull());
 
-    const QString given = u"usb://Korvane/LX%20200?serial="_qs + QString(100'000, u'7');
-    Printer known(u"Label"_qs, given);
+    const QString given = u"usb://Korvane/LX%20200?serial="_s + QString(100'000, u'7');
+    Printer known(u"Label"_s, given);
     QCOMPARE(PMPrinterCopyDeviceURI(&known, &uri), noErr);
     QCOMPARE(uri, given);
 }
@@ -339,22 +338,22 @@ void PMCoreTest::schemeStandsBeforeTheColon_data()
     QTest::addColumn<QString>("uri");
     QTest::addColumn<QString>("scheme");
 
-    QTest::newRow("usb") << u"usb://Korvane/LX%20200"_qs << u"usb"_qs;
-    QTest::newRow("own case") << u"IPP://host"_qs << u"IPP"_qs;
-    QTest::newRow("every character") << u"a1+-.Z9:x"_qs << u"a1+-.Z9"_qs;
-    QTest::newRow("nothing after it") << u"lpd:"_qs << u"lpd"_qs;
-    QTest::newRow("first colon") << u"a:b:c"_qs << u"a"_qs;
-    QTest::newRow("no colon") << u"usb"_qs << QString();
-    QTest::newRow("empty") << u""_qs << QString();
+    QTest::newRow("usb") << u"usb://Korvane/LX%20200"_s << u"usb"_s;
+    QTest::newRow("own case") << u"IPP://host"_s << u"IPP"_s;
+    QTest::newRow("every character") << u"a1+-.Z9:x"_s << u"a1+-.Z9"_s;
+    QTest::newRow("nothing after it") << u"lpd:"_s << u"lpd"_s;
+    QTest::newRow("first colon") << u"a:b:c"_s << u"a"_s;
+    QTest::newRow("no colon") << u"usb"_s << QString();
+    QTest::newRow("empty") << u""_s << QString();
     QTest::newRow("null") << QString() << QString();
-    QTest::newRow("nothing before it") << u"://host"_qs << QString();
-    QTest::newRow("digit first") << u"1usb://x"_qs << QString();
-    QTest::newRow("plus first") << u"+usb://x"_qs << QString();
-    QTest::newRow("path") << u"/dev/usb:1"_qs << QString();
-    QTest::newRow("space") << u"us b:x"_qs << QString();
-    QTest::newRow("letter beyond ASCII") << u"üsb:x"_qs << QString();
-    QTest::newRow("digit beyond ASCII") << u"u１:x"_qs << QString();
-    QTest::newRow("underscore") << u"a_b:x"_qs << QString();
+    QTest::newRow("nothing before it") << u"://host"_s << QString();
+    QTest::newRow("digit first") << u"1usb://x"_s << QString();
+    QTest::newRow("plus first") << u"+usb://x"_s << QString();
+    QTest::newRow("path") << u"/dev/usb:1"_s << QString();
+    QTest::newRow("space") << u"us b:x"_s << QString();
+    QTest::newRow("letter beyond ASCII") << u"üsb:x"_s << QString();
+    QTest::newRow("digit beyond ASCII") << u"u１:x"_s << QString();
+    QTest::newRow("underscore") << u"a_b:x"_s << QString();
 }
 
 void PMCoreTest::schemeStandsBeforeTheColon()
@@ -368,7 +367,7 @@ void PMCoreTest::schemeStandsBeforeTheColon()
 void PMCoreTest::nullHandlesAreNamed()
 {
     PMPaper paper = nullptr;
-    QString text = u"before"_qs;
+    QString text = u"before"_s;
     double height = -7;
     QVariant value = 7;
     QByteArray data("before");
@@ -376,17 +375,17 @@ void PMCoreTest::nullHandlesAreNamed()
     QCOMPARE(PMGetPageFormatPaper(nullptr, &paper), kPMInvalidPageFormat);
     QCOMPARE(PMPaperGetPPDPaperName(nullptr, &text), kPMInvalidPaper);
     QCOMPARE(PMPaperGetHeight(nullptr, &height), kPMInvalidPaper);
-    QCOMPARE(PMPrintSettingsGetValue(nullptr, u"a"_qs, &value), kPMInvalidPrintSettings);
+    QCOMPARE(PMPrintSettingsGetValue(nullptr, u"a"_s, &value), kPMInvalidPrintSettings);
     QCOMPARE(PMPrintSettingsCreateDataRepresentation(nullptr, &data, kPMDataFormatBinary),
              kPMInvalidPrintSettings);
-    QCOMPARE(PMSessionGetDataFromSession(nullptr, u"a"_qs, &value), kPMInvalidPrintSession);
+    QCOMPARE(PMSessionGetDataFromSession(nullptr, u"a"_s, &value), kPMInvalidPrintSession);
     QCOMPARE(PMGetFirstPage(nullptr, &page), kPMInvalidPrintSettings);
     QCOMPARE(PMGetLastPage(nullptr, &page), kPMInvalidPrintSettings);
     QCOMPARE(PMSetFirstPage(nullptr, 1, false), kPMInvalidPrintSettings);
     QCOMPARE(PMSetLastPage(nullptr, 1, false), kPMInvalidPrintSettings);
     QCOMPARE(PMPrinterCopyDeviceURI(nullptr, &text), kPMInvalidPrinter);
 
-    QCOMPARE(text, u"before"_qs);
+    QCOMPARE(text, u"before"_s);
     QCOMPARE(height, -7);
     QCOMPARE(value, QVariant(7));
     QCOMPARE(data, QByteArray("before"));
@@ -396,20 +395,20 @@ void PMCoreTest::nullHandlesAreNamed()
 void PMCoreTest::nullResultsAreRefused()
 {
     PageFormat format;
-    const Paper paper(u"C_62"_qs, -1);
-    PrintSettings settings({{u"a"_qs, 1}});
+    const Paper paper(u"C_62"_s, -1);
+    PrintSettings settings({{u"a"_s, 1}});
     PrintSession session;
-    session.setValue(u"a"_qs, 1);
-    Printer printer(u"Label"_qs);
+    session.setValue(u"a"_s, 1);
+    Printer printer(u"Label"_s);
     QCOMPARE(PMGetPageFormatPaper(&format, nullptr), kPMInvalidParameter);
     QCOMPARE(PMPaperGetPPDPaperName(&paper, nullptr), kPMInvalidParameter);
     QCOMPARE(PMPaperGetHeight(&paper, nullptr), kPMInvalidParameter);
-    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_qs, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMPrintSettingsGetValue(&settings, u"a"_s, nullptr), kPMInvalidParameter);
     QCOMPARE(PMPrintSettingsCreateDataRepresentation(&settings, nullptr, kPMDataFormatBinary),
              kPMInvalidParameter);
     QCOMPARE(PMPrintSettingsCreateWithDataRepresentation(QByteArray(), nullptr),
              kPMInvalidParameter);
-    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_qs, nullptr), kPMInvalidParameter);
+    QCOMPARE(PMSessionGetDataFromSession(&session, u"a"_s, nullptr), kPMInvalidParameter);
     QCOMPARE(PMGetFirstPage(&settings, nullptr), kPMInvalidParameter);
     QCOMPARE(PMGetLastPage(&settings, nullptr), kPMInvalidParameter);
     QCOMPARE(PMPrinterCopyDeviceURI(&printer, nullptr), kPMInvalidParameter);

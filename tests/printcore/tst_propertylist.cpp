@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QRect>
 #include <QTest>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <clocale>
@@ -54,28 +55,28 @@ QByteArray arrayOf(const QList<quint64> &references)
 
 QDateTime utc(int year, int month, int day, const QTime &time)
 {
-    return QDateTime(QDate(year, month, day), time, Qt::UTC);
+    return QDateTime(QDate(year, month, day), time, QTimeZone::utc());
 }
 
 QVariantMap everyType()
 {
     return {
-        {u"text"_qs, u"Größe <12> & \U0001F600"_qs},
-        {u"number"_qs, qlonglong(62)},
-        {u"large"_qs, std::numeric_limits<qulonglong>::max()},
-        {u"real"_qs, 0.1},
-        {u"on"_qs, true},
-        {u"off"_qs, false},
-        {u"date"_qs, utc(2024, 2, 29, QTime(23, 59, 58))},
-        {u"data"_qs, QByteArray("\0\1\xff", 3)},
-        {u"list"_qs, QVariantList{u"a"_qs, qlonglong(-1), QVariantList(), QVariantMap()}},
-        {u"map"_qs, QVariantMap{{u""_qs, u""_qs}, {u"a/<b>"_qs, QByteArray()}}},
+        {u"text"_s, u"Größe <12> & \U0001F600"_s},
+        {u"number"_s, qlonglong(62)},
+        {u"large"_s, std::numeric_limits<qulonglong>::max()},
+        {u"real"_s, 0.1},
+        {u"on"_s, true},
+        {u"off"_s, false},
+        {u"date"_s, utc(2024, 2, 29, QTime(23, 59, 58))},
+        {u"data"_s, QByteArray("\0\1\xff", 3)},
+        {u"list"_s, QVariantList{u"a"_s, qlonglong(-1), QVariantList(), QVariantMap()}},
+        {u"map"_s, QVariantMap{{u""_s, u""_s}, {u"a/<b>"_s, QByteArray()}}},
     };
 }
 
 QVariant nested(int depth)
 {
-    QVariant value = u"deep"_qs;
+    QVariant value = u"deep"_s;
     for (int i = 0; i < depth; ++i)
         value = QVariantList{value};
     return value;
@@ -129,10 +130,10 @@ void PropertyListTest::everyValueSurvives_data()
     QTest::addColumn<Format>("format");
 
     const std::pair<const char *, QVariant> values[] = {
-        {"text", u"Größe <12> & \"tape\"\n\t \U0001F600 "_qs},
-        {"lines", u"\r\n\r \n"_qs},
-        {"XML's own text", u"]]><![CDATA[ &lt; <!-- ]]>"_qs},
-        {"empty text", u""_qs},
+        {"text", u"Größe <12> & \"tape\"\n\t \U0001F600 "_s},
+        {"lines", u"\r\n\r \n"_s},
+        {"XML's own text", u"]]><![CDATA[ &lt; <!-- ]]>"_s},
+        {"empty text", u""_s},
         {"zero", qlonglong(0)},
         {"minus one", qlonglong(-1)},
         {"byte", qlonglong(200)},
@@ -156,7 +157,7 @@ void PropertyListTest::everyValueSurvives_data()
         {"date long after", utc(9999, 12, 31, QTime(23, 59, 59))},
         {"data", QByteArray("\0\1\xff", 3)},
         {"empty data", QByteArray("")},
-        {"array", QVariantList{u"a"_qs, true, QVariantList{1.5}}},
+        {"array", QVariantList{u"a"_s, true, QVariantList{1.5}}},
         {"empty array", QVariantList()},
         {"dictionary", everyType()},
         {"empty dictionary", QVariantMap()},
@@ -231,11 +232,11 @@ void PropertyListTest::binaryDatesKeepMilliseconds()
 
 void PropertyListTest::datesAreReadInUTC()
 {
-    const QDateTime east(QDate(2024, 6, 1), QTime(12, 0), Qt::OffsetFromUTC, 2 * 60 * 60);
+    const QDateTime east(QDate(2024, 6, 1), QTime(12, 0), QTimeZone(2 * 60 * 60));
     for (const Format format : {Format::XML, Format::Binary}) {
         const QDateTime date = PropertyList::read(PropertyList::write(east, format)).toDateTime();
-        QCOMPARE(date.timeSpec(), Qt::UTC);
-        QCOMPARE(date.toString(Qt::ISODate), u"2024-06-01T10:00:00Z"_qs);
+        QCOMPARE(date.timeSpec(), QTimeZone::utc());
+        QCOMPARE(date.toString(Qt::ISODate), u"2024-06-01T10:00:00Z"_s);
     }
 }
 
@@ -252,7 +253,7 @@ void PropertyListTest::megabyteOfTextSurvives_data()
 void PropertyListTest::megabyteOfTextSurvives()
 {
     QFETCH(QChar, character);
-    const QVariantMap value{{u"text"_qs, QString(1 << 20, character)}};
+    const QVariantMap value{{u"text"_s, QString(1 << 20, character)}};
     for (const Format format : {Format::XML, Format::Binary})
         QCOMPARE(PropertyList::read(PropertyList::write(value, format)), QVariant(value));
 }
@@ -265,23 +266,23 @@ void PropertyListTest::readsWhatOthersWrite_data()
     QTest::newRow("document type and comments")
         << QByteArray("<?xml version='1.0'?><!DOCTYPE plist SYSTEM \"list.dtd\"><!-- <array> -->"
                       "<plist><!-- a --><dict><!-- b --><key>a</key><true></true></dict></plist>")
-        << QVariant(QVariantMap{{u"a"_qs, true}});
+        << QVariant(QVariantMap{{u"a"_s, true}});
     QTest::newRow("references and CDATA")
         << xml("<string>&#65;&#x1F600;&lt;<![CDATA[<x>]]></string>")
-        << QVariant(u"A\U0001F600<<x>"_qs);
+        << QVariant(u"A\U0001F600<<x>"_s);
     QTest::newRow("empty elements")
         << xml("<array><string/><data/><dict/></array>")
-        << QVariant(QVariantList{QString(u""_qs), QByteArray(""), QVariantMap()});
+        << QVariant(QVariantList{QString(u""_s), QByteArray(""), QVariantMap()});
     QTest::newRow("white space around numbers")
         << xml("<array><integer> +5 </integer><real> 2e3 </real></array>")
         << QVariant(QVariantList{5LL, 2000.0});
     QTest::newRow("data in lines")
         << xml("<data>\n\tAA\n\tEC\n</data>") << QVariant(QByteArray("\0\1\2", 3));
     QTest::newRow("key given twice") << xml("<dict><key>a</key><true/><key>a</key><false/></dict>")
-                                     << QVariant(QVariantMap{{u"a"_qs, false}});
+                                     << QVariant(QVariantMap{{u"a"_s, false}});
     QTest::newRow("single precision")
         << binary({QByteArray("\x22\x3f\xc0\0\0", 5)}) << QVariant(1.5);
-    QTest::newRow("UTF-16") << binary({QByteArray("\x62\x30\x42\0A", 5)}) << QVariant(u"あA"_qs);
+    QTest::newRow("UTF-16") << binary({QByteArray("\x62\x30\x42\0A", 5)}) << QVariant(u"あA"_s);
     QTest::newRow("16 bytes of integer")
         << binary({'\x14' + bigEndian(0, 8) + bigEndian(7, 8)}) << QVariant(7LL);
 }
@@ -315,10 +316,10 @@ void PropertyListTest::refusesToWriteOtherTypes_data()
     QTest::addColumn<QString>("complaint");
 
     const auto row = [](const QVariant &value, const char *name) {
-        QTest::newRow(name) << value << u"a property list holds no "_qs + QLatin1StringView(name);
+        QTest::newRow(name) << value << u"a property list holds no "_s + QLatin1StringView(name);
     };
     row(QRect(1, 2, 3, 4), "QRect");
-    row(QStringList{u"a"_qs}, "QStringList");
+    row(QStringList{u"a"_s}, "QStringList");
     row(QVariantHash(), "QVariantHash");
     row(QVariant::fromValue(nullptr), "std::nullptr_t");
     row(QChar(u'a'), "QChar");
@@ -327,13 +328,13 @@ void PropertyListTest::refusesToWriteOtherTypes_data()
     row(QVariant(), "invalid value");
     row(QDateTime(), "such date");
     QTest::newRow("year 999") << QVariant(utc(999, 1, 1, QTime(0, 0)))
-                              << u"a property list holds no such date"_qs;
+                              << u"a property list holds no such date"_s;
     QTest::newRow("year 10000") << QVariant(utc(10000, 1, 1, QTime(0, 0)))
-                                << u"a property list holds no such date"_qs;
+                                << u"a property list holds no such date"_s;
     QTest::newRow("half a character")
-        << QVariant(QString(QChar(0xd83d))) << u"the text is no Unicode"_qs;
+        << QVariant(QString(QChar(0xd83d))) << u"the text is no Unicode"_s;
     QTest::newRow("null character")
-        << QVariant(QString(QChar(u'\0'))) << u"the format holds no character U+0000"_qs;
+        << QVariant(QString(QChar(u'\0'))) << u"the format holds no character U+0000"_s;
 }
 
 void PropertyListTest::refusesToWriteOtherTypes()
@@ -344,7 +345,7 @@ void PropertyListTest::refusesToWriteOtherTypes()
         QCOMPARE(PropertyList::write(value, format, &error), QByteArray());
         QTEST(error, "complaint");
         QCOMPARE(PropertyList::write(QVariantList{value}, format, &error), QByteArray());
-        QVERIFY2(error.startsWith(u"[0]: "_qs), qPrintable(error));
+        QVERIFY2(error.startsWith(u"[0]: "_s), qPrintable(error));
         QCOMPARE(PropertyList::write(value, format), QByteArray());
     }
 }
@@ -352,24 +353,24 @@ void PropertyListTest::refusesToWriteOtherTypes()
 void PropertyListTest::tellsWhereTheUnwritableValueIs()
 {
     const QVariantList pages{1, 2, QRect()};
-    const QVariantMap settings{{u"Fine"_qs, 1}, {u"Pages"_qs, pages}};
+    const QVariantMap settings{{u"Fine"_s, 1}, {u"Pages"_s, pages}};
     QString error;
-    QCOMPARE(PropertyList::write(QVariantMap{{u"Settings"_qs, settings}}, Format::XML, &error),
+    QCOMPARE(PropertyList::write(QVariantMap{{u"Settings"_s, settings}}, Format::XML, &error),
              QByteArray());
-    QCOMPARE(error, u"Settings/Pages[2]: a property list holds no QRect"_qs);
+    QCOMPARE(error, u"Settings/Pages[2]: a property list holds no QRect"_s);
 
-    const QVariantMap inList{{u"Deep"_qs, QVariant()}};
+    const QVariantMap inList{{u"Deep"_s, QVariant()}};
     QCOMPARE(PropertyList::write(QVariantList{QVariantList{true, inList}}, Format::Binary, &error),
              QByteArray());
-    QCOMPARE(error, u"[0][1]/Deep: a property list holds no invalid value"_qs);
+    QCOMPARE(error, u"[0][1]/Deep: a property list holds no invalid value"_s);
 }
 
 void PropertyListTest::refusesCharactersThatXMLLacks()
 {
-    const QString bell = u"a\u0007"_qs;
+    const QString bell = u"a\u0007"_s;
     QString error;
-    QCOMPARE(PropertyList::write(QVariantMap{{u"k"_qs, bell}}, Format::XML, &error), QByteArray());
-    QCOMPARE(error, u"k: the format holds no character U+0007"_qs);
+    QCOMPARE(PropertyList::write(QVariantMap{{u"k"_s, bell}}, Format::XML, &error), QByteArray());
+    QCOMPARE(error, u"k: the format holds no character U+0007"_s);
     QCOMPARE(PropertyList::write(QVariantMap{{bell, true}}, Format::XML), QByteArray());
     QCOMPARE(PropertyList::read(PropertyList::write(bell, Format::Binary)), QVariant(bell));
 }
@@ -378,7 +379,7 @@ void PropertyListTest::refusesToWriteDeepNesting()
 {
     QString error;
     QCOMPARE(PropertyList::write(nested(257), Format::XML, &error), QByteArray());
-    QVERIFY2(error.endsWith(u"[0]: the values are nested too deeply"_qs), qPrintable(error));
+    QVERIFY2(error.endsWith(u"[0]: the values are nested too deeply"_s), qPrintable(error));
 }
 
 void PropertyListTest::refusesMalformedXML_data()
@@ -386,57 +387,56 @@ void PropertyListTest::refusesMalformedXML_data()
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("empty") << QByteArray() << u"the data is empty"_qs;
-    QTest::newRow("text") << QByteArray("FirstPage=1") << u"line 1: "_qs;
-    QTest::newRow("JSON") << QByteArray("{\"FirstPage\": 1}") << u"line 1: "_qs;
-    QTest::newRow("zeros") << QByteArray(1000, '\0') << u"line 1: "_qs;
+    QTest::newRow("empty") << QByteArray() << u"the data is empty"_s;
+    QTest::newRow("text") << QByteArray("FirstPage=1") << u"line 1: "_s;
+    QTest::newRow("JSON") << QByteArray("{\"FirstPage\": 1}") << u"line 1: "_s;
+    QTest::newRow("zeros") << QByteArray(1000, '\0') << u"line 1: "_s;
     QTest::newRow("other XML") << QByteArray("<html/>")
-                               << u"line 1: the data is no property list"_qs;
+                               << u"line 1: the data is no property list"_s;
     QTest::newRow("without a list")
-        << QByteArray("<dict/>") << u"line 1: the data is no property list"_qs;
-    QTest::newRow("no value") << xml("") << u"line 4: the property list is empty"_qs;
+        << QByteArray("<dict/>") << u"line 1: the data is no property list"_s;
+    QTest::newRow("no value") << xml("") << u"line 4: the property list is empty"_s;
     QTest::newRow("two values") << xml("<true/><true/>")
-                                << u"line 3: there is a second value at the top level"_qs;
-    QTest::newRow("not UTF-8") << xml("<string>\xff</string>") << u"the data is not in UTF-8"_qs;
-    QTest::newRow("unknown element") << xml("<set/>") << u"line 3: a property list holds no"_qs;
+                                << u"line 3: there is a second value at the top level"_s;
+    QTest::newRow("not UTF-8") << xml("<string>\xff</string>") << u"the data is not in UTF-8"_s;
+    QTest::newRow("unknown element") << xml("<set/>") << u"line 3: a property list holds no"_s;
     QTest::newRow("key as a value")
-        << xml("<key>a</key>") << u"line 3: a property list holds no \"key\""_qs;
+        << xml("<key>a</key>") << u"line 3: a property list holds no \"key\""_s;
     QTest::newRow("word for a number")
-        << xml("<integer>many</integer>") << u"line 3: \"many\" is no \"integer\""_qs;
-    QTest::newRow("no number") << xml("<integer/>") << u"line 3: \"\" is no \"integer\""_qs;
+        << xml("<integer>many</integer>") << u"line 3: \"many\" is no \"integer\""_s;
+    QTest::newRow("no number") << xml("<integer/>") << u"line 3: \"\" is no \"integer\""_s;
     QTest::newRow("number beyond 64 bits") << xml("<integer>18446744073709551616</integer>")
-                                           << u"line 3: \"18446744073709551616\" is no"_qs;
+                                           << u"line 3: \"18446744073709551616\" is no"_s;
     QTest::newRow("small number beyond 64 bits") << xml("<integer>-9223372036854775809</integer>")
-                                                 << u"line 3: \"-9223372036854775809\" is no"_qs;
+                                                 << u"line 3: \"-9223372036854775809\" is no"_s;
     QTest::newRow("octal number") << xml("<integer>010</integer>")
-                                  << u"line 3: \"010\" is no \"integer\""_qs;
+                                  << u"line 3: \"010\" is no \"integer\""_s;
     QTest::newRow("word for a real")
-        << xml("<real>much</real>") << u"line 3: \"much\" is no \"real\""_qs;
+        << xml("<real>much</real>") << u"line 3: \"much\" is no \"real\""_s;
     QTest::newRow("word for a date")
-        << xml("<date>today</date>") << u"line 3: \"today\" is no \"date\""_qs;
+        << xml("<date>today</date>") << u"line 3: \"today\" is no \"date\""_s;
     QTest::newRow("no such day") << xml("<date>2023-02-29T00:00:00Z</date>")
-                                 << u"line 3: \"2023-02-29T00:00:00Z\" is no \"date\""_qs;
-    QTest::newRow("no base 64") << xml("<data>A*==</data>")
-                                << u"line 3: \"A*==\" is no \"data\""_qs;
+                                 << u"line 3: \"2023-02-29T00:00:00Z\" is no \"date\""_s;
+    QTest::newRow("no base 64") << xml("<data>A*==</data>") << u"line 3: \"A*==\" is no \"data\""_s;
     QTest::newRow("half of base 64")
-        << xml("<data>AAE</data>") << u"line 3: \"AAE\" is no \"data\""_qs;
+        << xml("<data>AAE</data>") << u"line 3: \"AAE\" is no \"data\""_s;
     QTest::newRow("truth with content")
-        << xml("<true>1</true>") << u"line 3: \"1\" is no \"true\""_qs;
-    QTest::newRow("element in a text") << xml("<string><true/></string>") << u"line 3: "_qs;
+        << xml("<true>1</true>") << u"line 3: \"1\" is no \"true\""_s;
+    QTest::newRow("element in a text") << xml("<string><true/></string>") << u"line 3: "_s;
     QTest::newRow("value without a key")
-        << xml("<dict><true/></dict>") << u"line 3: a value has no key"_qs;
+        << xml("<dict><true/></dict>") << u"line 3: a value has no key"_s;
     QTest::newRow("key without a value")
-        << xml("<dict><key>a</key></dict>") << u"line 3: the key \"a\" has no value"_qs;
+        << xml("<dict><key>a</key></dict>") << u"line 3: the key \"a\" has no value"_s;
     QTest::newRow("text in an array")
-        << xml("<array>a<true/></array>") << u"line 3: there is text between the values"_qs;
+        << xml("<array>a<true/></array>") << u"line 3: there is text between the values"_s;
     QTest::newRow("CDATA in an array") << xml("<array><![CDATA[<array>]]></array>")
-                                       << u"line 3: there is text between the values"_qs;
-    QTest::newRow("unknown entity") << xml("<string>&page;</string>") << u"line 3: "_qs;
-    QTest::newRow("half a character") << xml("<string>&#xD83D;</string>") << u"line 3: "_qs;
+                                       << u"line 3: there is text between the values"_s;
+    QTest::newRow("unknown entity") << xml("<string>&page;</string>") << u"line 3: "_s;
+    QTest::newRow("half a character") << xml("<string>&#xD83D;</string>") << u"line 3: "_s;
     QTest::newRow("document type of its own")
         << QByteArray("<!DOCTYPE plist [<!ENTITY a \"aa\">]><plist><string>&a;</string></plist>")
-        << u"line 1: the data declares a document type of its own"_qs;
-    QTest::newRow("more after the end") << xml("<true/>") + "<plist/>" << u"line 5: "_qs;
+        << u"line 1: the data declares a document type of its own"_s;
+    QTest::newRow("more after the end") << xml("<true/>") + "<plist/>" << u"line 5: "_s;
 }
 
 void PropertyListTest::refusesMalformedXML()
@@ -457,8 +457,8 @@ void PropertyListTest::refusesMalformedBinary_data()
     const auto row = [](const char *name, const QByteArrayList &objects, const QString &complaint) {
         QTest::newRow(name) << objects << complaint;
     };
-    const QString unknown = u"object 0 is of no known type"_qs;
-    row("no objects", {}, u"object 0 is not there"_qs);
+    const QString unknown = u"object 0 is of no known type"_s;
+    row("no objects", {}, u"object 0 is not there"_s);
     row("null", {QByteArray("\0", 1)}, unknown);
     row("fill", {"\x0f"}, unknown);
     row("identifier", {QByteArray("\x80\7", 2)}, unknown);
@@ -480,22 +480,22 @@ void PropertyListTest::refusesMalformedBinary_data()
     row("text cut off",
         {"\x5a"
          "short"},
-        u"object 0 is cut off"_qs);
+        u"object 0 is cut off"_s);
     row("UTF-16 cut off",
         {"\x63"
          "short"},
-        u"object 0 is cut off"_qs);
-    row("endless data", {"\x4f\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_qs);
-    row("half of endless text", {"\x6f\x13\x80" + QByteArray(7, '\0')}, u"object 0 is cut off"_qs);
-    row("endless array", {"\xaf\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_qs);
-    row("count of no integer", {QByteArray("\x5f\x22\0\0\0\0", 6)}, u"object 0 is not there"_qs);
-    row("count of 16 bytes", {"\x5f\x14" + QByteArray(16, '\0')}, u"object 0 is not there"_qs);
-    row("count that is not there", {"\x5f"}, u"object 0 is not there"_qs);
-    row("element that is not there", {arrayOf({1})}, u"object 1 is not there"_qs);
-    row("itself", {arrayOf({0})}, u"object 0 holds itself"_qs);
-    row("itself further down", {arrayOf({1}), arrayOf({0})}, u"object 0 holds itself"_qs);
+        u"object 0 is cut off"_s);
+    row("endless data", {"\x4f\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_s);
+    row("half of endless text", {"\x6f\x13\x80" + QByteArray(7, '\0')}, u"object 0 is cut off"_s);
+    row("endless array", {"\xaf\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_s);
+    row("count of no integer", {QByteArray("\x5f\x22\0\0\0\0", 6)}, u"object 0 is not there"_s);
+    row("count of 16 bytes", {"\x5f\x14" + QByteArray(16, '\0')}, u"object 0 is not there"_s);
+    row("count that is not there", {"\x5f"}, u"object 0 is not there"_s);
+    row("element that is not there", {arrayOf({1})}, u"object 1 is not there"_s);
+    row("itself", {arrayOf({0})}, u"object 0 holds itself"_s);
+    row("itself further down", {arrayOf({1}), arrayOf({0})}, u"object 0 holds itself"_s);
     row("key that is no text", {QByteArray("\xd1\0\1\0\1", 5), "\x09"},
-        u"object 0 has a key that is no string"_qs);
+        u"object 0 has a key that is no string"_s);
 }
 
 void PropertyListTest::refusesMalformedBinary()
@@ -572,7 +572,7 @@ void PropertyListTest::refusesDeepNesting()
     QFETCH(QByteArray, data);
     QString error;
     QVERIFY(!PropertyList::read(data, &error).isValid());
-    QVERIFY2(error.endsWith(u"the values are nested too deeply"_qs), qPrintable(error));
+    QVERIFY2(error.endsWith(u"the values are nested too deeply"_s), qPrintable(error));
 }
 
 void PropertyListTest::refusesReferencesThatUnfoldWithoutEnd()
@@ -583,7 +583,7 @@ void PropertyListTest::refusesReferencesThatUnfoldWithoutEnd()
     objects.append("\x09");
     QString error;
     QVERIFY(!PropertyList::read(binary(objects), &error).isValid());
-    QVERIFY2(error.endsWith(u"unfolds to too much"_qs), qPrintable(error));
+    QVERIFY2(error.endsWith(u"unfolds to too much"_s), qPrintable(error));
 }
 
 void PropertyListTest::readsValuesThatAreReferredToMoreThanOnce()
@@ -593,7 +593,7 @@ void PropertyListTest::readsValuesThatAreReferredToMoreThanOnce()
              QVariant(QVariantList{QVariant(pair), QVariant(pair)}));
 
     QVariantList same;
-    std::fill_n(std::back_inserter(same), 10'000, u"the same text over and over again"_qs);
+    std::fill_n(std::back_inserter(same), 10'000, u"the same text over and over again"_s);
     QCOMPARE(PropertyList::read(PropertyList::write(same, Format::Binary)), QVariant(same));
 }
 

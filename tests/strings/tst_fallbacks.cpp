@@ -59,30 +59,30 @@ void FallbacksTest::namesOfTables_data()
     const auto row = [](const QString &languages, const char *names) {
         QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(names);
     };
-    row(u"en"_qs, "en");
-    row(u"de-AT"_qs, "de_AT de en");
-    row(u"de_AT.UTF-8"_qs, "de_AT de en");
-    row(u"de_DE@euro"_qs, "de_DE de en");
-    row(u"de-Latn-AT"_qs, "de_Latn_AT de_AT de_Latn de en");
-    row(u"DE-at"_qs, "de_AT de en");
-    row(u"de-AT de fr-FR"_qs, "de_AT de fr_FR fr en");
-    row(u"en-GB de"_qs, "en_GB en de");
-    row(u"pt-PT"_qs, "pt_PT pt pt_BR en");
-    row(u"pt-PT pt-Latn-PT es"_qs, "pt_PT pt pt_BR pt_Latn_PT pt_Latn es en");
-    row(u"ar-EG"_qs, "ar_EG ar en");
-    row(u"nb-NO"_qs, "nb_NO nb en");
-    row(u"zh"_qs, "zh_CN zh en");
-    row(u"zh-Hans"_qs, "zh_Hans zh_CN zh en");
-    row(u"zh-Hant"_qs, "zh_Hant zh_TW zh en");
-    row(u"zh-HK"_qs, "zh_HK zh_TW zh en");
-    row(u"zh-hant-hk"_qs, "zh_Hant_HK zh_HK zh_Hant zh_TW zh en");
-    row(u"zh-Hans-HK"_qs, "zh_Hans_HK zh_HK zh_Hans zh_CN zh en");
-    row(u"zh-MO"_qs, "zh_MO zh_TW zh en");
-    row(u"zh-SG"_qs, "zh_SG zh_CN zh en");
-    row(u"C"_qs, "c en");
-    row(u"../de"_qs, "en");
-    row(u"/de"_qs, "en");
-    row(u"-"_qs, "en");
+    row(u"en"_s, "en");
+    row(u"de-AT"_s, "de_AT de en");
+    row(u"de_AT.UTF-8"_s, "de_AT de en");
+    row(u"de_DE@euro"_s, "de_DE de en");
+    row(u"de-Latn-AT"_s, "de_Latn_AT de_AT de_Latn de en");
+    row(u"DE-at"_s, "de_AT de en");
+    row(u"de-AT de fr-FR"_s, "de_AT de fr_FR fr en");
+    row(u"en-GB de"_s, "en_GB en de");
+    row(u"pt-PT"_s, "pt_PT pt pt_BR en");
+    row(u"pt-PT pt-Latn-PT es"_s, "pt_PT pt pt_BR pt_Latn_PT pt_Latn es en");
+    row(u"ar-EG"_s, "ar_EG ar en");
+    row(u"nb-NO"_s, "nb_NO nb en");
+    row(u"zh"_s, "zh_CN zh en");
+    row(u"zh-Hans"_s, "zh_Hans zh_CN zh en");
+    row(u"zh-Hant"_s, "zh_Hant zh_TW zh en");
+    row(u"zh-HK"_s, "zh_HK zh_TW zh en");
+    row(u"zh-hant-hk"_s, "zh_Hant_HK zh_HK zh_Hant zh_TW zh en");
+    row(u"zh-Hans-HK"_s, "zh_Hans_HK zh_HK zh_Hans zh_CN zh en");
+    row(u"zh-MO"_s, "zh_MO zh_TW zh en");
+    row(u"zh-SG"_s, "zh_SG zh_CN zh en");
+    row(u"C"_s, "c en");
+    row(u"../de"_s, "en");
+    row(u"/de"_s, "en");
+    row(u"-"_s, "en");
 }
 
 void FallbacksTest::namesOfTables()
@@ -99,28 +99,28 @@ void FallbacksTest::languageOfTheBundle_data()
     const auto row = [](const QString &languages, const char *shown) {
         QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(shown);
     };
-    row(u"de-AT"_qs, "de");
-    row(u"de-CH"_qs, "de");
-    row(u"fr-CA"_qs, "fr");
-    row(u"es-MX"_qs, "es");
-    row(u"nl-BE"_qs, "nl");
-    row(u"pt"_qs, "pt_BR");
-    row(u"pt-PT"_qs, "pt_BR");
-    row(u"pt-PT es"_qs, "pt_BR");
-    row(u"zh"_qs, "zh_CN");
-    row(u"zh-Hans"_qs, "zh_CN");
-    row(u"zh-SG"_qs, "zh_CN");
-    row(u"zh-Hans-HK"_qs, "zh_CN");
-    row(u"zh-Hant"_qs, "zh_TW");
-    row(u"zh-HK"_qs, "zh_TW");
-    row(u"zh-MO"_qs, "zh_TW");
-    row(u"zh-Hant-HK"_qs, "zh_TW");
-    row(u"ar-EG"_qs, "ar");
-    row(u"nb-NO"_qs, "en");
-    row(u"nb-NO de"_qs, "de");
-    row(u"en-GB de"_qs, "en");
-    row(u"xx"_qs, "en");
-    row(u"C"_qs, "en");
+    row(u"de-AT"_s, "de");
+    row(u"de-CH"_s, "de");
+    row(u"fr-CA"_s, "fr");
+    row(u"es-MX"_s, "es");
+    row(u"nl-BE"_s, "nl");
+    row(u"pt"_s, "pt_BR");
+    row(u"pt-PT"_s, "pt_BR");
+    row(u"pt-PT es"_s, "pt_BR");
+    row(u"zh"_s, "zh_CN");
+    row(u"zh-Hans"_s, "zh_CN");
+    row(u"zh-SG"_s, "zh_CN");
+    row(u"zh-Hans-HK"_s, "zh_CN");
+    row(u"zh-Hant"_s, "zh_TW");
+    row(u"zh-HK"_s, "zh_TW");
+    row(u"zh-MO"_s, "zh_TW");
+    row(u"zh-Hant-HK"_s, "zh_TW");
+    row(u"ar-EG"_s, "ar");
+    row(u"nb-NO"_s, "en");
+    row(u"nb-NO de"_s, "de");
+    row(u"en-GB de"_s, "en");
+    row(u"xx"_s, "en");
+    row(u"C"_s, "en");
 }
 
 void FallbacksTest::languageOfTheBundle()
@@ -143,19 +143,19 @@ void FallbacksTest::languageOfTheUser_data()
     };
     const QStringList everyLanguage = TranslationFile::languages();
     for (const QString &language : everyLanguage) {
-        row(language + u".UTF-8"_qs, QString(), qPrintable(language));
+        row(language + u".UTF-8"_s, QString(), qPrintable(language));
     }
-    row(u"de_AT.UTF-8"_qs, QString(), "de");
-    row(u"pt_PT.UTF-8"_qs, QString(), "pt_BR");
-    row(u"zh_HK.UTF-8"_qs, QString(), "zh_TW");
-    row(u"zh_MO.UTF-8"_qs, QString(), "zh_TW");
-    row(u"zh_SG.UTF-8"_qs, QString(), "zh_CN");
-    row(u"ar_EG.UTF-8"_qs, QString(), "ar");
-    row(u"nb_NO.UTF-8"_qs, QString(), "en");
-    row(u"C.UTF-8"_qs, QString(), "en");
-    row(u"en_US.UTF-8"_qs, u"nb:ja"_qs, "ja");
-    row(u"en_US.UTF-8"_qs, u"zh_Hant_HK:en"_qs, "zh_TW");
-    row(u"de_DE.UTF-8"_qs, u"en_GB:de"_qs, "en");
+    row(u"de_AT.UTF-8"_s, QString(), "de");
+    row(u"pt_PT.UTF-8"_s, QString(), "pt_BR");
+    row(u"zh_HK.UTF-8"_s, QString(), "zh_TW");
+    row(u"zh_MO.UTF-8"_s, QString(), "zh_TW");
+    row(u"zh_SG.UTF-8"_s, QString(), "zh_CN");
+    row(u"ar_EG.UTF-8"_s, QString(), "ar");
+    row(u"nb_NO.UTF-8"_s, QString(), "en");
+    row(u"C.UTF-8"_s, QString(), "en");
+    row(u"en_US.UTF-8"_s, u"nb:ja"_s, "ja");
+    row(u"en_US.UTF-8"_s, u"zh_Hant_HK:en"_s, "zh_TW");
+    row(u"de_DE.UTF-8"_s, u"en_GB:de"_s, "en");
 }
 
 void FallbacksTest::languageOfTheUser()

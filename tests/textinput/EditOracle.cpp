@@ -7,25 +7,25 @@
 #include <limits>
 
 namespace {
-const QString digits = u"0123456789"_qs;
-const QString letters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"_qs;
+const QString digits = u"0123456789"_s;
+const QString letters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"_s;
 
 /// What the styles with a rule accept.
 const QMap<qint32, QString> accepted = {
     {2, digits},
-    {4, digits + u"."_qs},
-    {6, digits + letters + u" "_qs},
-    {7, letters + digits + u" $%+-./"_qs},
-    {8, digits + u"$+-./:"_qs},
-    {9, digits + u"$+-./:ABCDabcd"_qs},
-    {10, letters + digits + u" !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~"_qs},
-    {11, letters + digits + u" !\"%'()*+,-./:;<=>?_"_qs},
+    {4, digits + u"."_s},
+    {6, digits + letters + u" "_s},
+    {7, letters + digits + u" $%+-./"_s},
+    {8, digits + u"$+-./:"_s},
+    {9, digits + u"$+-./:ABCDabcd"_s},
+    {10, letters + digits + u" !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~"_s},
+    {11, letters + digits + u" !\"%'()*+,-./:;<=>?_"_s},
 };
 
 /// The characters of Mac OS Roman beyond ASCII.
 const QString romans =
     u"ÄÅÇÉÑÖÜáàâäãåçéèêëíìîïñóòôöõúùûü†°¢£§•¶ß®©™´¨≠ÆØ∞±≤≥¥µ∂∑∏π∫ªºΩæø¿¡¬√ƒ≈∆«»…\u00a0ÀÃÕŒœ–"
-    u"—“”‘’÷◊ÿŸ⁄€‹›ﬁﬂ‡·‚„‰ÂÊÁËÈÍÎÏÌÓÔ\uf8ffÒÚÛÙıˆ˜¯˘˙˚¸˝˛ˇ"_qs;
+    u"—“”‘’÷◊ÿŸ⁄€‹›ﬁﬂ‡·‚„‰ÂÊÁËÈÍÎÏÌÓÔ\uf8ffÒÚÛÙıˆ˜¯˘˙˚¸˝˛ˇ"_s;
 
 bool isASCII(const QString &text)
 {
@@ -138,7 +138,7 @@ bool isOfStyle(qint32 style, QChar character)
 
 Verdict verdictOn(const CheckedEdit &edit)
 {
-    const QString invalid = u"InvalidCharacterNotification"_qs;
+    const QString invalid = u"InvalidCharacterNotification"_s;
     if (edit.proposedText.isEmpty() || !edit.proposedSelection) {
         return {};
     }
@@ -172,7 +172,7 @@ Verdict verdictOn(const CheckedEdit &edit)
             const bool isTooLarge = edit.maxValue && value > *edit.maxValue;
             const bool isTooSmall = edit.minValue && value < *edit.minValue;
             if (isTooLarge || isTooSmall) {
-                verdict.notification = u"FormatErrorNotification"_qs;
+                verdict.notification = u"FormatErrorNotification"_s;
             }
         }
     }

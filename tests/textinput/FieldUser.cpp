@@ -15,13 +15,13 @@ QString seenOf(const QLineEdit &field)
     QString text = field.text();
     if (field.hasSelectedText()) {
         const bool caretIsFirst = field.cursorPosition() == field.selectionStart();
-        text.insert(field.selectionEnd(), caretIsFirst ? u"]"_qs : u"|]"_qs);
-        text.insert(field.selectionStart(), caretIsFirst ? u"[|"_qs : u"["_qs);
+        text.insert(field.selectionEnd(), caretIsFirst ? u"]"_s : u"|]"_s);
+        text.insert(field.selectionStart(), caretIsFirst ? u"[|"_s : u"["_s);
     } else {
         text.insert(field.cursorPosition(), u'|');
     }
-    return text + (field.isUndoAvailable() ? u" undo"_qs : QString()) +
-           (field.isRedoAvailable() ? u" redo"_qs : QString());
+    return text + (field.isUndoAvailable() ? u" undo"_s : QString()) +
+           (field.isRedoAvailable() ? u" redo"_s : QString());
 }
 
 FieldUser::FieldUser(QLineEdit *field)

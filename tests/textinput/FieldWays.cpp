@@ -6,7 +6,7 @@
 FieldAction FieldWay::puttingX() const
 {
     return [put = put](FieldUser &user) {
-        put(user, u"x"_qs);
+        put(user, u"x"_s);
     };
 }
 

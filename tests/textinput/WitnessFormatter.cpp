@@ -18,8 +18,8 @@ bool WitnessFormatter::isPartialStringValid(const QString &proposedText,
                                             const QString &originalString,
                                             const TextRange &originalSelectedRange, QString *)
 {
-    mAsked += marked(originalString, originalSelectedRange) + u" > "_qs +
-              (proposedSelectedRange ? marked(proposedText, *proposedSelectedRange) : u"?"_qs);
+    mAsked += marked(originalString, originalSelectedRange) + u" > "_s +
+              (proposedSelectedRange ? marked(proposedText, *proposedSelectedRange) : u"?"_s);
     return mIsAllowing;
 }
 

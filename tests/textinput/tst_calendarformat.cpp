@@ -26,7 +26,7 @@ private Q_SLOTS:
 
 namespace {
 /// A Thursday.
-const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9, 7), Qt::OffsetFromUTC, 9 * 3600);
+const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9, 7), QTimeZone(9 * 3600));
 
 QString described(const QString &format, const QVariantMap &locale = {})
 {
@@ -91,7 +91,7 @@ void CalendarFormatTest::writesNumbersOfEveryTime_data()
     QTest::addColumn<QString>("text");
 
     const auto row = [](const char *name, QDate day, QTime time, const char16_t *text) {
-        QTest::newRow(name) << QDateTime(day, time, Qt::UTC) << QString::fromUtf16(text);
+        QTest::newRow(name) << QDateTime(day, time, QTimeZone::utc()) << QString::fromUtf16(text);
     };
     row("midnight", {2024, 1, 1}, {0, 0, 0, 0}, u"00 12 AM 00 00 000 001 1 Mon 24 2024");
     row("one", {2023, 12, 31}, {1, 2, 3, 45}, u"01 01 AM 02 03 045 365 0 Sun 23 2023");
@@ -105,7 +105,7 @@ void CalendarFormatTest::writesNumbersOfEveryTime_data()
 void CalendarFormatTest::writesNumbersOfEveryTime()
 {
     QFETCH(QDateTime, when);
-    QTEST(descriptionWithCalendarFormat(when, u"%H %I %p %M %S %F %j %w %a %y %Y"_qs, {}), "text");
+    QTEST(descriptionWithCalendarFormat(when, u"%H %I %p %M %S %F %j %w %a %y %Y"_s, {}), "text");
 }
 
 void CalendarFormatTest::namesWeekdaysAndMonths()
@@ -113,67 +113,66 @@ void CalendarFormatTest::namesWeekdaysAndMonths()
     QStringList days;
     for (int day = 1; day <= 7; ++day) {
         // From a Sunday on.
-        const QDateTime when(QDate(2024, 9, day), QTime(0, 0), Qt::UTC);
-        days += descriptionWithCalendarFormat(when, u"%w %a %A"_qs, {});
+        const QDateTime when(QDate(2024, 9, day), QTime(0, 0), QTimeZone::utc());
+        days += descriptionWithCalendarFormat(when, u"%w %a %A"_s, {});
     }
     QCOMPARE(days.join(u'|'), u"0 Sun Sunday|1 Mon Monday|2 Tue Tuesday|3 Wed Wednesday|"
-                              u"4 Thu Thursday|5 Fri Friday|6 Sat Saturday"_qs);
+                              u"4 Thu Thursday|5 Fri Friday|6 Sat Saturday"_s);
     QStringList months;
     for (int month = 1; month <= 12; ++month) {
-        const QDateTime when(QDate(2024, month, 1), QTime(0, 0), Qt::UTC);
-        months += descriptionWithCalendarFormat(when, u"%b %B"_qs, {});
+        const QDateTime when(QDate(2024, month, 1), QTime(0, 0), QTimeZone::utc());
+        months += descriptionWithCalendarFormat(when, u"%b %B"_s, {});
     }
     QCOMPARE(months.join(u'|'),
              u"Jan January|Feb February|Mar March|Apr April|May May|Jun June|Jul July|"
-             u"Aug August|Sep September|Oct October|Nov November|Dec December"_qs);
+             u"Aug August|Sep September|Oct October|Nov November|Dec December"_s);
 }
 
 void CalendarFormatTest::takesNamesFromTheLocale()
 {
-    const QStringList fullDays{u"Sonntag"_qs,    u"Montag"_qs,  u"Dienstag"_qs, u"Mittwoch"_qs,
-                               u"Donnerstag"_qs, u"Freitag"_qs, u"Samstag"_qs};
-    const QVariantList shortDays{u"So"_qs, u"Mo"_qs, u"Di"_qs, u"Mi"_qs,
-                                 u"Do"_qs, u"Fr"_qs, u"Sa"_qs};
+    const QStringList fullDays{u"Sonntag"_s,    u"Montag"_s,  u"Dienstag"_s, u"Mittwoch"_s,
+                               u"Donnerstag"_s, u"Freitag"_s, u"Samstag"_s};
+    const QVariantList shortDays{u"So"_s, u"Mo"_s, u"Di"_s, u"Mi"_s, u"Do"_s, u"Fr"_s, u"Sa"_s};
     QStringList months;
     QStringList shortMonths;
     for (int i = 1; i <= 12; ++i) {
-        months += u"Monat %1"_qs.arg(i);
-        shortMonths += u"M%1"_qs.arg(i);
+        months += u"Monat %1"_s.arg(i);
+        shortMonths += u"M%1"_s.arg(i);
     }
     const QVariantMap locale{
-        {u"NSWeekDayNameArray"_qs, fullDays},
-        {u"NSShortWeekDayNameArray"_qs, shortDays},
-        {u"NSMonthNameArray"_qs, months},
-        {u"NSShortMonthNameArray"_qs, shortMonths},
-        {u"NSAMPMDesignation"_qs, QStringList{u"vorm."_qs, u"nachm."_qs}},
+        {u"NSWeekDayNameArray"_s, fullDays},
+        {u"NSShortWeekDayNameArray"_s, shortDays},
+        {u"NSMonthNameArray"_s, months},
+        {u"NSShortMonthNameArray"_s, shortMonths},
+        {u"NSAMPMDesignation"_s, QStringList{u"vorm."_s, u"nachm."_s}},
     };
-    QCOMPARE(described(u"%a %A %b %B %p"_qs, locale), u"Do Donnerstag M7 Monat 7 nachm."_qs);
+    QCOMPARE(described(u"%a %A %b %B %p"_s, locale), u"Do Donnerstag M7 Monat 7 nachm."_s);
 }
 
 void CalendarFormatTest::takesFormatsFromTheLocale()
 {
     const QVariantMap locale{
-        {u"NSDateFormatString"_qs, u"%d.%m.%Y"_qs},
-        {u"NSTimeFormatString"_qs, u"%H:%M"_qs},
-        {u"NSTimeDateFormatString"_qs, u"%x um %X"_qs},
+        {u"NSDateFormatString"_s, u"%d.%m.%Y"_s},
+        {u"NSTimeFormatString"_s, u"%H:%M"_s},
+        {u"NSTimeDateFormatString"_s, u"%x um %X"_s},
     };
-    QCOMPARE(described(u"%x"_qs, locale), u"04.07.2024"_qs);
-    QCOMPARE(described(u"%X"_qs, locale), u"16:05"_qs);
-    QCOMPARE(described(u"%c"_qs, locale), u"04.07.2024 um 16:05"_qs);
-    const QVariantMap empty{{u"NSAMPMDesignation"_qs, QVariantList{u""_qs, u""_qs}},
-                            {u"NSDateFormatString"_qs, u""_qs}};
-    QCOMPARE(described(u"[%p%x]"_qs, empty), u"[]"_qs);
+    QCOMPARE(described(u"%x"_s, locale), u"04.07.2024"_s);
+    QCOMPARE(described(u"%X"_s, locale), u"16:05"_s);
+    QCOMPARE(described(u"%c"_s, locale), u"04.07.2024 um 16:05"_s);
+    const QVariantMap empty{{u"NSAMPMDesignation"_s, QVariantList{u""_s, u""_s}},
+                            {u"NSDateFormatString"_s, u""_s}};
+    QCOMPARE(described(u"[%p%x]"_s, empty), u"[]"_s);
 }
 
 void CalendarFormatTest::fallsBackToEnglish()
 {
     const QVariantMap locale{
-        {u"NSWeekDayNameArray"_qs, QStringList{u"Sonntag"_qs, u"Montag"_qs}},
-        {u"NSMonthNameArray"_qs, 12},
-        {u"NSAMPMDesignation"_qs, QStringList()},
-        {u"NSTimeFormatString"_qs, QVariant()},
+        {u"NSWeekDayNameArray"_s, QStringList{u"Sonntag"_s, u"Montag"_s}},
+        {u"NSMonthNameArray"_s, 12},
+        {u"NSAMPMDesignation"_s, QStringList()},
+        {u"NSTimeFormatString"_s, QVariant()},
     };
-    QCOMPARE(described(u"%A %B %p %X"_qs, locale), u"Thursday July PM 04:05:09 PM"_qs);
+    QCOMPARE(described(u"%A %B %p %X"_s, locale), u"Thursday July PM 04:05:09 PM"_s);
 }
 
 void CalendarFormatTest::leavesOtherTextAlone_data()
@@ -198,29 +197,28 @@ void CalendarFormatTest::writesTimeZones_data()
 
     const QDate day(2024, 7, 4);
     const QTime time(12, 0);
-    QTest::newRow("universal") << QDateTime(day, time, Qt::UTC) << u"+0000 UTC"_qs;
+    QTest::newRow("universal") << QDateTime(day, time, QTimeZone::utc()) << u"+0000 UTC"_s;
     QTest::newRow("half an hour west")
-        << QDateTime(day, time, Qt::OffsetFromUTC, -1800) << u"-0030 UTC-00:30"_qs;
-    QTest::newRow("east") << QDateTime(day, time, Qt::OffsetFromUTC, 20700)
-                          << u"+0545 UTC+05:45"_qs;
+        << QDateTime(day, time, QTimeZone(-1800)) << u"-0030 UTC-00:30"_s;
+    QTest::newRow("east") << QDateTime(day, time, QTimeZone(20700)) << u"+0545 UTC+05:45"_s;
     QTest::newRow("summer") << QDateTime(day, time, QTimeZone("America/Los_Angeles"))
-                            << u"-0700 Pacific Daylight Time"_qs;
+                            << u"-0700 Pacific Daylight Time"_s;
     QTest::newRow("winter") << QDateTime(day.addMonths(6), time, QTimeZone("America/Los_Angeles"))
-                            << u"-0800 Pacific Standard Time"_qs;
+                            << u"-0800 Pacific Standard Time"_s;
 }
 
 void CalendarFormatTest::writesTimeZones()
 {
     QFETCH(QDateTime, when);
-    QTEST(descriptionWithCalendarFormat(when, u"%z %Z"_qs, {}), "text");
+    QTEST(descriptionWithCalendarFormat(when, u"%z %Z"_s, {}), "text");
 }
 
 void CalendarFormatTest::endsFormatsThatHoldThemselves()
 {
-    const QVariantMap locale{{u"NSTimeDateFormatString"_qs, u"<%c>"_qs},
-                             {u"NSDateFormatString"_qs, u"(%x)"_qs}};
-    QCOMPARE(described(u"%c"_qs, locale), u"<<%c>>"_qs);
-    QCOMPARE(described(u"%x"_qs, locale), u"((%x))"_qs);
+    const QVariantMap locale{{u"NSTimeDateFormatString"_s, u"<%c>"_s},
+                             {u"NSDateFormatString"_s, u"(%x)"_s}};
+    QCOMPARE(described(u"%c"_s, locale), u"<<%c>>"_s);
+    QCOMPARE(described(u"%x"_s, locale), u"((%x))"_s);
 }
 
 KV_CORE_TEST(CalendarFormatTest)

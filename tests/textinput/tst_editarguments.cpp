@@ -33,125 +33,125 @@ struct AskedRow
 // The field holds "1234" with the caret at the end.
 const AskedRow askedRows[] = {
     {"typing",
-     [](FieldUser &user) { user.types(u"56"_qs); },
-     {u"1234| > 12345|"_qs, u"12345| > 123456|"_qs}},
+     [](FieldUser &user) { user.types(u"56"_s); },
+     {u"1234| > 12345|"_s, u"12345| > 123456|"_s}},
     {"typing within",
      [](FieldUser &user) {
          user.presses(Qt::Key_Home);
-         user.types(u"5"_qs);
+         user.types(u"5"_s);
      },
-     {u"|1234 > 5|1234"_qs}},
+     {u"|1234 > 5|1234"_s}},
     {"typing a pair",
-     [](FieldUser &user) { user.commits(u"\U0001f600"_qs); },
-     {u"1234| > 1234\U0001f600|"_qs}},
+     [](FieldUser &user) { user.commits(u"\U0001f600"_s); },
+     {u"1234| > 1234\U0001f600|"_s}},
     {"typing over a selection",
      [](FieldUser &user) {
          user.selects(1, 2);
-         user.types(u"5"_qs);
+         user.types(u"5"_s);
      },
-     {u"1[23]4 > 15|4"_qs}},
+     {u"1[23]4 > 15|4"_s}},
     {"typing over a selection backwards",
      [](FieldUser &user) {
          user.selects(3, -2);
-         user.types(u"5"_qs);
+         user.types(u"5"_s);
      },
-     {u"1[23]4 > 15|4"_qs}},
+     {u"1[23]4 > 15|4"_s}},
     {"typing with modifiers",
      [](FieldUser &user) {
-         user.strikes(u"5"_qs, Qt::KeypadModifier);
-         user.strikes(u"A"_qs, Qt::ShiftModifier);
-         user.strikes(u"€"_qs, Qt::GroupSwitchModifier);
-         user.strikes(u"@"_qs, Qt::ControlModifier | Qt::AltModifier);
+         user.strikes(u"5"_s, Qt::KeypadModifier);
+         user.strikes(u"A"_s, Qt::ShiftModifier);
+         user.strikes(u"€"_s, Qt::GroupSwitchModifier);
+         user.strikes(u"@"_s, Qt::ControlModifier | Qt::AltModifier);
      },
-     {u"1234| > 12345|"_qs, u"12345| > 12345A|"_qs, u"12345A| > 12345A€|"_qs,
-      u"12345A€| > 12345A€@|"_qs}},
-    {"pasting", [](FieldUser &user) { user.pastes(u"56"_qs); }, {u"1234| > 123456|"_qs}},
+     {u"1234| > 12345|"_s, u"12345| > 12345A|"_s, u"12345A| > 12345A€|"_s,
+      u"12345A€| > 12345A€@|"_s}},
+    {"pasting", [](FieldUser &user) { user.pastes(u"56"_s); }, {u"1234| > 123456|"_s}},
     {"pasting over a selection",
      [](FieldUser &user) {
          user.selects(0, 3);
-         user.pastes(u"56"_qs);
+         user.pastes(u"56"_s);
      },
-     {u"[123]4 > 56|4"_qs}},
+     {u"[123]4 > 56|4"_s}},
     {"pasting with another key",
      [](FieldUser &user) {
-         QGuiApplication::clipboard()->setText(u"56"_qs);
+         QGuiApplication::clipboard()->setText(u"56"_s);
          user.presses(Qt::Key_Insert, Qt::ShiftModifier);
      },
-     {u"1234| > 123456|"_qs}},
+     {u"1234| > 123456|"_s}},
     {"menu",
      [](FieldUser &user) {
          user.selects(3, -1);
-         user.pastesFromMenu(u"56"_qs);
+         user.pastesFromMenu(u"56"_s);
      },
-     {u"12[3]4 > 1256|4"_qs}},
+     {u"12[3]4 > 1256|4"_s}},
     {"paste()",
      [](FieldUser &user) {
          user.selects(2, 1);
-         pasteByProgram(user, u"56"_qs);
+         pasteByProgram(user, u"56"_s);
      },
-     {u"12[3]4 > 1256|4"_qs}},
+     {u"12[3]4 > 1256|4"_s}},
     {"insert()",
      [](FieldUser &user) {
          user.selects(2, 1);
-         user.field()->insert(u"56"_qs);
+         user.field()->insert(u"56"_s);
      },
-     {u"12[3]4 > 1256|4"_qs}},
-    {"commit", [](FieldUser &user) { user.commits(u"56"_qs); }, {u"1234| > 123456|"_qs}},
+     {u"12[3]4 > 1256|4"_s}},
+    {"commit", [](FieldUser &user) { user.commits(u"56"_s); }, {u"1234| > 123456|"_s}},
     {"commit over a selection",
      [](FieldUser &user) {
          user.selects(1, 2);
-         user.commits(u"5"_qs);
+         user.commits(u"5"_s);
      },
-     {u"1[23]4 > 15|4"_qs}},
+     {u"1[23]4 > 15|4"_s}},
     {"composition",
      [](FieldUser &user) {
-         user.composes(u"k"_qs);
-         user.composes(u"ka"_qs);
-         user.commits(u"5"_qs);
+         user.composes(u"k"_s);
+         user.composes(u"ka"_s);
+         user.commits(u"5"_s);
      },
-     {u"1234| > 12345|"_qs}},
-    {"drop", [](FieldUser &user) { user.drops(u"56"_qs, 1); }, {u"1|234 > 156|234"_qs}},
+     {u"1234| > 12345|"_s}},
+    {"drop", [](FieldUser &user) { user.drops(u"56"_s, 1); }, {u"1|234 > 156|234"_s}},
     {"drop beside a selection",
      [](FieldUser &user) {
          user.selects(0, 2);
-         user.drops(u"56"_qs, 3);
+         user.drops(u"56"_s, 3);
      },
-     {u"123|4 > 12356|4"_qs}},
+     {u"123|4 > 12356|4"_s}},
     {"deleting forward",
      [](FieldUser &user) {
          user.presses(Qt::Key_Home);
          user.presses(Qt::Key_Delete);
      },
-     {u"|1234 > |234"_qs}},
-    {"deleting backward", [](FieldUser &user) { user.types(u"\b"_qs); }, {u"1234| > 123|"_qs}},
+     {u"|1234 > |234"_s}},
+    {"deleting backward", [](FieldUser &user) { user.types(u"\b"_s); }, {u"1234| > 123|"_s}},
     {"cutting",
      [](FieldUser &user) {
          user.selects(1, 2);
          user.presses(Qt::Key_X, Qt::ControlModifier);
      },
-     {u"1[23]4 > 1|4"_qs}},
+     {u"1[23]4 > 1|4"_s}},
     {"after text of the program",
      [](FieldUser &user) {
-         user.field()->setText(u"89"_qs);
-         user.types(u"5"_qs);
-         pasteByProgram(user, u"6"_qs);
+         user.field()->setText(u"89"_s);
+         user.types(u"5"_s);
+         pasteByProgram(user, u"6"_s);
      },
-     {u"89| > 895|"_qs, u"895| > 8956|"_qs}},
+     {u"89| > 895|"_s, u"895| > 8956|"_s}},
     {"after text of the program that nobody hears of",
      [](FieldUser &user) {
          user.field()->blockSignals(true);
-         user.field()->setText(u"89"_qs);
+         user.field()->setText(u"89"_s);
          user.field()->blockSignals(false);
-         pasteByProgram(user, u"6"_qs);
+         pasteByProgram(user, u"6"_s);
      },
-     {u"89| > 896|"_qs}},
+     {u"89| > 896|"_s}},
     {"after undo",
      [](FieldUser &user) {
-         user.pastes(u"5"_qs);
+         user.pastes(u"5"_s);
          user.undoes();
-         user.types(u"6"_qs);
+         user.types(u"6"_s);
      },
-     {u"1234| > 12345|"_qs, u"1234| > 12346|"_qs}},
+     {u"1234| > 12345|"_s, u"1234| > 12346|"_s}},
 };
 
 /// What a user or the program does that no formatter is asked about.
@@ -195,16 +195,16 @@ const UnaskedRow unaskedRows[] = {
      }},
     {"text of the program",
      [](FieldUser &user) {
-         user.field()->setText(u"89"_qs);
+         user.field()->setText(u"89"_s);
          user.field()->setMaxLength(1);
      }},
     {"read-only field",
      [](FieldUser &user) {
          user.field()->setReadOnly(true);
-         user.types(u"5"_qs);
-         user.pastes(u"5"_qs);
-         user.drops(u"5"_qs, 1);
-         user.commits(u"5"_qs);
+         user.types(u"5"_s);
+         user.pastes(u"5"_s);
+         user.drops(u"5"_s, 1);
+         user.commits(u"5"_s);
      }},
     {"keys with no text of their own",
      [](FieldUser &user) {
@@ -214,8 +214,8 @@ const UnaskedRow unaskedRows[] = {
      }},
     {"keys that the field leaves to shortcuts",
      [](FieldUser &user) {
-         user.strikes(u"5"_qs, Qt::ControlModifier);
-         user.strikes(u"%"_qs, Qt::ControlModifier | Qt::ShiftModifier);
+         user.strikes(u"5"_s, Qt::ControlModifier);
+         user.strikes(u"%"_s, Qt::ControlModifier | Qt::ShiftModifier);
      }},
     {"focus elsewhere",
      [](FieldUser &user) {
@@ -224,7 +224,7 @@ const UnaskedRow unaskedRows[] = {
      }},
     {"composition without a commit",
      [](FieldUser &user) {
-         user.composes(u"k"_qs);
+         user.composes(u"k"_s);
          user.composes({});
      }},
 };
@@ -243,7 +243,7 @@ void EditArgumentsTest::checkIsGivenTheEdit()
 {
     QFETCH(FieldAction, edits);
     FieldUser user;
-    user.types(u"1234"_qs);
+    user.types(u"1234"_s);
     WitnessFormatter witness;
     FormatterAdapter::attach(&witness, user.field());
     edits(user);
@@ -262,7 +262,7 @@ void EditArgumentsTest::checkIsNotAsked()
 {
     QFETCH(FieldAction, acts);
     FieldUser user;
-    user.types(u"1234"_qs);
+    user.types(u"1234"_s);
     WitnessFormatter witness;
     FormatterAdapter::attach(&witness, user.field());
     acts(user);
@@ -285,23 +285,23 @@ void EditArgumentsTest::committedTextReplacesWhatIsAround()
     QFETCH(int, start);
     QFETCH(int, length);
     FieldUser unchecked;
-    unchecked.types(u"123456"_qs);
+    unchecked.types(u"123456"_s);
     unchecked.field()->setCursorPosition(3);
     FieldUser user;
     WitnessFormatter witness;
     FormatterAdapter::attach(&witness, user.field());
-    user.types(u"123456"_qs);
+    user.types(u"123456"_s);
     user.field()->setCursorPosition(3);
     witness.taken();
-    unchecked.commits(u"xyz"_qs, start, length);
-    user.commits(u"xyz"_qs, start, length);
+    unchecked.commits(u"xyz"_s, start, length);
+    user.commits(u"xyz"_s, start, length);
     QCOMPARE(user.seen(), unchecked.seen());
     const QString after = user.field()->text().insert(user.field()->cursorPosition(), u'|');
-    QCOMPARE(witness.taken(), QStringList{u"123|456 > "_qs + after});
+    QCOMPARE(witness.taken(), QStringList{u"123|456 > "_s + after});
 
     witness.setAllowing(false);
     const QString seen = user.seen();
-    user.commits(u"x"_qs, start, qMin(length, 1));
+    user.commits(u"x"_s, start, qMin(length, 1));
     QCOMPARE(user.seen(), seen);
 }
 

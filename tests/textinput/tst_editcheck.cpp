@@ -67,8 +67,8 @@ constexpr QtSize farthest = std::numeric_limits<QtSize>::max();
 constexpr QtSize farthestBack = std::numeric_limits<QtSize>::min();
 
 const QStringList nothing;
-const QStringList invalid{u"InvalidCharacterNotification"_qs};
-const QStringList outOfRange{u"FormatErrorNotification"_qs};
+const QStringList invalid{u"InvalidCharacterNotification"_s};
+const QStringList outOfRange{u"FormatErrorNotification"_s};
 
 QStringList invalidCharacter(const QString &character)
 {
@@ -104,10 +104,10 @@ void EditCheckTest::allowsWithoutText()
     RefusalLog log;
     const TextRange caret{3, 0};
     QVERIFY(mFormatter->isPartialStringValid({}, &caret, {}, {}, nullptr));
-    QVERIFY(mFormatter->isPartialStringValid(u""_qs, &caret, u"abc"_qs, {}, nullptr));
-    QVERIFY(mFormatter->isPartialStringValid(u"xyz"_qs, nullptr, {}, {}, nullptr));
+    QVERIFY(mFormatter->isPartialStringValid(u""_s, &caret, u"abc"_s, {}, nullptr));
+    QVERIFY(mFormatter->isPartialStringValid(u"xyz"_s, nullptr, {}, {}, nullptr));
     QCOMPARE(log.takenBeeps(), 0);
-    QVERIFY(!mFormatter->isPartialStringValid(u"xyz"_qs, &caret, {}, {}, nullptr));
+    QVERIFY(!mFormatter->isPartialStringValid(u"xyz"_s, &caret, {}, {}, nullptr));
     QCOMPARE(log.takenBeeps(), 1);
 }
 
@@ -134,9 +134,9 @@ void EditCheckTest::allowsWhatDoesNotMoveTheCaretForward()
     RefusalLog log;
     mFormatter->setTextStyle(2);
     mFormatter->setMaxLength(-1);
-    mFormatter->addInvalidCharacter(u"x"_qs);
+    mFormatter->addInvalidCharacter(u"x"_s);
     const bool allowed =
-        mFormatter->isPartialStringValid(u"xxxx"_qs, &after, u"yyyyy"_qs, before, nullptr);
+        mFormatter->isPartialStringValid(u"xxxx"_s, &after, u"yyyyy"_s, before, nullptr);
     QTEST(allowed, "allowed");
     QCOMPARE(log.takenBeeps(), allowed ? 0 : 1);
     QCOMPARE(log.taken().size(), allowed ? 0 : 1);
@@ -149,11 +149,11 @@ void EditCheckTest::staysWithinTheText_data()
     QTest::addColumn<QString>("refused");
 
     // The text is "1x3".
-    QTest::newRow("beyond the end") << QtSize(1) << QtSize(9) << u"x3"_qs;
-    QTest::newRow("far beyond the end") << QtSize(2) << farthest << u"3"_qs;
+    QTest::newRow("beyond the end") << QtSize(1) << QtSize(9) << u"x3"_s;
+    QTest::newRow("far beyond the end") << QtSize(2) << farthest << u"3"_s;
     QTest::newRow("both beyond the end") << QtSize(3) << farthest << QString();
-    QTest::newRow("before the start") << QtSize(-5) << QtSize(2) << u"1x"_qs;
-    QTest::newRow("far before the start") << farthestBack << farthest << u"1x3"_qs;
+    QTest::newRow("before the start") << QtSize(-5) << QtSize(2) << u"1x"_s;
+    QTest::newRow("far before the start") << farthestBack << farthest << u"1x3"_s;
     QTest::newRow("both before the start") << farthestBack << QtSize(-1) << QString();
 }
 
@@ -164,11 +164,11 @@ void EditCheckTest::staysWithinTheText()
     QFETCH(QString, refused);
     const TextRange caret{after, farthest};
     RefusalLog log;
-    for (const QString &string : {u"x3"_qs, u"3"_qs, u"1x"_qs, u"1x3"_qs}) {
+    for (const QString &string : {u"x3"_s, u"3"_s, u"1x"_s, u"1x3"_s}) {
         mFormatter = PDEFormatter::init();
         mFormatter->addInvalidCharacter(string);
         const bool allowed =
-            mFormatter->isPartialStringValid(u"1x3"_qs, &caret, {}, {before, farthest}, nullptr);
+            mFormatter->isPartialStringValid(u"1x3"_s, &caret, {}, {before, farthest}, nullptr);
         QCOMPARE(allowed, string != refused);
         QCOMPARE(log.taken(), allowed ? nothing : invalidCharacter(string.right(1)));
     }
@@ -177,20 +177,20 @@ void EditCheckTest::staysWithinTheText()
 void EditCheckTest::looksAtTypedTextOnly()
 {
     mFormatter->setTextStyle(2);
-    QVERIFY(allows(u"ab[1]cd"_qs));
-    QVERIFY(allows(u"é(x)[12]あ"_qs));
-    QVERIFY(!allows(u"12[a]34"_qs));
-    QVERIFY(allows(u"12(345)[]a"_qs));
+    QVERIFY(allows(u"ab[1]cd"_s));
+    QVERIFY(allows(u"é(x)[12]あ"_s));
+    QVERIFY(!allows(u"12[a]34"_s));
+    QVERIFY(allows(u"12(345)[]a"_s));
 }
 
 void EditCheckTest::neverSetsAnError()
 {
     mFormatter->setTextStyle(2);
-    QString error = u"untouched"_qs;
+    QString error = u"untouched"_s;
     const TextRange caret{1, 0};
-    QVERIFY(!mFormatter->isPartialStringValid(u"x"_qs, &caret, {}, {}, &error));
-    QVERIFY(mFormatter->isPartialStringValid(u"1"_qs, &caret, {}, {}, &error));
-    QCOMPARE(error, u"untouched"_qs);
+    QVERIFY(!mFormatter->isPartialStringValid(u"x"_s, &caret, {}, {}, &error));
+    QVERIFY(mFormatter->isPartialStringValid(u"1"_s, &caret, {}, {}, &error));
+    QCOMPARE(error, u"untouched"_s);
 }
 
 void EditCheckTest::refusesValuesOutOfRange_data()
@@ -200,28 +200,28 @@ void EditCheckTest::refusesValuesOutOfRange_data()
     QTest::addColumn<QString>("edit");
     QTest::addColumn<bool>("allowed");
 
-    QTest::newRow("one digit") << 0 << 99 << u"[1]"_qs << true;
-    QTest::newRow("two digits") << 0 << 99 << u"1[0]"_qs << true;
-    QTest::newRow("three digits") << 0 << 99 << u"10[0]"_qs << false;
-    QTest::newRow("the largest") << 0 << 99 << u"9[9]"_qs << true;
-    QTest::newRow("the smallest") << 10 << 99 << u"1[0]"_qs << true;
-    QTest::newRow("below the smallest") << 10 << 99 << u"[9]"_qs << false;
-    QTest::newRow("digits in front") << 0 << 99 << u"[1]23"_qs << false;
-    QTest::newRow("leading zeros") << 0 << 99 << u"[000]1"_qs << true;
-    QTest::newRow("negative text") << -5 << 99 << u"-[5]"_qs << true;
-    QTest::newRow("text too negative") << -5 << 99 << u"-[6]"_qs << false;
-    QTest::newRow("letters count 0") << 1 << 99 << u"x[5]"_qs << false;
-    QTest::newRow("pasted over") << 0 << 99 << u"1(2)[34]"_qs << false;
-    QTest::newRow("32 bits") << smallest << largest << u"214748364[7]"_qs << true;
-    QTest::newRow("beyond 32 bits") << smallest << largest << u"214748364[8]"_qs << true;
-    QTest::newRow("far beyond 32 bits") << 0 << largest - 1 << u"9999999999999[9]"_qs << false;
-    QTest::newRow("no value") << largest << smallest << u"[0]"_qs << false;
-    QTest::newRow("only the largest") << largest << largest << u"2147483647[0]"_qs << true;
-    QTest::newRow("only the smallest") << smallest << smallest << u"-2147483648[0]"_qs << true;
-    QTest::newRow("above the smallest") << smallest << smallest << u"-[2]"_qs << false;
-    QTest::newRow("negative range") << -9 << -3 << u"[3]"_qs << false;
-    QTest::newRow("zero") << 0 << 0 << u"[0]"_qs << true;
-    QTest::newRow("not zero") << 0 << 0 << u"[1]"_qs << false;
+    QTest::newRow("one digit") << 0 << 99 << u"[1]"_s << true;
+    QTest::newRow("two digits") << 0 << 99 << u"1[0]"_s << true;
+    QTest::newRow("three digits") << 0 << 99 << u"10[0]"_s << false;
+    QTest::newRow("the largest") << 0 << 99 << u"9[9]"_s << true;
+    QTest::newRow("the smallest") << 10 << 99 << u"1[0]"_s << true;
+    QTest::newRow("below the smallest") << 10 << 99 << u"[9]"_s << false;
+    QTest::newRow("digits in front") << 0 << 99 << u"[1]23"_s << false;
+    QTest::newRow("leading zeros") << 0 << 99 << u"[000]1"_s << true;
+    QTest::newRow("negative text") << -5 << 99 << u"-[5]"_s << true;
+    QTest::newRow("text too negative") << -5 << 99 << u"-[6]"_s << false;
+    QTest::newRow("letters count 0") << 1 << 99 << u"x[5]"_s << false;
+    QTest::newRow("pasted over") << 0 << 99 << u"1(2)[34]"_s << false;
+    QTest::newRow("32 bits") << smallest << largest << u"214748364[7]"_s << true;
+    QTest::newRow("beyond 32 bits") << smallest << largest << u"214748364[8]"_s << true;
+    QTest::newRow("far beyond 32 bits") << 0 << largest - 1 << u"9999999999999[9]"_s << false;
+    QTest::newRow("no value") << largest << smallest << u"[0]"_s << false;
+    QTest::newRow("only the largest") << largest << largest << u"2147483647[0]"_s << true;
+    QTest::newRow("only the smallest") << smallest << smallest << u"-2147483648[0]"_s << true;
+    QTest::newRow("above the smallest") << smallest << smallest << u"-[2]"_s << false;
+    QTest::newRow("negative range") << -9 << -3 << u"[3]"_s << false;
+    QTest::newRow("zero") << 0 << 0 << u"[0]"_s << true;
+    QTest::newRow("not zero") << 0 << 0 << u"[1]"_s << false;
 }
 
 void EditCheckTest::refusesValuesOutOfRange()
@@ -247,25 +247,25 @@ void EditCheckTest::checksTheValueOnceTheTextIsFull()
     mFormatter->setTextStyle(2);
     mFormatter->setMaxLength(3);
     mFormatter->setMinValue(10);
-    QVERIFY(allows(u"[5]"_qs));
-    QVERIFY(allows(u"[0]"_qs));
-    QVERIFY(allows(u"0[0]"_qs));
+    QVERIFY(allows(u"[5]"_s));
+    QVERIFY(allows(u"[0]"_s));
+    QVERIFY(allows(u"0[0]"_s));
     QCOMPARE(log.taken(), nothing);
-    QVERIFY(!allows(u"00[5]"_qs));
+    QVERIFY(!allows(u"00[5]"_s));
     QCOMPARE(log.taken(), outOfRange);
-    QVERIFY(allows(u"01[0]"_qs));
-    QVERIFY(!allows(u"[005]"_qs));
+    QVERIFY(allows(u"01[0]"_s));
+    QVERIFY(!allows(u"[005]"_s));
     QCOMPARE(log.taken(), outOfRange);
     // Too long is told before too small.
-    QVERIFY(!allows(u"000[5]"_qs));
+    QVERIFY(!allows(u"000[5]"_s));
     QCOMPARE(log.taken(), invalid);
 
     mFormatter->setMaxValue(20);
-    QVERIFY(allows(u"9[9]"_qs));
-    QVERIFY(!allows(u"09[9]"_qs));
+    QVERIFY(allows(u"9[9]"_s));
+    QVERIFY(!allows(u"09[9]"_s));
     QCOMPARE(log.taken(), outOfRange);
     // A character of two bytes makes the text full.
-    QVERIFY(!allows(u"é[9]"_qs));
+    QVERIFY(!allows(u"é[9]"_s));
     QCOMPARE(log.taken(), outOfRange);
 }
 
@@ -282,9 +282,9 @@ void EditCheckTest::checksTheValueInItsStylesOnly()
     mFormatter->setTextStyle(QByteArray(QTest::currentDataTag()).toInt());
     mFormatter->setMaxValue(3);
     mFormatter->setMinValue(-3);
-    QTEST(allows(u"[5]"_qs), "allowed");
-    QTEST(allows(u"-[5]"_qs), "allowed");
-    QVERIFY(allows(u"[1]"_qs));
+    QTEST(allows(u"[5]"_s), "allowed");
+    QTEST(allows(u"-[5]"_s), "allowed");
+    QVERIFY(allows(u"[1]"_s));
 }
 
 void EditCheckTest::checksNoValueThatIsSwitchedOff()
@@ -293,12 +293,12 @@ void EditCheckTest::checksNoValueThatIsSwitchedOff()
     mFormatter->setMaxValue(5);
     mFormatter->setMinValue(3);
     mFormatter->setValidityMaxValue(false);
-    QVERIFY(allows(u"[9]"_qs));
-    QVERIFY(!allows(u"[1]"_qs));
+    QVERIFY(allows(u"[9]"_s));
+    QVERIFY(!allows(u"[1]"_s));
     mFormatter->setValidityMaxValue(true);
     mFormatter->setValidityMinValue(false);
-    QVERIFY(!allows(u"[9]"_qs));
-    QVERIFY(allows(u"[1]"_qs));
+    QVERIFY(!allows(u"[9]"_s));
+    QVERIFY(allows(u"[1]"_s));
 }
 
 void EditCheckTest::lastFailureWins_data()
@@ -307,17 +307,17 @@ void EditCheckTest::lastFailureWins_data()
     QTest::addColumn<QStringList>("told");
 
     // Style 2, up to 99.
-    QTest::newRow("letter, then digit") << u"[x1]"_qs << invalid;
-    QTest::newRow("digit, then letter") << u"[1x]"_qs << invalid;
-    QTest::newRow("value, then letter") << u"[100x]"_qs << invalid;
-    QTest::newRow("letter, then value") << u"100[x1]"_qs << outOfRange;
-    QTest::newRow("letter within the value") << u"10[0x0]"_qs << outOfRange;
-    QTest::newRow("letter in front of a number") << u"[x1]00"_qs << invalid;
-    QTest::newRow("value alone") << u"[100]"_qs << outOfRange;
-    QTest::newRow("letters alone") << u"[xyz]"_qs << invalid;
-    QTest::newRow("accent beside a value") << u"100[é1]"_qs << invalid;
-    QTest::newRow("kana beside a value") << u"100[あ1]"_qs << invalidCharacter(u"1"_qs);
-    QTest::newRow("kana behind a value") << u"100[1あ]"_qs << invalidCharacter(u"あ"_qs);
+    QTest::newRow("letter, then digit") << u"[x1]"_s << invalid;
+    QTest::newRow("digit, then letter") << u"[1x]"_s << invalid;
+    QTest::newRow("value, then letter") << u"[100x]"_s << invalid;
+    QTest::newRow("letter, then value") << u"100[x1]"_s << outOfRange;
+    QTest::newRow("letter within the value") << u"10[0x0]"_s << outOfRange;
+    QTest::newRow("letter in front of a number") << u"[x1]00"_s << invalid;
+    QTest::newRow("value alone") << u"[100]"_s << outOfRange;
+    QTest::newRow("letters alone") << u"[xyz]"_s << invalid;
+    QTest::newRow("accent beside a value") << u"100[é1]"_s << invalid;
+    QTest::newRow("kana beside a value") << u"100[あ1]"_s << invalidCharacter(u"1"_s);
+    QTest::newRow("kana behind a value") << u"100[1あ]"_s << invalidCharacter(u"あ"_s);
 }
 
 void EditCheckTest::lastFailureWins()
@@ -336,19 +336,19 @@ void EditCheckTest::takesOnePoint_data()
     QTest::addColumn<QString>("edit");
     QTest::addColumn<bool>("allowed");
 
-    QTest::newRow("the first") << u"1[.]"_qs << true;
-    QTest::newRow("the first, alone") << u"[.]"_qs << true;
-    QTest::newRow("the second") << u"1.5[.]"_qs << false;
-    QTest::newRow("the second, in front") << u"1[.]2.5"_qs << false;
-    QTest::newRow("digits behind") << u"1.5[2]"_qs << true;
-    QTest::newRow("a number behind") << u"1.5[2.3]"_qs << false;
-    QTest::newRow("a number into nothing") << u"[2.3]"_qs << true;
+    QTest::newRow("the first") << u"1[.]"_s << true;
+    QTest::newRow("the first, alone") << u"[.]"_s << true;
+    QTest::newRow("the second") << u"1.5[.]"_s << false;
+    QTest::newRow("the second, in front") << u"1[.]2.5"_s << false;
+    QTest::newRow("digits behind") << u"1.5[2]"_s << true;
+    QTest::newRow("a number behind") << u"1.5[2.3]"_s << false;
+    QTest::newRow("a number into nothing") << u"[2.3]"_s << true;
     // The text before counts, not the one after.
-    QTest::newRow("two into nothing") << u"[1.2.3]"_qs << true;
-    QTest::newRow("two into a number") << u"1[.2.3]"_qs << true;
-    QTest::newRow("in the place of the first") << u"1(.)[.]5"_qs << false;
-    QTest::newRow("in the place of everything") << u"(1.5)[2.5]"_qs << false;
-    QTest::newRow("comma") << u"1[,]"_qs << false;
+    QTest::newRow("two into nothing") << u"[1.2.3]"_s << true;
+    QTest::newRow("two into a number") << u"1[.2.3]"_s << true;
+    QTest::newRow("in the place of the first") << u"1(.)[.]5"_s << false;
+    QTest::newRow("in the place of everything") << u"(1.5)[2.5]"_s << false;
+    QTest::newRow("comma") << u"1[,]"_s << false;
 }
 
 void EditCheckTest::takesOnePoint()
@@ -367,19 +367,19 @@ void EditCheckTest::countsBytes_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<qint32>("size");
 
-    QTest::newRow("ASCII") << QByteArray("UTF-8") << u"abc"_qs << 3;
-    QTest::newRow("accent") << QByteArray("UTF-8") << u"né"_qs << 3;
-    QTest::newRow("kana") << QByteArray("UTF-8") << u"あ"_qs << 3;
-    QTest::newRow("pair") << QByteArray("UTF-8") << u"\U0001f600"_qs << 4;
+    QTest::newRow("ASCII") << QByteArray("UTF-8") << u"abc"_s << 3;
+    QTest::newRow("accent") << QByteArray("UTF-8") << u"né"_s << 3;
+    QTest::newRow("kana") << QByteArray("UTF-8") << u"あ"_s << 3;
+    QTest::newRow("pair") << QByteArray("UTF-8") << u"\U0001f600"_s << 4;
     QTest::newRow("half a pair counts characters")
-        << QByteArray("UTF-8") << u"é"_qs + QChar(0xd83d) << 2;
-    QTest::newRow("accent of one byte") << QByteArray("ISO-8859-1") << u"né"_qs << 2;
-    QTest::newRow("kana outside the encoding") << QByteArray("ISO-8859-1") << u"あé"_qs << 2;
-    QTest::newRow("pair outside the encoding") << QByteArray("ISO-8859-1") << u"\U0001f600"_qs << 2;
-    QTest::newRow("kana of two bytes") << QByteArray("Shift_JIS") << u"aあ漢"_qs << 5;
-    QTest::newRow("accent outside the encoding") << QByteArray("Shift_JIS") << u"éé"_qs << 2;
-    QTest::newRow("wide characters") << QByteArray("UTF-16BE") << u"ab"_qs << 4;
-    QTest::newRow("encoding that is not known") << QByteArray("no-such-encoding") << u"aé"_qs << 2;
+        << QByteArray("UTF-8") << u"é"_s + QChar(0xd83d) << 2;
+    QTest::newRow("accent of one byte") << QByteArray("ISO-8859-1") << u"né"_s << 2;
+    QTest::newRow("kana outside the encoding") << QByteArray("ISO-8859-1") << u"あé"_s << 2;
+    QTest::newRow("pair outside the encoding") << QByteArray("ISO-8859-1") << u"\U0001f600"_s << 2;
+    QTest::newRow("kana of two bytes") << QByteArray("Shift_JIS") << u"aあ漢"_s << 5;
+    QTest::newRow("accent outside the encoding") << QByteArray("Shift_JIS") << u"éé"_s << 2;
+    QTest::newRow("wide characters") << QByteArray("UTF-16BE") << u"ab"_s << 4;
+    QTest::newRow("encoding that is not known") << QByteArray("no-such-encoding") << u"aé"_s << 2;
 }
 
 void EditCheckTest::countsBytes()
@@ -406,15 +406,15 @@ void EditCheckTest::limitsTheWholeText()
     for (qint32 style = -1; style <= 12; ++style) {
         mFormatter->setTextStyle(style);
         mFormatter->setMaxLength(4);
-        QVERIFY(allows(u"123[4]"_qs));
-        QVERIFY(allows(u"12(34)[5]6"_qs));
+        QVERIFY(allows(u"123[4]"_s));
+        QVERIFY(allows(u"12(34)[5]6"_s));
         QCOMPARE(log.taken(), nothing);
-        QVERIFY(!allows(u"1234[5]"_qs));
-        QVERIFY(!allows(u"éé[5]"_qs));
-        QVERIFY(!allows(u"12(3)[45]6"_qs));
+        QVERIFY(!allows(u"1234[5]"_s));
+        QVERIFY(!allows(u"éé[5]"_s));
+        QVERIFY(!allows(u"12(3)[45]6"_s));
         QCOMPARE(log.taken(), invalid + invalid + invalid);
         // However long the text is, it may be made shorter.
-        QVERIFY(allows(u"12345(6)[]"_qs));
+        QVERIFY(allows(u"12345(6)[]"_s));
     }
 }
 
@@ -438,7 +438,7 @@ void EditCheckTest::takesLimitsOfEverySize()
     for (qint32 style = -1; style <= 12; ++style) {
         mFormatter->setTextStyle(style);
         mFormatter->setMaxLength(limit);
-        QCOMPARE(allows(u"[1]"_qs), allowed);
+        QCOMPARE(allows(u"[1]"_s), allowed);
         QCOMPARE(log.taken(), allowed ? nothing : invalid);
     }
 }
@@ -449,26 +449,26 @@ void EditCheckTest::refusesStringsTypedWhole_data()
     QTest::addColumn<QString>("edit");
     QTest::addColumn<QStringList>("told");
 
-    const QStringList x{u"x"_qs};
-    QTest::newRow("typed") << x << u"a[x]"_qs << invalidCharacter(u"x"_qs);
-    QTest::newRow("pasted with another") << x << u"[xy]"_qs << nothing;
-    QTest::newRow("pasted twice") << x << u"[xx]"_qs << nothing;
-    QTest::newRow("in the text already") << x << u"x[y]"_qs << nothing;
-    QTest::newRow("another") << x << u"[y]"_qs << nothing;
-    QTest::newRow("other case") << x << u"[X]"_qs << nothing;
-    QTest::newRow("in the place of itself") << x << u"(x)[x]"_qs << invalidCharacter(u"x"_qs);
-    QTest::newRow("deleted") << x << u"(x)[]"_qs << nothing;
-    QTest::newRow("twice in the list") << x + x << u"[x]"_qs << invalidCharacter(u"x"_qs);
+    const QStringList x{u"x"_s};
+    QTest::newRow("typed") << x << u"a[x]"_s << invalidCharacter(u"x"_s);
+    QTest::newRow("pasted with another") << x << u"[xy]"_s << nothing;
+    QTest::newRow("pasted twice") << x << u"[xx]"_s << nothing;
+    QTest::newRow("in the text already") << x << u"x[y]"_s << nothing;
+    QTest::newRow("another") << x << u"[y]"_s << nothing;
+    QTest::newRow("other case") << x << u"[X]"_s << nothing;
+    QTest::newRow("in the place of itself") << x << u"(x)[x]"_s << invalidCharacter(u"x"_s);
+    QTest::newRow("deleted") << x << u"(x)[]"_s << nothing;
+    QTest::newRow("twice in the list") << x + x << u"[x]"_s << invalidCharacter(u"x"_s);
     QTest::newRow("one of several")
-        << QStringList{u"a"_qs, u"b"_qs, u"c"_qs} << u"[b]"_qs << invalidCharacter(u"b"_qs);
+        << QStringList{u"a"_s, u"b"_s, u"c"_s} << u"[b]"_s << invalidCharacter(u"b"_s);
     QTest::newRow("of several characters")
-        << QStringList{u"end"_qs} << u"[end]"_qs << invalidCharacter(u"d"_qs);
-    QTest::newRow("part of the string") << QStringList{u"end"_qs} << u"en[d]"_qs << nothing;
-    QTest::newRow("accent") << QStringList{u"\u00e9"_qs} << u"[e\u0301]"_qs
-                            << invalidCharacter(u"\u0301"_qs);
-    QTest::newRow("pair") << QStringList{u"\U0001f600"_qs} << u"[\U0001f600]"_qs
+        << QStringList{u"end"_s} << u"[end]"_s << invalidCharacter(u"d"_s);
+    QTest::newRow("part of the string") << QStringList{u"end"_s} << u"en[d]"_s << nothing;
+    QTest::newRow("accent") << QStringList{u"\u00e9"_s} << u"[e\u0301]"_s
+                            << invalidCharacter(u"\u0301"_s);
+    QTest::newRow("pair") << QStringList{u"\U0001f600"_s} << u"[\U0001f600]"_s
                           << invalidCharacter(QChar(0xde00));
-    QTest::newRow("empty string") << QStringList{u""_qs} << u"[x]"_qs << nothing;
+    QTest::newRow("empty string") << QStringList{u""_s} << u"[x]"_s << nothing;
 }
 
 void EditCheckTest::refusesStringsTypedWhole()
@@ -528,7 +528,7 @@ void EditCheckTest::longTextsAreQuick()
     QTEST(allowed, "allowed");
     // Measuring the text once for each of its characters would take hours.
     QVERIFY2(unlimited < 2000 && limited < 2000,
-             qPrintable(u"%1 ms and %2 ms"_qs.arg(unlimited).arg(limited)));
+             qPrintable(u"%1 ms and %2 ms"_s.arg(unlimited).arg(limited)));
 }
 
 KV_CORE_TEST(EditCheckTest)

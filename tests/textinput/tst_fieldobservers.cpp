@@ -45,10 +45,10 @@ void addWaysOfTheUser()
     for (const FieldWay &way : waysOfTheUser()) {
         QTest::newRow(way.name) << way.puttingX();
     }
-    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_qs, 1); });
+    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_s, 1); });
     QTest::newRow("composition") << FieldAction([](FieldUser &user) {
-        user.composes(u"ks"_qs);
-        user.commits(u"x"_qs);
+        user.composes(u"ks"_s);
+        user.commits(u"x"_s);
     });
 }
 
@@ -71,9 +71,9 @@ void FieldObserversTest::observerMayRemoveItself()
         ++told;
         observer.reset();
     });
-    user.types(u"1xx2"_qs);
+    user.types(u"1xx2"_s);
     QCOMPARE(told, 1);
-    QCOMPARE(user.seen(), u"12| undo"_qs);
+    QCOMPARE(user.seen(), u"12| undo"_s);
 }
 
 void FieldObserversTest::observerMayChangeTheField_data()
@@ -88,15 +88,15 @@ void FieldObserversTest::observerMayChangeTheField()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"1234"_qs);
+    user.types(u"1234"_s);
     const std::unique_ptr<RefusalObserver> observer =
-        std::make_unique<RefusalObserver>([&user] { user.field()->setText(u"99"_qs); });
+        std::make_unique<RefusalObserver>([&user] { user.field()->setText(u"99"_s); });
     puts(user);
-    QCOMPARE(user.seen(), u"99|"_qs);
-    user.types(u"5"_qs);
-    QCOMPARE(user.seen(), u"995| undo"_qs);
+    QCOMPARE(user.seen(), u"99|"_s);
+    user.types(u"5"_s);
+    QCOMPARE(user.seen(), u"995| undo"_s);
     puts(user);
-    QCOMPARE(user.seen(), u"99|"_qs);
+    QCOMPARE(user.seen(), u"99|"_s);
 }
 
 void FieldObserversTest::observerMayDestroyTheField_data()
@@ -110,7 +110,7 @@ void FieldObserversTest::observerMayDestroyTheField()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"1234"_qs);
+    user.types(u"1234"_s);
     RefusalLog log;
     const RefusalObserver observer([&user] { delete user.field(); });
     puts(user);
@@ -125,7 +125,7 @@ void FieldObserversTest::textDroppedOnADestroyedFieldStaysWithItsSource()
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
     const RefusalObserver observer([&user] { delete user.field(); });
-    QCOMPARE(user.drops(u"x"_qs, 0), Qt::IgnoreAction);
+    QCOMPARE(user.drops(u"x"_s, 0), Qt::IgnoreAction);
     QVERIFY(!user.field());
 }
 
@@ -141,11 +141,11 @@ void FieldObserversTest::observerMayDestroyTheFormatter()
     auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"12"_qs);
+    user.types(u"12"_s);
     RefusalLog log;
     const RefusalObserver observer([&formatter] { formatter.reset(); });
     puts(user);
-    QCOMPARE(user.seen(), u"12| undo"_qs);
+    QCOMPARE(user.seen(), u"12| undo"_s);
     QCOMPARE(log.takenBeeps(), 1);
     puts(user);
     QCOMPARE(user.field()->text().count(u'x'), 1);

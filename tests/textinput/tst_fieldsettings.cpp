@@ -32,50 +32,50 @@ void FieldSettingsTest::fieldKeepsItsMaximumLength()
     WitnessFormatter witness;
     FormatterAdapter::attach(&witness, user.field());
     user.field()->setMaxLength(4);
-    user.pastes(u"123456"_qs);
-    QCOMPARE(user.field()->text(), u"1234"_qs);
-    QCOMPARE(witness.taken(), QStringList{u"| > 1234|"_qs});
+    user.pastes(u"123456"_s);
+    QCOMPARE(user.field()->text(), u"1234"_s);
+    QCOMPARE(witness.taken(), QStringList{u"| > 1234|"_s});
     user.selects(1, 1);
-    user.pastes(u"567"_qs);
-    QCOMPARE(user.field()->text(), u"1534"_qs);
-    QCOMPARE(witness.taken().last(), u"1[2]34 > 15|34"_qs);
+    user.pastes(u"567"_s);
+    QCOMPARE(user.field()->text(), u"1534"_s);
+    QCOMPARE(witness.taken().last(), u"1[2]34 > 15|34"_s);
 
     const auto formatter = PDEFormatter::initWithStyle(2);
     FormatterAdapter::attach(formatter.get(), user.field());
     RefusalLog log;
-    user.types(u"x"_qs);
-    user.pastes(u"x"_qs);
+    user.types(u"x"_s);
+    user.pastes(u"x"_s);
     QCOMPARE(log.takenBeeps(), 0);
-    QCOMPARE(user.field()->text(), u"1534"_qs);
+    QCOMPARE(user.field()->text(), u"1534"_s);
 }
 
 void FieldSettingsTest::fieldKeepsItsMask()
 {
     const auto formatter = PDEFormatter::init();
-    formatter->addInvalidCharacter(u"5"_qs);
+    formatter->addInvalidCharacter(u"5"_s);
     FieldUser user;
-    user.field()->setInputMask(u"9999"_qs);
+    user.field()->setInputMask(u"9999"_s);
     FormatterAdapter::attach(formatter.get(), user.field());
     RefusalLog log;
     user.presses(Qt::Key_Home);
-    user.types(u"1"_qs);
-    user.types(u"5"_qs);
-    QCOMPARE(user.field()->text(), u"1"_qs);
-    user.types(u"2x3"_qs);
-    user.commits(u"5"_qs);
-    QCOMPARE(user.field()->text(), u"123"_qs);
+    user.types(u"1"_s);
+    user.types(u"5"_s);
+    QCOMPARE(user.field()->text(), u"1"_s);
+    user.types(u"2x3"_s);
+    user.commits(u"5"_s);
+    QCOMPARE(user.field()->text(), u"123"_s);
     QCOMPARE(log.taken(),
-             QStringList(QVector<QString>(2, u"InvalidCharacterNotification 5"_qs).toList()));
-    user.types(u"4"_qs);
-    QCOMPARE(user.field()->text(), u"1234"_qs);
+             QStringList(QVector<QString>(2, u"InvalidCharacterNotification 5"_s).toList()));
+    user.types(u"4"_s);
+    QCOMPARE(user.field()->text(), u"1234"_s);
 
     // The mask keeps the places of what is replaced.
     const auto digits = PDEFormatter::initWithStyle(2);
     digits->setMaxValue(99);
     FormatterAdapter::attach(digits.get(), user.field());
     user.selects(1, 2);
-    user.types(u"5"_qs);
-    QCOMPARE(user.field()->displayText(), u"15 4"_qs);
+    user.types(u"5"_s);
+    QCOMPARE(user.field()->displayText(), u"15 4"_s);
     QCOMPARE(log.takenBeeps(), 2);
 }
 
@@ -86,30 +86,30 @@ void FieldSettingsTest::fieldKeepsItsValidator()
     {
     public:
         explicit OddValidator(QObject *parent)
-            : QRegularExpressionValidator(QRegularExpression(u"[13579]{2}"_qs), parent)
+            : QRegularExpressionValidator(QRegularExpression(u"[13579]{2}"_s), parent)
         {
         }
-        void fixup(QString &text) const override { text = u"11"_qs; }
+        void fixup(QString &text) const override { text = u"11"_s; }
     };
     FieldUser user;
     user.field()->setValidator(new OddValidator(user.field()));
     const auto formatter = PDEFormatter::initWithStyle(2);
     FormatterAdapter::attach(formatter.get(), user.field());
     RefusalLog log;
-    user.types(u"12x"_qs);
-    QCOMPARE(user.seen(), u"1| undo"_qs);
+    user.types(u"12x"_s);
+    QCOMPARE(user.seen(), u"1| undo"_s);
     QCOMPARE(log.takenBeeps(), 1);
     QVERIFY(!user.field()->hasAcceptableInput());
     user.presses(Qt::Key_Return);
-    QCOMPARE(user.field()->text(), u"11"_qs);
+    QCOMPARE(user.field()->text(), u"11"_s);
     QVERIFY(user.field()->hasAcceptableInput());
     user.presses(Qt::Key_End);
-    user.types(u"\b"_qs);
-    pasteByProgram(user, u"2"_qs);
-    pasteByProgram(user, u"x"_qs);
-    QCOMPARE(user.field()->text(), u"1"_qs);
-    pasteByProgram(user, u"3"_qs);
-    QCOMPARE(user.field()->text(), u"13"_qs);
+    user.types(u"\b"_s);
+    pasteByProgram(user, u"2"_s);
+    pasteByProgram(user, u"x"_s);
+    QCOMPARE(user.field()->text(), u"1"_s);
+    pasteByProgram(user, u"3"_s);
+    QCOMPARE(user.field()->text(), u"13"_s);
     QCOMPARE(log.takenBeeps(), 1);
 }
 
@@ -120,17 +120,17 @@ void FieldSettingsTest::fieldWithAPasswordIsChecked()
     user.field()->setEchoMode(QLineEdit::Password);
     FormatterAdapter::attach(formatter.get(), user.field());
     RefusalLog log;
-    user.types(u"a-b"_qs);
-    QCOMPARE(user.field()->text(), u"ab"_qs);
-    pasteByProgram(user, u"-"_qs);
-    QCOMPARE(user.field()->text(), u"ab"_qs);
+    user.types(u"a-b"_s);
+    QCOMPARE(user.field()->text(), u"ab"_s);
+    pasteByProgram(user, u"-"_s);
+    QCOMPARE(user.field()->text(), u"ab"_s);
     QCOMPARE(log.takenBeeps(), 2);
 }
 
 void FieldSettingsTest::fieldOfASpinBoxIsChecked()
 {
     const auto formatter = PDEFormatter::init();
-    formatter->addInvalidCharacter(u"5"_qs);
+    formatter->addInvalidCharacter(u"5"_s);
     QSpinBox spinBox;
     spinBox.setRange(0, 999);
     auto *field = spinBox.findChild<QLineEdit *>();
@@ -142,12 +142,12 @@ void FieldSettingsTest::fieldOfASpinBoxIsChecked()
         QTest::keyClick(&spinBox, key);
     }
     QCOMPARE(spinBox.value(), 12);
-    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 5"_qs});
+    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 5"_s});
     QInputMethodEvent event;
-    event.setCommitString(u"5"_qs);
+    event.setCommitString(u"5"_s);
     QCoreApplication::sendEvent(&spinBox, &event);
     QCOMPARE(spinBox.value(), 12);
-    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 5"_qs});
+    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 5"_s});
 }
 
 void FieldSettingsTest::formatterChecksSeveralFields()
@@ -159,14 +159,14 @@ void FieldSettingsTest::formatterChecksSeveralFields()
     {
         FieldUser second;
         FormatterAdapter::attach(formatter.get(), second.field());
-        first.types(u"1x"_qs);
-        second.types(u"2y"_qs);
-        QCOMPARE(first.field()->text(), u"1"_qs);
-        QCOMPARE(second.field()->text(), u"2"_qs);
+        first.types(u"1x"_s);
+        second.types(u"2y"_s);
+        QCOMPARE(first.field()->text(), u"1"_s);
+        QCOMPARE(second.field()->text(), u"2"_s);
         QCOMPARE(FormatterAdapter::formatterOf(second.field()), formatter.get());
     }
-    first.types(u"x3"_qs);
-    QCOMPARE(first.field()->text(), u"13"_qs);
+    first.types(u"x3"_s);
+    QCOMPARE(first.field()->text(), u"13"_s);
     QCOMPARE(log.takenBeeps(), 3);
 }
 
@@ -175,15 +175,15 @@ void FieldSettingsTest::formatterMayGoBeforeTheField()
     auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"1x"_qs);
+    user.types(u"1x"_s);
     formatter.reset();
     QVERIFY(!FormatterAdapter::formatterOf(user.field()));
     RefusalLog log;
-    user.types(u"x"_qs);
-    pasteByProgram(user, u"y"_qs);
-    user.pastesFromMenu(u"z"_qs);
-    user.drops(u"w"_qs, 0);
-    QCOMPARE(user.field()->text(), u"w1xyz"_qs);
+    user.types(u"x"_s);
+    pasteByProgram(user, u"y"_s);
+    user.pastesFromMenu(u"z"_s);
+    user.drops(u"w"_s, 0);
+    QCOMPARE(user.field()->text(), u"w1xyz"_s);
     QCOMPARE(log.takenBeeps(), 0);
 }
 
@@ -191,7 +191,7 @@ void FieldSettingsTest::formatterMayBeExchanged()
 {
     const auto digits = PDEFormatter::initWithStyle(2);
     const auto letters = PDEFormatter::init();
-    letters->addInvalidCharacter(u"1"_qs);
+    letters->addInvalidCharacter(u"1"_s);
     FieldUser user;
     QVERIFY(!FormatterAdapter::formatterOf(user.field()));
     for (int times = 0; times < 3; ++times) {
@@ -200,12 +200,12 @@ void FieldSettingsTest::formatterMayBeExchanged()
         QCOMPARE(FormatterAdapter::formatterOf(user.field()), letters.get());
     }
     RefusalLog log;
-    user.types(u"1a"_qs);
-    QCOMPARE(user.field()->text(), u"a"_qs);
-    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 1"_qs});
+    user.types(u"1a"_s);
+    QCOMPARE(user.field()->text(), u"a"_s);
+    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 1"_s});
     FormatterAdapter::attach(digits.get(), user.field());
-    user.types(u"1a"_qs);
-    QCOMPARE(user.field()->text(), u"a1"_qs);
+    user.types(u"1a"_s);
+    QCOMPARE(user.field()->text(), u"a1"_s);
     QCOMPARE(log.takenBeeps(), 2);
 }
 
@@ -219,11 +219,11 @@ void FieldSettingsTest::formatterMayBeTakenAway()
     FormatterAdapter::attach(nullptr, user.field());
     QVERIFY(!FormatterAdapter::formatterOf(user.field()));
     RefusalLog log;
-    user.types(u"ab"_qs);
+    user.types(u"ab"_s);
     user.undoes();
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"c3"_qs);
-    QCOMPARE(user.field()->text(), u"3"_qs);
+    user.types(u"c3"_s);
+    QCOMPARE(user.field()->text(), u"3"_s);
     QCOMPARE(log.takenBeeps(), 1);
 }
 

@@ -47,37 +47,37 @@ const FieldHistory fieldHistories[] = {
      }},
     {"typed text",
      [](FieldUser &user) {
-         user.types(u"1234"_qs);
+         user.types(u"1234"_s);
      }},
     {"caret in typed text",
      [](FieldUser &user) {
-         user.types(u"1234"_qs);
+         user.types(u"1234"_s);
          user.field()->setCursorPosition(2);
      }},
     {"selection",
      [](FieldUser &user) {
-         user.types(u"1234"_qs);
+         user.types(u"1234"_s);
          user.selects(1, 2);
      }},
     {"selection backwards",
      [](FieldUser &user) {
-         user.types(u"1234"_qs);
+         user.types(u"1234"_s);
          user.selects(3, -2);
      }},
     {"selection of everything",
      [](FieldUser &user) {
-         user.types(u"1234"_qs);
+         user.types(u"1234"_s);
          user.field()->selectAll();
      }},
     {"undone text",
      [](FieldUser &user) {
-         user.types(u"12"_qs);
-         user.pastes(u"34"_qs);
+         user.types(u"12"_s);
+         user.pastes(u"34"_s);
          user.undoes();
      }},
     {"text of the program",
      [](FieldUser &user) {
-         user.field()->setText(u"abc"_qs);
+         user.field()->setText(u"abc"_s);
      }},
 };
 
@@ -135,7 +135,7 @@ void FormattedFieldTest::refusedEditChangesNothing()
     for (int times = 1; times <= 3; ++times) {
         puts(user);
         QCOMPARE(user.seen(), seen);
-        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_qs});
+        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_s});
         QCOMPARE(log.takenBeeps(), 1);
     }
     QCOMPARE(changes, 0);
@@ -156,20 +156,20 @@ void FormattedFieldTest::refusedEditOfTheProgramKeepsUndo()
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
     before(user);
-    const QString seen = user.seen().remove(u" redo"_qs);
+    const QString seen = user.seen().remove(u" redo"_s);
     RefusalLog log;
     for (int times = 1; times <= 3; ++times) {
         puts(user);
         QCOMPARE(user.seen(), seen);
-        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_qs});
+        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_s});
         QCOMPARE(log.takenBeeps(), 1);
     }
     // Later edits are checked as before.
     user.field()->deselect();
     const QString text = user.field()->text();
-    user.types(u"x"_qs);
+    user.types(u"x"_s);
     QCOMPARE(user.field()->text(), text);
-    user.types(u"7"_qs);
+    user.types(u"7"_s);
     QVERIFY(user.field()->text() != text);
 }
 
@@ -206,16 +206,16 @@ void FormattedFieldTest::refusedEditDoesNotJoinItsNeighbours()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"12"_qs);
+    user.types(u"12"_s);
     user.presses(Qt::Key_Home);
     user.presses(Qt::Key_End);
-    user.types(u"x3"_qs);
-    QCOMPARE(user.field()->text(), u"123"_qs);
+    user.types(u"x3"_s);
+    QCOMPARE(user.field()->text(), u"123"_s);
     user.undoes();
-    QCOMPARE(user.field()->text(), u"12"_qs);
-    user.types(u"x"_qs);
+    QCOMPARE(user.field()->text(), u"12"_s);
+    user.types(u"x"_s);
     user.redoes();
-    QCOMPARE(user.field()->text(), u"123"_qs);
+    QCOMPARE(user.field()->text(), u"123"_s);
 }
 
 void FormattedFieldTest::everyWrittenCharacterLeavesRedo()
@@ -223,24 +223,24 @@ void FormattedFieldTest::everyWrittenCharacterLeavesRedo()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"12"_qs);
+    user.types(u"12"_s);
     user.undoes();
     RefusalLog log;
-    const QString texts[] = {u"x"_qs,      u"é"_qs,      u"\U0001f600"_qs, u" "_qs,
-                             u"\u200d"_qs, u"\ue000"_qs, u"e\u0301"_qs};
+    const QString texts[] = {u"x"_s,      u"é"_s,      u"\U0001f600"_s, u" "_s,
+                             u"\u200d"_s, u"\ue000"_s, u"e\u0301"_s};
     for (const QString &text : texts) {
         user.strikes(text);
-        QCOMPARE(user.seen(), u"| redo"_qs);
+        QCOMPARE(user.seen(), u"| redo"_s);
         QCOMPARE(log.takenBeeps(), 1);
     }
     // A field writes none of these.
-    for (const QString &text : {u"\r"_qs, u"\t"_qs, u"\u0001"_qs, u"\u0085"_qs, QString()}) {
+    for (const QString &text : {u"\r"_s, u"\t"_s, u"\u0001"_s, u"\u0085"_s, QString()}) {
         user.strikes(text);
-        QCOMPARE(user.seen(), u"| redo"_qs);
+        QCOMPARE(user.seen(), u"| redo"_s);
         QCOMPARE(log.takenBeeps(), 0);
     }
     user.redoes();
-    QCOMPARE(user.seen(), u"12| undo"_qs);
+    QCOMPARE(user.seen(), u"12| undo"_s);
 }
 
 void FormattedFieldTest::deletingIsNeverRefused()
@@ -249,17 +249,17 @@ void FormattedFieldTest::deletingIsNeverRefused()
     formatter->setMaxLength(-1);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.field()->setText(u"あbcdefg"_qs);
+    user.field()->setText(u"あbcdefg"_s);
     RefusalLog log;
-    user.types(u"\b"_qs);
+    user.types(u"\b"_s);
     user.presses(Qt::Key_Home);
     user.presses(Qt::Key_Delete);
     user.selects(1, 2);
     user.presses(Qt::Key_X, Qt::ControlModifier);
-    QCOMPARE(user.field()->text(), u"bef"_qs);
+    QCOMPARE(user.field()->text(), u"bef"_s);
     user.selects(0, 2);
     user.pastes({});
-    QCOMPARE(user.field()->text(), u"f"_qs);
+    QCOMPARE(user.field()->text(), u"f"_s);
     user.field()->clear();
     QCOMPARE(user.field()->text(), QString());
     QCOMPARE(log.takenBeeps(), 0);
@@ -270,16 +270,16 @@ void FormattedFieldTest::undoAndRedoAreNeverRefused()
     const auto formatter = PDEFormatter::init();
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"abc"_qs);
-    user.pastes(u"defg"_qs);
+    user.types(u"abc"_s);
+    user.pastes(u"defg"_s);
     user.selects(1, 5);
-    user.types(u"é"_qs);
+    user.types(u"é"_s);
     const QString seen = user.seen();
     FieldUser unchecked;
-    unchecked.types(u"abc"_qs);
-    unchecked.pastes(u"defg"_qs);
+    unchecked.types(u"abc"_s);
+    unchecked.pastes(u"defg"_s);
     unchecked.selects(1, 5);
-    unchecked.types(u"é"_qs);
+    unchecked.types(u"é"_s);
 
     formatter->setTextStyle(2);
     formatter->setMaxLength(1);
@@ -299,16 +299,16 @@ void FormattedFieldTest::redoToTheEndIsNeverRefused()
     const auto formatter = PDEFormatter::init();
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"abc"_qs);
+    user.types(u"abc"_s);
     formatter->setTextStyle(2);
     RefusalLog log;
     user.field()->undo();
-    QCOMPARE(user.seen(), u"| redo"_qs);
+    QCOMPARE(user.seen(), u"| redo"_s);
     user.field()->redo();
-    QCOMPARE(user.seen(), u"abc| undo"_qs);
+    QCOMPARE(user.seen(), u"abc| undo"_s);
     QCOMPARE(log.takenBeeps(), 0);
-    pasteByProgram(user, u"d"_qs);
-    QCOMPARE(user.seen(), u"abc| undo"_qs);
+    pasteByProgram(user, u"d"_s);
+    QCOMPARE(user.seen(), u"abc| undo"_s);
     QCOMPARE(log.takenBeeps(), 1);
 }
 
@@ -317,20 +317,20 @@ void FormattedFieldTest::textOfTheHistoryIsRefusedElsewhere()
     const auto formatter = PDEFormatter::init();
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"abc"_qs);
+    user.types(u"abc"_s);
     formatter->setTextStyle(2);
     user.undoes();
     // Now nothing is left to redo.
-    user.types(u"1"_qs);
+    user.types(u"1"_s);
     user.field()->selectAll();
     RefusalLog log;
-    pasteByProgram(user, u"abc"_qs);
-    QCOMPARE(user.field()->text(), u"1"_qs);
+    pasteByProgram(user, u"abc"_s);
+    QCOMPARE(user.field()->text(), u"1"_s);
     QCOMPARE(log.takenBeeps(), 1);
 
     user.field()->setText({});
-    formatter->addInvalidCharacter(u"1"_qs);
-    pasteByProgram(user, u"1"_qs);
+    formatter->addInvalidCharacter(u"1"_s);
+    pasteByProgram(user, u"1"_s);
     QCOMPARE(user.field()->text(), QString());
     QCOMPARE(log.takenBeeps(), 1);
 }
@@ -341,18 +341,18 @@ void FormattedFieldTest::textOfTheProgramIsNeverRefused()
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
     RefusalLog log;
-    user.field()->setText(u"abc"_qs);
-    QCOMPARE(user.field()->text(), u"abc"_qs);
+    user.field()->setText(u"abc"_s);
+    QCOMPARE(user.field()->text(), u"abc"_s);
     QVERIFY(user.field()->hasAcceptableInput());
     user.presses(Qt::Key_Return);
     QCOMPARE(log.takenBeeps(), 0);
-    user.types(u"1x"_qs);
-    QCOMPARE(user.seen(), u"abc1| undo"_qs);
+    user.types(u"1x"_s);
+    QCOMPARE(user.seen(), u"abc1| undo"_s);
     QCOMPARE(log.takenBeeps(), 1);
-    user.field()->setText(u"abcé"_qs);
-    QCOMPARE(user.seen(), u"abcé|"_qs);
-    pasteByProgram(user, u"x"_qs);
-    QCOMPARE(user.seen(), u"abcé|"_qs);
+    user.field()->setText(u"abcé"_s);
+    QCOMPARE(user.seen(), u"abcé|"_s);
+    pasteByProgram(user, u"x"_s);
+    QCOMPARE(user.seen(), u"abcé|"_s);
     QCOMPARE(log.takenBeeps(), 1);
 }
 
@@ -361,23 +361,23 @@ void FormattedFieldTest::refusedDropStaysWithItsSource()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"1234"_qs);
+    user.types(u"1234"_s);
     RefusalLog log;
     const std::pair<int, int> selections[] = {{1, 2}, {3, -2}, {0, 4}, {2, 0}};
     for (const auto &[start, length] : selections) {
         user.selects(start, length);
         const QString seen = user.seen();
-        QCOMPARE(user.drops(u"x"_qs, 3), Qt::IgnoreAction);
+        QCOMPARE(user.drops(u"x"_s, 3), Qt::IgnoreAction);
         QCOMPARE(user.seen(), seen);
-        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_qs});
+        QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification"_s});
     }
-    QCOMPARE(user.drops(u"5"_qs, 1), Qt::MoveAction);
-    QCOMPARE(user.seen(), u"15|234 undo"_qs);
+    QCOMPARE(user.drops(u"5"_s, 1), Qt::MoveAction);
+    QCOMPARE(user.seen(), u"15|234 undo"_s);
     user.undoes();
-    QCOMPARE(user.drops(u"x"_qs, 3), Qt::IgnoreAction);
+    QCOMPARE(user.drops(u"x"_s, 3), Qt::IgnoreAction);
     QVERIFY(user.field()->isRedoAvailable());
     user.redoes();
-    QCOMPARE(user.field()->text(), u"15234"_qs);
+    QCOMPARE(user.field()->text(), u"15234"_s);
     QCOMPARE(user.drops({}, 3), Qt::IgnoreAction);
     QCOMPARE(log.takenBeeps(), 5);
 }
@@ -387,18 +387,18 @@ void FormattedFieldTest::refusedCommitEndsTheComposition()
     const auto formatter = PDEFormatter::initWithStyle(2);
     FieldUser user;
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"12"_qs);
+    user.types(u"12"_s);
     const auto caretPlace = [&user] {
         return user.field()->inputMethodQuery(Qt::ImCursorRectangle).toRectF().left();
     };
     const double place = caretPlace();
-    user.composes(u"かん"_qs);
+    user.composes(u"かん"_s);
     QVERIFY(caretPlace() > place);
     RefusalLog log;
-    user.commits(u"漢"_qs);
+    user.commits(u"漢"_s);
     QCOMPARE(caretPlace(), place);
-    QCOMPARE(user.seen(), u"12| undo"_qs);
-    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 漢"_qs});
+    QCOMPARE(user.seen(), u"12| undo"_s);
+    QCOMPARE(log.taken(), QStringList{u"InvalidCharacterNotification 漢"_s});
     QCOMPARE(log.takenBeeps(), 1);
 }
 
@@ -409,21 +409,21 @@ void FormattedFieldTest::longTextsAreQuick()
     FieldUser user;
     user.field()->setMaxLength(std::numeric_limits<int>::max());
     FormatterAdapter::attach(formatter.get(), user.field());
-    user.types(u"1"_qs);
+    user.types(u"1"_s);
     RefusalLog log;
     QElapsedTimer timer;
     timer.start();
     user.pastes(QString(mebi, u'x') + u'é');
-    QCOMPARE(user.seen(), u"1| undo"_qs);
+    QCOMPARE(user.seen(), u"1| undo"_s);
     QCOMPARE(log.takenBeeps(), 1);
     user.pastes(QString(mebi, u'x'));
     QCOMPARE(user.field()->text().size(), mebi + 1);
-    user.types(u"éy"_qs);
+    user.types(u"éy"_s);
     QCOMPARE(user.field()->text().size(), mebi + 2);
     QCOMPARE(log.takenBeeps(), 1);
     user.undoes();
     QVERIFY(user.field()->text().size() <= mebi + 1);
-    QVERIFY2(timer.elapsed() < 30'000, qPrintable(u"%1 ms"_qs.arg(timer.elapsed())));
+    QVERIFY2(timer.elapsed() < 30'000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
 }
 
 KV_TEST(FormattedFieldTest)

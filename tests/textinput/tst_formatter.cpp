@@ -34,36 +34,36 @@ private Q_SLOTS:
 namespace {
 constexpr qint32 largest = std::numeric_limits<qint32>::max();
 constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9), Qt::UTC);
+const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9), QTimeZone::utc());
 } // namespace
 
 void FormatterTest::initialisersSetFormatAndStyle()
 {
-    QCOMPARE(PDEFormatter::init()->formatString(), u"%@"_qs);
+    QCOMPARE(PDEFormatter::init()->formatString(), u"%@"_s);
     QCOMPARE(PDEFormatter::init()->textStyle(), 0);
-    QCOMPARE(PDEFormatter::initWithStyle(7)->formatString(), u"%@"_qs);
+    QCOMPARE(PDEFormatter::initWithStyle(7)->formatString(), u"%@"_s);
     QCOMPARE(PDEFormatter::initWithStyle(7)->textStyle(), 7);
     QCOMPARE(PDEFormatter::initWithStyle(-3)->textStyle(), -3);
-    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_qs)->formatString(), u"%d mm"_qs);
-    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_qs)->textStyle(), 0);
-    QCOMPARE(PDEFormatter::initWithFormatString({})->formatString(), u"%@"_qs);
-    QCOMPARE(PDEFormatter::initWithFormatString(u""_qs)->formatString(), u""_qs);
-    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_qs, 2)->formatString(), u"%d mm"_qs);
-    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_qs, 2)->textStyle(), 2);
-    QCOMPARE(PDEFormatter::initWithFormatString({}, 4)->formatString(), u"%@"_qs);
+    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_s)->formatString(), u"%d mm"_s);
+    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_s)->textStyle(), 0);
+    QCOMPARE(PDEFormatter::initWithFormatString({})->formatString(), u"%@"_s);
+    QCOMPARE(PDEFormatter::initWithFormatString(u""_s)->formatString(), u""_s);
+    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_s, 2)->formatString(), u"%d mm"_s);
+    QCOMPARE(PDEFormatter::initWithFormatString(u"%d mm"_s, 2)->textStyle(), 2);
+    QCOMPARE(PDEFormatter::initWithFormatString({}, 4)->formatString(), u"%@"_s);
 }
 
 void FormatterTest::initialiserTakesACalendarDate()
 {
-    const QVariantMap locale{{u"NSAMPMDesignation"_qs, QStringList{u"vorm."_qs, u"nachm."_qs}}};
+    const QVariantMap locale{{u"NSAMPMDesignation"_s, QStringList{u"vorm."_s, u"nachm."_s}}};
     const auto formatter = PDEFormatter::initWithCalendarDate(date, locale);
     QCOMPARE(formatter->textStyle(), 5);
     QCOMPARE(formatter->calendarDate(), date);
     QCOMPARE(formatter->calendarLocale(), locale);
     QVERIFY(formatter->formatString().isNull());
-    QCOMPARE(formatter->stringForObjectValue({}), u"2024-07-04 16:05:09 +0000"_qs);
-    formatter->setFormatString(u"%I %p"_qs);
-    QCOMPARE(formatter->stringForObjectValue({}), u"04 nachm."_qs);
+    QCOMPARE(formatter->stringForObjectValue({}), u"2024-07-04 16:05:09 +0000"_s);
+    formatter->setFormatString(u"%I %p"_s);
+    QCOMPARE(formatter->stringForObjectValue({}), u"04 nachm."_s);
 }
 
 void FormatterTest::startsWithoutLimits()
@@ -77,8 +77,8 @@ void FormatterTest::startsWithoutLimits()
     QVERIFY(!formatter->notificationObject());
     QVERIFY(!formatter->calendarDate().isValid());
     QVERIFY(formatter->calendarLocale().isEmpty());
-    QVERIFY(!formatter->isInvalidCharacter(u"x"_qs));
-    QVERIFY(!formatter->isInvalidCharacter(u""_qs));
+    QVERIFY(!formatter->isInvalidCharacter(u"x"_s));
+    QVERIFY(!formatter->isInvalidCharacter(u""_s));
 }
 
 void FormatterTest::propertiesAreKept()
@@ -98,7 +98,7 @@ void FormatterTest::propertiesAreKept()
     QCOMPARE(formatter->calendarDate(), date);
     formatter->setCalendarDate({});
     QVERIFY(!formatter->calendarDate().isValid());
-    formatter->setCalendarLocale({{u"NSDateFormatString"_qs, u"%d"_qs}});
+    formatter->setCalendarLocale({{u"NSDateFormatString"_s, u"%d"_s}});
     QCOMPARE(formatter->calendarLocale().size(), 1);
 }
 
@@ -123,11 +123,11 @@ void FormatterTest::limitsAreCheckedOnceSet()
 
 void FormatterTest::formatIsNeverMissing()
 {
-    const auto formatter = PDEFormatter::initWithFormatString(u"%d"_qs);
+    const auto formatter = PDEFormatter::initWithFormatString(u"%d"_s);
     formatter->setFormatString({});
-    QCOMPARE(formatter->formatString(), u"%@"_qs);
-    formatter->setFormatString(u"<%@>"_qs);
-    QCOMPARE(formatter->formatString(), u"<%@>"_qs);
+    QCOMPARE(formatter->formatString(), u"%@"_s);
+    formatter->setFormatString(u"<%@>"_s);
+    QCOMPARE(formatter->formatString(), u"<%@>"_s);
 }
 
 void FormatterTest::notificationObjectIsRetained()
@@ -147,37 +147,37 @@ void FormatterTest::notificationObjectIsRetained()
 void FormatterTest::refusesStringsOnceAdded()
 {
     const auto formatter = PDEFormatter::init();
-    formatter->addInvalidCharacter(u"x"_qs);
-    formatter->addInvalidCharacter(u"abc"_qs);
-    QVERIFY(formatter->isInvalidCharacter(u"x"_qs));
-    QVERIFY(formatter->isInvalidCharacter(u"abc"_qs));
-    QVERIFY(!formatter->isInvalidCharacter(u"xy"_qs));
-    QVERIFY(!formatter->isInvalidCharacter(u"ab"_qs));
-    QVERIFY(!formatter->isInvalidCharacter(u"X"_qs));
-    QVERIFY(!formatter->isInvalidCharacter(u""_qs));
+    formatter->addInvalidCharacter(u"x"_s);
+    formatter->addInvalidCharacter(u"abc"_s);
+    QVERIFY(formatter->isInvalidCharacter(u"x"_s));
+    QVERIFY(formatter->isInvalidCharacter(u"abc"_s));
+    QVERIFY(!formatter->isInvalidCharacter(u"xy"_s));
+    QVERIFY(!formatter->isInvalidCharacter(u"ab"_s));
+    QVERIFY(!formatter->isInvalidCharacter(u"X"_s));
+    QVERIFY(!formatter->isInvalidCharacter(u""_s));
 }
 
 void FormatterTest::removesEveryEqualString()
 {
     const auto formatter = PDEFormatter::init();
-    for (const QString &string : {u"x"_qs, u"y"_qs, u"x"_qs, u"x"_qs}) {
+    for (const QString &string : {u"x"_s, u"y"_s, u"x"_s, u"x"_s}) {
         formatter->addInvalidCharacter(string);
     }
-    formatter->removeInvalidCharacter(u"z"_qs);
-    QVERIFY(formatter->isInvalidCharacter(u"x"_qs));
-    formatter->removeInvalidCharacter(u"x"_qs);
-    QVERIFY(!formatter->isInvalidCharacter(u"x"_qs));
-    QVERIFY(formatter->isInvalidCharacter(u"y"_qs));
+    formatter->removeInvalidCharacter(u"z"_s);
+    QVERIFY(formatter->isInvalidCharacter(u"x"_s));
+    formatter->removeInvalidCharacter(u"x"_s);
+    QVERIFY(!formatter->isInvalidCharacter(u"x"_s));
+    QVERIFY(formatter->isInvalidCharacter(u"y"_s));
 }
 
 void FormatterTest::removesWhatComparesEqual()
 {
-    const QString composed = u"\u00e9"_qs;
-    const QString decomposed = u"e\u0301"_qs;
+    const QString composed = u"\u00e9"_s;
+    const QString decomposed = u"e\u0301"_s;
     const auto formatter = PDEFormatter::init();
     formatter->addInvalidCharacter(composed);
     QVERIFY(formatter->isInvalidCharacter(decomposed));
-    QVERIFY(!formatter->isInvalidCharacter(u"e"_qs));
+    QVERIFY(!formatter->isInvalidCharacter(u"e"_s));
 
     // The first that compares equal goes, and those that are identical to it.
     formatter->addInvalidCharacter(decomposed);
@@ -192,13 +192,13 @@ void FormatterTest::comparesLongStrings()
 {
     // Two accents on a letter count the same in either order, wherever in the string they are.
     for (int filling = 55; filling < 75; ++filling) {
-        const QString start = QString(filling, u'-') + u"\u00e9"_qs;
+        const QString start = QString(filling, u'-') + u"\u00e9"_s;
         const QString end(200, QChar(0x00fc));
         const auto formatter = PDEFormatter::init();
-        formatter->addInvalidCharacter(start + u"a\u0323\u0301"_qs + end);
-        QVERIFY(formatter->isInvalidCharacter(start + u"a\u0301\u0323"_qs + end));
-        QVERIFY(formatter->isInvalidCharacter(start + u"\u00e1\u0323"_qs + end));
-        QVERIFY(!formatter->isInvalidCharacter(start + u"a\u0301"_qs + end));
+        formatter->addInvalidCharacter(start + u"a\u0323\u0301"_s + end);
+        QVERIFY(formatter->isInvalidCharacter(start + u"a\u0301\u0323"_s + end));
+        QVERIFY(formatter->isInvalidCharacter(start + u"\u00e1\u0323"_s + end));
+        QVERIFY(!formatter->isInvalidCharacter(start + u"a\u0301"_s + end));
     }
 }
 
@@ -206,10 +206,10 @@ void FormatterTest::ignoresMissingStrings()
 {
     const auto formatter = PDEFormatter::init();
     formatter->addInvalidCharacter({});
-    QVERIFY(!formatter->isInvalidCharacter(u""_qs));
-    formatter->addInvalidCharacter(u""_qs);
+    QVERIFY(!formatter->isInvalidCharacter(u""_s));
+    formatter->addInvalidCharacter(u""_s);
     formatter->removeInvalidCharacter({});
-    QVERIFY(formatter->isInvalidCharacter(u""_qs));
+    QVERIFY(formatter->isInvalidCharacter(u""_s));
     QVERIFY(!formatter->isInvalidCharacter({}));
 }
 
@@ -225,10 +225,10 @@ void FormatterTest::showsValues_data()
         QTest::newRow(name) << QString::fromUtf16(format) << style << object
                             << QString::fromUtf16(shown);
     };
-    row("text", u"%@", 0, u"Tape"_qs, u"Tape");
-    row("text in a format", u"[%@ mm]", 1, u"12"_qs, u"[12 mm]");
-    row("text of a numeric style", u"%@", 2, u"12x"_qs, u"12x");
-    row("text of the decimal style", u"%@", 4, u"1.5"_qs, u"1.5");
+    row("text", u"%@", 0, u"Tape"_s, u"Tape");
+    row("text in a format", u"[%@ mm]", 1, u"12"_s, u"[12 mm]");
+    row("text of a numeric style", u"%@", 2, u"12x"_s, u"12x");
+    row("text of the decimal style", u"%@", 4, u"1.5"_s, u"1.5");
     row("integer", u"%@", 0, 42, u"42");
     row("negative integer", u"%@", 0, -42LL, u"-42");
     row("large integer", u"%@", 0, 18446744073709551615ULL, u"18446744073709551615");
@@ -236,31 +236,31 @@ void FormatterTest::showsValues_data()
     row("truth", u"%@", 0, true, u"1");
     row("nothing", u"%@", 0, {}, u"(null)");
     row("null text", u"%@", 0, QString(), u"(null)");
-    row("empty text", u"%@", 0, u""_qs, u"");
-    row("integer value of a text", u"%d", 2, u"12x"_qs, u"12");
-    row("integer value of a decimal", u"%d", 4, u"7.9"_qs, u"7");
-    row("integer value of no number", u"%d", 2, u"x"_qs, u"0");
+    row("empty text", u"%@", 0, u""_s, u"");
+    row("integer value of a text", u"%d", 2, u"12x"_s, u"12");
+    row("integer value of a decimal", u"%d", 4, u"7.9"_s, u"7");
+    row("integer value of no number", u"%d", 2, u"x"_s, u"0");
     row("integer value of nothing", u"%d", 2, {}, u"0");
     row("integer value of a real", u"%d", 2, -3.9, u"-3");
     row("integer value of a huge real", u"%d", 2, 1e300, u"2147483647");
     row("integer value of a long integer", u"%d", 2, 0x100000005LL, u"5");
-    row("integer value beyond 32 bits", u"%d", 2, u"-9999999999"_qs, u"-2147483648");
-    row("flags and width", u"%+05d", 2, u"12"_qs, u"+0012");
-    row("left", u"%-5d|", 2, u"12"_qs, u"12   |");
-    row("precision", u"%.4d", 2, u"12"_qs, u"0012");
-    row("hexadecimal", u"%#x", 2, u"255"_qs, u"0xff");
-    row("with and without an integer", u"%d %@", 2, u"12x"_qs, u"12x %@");
-    row("percent sign", u"100%% %@", 0, u"x"_qs, u"100% x");
-    row("no conversion", u"fixed", 0, u"x"_qs, u"fixed");
-    row("no conversion, numeric", u"fixed", 2, u"x"_qs, u"fixed");
-    row("empty format", u"", 0, u"x"_qs, u"");
-    row("unknown conversion", u"%y %@", 0, u"x"_qs, u"%y x");
-    row("conversion that writes", u"%n%n%n%n", 2, u"7"_qs, u"%n%n%n%n");
-    row("too many conversions", u"%@ %@ %s %d", 0, u"x"_qs, u"x %@ %s %d");
-    row("string conversion of a number", u"%s", 2, u"7"_qs, u"7");
-    row("lone percent sign", u"%@ %", 0, u"x"_qs, u"x %");
-    row("format in the value", u"%@", 0, u"%@ %s %n"_qs, u"%@ %s %n");
-    row("other styles take the object itself", u"%d", 6, u"12x"_qs, u"12x");
+    row("integer value beyond 32 bits", u"%d", 2, u"-9999999999"_s, u"-2147483648");
+    row("flags and width", u"%+05d", 2, u"12"_s, u"+0012");
+    row("left", u"%-5d|", 2, u"12"_s, u"12   |");
+    row("precision", u"%.4d", 2, u"12"_s, u"0012");
+    row("hexadecimal", u"%#x", 2, u"255"_s, u"0xff");
+    row("with and without an integer", u"%d %@", 2, u"12x"_s, u"12x %@");
+    row("percent sign", u"100%% %@", 0, u"x"_s, u"100% x");
+    row("no conversion", u"fixed", 0, u"x"_s, u"fixed");
+    row("no conversion, numeric", u"fixed", 2, u"x"_s, u"fixed");
+    row("empty format", u"", 0, u"x"_s, u"");
+    row("unknown conversion", u"%y %@", 0, u"x"_s, u"%y x");
+    row("conversion that writes", u"%n%n%n%n", 2, u"7"_s, u"%n%n%n%n");
+    row("too many conversions", u"%@ %@ %s %d", 0, u"x"_s, u"x %@ %s %d");
+    row("string conversion of a number", u"%s", 2, u"7"_s, u"7");
+    row("lone percent sign", u"%@ %", 0, u"x"_s, u"x %");
+    row("format in the value", u"%@", 0, u"%@ %s %n"_s, u"%@ %s %n");
+    row("other styles take the object itself", u"%d", 6, u"12x"_s, u"12x");
 }
 
 void FormatterTest::showsValues()
@@ -274,35 +274,35 @@ void FormatterTest::showsValues()
 
 void FormatterTest::showsTheDateOnlyInItsStyle()
 {
-    const auto formatter = PDEFormatter::initWithFormatString(u"%Y %@"_qs, 5);
-    QCOMPARE(formatter->stringForObjectValue(u"x"_qs), u"%Y x"_qs);
+    const auto formatter = PDEFormatter::initWithFormatString(u"%Y %@"_s, 5);
+    QCOMPARE(formatter->stringForObjectValue(u"x"_s), u"%Y x"_s);
     formatter->setCalendarDate(date);
-    QCOMPARE(formatter->stringForObjectValue(u"x"_qs), u"2024 %@"_qs);
-    QCOMPARE(formatter->stringForObjectValue({}), u"2024 %@"_qs);
+    QCOMPARE(formatter->stringForObjectValue(u"x"_s), u"2024 %@"_s);
+    QCOMPARE(formatter->stringForObjectValue({}), u"2024 %@"_s);
     formatter->setTextStyle(6);
-    QCOMPARE(formatter->stringForObjectValue(u"x"_qs), u"%Y x"_qs);
+    QCOMPARE(formatter->stringForObjectValue(u"x"_s), u"%Y x"_s);
     const auto unset = PDEFormatter::initWithCalendarDate({}, {});
-    QCOMPARE(unset->stringForObjectValue(u"x"_qs), u"x"_qs);
+    QCOMPARE(unset->stringForObjectValue(u"x"_s), u"x"_s);
 }
 
 void FormatterTest::readsTextsAsTexts()
 {
-    QString error = u"untouched"_qs;
+    QString error = u"untouched"_s;
     QVariant object;
-    const auto formatter = PDEFormatter::initWithFormatString(u"%03d"_qs, 2);
-    QVERIFY(formatter->getObjectValue(&object, u"12x"_qs, &error));
-    QCOMPARE(object, QVariant(u"012"_qs));
+    const auto formatter = PDEFormatter::initWithFormatString(u"%03d"_s, 2);
+    QVERIFY(formatter->getObjectValue(&object, u"12x"_s, &error));
+    QCOMPARE(object, QVariant(u"012"_s));
     QCOMPARE(object.userType(), int(QMetaType::QString));
     formatter->setFormatString({});
-    QVERIFY(formatter->getObjectValue(&object, u"12x"_qs, nullptr));
-    QCOMPARE(object, QVariant(u"12x"_qs));
-    QVERIFY(formatter->getObjectValue(&object, u""_qs, &error));
-    QCOMPARE(object, QVariant(u""_qs));
+    QVERIFY(formatter->getObjectValue(&object, u"12x"_s, nullptr));
+    QCOMPARE(object, QVariant(u"12x"_s));
+    QVERIFY(formatter->getObjectValue(&object, u""_s, &error));
+    QCOMPARE(object, QVariant(u""_s));
     const auto shower = PDEFormatter::initWithCalendarDate(date, {});
-    shower->setFormatString(u"%Y"_qs);
-    QVERIFY(shower->getObjectValue(&object, u"12"_qs, &error));
-    QCOMPARE(object, QVariant(u"2024"_qs));
-    QCOMPARE(error, u"untouched"_qs);
+    shower->setFormatString(u"%Y"_s);
+    QVERIFY(shower->getObjectValue(&object, u"12"_s, &error));
+    QCOMPARE(object, QVariant(u"2024"_s));
+    QCOMPARE(error, u"untouched"_s);
 }
 
 void FormatterTest::readsNothingWithoutTextOrResult()
@@ -311,7 +311,7 @@ void FormatterTest::readsNothingWithoutTextOrResult()
     QVariant object(5);
     QVERIFY(formatter->getObjectValue(&object, {}, nullptr));
     QCOMPARE(object, QVariant(5));
-    QVERIFY(formatter->getObjectValue(nullptr, u"x"_qs, nullptr));
+    QVERIFY(formatter->getObjectValue(nullptr, u"x"_s, nullptr));
 }
 
 KV_CORE_TEST(FormatterTest)

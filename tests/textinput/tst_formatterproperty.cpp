@@ -41,7 +41,7 @@ std::string quoted(const QString &text)
     QString shown;
     for (const QChar unit : text) {
         const bool isPlain = unit >= u' ' && unit <= u'~' && unit != u'"' && unit != u'\\';
-        shown += isPlain ? QString(unit) : u"\\u%1"_qs.arg(unit.unicode(), 4, 16, QChar(u'0'));
+        shown += isPlain ? QString(unit) : u"\\u%1"_s.arg(unit.unicode(), 4, 16, QChar(u'0'));
     }
     return text.isNull() ? "none" : '"' + shown.toStdString() + '"';
 }
@@ -88,10 +88,10 @@ QString charactersOf(qint32 style)
 /// Text of so many characters: mostly the style's, sometimes others.
 QString someText(qint32 style, int length)
 {
-    static const QString others = u"é£€ßﬁ あ漢Ａ٣\u00ad\u0301\u200b\ufeff\U0001f600\xd83d"_qs;
+    static const QString others = u"é£€ßﬁ あ漢Ａ٣\u00ad\u0301\u200b\ufeff\U0001f600\xd83d"_s;
     static const QString ascii = charactersOf(1);
     const QString own = charactersOf(style);
-    const QString pools[] = {own, u"0123456789.+- "_qs, ascii, others};
+    const QString pools[] = {own, u"0123456789.+- "_s, ascii, others};
     const int sort = *rc::gen::weightedElement<int>({{60, 0}, {15, 1}, {10, 2}, {4, 3}, {11, 4}});
     QString text;
     for (int i = 0; i < length; ++i) {
@@ -174,7 +174,7 @@ QStringList someRefusedStrings(const CheckedEdit &edit)
         const QtSize start = edit.originalSelection.location;
         const bool isTyped = start >= 0 && start < caret && *rc::gen::inRange(0, 2) == 0;
         strings += isTyped ? edit.proposedText.mid(start, caret - start)
-                           : someText(edit.style, *rc::gen::inRange(0, 3)) + u""_qs;
+                           : someText(edit.style, *rc::gen::inRange(0, 3)) + u""_s;
     }
     return strings;
 }
@@ -343,8 +343,8 @@ void FormatterPropertyTest::allowsWhatTheRulesAllow()
     for (qint32 style = 0; style < 12; ++style) {
         const Counts counts = trial.counts().contains(style) ? trial.counts().at(style) : Counts();
         const int few = edits / 1000;
-        QVERIFY2(counts.allowed > few, qPrintable(u"style %1 allows too few"_qs.arg(style)));
-        QVERIFY2(counts.refused > few, qPrintable(u"style %1 refuses too few"_qs.arg(style)));
+        QVERIFY2(counts.allowed > few, qPrintable(u"style %1 allows too few"_s.arg(style)));
+        QVERIFY2(counts.refused > few, qPrintable(u"style %1 refuses too few"_s.arg(style)));
     }
 }
 

@@ -41,8 +41,8 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 };
 
 namespace {
-const QStringList invalid{u"InvalidCharacterNotification"_qs};
-const QStringList outOfRange{u"FormatErrorNotification"_qs};
+const QStringList invalid{u"InvalidCharacterNotification"_s};
+const QStringList outOfRange{u"FormatErrorNotification"_s};
 
 QStringList invalidCharacter(const QString &character)
 {
@@ -55,9 +55,9 @@ void RefusalsTest::tellsTheCharacterFirst()
     RefusalLog log;
     const auto object = std::make_shared<int>(0);
     mFormatter->setNotificationObject(object);
-    mFormatter->addInvalidCharacter(u"x"_qs);
-    QVERIFY(!allows(u"x"_qs));
-    QCOMPARE(log.taken(), invalidCharacter(u"x"_qs));
+    mFormatter->addInvalidCharacter(u"x"_s);
+    QVERIFY(!allows(u"x"_s));
+    QCOMPARE(log.taken(), invalidCharacter(u"x"_s));
     QVERIFY(log.lastObject() != object.get());
     QVERIFY(log.lastObject() != mFormatter.get());
 }
@@ -68,11 +68,11 @@ void RefusalsTest::tellsTheNotificationObjectNext()
     const auto object = std::make_shared<int>(0);
     mFormatter->setNotificationObject(object);
     mFormatter->setTextStyle(2);
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"x"_s));
     QCOMPARE(log.taken(), invalid);
     QCOMPARE(log.lastObject(), static_cast<const void *>(object.get()));
     mFormatter->setMaxValue(3);
-    QVERIFY(!allows(u"5"_qs));
+    QVERIFY(!allows(u"5"_s));
     QCOMPARE(log.taken(), outOfRange);
     QCOMPARE(log.lastObject(), static_cast<const void *>(object.get()));
 }
@@ -81,12 +81,12 @@ void RefusalsTest::tellsItselfLast()
 {
     RefusalLog log;
     mFormatter->setTextStyle(2);
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"x"_s));
     QCOMPARE(log.taken(), invalid);
     QCOMPARE(log.lastObject(), static_cast<const void *>(mFormatter.get()));
     mFormatter->setNotificationObject(std::make_shared<int>(0));
     mFormatter->setNotificationObject(nullptr);
-    QVERIFY(!allows(u"é"_qs));
+    QVERIFY(!allows(u"é"_s));
     QCOMPARE(log.taken(), invalid);
     QCOMPARE(log.lastObject(), static_cast<const void *>(mFormatter.get()));
 }
@@ -95,23 +95,23 @@ void RefusalsTest::beepsOncePerRefusal()
 {
     mFormatter->setTextStyle(2);
     QStringList order;
-    setBeeper([&order] { order += u"beep"_qs; });
+    setBeeper([&order] { order += u"beep"_s; });
     NotificationCenter::defaultCenter().addObserver(
         this, [&order](const Notification &notification) { order += notification.name; }, {});
-    QVERIFY(!allows(u"xyz"_qs));
-    QVERIFY(allows(u"123"_qs));
+    QVERIFY(!allows(u"xyz"_s));
+    QVERIFY(allows(u"123"_s));
     NotificationCenter::defaultCenter().removeObserver(this);
     setBeeper({});
-    QCOMPARE(order, QStringList{u"beep"_qs} + invalid);
+    QCOMPARE(order, QStringList{u"beep"_s} + invalid);
 }
 
 void RefusalsTest::forgetsTheFormerCharacter()
 {
     RefusalLog log;
     mFormatter->setTextStyle(2);
-    QVERIFY(!allows(u"あ"_qs));
-    QCOMPARE(log.taken(), invalidCharacter(u"あ"_qs));
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"あ"_s));
+    QCOMPARE(log.taken(), invalidCharacter(u"あ"_s));
+    QVERIFY(!allows(u"x"_s));
     QCOMPARE(log.taken(), invalid);
     QCOMPARE(log.lastObject(), static_cast<const void *>(mFormatter.get()));
 }
@@ -119,8 +119,8 @@ void RefusalsTest::forgetsTheFormerCharacter()
 void RefusalsTest::knowsTheCharacterOnlyWhileItIsTold()
 {
     RefusalLog log;
-    mFormatter->addInvalidCharacter(u"x"_qs);
-    QVERIFY(!allows(u"x"_qs));
+    mFormatter->addInvalidCharacter(u"x"_s);
+    QVERIFY(!allows(u"x"_s));
     QVERIFY(!PDEFormatter::offendingCharacter({invalid.first(), log.lastObject()}));
     QVERIFY(!PDEFormatter::offendingCharacter({invalid.first(), nullptr}));
     QVERIFY(!PDEFormatter::offendingCharacter({invalid.first(), mFormatter.get()}));
@@ -130,22 +130,22 @@ void RefusalsTest::innerRefusalDoesNotHideTheOuterOne()
 {
     int observer = 0;
     bool isInner = false;
-    mFormatter->addInvalidCharacter(u"x"_qs);
+    mFormatter->addInvalidCharacter(u"x"_s);
     const auto inner = PDEFormatter::initWithStyle(2);
     NotificationCenter::defaultCenter().addObserver(
         &observer,
         [&](const Notification &) {
             if (!std::exchange(isInner, true)) {
                 const TextRange caret{1, 0};
-                QVERIFY(!inner->isPartialStringValid(u"y"_qs, &caret, {}, {}, nullptr));
+                QVERIFY(!inner->isPartialStringValid(u"y"_s, &caret, {}, {}, nullptr));
             }
         },
         invalid.first());
     RefusalLog log;
-    const bool allowed = allows(u"x"_qs);
+    const bool allowed = allows(u"x"_s);
     NotificationCenter::defaultCenter().removeObserver(&observer);
     QVERIFY(!allowed);
-    QCOMPARE(log.taken(), invalid + invalidCharacter(u"x"_qs));
+    QCOMPARE(log.taken(), invalid + invalidCharacter(u"x"_s));
 }
 
 void RefusalsTest::observerMayRemoveItself()
@@ -160,8 +160,8 @@ void RefusalsTest::observerMayRemoveItself()
         },
         {});
     RefusalLog log;
-    QVERIFY(!allows(u"x"_qs));
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"x"_s));
+    QVERIFY(!allows(u"x"_s));
     QCOMPARE(told, 1);
     QCOMPARE(log.taken(), invalid + invalid);
 }
@@ -177,26 +177,26 @@ void RefusalsTest::observerMayChangeTheFormatter()
             NotificationCenter::defaultCenter().removeObserver(this);
             mFormatter->setTextStyle(0);
             mFormatter->setNotificationObject(nullptr);
-            mFormatter->addInvalidCharacter(u"y"_qs);
+            mFormatter->addInvalidCharacter(u"y"_s);
         },
         {});
     RefusalLog log;
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"x"_s));
     QCOMPARE(log.taken(), invalid);
     QCOMPARE(log.lastObject(), static_cast<const void *>(object.get()));
-    QVERIFY(allows(u"x"_qs));
-    QVERIFY(!allows(u"y"_qs));
+    QVERIFY(allows(u"x"_s));
+    QVERIFY(!allows(u"y"_s));
 }
 
 void RefusalsTest::observerMayDestroyTheFormatter()
 {
-    mFormatter->setNotificationObject(std::make_shared<QString>(u"object"_qs));
+    mFormatter->setNotificationObject(std::make_shared<QString>(u"object"_s));
     for (const bool aboutCharacter : {false, true}) {
         mFormatter = PDEFormatter::initWithStyle(2);
         if (aboutCharacter) {
-            mFormatter->addInvalidCharacter(u"x"_qs);
+            mFormatter->addInvalidCharacter(u"x"_s);
         }
-        mFormatter->setNotificationObject(std::make_shared<QString>(u"object"_qs));
+        mFormatter->setNotificationObject(std::make_shared<QString>(u"object"_s));
         NotificationCenter::defaultCenter().addObserver(
             this, [this](const Notification &) { mFormatter.reset(); }, {});
         QStringList seen;
@@ -207,12 +207,12 @@ void RefusalsTest::observerMayDestroyTheFormatter()
                                                                 notification.object);
                                                         },
                                                         {});
-        const bool allowed = allows(u"x"_qs);
+        const bool allowed = allows(u"x"_s);
         NotificationCenter::defaultCenter().removeObserver(this);
         NotificationCenter::defaultCenter().removeObserver(&later);
         QVERIFY(!allowed);
         QVERIFY(!mFormatter);
-        QCOMPARE(seen, QStringList{aboutCharacter ? u"x"_qs : u"object"_qs});
+        QCOMPARE(seen, QStringList{aboutCharacter ? u"x"_s : u"object"_s});
     }
 }
 
@@ -221,7 +221,7 @@ void RefusalsTest::beeperMayDestroyTheFormatter()
     mFormatter->setTextStyle(2);
     RefusalLog log;
     setBeeper([this] { mFormatter.reset(); });
-    QVERIFY(!allows(u"x"_qs));
+    QVERIFY(!allows(u"x"_s));
     QVERIFY(!mFormatter);
     QCOMPARE(log.taken(), invalid);
 }

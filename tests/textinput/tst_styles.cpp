@@ -93,7 +93,7 @@ void addStyles()
 bool isTaken(qint32 style, const QString &typed)
 {
     const TextRange caret{1 + typed.size(), 0};
-    return PDEFormatter::initWithStyle(style)->isPartialStringValid(u'7' + typed, &caret, u"7"_qs,
+    return PDEFormatter::initWithStyle(style)->isPartialStringValid(u'7' + typed, &caret, u"7"_s,
                                                                     {1, 0}, nullptr);
 }
 } // namespace
@@ -115,7 +115,7 @@ void StylesTest::takesASCII()
     const auto refusals = taken.count(u'.');
     QCOMPARE(log.takenBeeps(), refusals);
     QCOMPARE(log.taken(),
-             QStringList(QVector<QString>(refusals, u"InvalidCharacterNotification"_qs).toList()));
+             QStringList(QVector<QString>(refusals, u"InvalidCharacterNotification"_s).toList()));
 }
 
 void StylesTest::takesASCIIWithinLongerTexts_data()
@@ -126,12 +126,11 @@ void StylesTest::takesASCIIWithinLongerTexts_data()
 void StylesTest::takesASCIIWithinLongerTexts()
 {
     QFETCH(qint32, style);
-    const QString texts[] = {u"%1"_qs, u"8%1"_qs, u"%18"_qs, u"8%18"_qs};
+    const QString texts[] = {u"%1"_s, u"8%1"_s, u"%18"_s, u"8%18"_s};
     for (const QString &text : texts) {
         QString taken;
         for (char16_t character = 0; character < 128; ++character) {
-            taken +=
-                isTaken(style, QString(text).replace(u"%1"_qs, QChar(character))) ? u'#' : u'.';
+            taken += isTaken(style, QString(text).replace(u"%1"_s, QChar(character))) ? u'#' : u'.';
         }
         QTEST(taken, "taken");
     }
@@ -151,8 +150,8 @@ void StylesTest::refusesWhatIsBeyondASCII()
         QCOMPARE(isTaken(style, character), style == 0);
         QStringList told;
         if (style != 0) {
-            told += other.isRoman ? u"InvalidCharacterNotification"_qs
-                                  : u"InvalidCharacterNotification "_qs + character.back();
+            told += other.isRoman ? u"InvalidCharacterNotification"_s
+                                  : u"InvalidCharacterNotification "_s + character.back();
         }
         QCOMPARE(log.taken(), told);
     }

@@ -72,7 +72,7 @@ constexpr qint32 smallest = std::numeric_limits<qint32>::min();
 std::unique_ptr<QWidget> formWith(const QByteArray &widgets, const QByteArray &connections = {})
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(u"Form.ui"_qs);
+    const QString path = folder.filePath(u"Form.ui"_s);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         return nullptr;
@@ -102,7 +102,7 @@ void TextFieldTest::init()
     mTold = 0;
     NotificationCenter::defaultCenter().addObserver(
         this, [this](const Notification &) { ++mTold; },
-        u"TextFieldResignFirstResponderNotification"_qs, field());
+        u"TextFieldResignFirstResponderNotification"_s, field());
 }
 
 void TextFieldTest::cleanup()
@@ -119,23 +119,23 @@ void TextFieldTest::tellsOfEachEdit_data()
     const auto row = [](const char *name, int told, const Action &edits) {
         QTest::newRow(name) << edits << told;
     };
-    row("one character", 1, [](FieldUser &user) { user.types(u"x"_qs); });
-    row("three characters", 3, [](FieldUser &user) { user.types(u"xyz"_qs); });
+    row("one character", 1, [](FieldUser &user) { user.types(u"x"_s); });
+    row("three characters", 3, [](FieldUser &user) { user.types(u"xyz"_s); });
     row("over a selection", 1, [](FieldUser &user) {
         user.selects(0, 2);
-        user.types(u"x"_qs);
+        user.types(u"x"_s);
     });
-    row("deleting", 2, [](FieldUser &user) { user.types(u"\b\b"_qs); });
-    row("pasting", 1, [](FieldUser &user) { user.pastes(u"xyz"_qs); });
-    row("pasting from the menu", 1, [](FieldUser &user) { user.pastesFromMenu(u"xyz"_qs); });
+    row("deleting", 2, [](FieldUser &user) { user.types(u"\b\b"_s); });
+    row("pasting", 1, [](FieldUser &user) { user.pastes(u"xyz"_s); });
+    row("pasting from the menu", 1, [](FieldUser &user) { user.pastesFromMenu(u"xyz"_s); });
     row("cutting", 1, [](FieldUser &user) {
         user.selects(0, 2);
         user.presses(Qt::Key_X, Qt::ControlModifier);
     });
-    row("drop", 1, [](FieldUser &user) { user.drops(u"xyz"_qs, 1); });
+    row("drop", 1, [](FieldUser &user) { user.drops(u"xyz"_s, 1); });
     row("commit", 1, [](FieldUser &user) {
-        user.composes(u"ka"_qs);
-        user.commits(u"x"_qs);
+        user.composes(u"ka"_s);
+        user.commits(u"x"_s);
     });
     row("undo", 1, [](FieldUser &user) { user.undoes(); });
     row("redo", 2, [](FieldUser &user) {
@@ -144,7 +144,7 @@ void TextFieldTest::tellsOfEachEdit_data()
     });
     row("undo from the menu", 1, [](FieldUser &user) { user.choosesFromMenu(QKeySequence::Undo); });
     row("pasting by the program", 1, [](FieldUser &user) {
-        QGuiApplication::clipboard()->setText(u"xyz"_qs);
+        QGuiApplication::clipboard()->setText(u"xyz"_s);
         user.field()->paste();
     });
 }
@@ -152,7 +152,7 @@ void TextFieldTest::tellsOfEachEdit_data()
 void TextFieldTest::tellsOfEachEdit()
 {
     QFETCH(Action, edits);
-    mUser->types(u"1234"_qs);
+    mUser->types(u"1234"_s);
     QCOMPARE(told(), 4);
     edits(*mUser);
     QCoreApplication::sendPostedEvents(field());
@@ -166,12 +166,12 @@ void TextFieldTest::tellsNothingOfTheRest_data()
     const auto row = [](const char *name, const Action &acts) {
         QTest::newRow(name) << acts;
     };
-    row("text of the program", [](FieldUser &user) { user.field()->setText(u"5678"_qs); });
+    row("text of the program", [](FieldUser &user) { user.field()->setText(u"5678"_s); });
     row("moving the caret", [](FieldUser &user) { user.presses(Qt::Key_Home); });
     row("selecting", [](FieldUser &user) { user.presses(Qt::Key_Home, Qt::ShiftModifier); });
     row("Return", [](FieldUser &user) { user.presses(Qt::Key_Return); });
     row("deleting nothing", [](FieldUser &user) { user.presses(Qt::Key_Delete); });
-    row("composing", [](FieldUser &user) { user.composes(u"ka"_qs); });
+    row("composing", [](FieldUser &user) { user.composes(u"ka"_s); });
     row("focus", [](FieldUser &user) {
         user.field()->clearFocus();
         user.field()->setFocus();
@@ -185,7 +185,7 @@ void TextFieldTest::tellsNothingOfTheRest_data()
 void TextFieldTest::tellsNothingOfTheRest()
 {
     QFETCH(Action, acts);
-    mUser->types(u"1234"_qs);
+    mUser->types(u"1234"_s);
     told();
     acts(*mUser);
     QCoreApplication::sendPostedEvents(field());
@@ -197,13 +197,13 @@ void TextFieldTest::tellsNothingOfRefusedEdits()
 {
     const auto formatter = PDEFormatter::initWithStyle(2);
     FormatterAdapter::attach(formatter.get(), field());
-    mUser->types(u"x1y"_qs);
-    mUser->pastes(u"x"_qs);
-    mUser->pastesFromMenu(u"x"_qs);
-    mUser->drops(u"x"_qs, 0);
-    mUser->commits(u"x"_qs);
+    mUser->types(u"x1y"_s);
+    mUser->pastes(u"x"_s);
+    mUser->pastesFromMenu(u"x"_s);
+    mUser->drops(u"x"_s, 0);
+    mUser->commits(u"x"_s);
     QCoreApplication::sendPostedEvents(field());
-    QCOMPARE(field()->text(), u"1"_qs);
+    QCOMPARE(field()->text(), u"1"_s);
     QCOMPARE(told(), 1);
 }
 
@@ -215,11 +215,11 @@ void TextFieldTest::tabbingTellsNothing()
     after.show();
     QWidget::setTabOrder(&before, field());
     QWidget::setTabOrder(field(), &after);
-    field()->setText(u"1234"_qs);
+    field()->setText(u"1234"_s);
     before.setFocus();
     QTest::keyClick(&mUser->window(), Qt::Key_Tab);
     QCOMPARE(mUser->window().focusWidget(), field());
-    QCOMPARE(field()->selectedText(), u"1234"_qs);
+    QCOMPARE(field()->selectedText(), u"1234"_s);
     QTest::keyClick(&mUser->window(), Qt::Key_Tab);
     QCOMPARE(mUser->window().focusWidget(), &after);
     QTest::keyClick(&mUser->window(), Qt::Key_Backtab);
@@ -229,24 +229,24 @@ void TextFieldTest::tabbingTellsNothing()
 
 void TextFieldTest::selectTextTellsAndSelectsNothing()
 {
-    field()->setText(u"1234"_qs);
+    field()->setText(u"1234"_s);
     field()->setCursorPosition(2);
     field()->selectText();
     QCOMPARE(told(), 1);
-    QCOMPARE(mUser->seen(), u"12|34"_qs);
+    QCOMPARE(mUser->seen(), u"12|34"_s);
     field()->setSelection(1, 2);
     field()->selectText(this);
     QCOMPARE(told(), 1);
-    QCOMPARE(mUser->seen(), u"1[23|]4"_qs);
+    QCOMPARE(mUser->seen(), u"1[23|]4"_s);
     QVERIFY(QMetaObject::invokeMethod(field(), "selectText"));
     QCOMPARE(told(), 1);
 
     // The user may select everything all the same.
     mUser->presses(Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(mUser->seen(), u"[1234|]"_qs);
+    QCOMPARE(mUser->seen(), u"[1234|]"_s);
     field()->deselect();
     mUser->choosesFromMenu(QKeySequence::SelectAll);
-    QCOMPARE(mUser->seen(), u"[1234|]"_qs);
+    QCOMPARE(mUser->seen(), u"[1234|]"_s);
     QCOMPARE(told(), 0);
 }
 
@@ -296,7 +296,7 @@ void TextFieldTest::observerMayRemoveItself()
         ++seen;
         observer.reset();
     });
-    mUser->types(u"12"_qs);
+    mUser->types(u"12"_s);
     QCOMPARE(seen, 1);
     QCOMPARE(told(), 2);
 }
@@ -304,33 +304,33 @@ void TextFieldTest::observerMayRemoveItself()
 void TextFieldTest::observerMayChangeTheField()
 {
     const EditObserver observer([this] { field()->setText(field()->text().toUpper()); });
-    mUser->types(u"ab"_qs);
-    QCOMPARE(field()->text(), u"AB"_qs);
-    mUser->pastes(u"cd"_qs);
-    QCOMPARE(field()->text(), u"ABCD"_qs);
-    QGuiApplication::clipboard()->setText(u"ef"_qs);
+    mUser->types(u"ab"_s);
+    QCOMPARE(field()->text(), u"AB"_s);
+    mUser->pastes(u"cd"_s);
+    QCOMPARE(field()->text(), u"ABCD"_s);
+    QGuiApplication::clipboard()->setText(u"ef"_s);
     field()->paste();
     QCoreApplication::sendPostedEvents(field());
-    QCOMPARE(field()->text(), u"ABCDEF"_qs);
+    QCOMPARE(field()->text(), u"ABCDEF"_s);
     QCOMPARE(told(), 4);
 }
 
 void TextFieldTest::observerMayDestroyTheField_data()
 {
     QTest::addColumn<Action>("edits");
-    QTest::newRow("typing") << Action([](FieldUser &user) { user.types(u"x"_qs); });
-    QTest::newRow("deleting") << Action([](FieldUser &user) { user.types(u"\b"_qs); });
-    QTest::newRow("pasting") << Action([](FieldUser &user) { user.pastes(u"x"_qs); });
-    QTest::newRow("commit") << Action([](FieldUser &user) { user.commits(u"x"_qs); });
-    QTest::newRow("drop") << Action([](FieldUser &user) { user.drops(u"x"_qs, 0); });
+    QTest::newRow("typing") << Action([](FieldUser &user) { user.types(u"x"_s); });
+    QTest::newRow("deleting") << Action([](FieldUser &user) { user.types(u"\b"_s); });
+    QTest::newRow("pasting") << Action([](FieldUser &user) { user.pastes(u"x"_s); });
+    QTest::newRow("commit") << Action([](FieldUser &user) { user.commits(u"x"_s); });
+    QTest::newRow("drop") << Action([](FieldUser &user) { user.drops(u"x"_s, 0); });
     QTest::newRow("undo") << Action([](FieldUser &user) { user.undoes(); });
-    QTest::newRow("menu") << Action([](FieldUser &user) { user.pastesFromMenu(u"x"_qs); });
+    QTest::newRow("menu") << Action([](FieldUser &user) { user.pastesFromMenu(u"x"_s); });
 }
 
 void TextFieldTest::observerMayDestroyTheField()
 {
     QFETCH(Action, edits);
-    mUser->types(u"12"_qs);
+    mUser->types(u"12"_s);
     const EditObserver observer([this] { delete field(); });
     edits(*mUser);
     QCoreApplication::processEvents();
@@ -341,7 +341,7 @@ void TextFieldTest::observerMayDestroyTheField()
 void TextFieldTest::observerMayHaveTheFieldDestroyedLater()
 {
     const EditObserver observer([this] { field()->deleteLater(); });
-    mUser->types(u"x"_qs);
+    mUser->types(u"x"_s);
     QVERIFY(field());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!field());
@@ -351,9 +351,9 @@ void TextFieldTest::formMakesTheField()
 {
     const auto form = formWith(fieldWith("<property name=\"text\"><string>12</string></property>"));
     QVERIFY(form);
-    auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_qs);
+    auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_s);
     QVERIFY(made);
-    QCOMPARE(made->text(), u"12"_qs);
+    QCOMPARE(made->text(), u"12"_s);
     QVERIFY(!FormatterAdapter::formatterOf(made));
 }
 
@@ -366,7 +366,7 @@ void TextFieldTest::formNamesTheFormatter()
     auto *made = form->findChild<PDETextField13_v400_ *>();
     PDEFormatter *formatter = FormatterAdapter::formatterOf(made);
     QVERIFY(formatter);
-    QCOMPARE(formatter->formatString(), u"%@"_qs);
+    QCOMPARE(formatter->formatString(), u"%@"_s);
     QCOMPARE(formatter->textStyle(), 2);
     QCOMPARE(formatter->maxLength(), 3);
     QCOMPARE(formatter->minValue(), 10);
@@ -375,11 +375,11 @@ void TextFieldTest::formNamesTheFormatter()
     QVERIFY(formatter->isValidityMaxValue());
 
     RefusalLog log;
-    QTest::keyClicks(made, u"5x005"_qs);
-    QCOMPARE(made->text(), u"50"_qs);
+    QTest::keyClicks(made, u"5x005"_s);
+    QCOMPARE(made->text(), u"50"_s);
     QCOMPARE(log.taken(),
-             QStringList({u"InvalidCharacterNotification"_qs, u"FormatErrorNotification"_qs,
-                          u"FormatErrorNotification"_qs}));
+             QStringList({u"InvalidCharacterNotification"_s, u"FormatErrorNotification"_s,
+                          u"FormatErrorNotification"_s}));
 }
 
 void TextFieldTest::formConnectsSelectText()
@@ -402,7 +402,7 @@ void TextFieldTest::formatterFollowsProperties()
     QCOMPARE(formatter->textStyle(), 0);
     QVERIFY(!formatter->isValidityMinValue());
     QVERIFY(!formatter->isValidityMaxValue());
-    formatter->addInvalidCharacter(u"x"_qs);
+    formatter->addInvalidCharacter(u"x"_s);
 
     field()->setProperty("formatterStyle", 6);
     field()->setProperty("formatterMinValue", -5);
@@ -412,8 +412,8 @@ void TextFieldTest::formatterFollowsProperties()
     QCOMPARE(formatter->maxLength(), 4);
     QCOMPARE(formatter->minValue(), -5);
     QCOMPARE(formatter->maxValue(), 5);
-    mUser->types(u"ax-bcdef"_qs);
-    QCOMPARE(field()->text(), u"abcd"_qs);
+    mUser->types(u"ax-bcdef"_s);
+    QCOMPARE(field()->text(), u"abcd"_s);
 
     for (const char *name :
          {"formatterStyle", "formatterMaxLength", "formatterMinValue", "formatterMaxValue"}) {
@@ -424,7 +424,7 @@ void TextFieldTest::formatterFollowsProperties()
     QVERIFY(!formatter->isValidityMinValue());
     QVERIFY(!formatter->isValidityMaxValue());
     QCOMPARE(FormatterAdapter::formatterOf(field()), formatter);
-    QVERIFY(formatter->isInvalidCharacter(u"x"_qs));
+    QVERIFY(formatter->isInvalidCharacter(u"x"_s));
 }
 
 void TextFieldTest::warnsOfPropertiesThatAreNoIntegers_data()
@@ -453,7 +453,7 @@ void TextFieldTest::warnsOfPropertiesThatAreNoIntegers()
             QByteArray("count: ") + name + " is no integer of 32 bits: " + shown;
         QTest::ignoreMessage(QtWarningMsg, warning.constData());
         const auto form = formWith(fieldWith(propertyOf(name, value)));
-        auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_qs);
+        auto *made = form->findChild<PDETextField13_v400_ *>(u"count"_s);
         QVERIFY(made);
         QVERIFY(!FormatterAdapter::formatterOf(made));
     }
@@ -462,8 +462,8 @@ void TextFieldTest::warnsOfPropertiesThatAreNoIntegers()
     const auto form = formWith(fieldWith(propertyOf("formatterStyle", "<number>2</number>") +
                                          propertyOf("formatterMaxLength", value)));
     auto *made = form->findChild<PDETextField13_v400_ *>();
-    QTest::keyClicks(made, u"1x2"_qs);
-    QCOMPARE(made->text(), u"12"_qs);
+    QTest::keyClicks(made, u"1x2"_s);
+    QCOMPARE(made->text(), u"12"_s);
 }
 
 void TextFieldTest::takesIntegersOfEveryKind_data()
@@ -474,11 +474,11 @@ void TextFieldTest::takesIntegersOfEveryKind_data()
     QTest::newRow("unsigned") << QVariant(7U) << 7;
     QTest::newRow("long") << QVariant(-7LL) << -7;
     QTest::newRow("unsigned long") << QVariant(7ULL) << 7;
-    QTest::newRow("text") << QVariant(u"-7"_qs) << -7;
+    QTest::newRow("text") << QVariant(u"-7"_s) << -7;
     QTest::newRow("largest") << QVariant(largest) << largest;
     QTest::newRow("smallest") << QVariant(smallest) << smallest;
     QTest::newRow("real") << QVariant(7.0) << 7;
-    QTest::newRow("text of the smallest") << QVariant(u"-2147483648"_qs) << smallest;
+    QTest::newRow("text of the smallest") << QVariant(u"-2147483648"_s) << smallest;
 }
 
 void TextFieldTest::takesIntegersOfEveryKind()
@@ -499,8 +499,8 @@ void TextFieldTest::takesIntegersOfEveryKind()
 void TextFieldTest::otherPropertiesMakeNoFormatter()
 {
     field()->setProperty("style", 2);
-    field()->setProperty("formatter", u"x"_qs);
-    field()->setProperty("formatterstyle", u"x"_qs);
+    field()->setProperty("formatter", u"x"_s);
+    field()->setProperty("formatterstyle", u"x"_s);
     QVERIFY(!FormatterAdapter::formatterOf(field()));
 }
 
