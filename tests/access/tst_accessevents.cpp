@@ -16,11 +16,6 @@ private Q_SLOTS:
 
 namespace {
 
-/// Everything off.
-TestPrinter allOff()
-{
-    return {.defaults = {{cutEvery, "7"}}};
-}
 } // namespace
 
 void AccessEventsTest::otherStripIsTold()

@@ -33,16 +33,10 @@ const QString withoutCutEvery = QStringLiteral("Available when “KvCutLabel” 
 const QString reopen = QStringLiteral(
     "Not available since the tape was changed. Open the print dialog again to use it.");
 
-struct Boxes
+struct GreyedBoxes
 {
     QList<Option> greyed;
 };
-
-/// Everything off.
-TestPrinter allOff()
-{
-    return {.defaults = {{cutEvery, "7"}}};
-}
 
 QString reasonOf(const PanelFixture &fixture, Option option)
 {
@@ -82,33 +76,36 @@ QString shownTip(QWidget *widget)
 void GreyReasonTest::reasonIsThatOfTheRule_data()
 {
     QTest::addColumn<QString>("paper");
-    QTest::addColumn<bool>("specialTape");
-    QTest::addColumn<Boxes>("tapeGreys");
-    QTest::addColumn<Boxes>("specialTapeGreys");
-    const Boxes excluded{{cutEvery, autoCut, halfCut, chainPrint}};
-    QTest::newRow("standard size") << u"62x29"_s << false << Boxes() << Boxes();
+    QTest::addColumn<bool>("isSpecialTape");
+    QTest::addColumn<GreyedBoxes>("tapeGreys");
+    QTest::addColumn<GreyedBoxes>("specialTapeGreys");
+    const GreyedBoxes excluded{{cutEvery, autoCut, halfCut, chainPrint}};
+    QTest::newRow("standard size") << u"62x29"_s << false << GreyedBoxes() << GreyedBoxes();
     for (const char *paper : {"DC03", "AV2055", "C_62"}) {
-        QTest::addRow("%s", paper)
-            << QString::fromLatin1(paper) << false << Boxes{{removeBlkSpace}} << Boxes();
+        QTest::addRow("%s", paper) << QString::fromLatin1(paper) << false
+                                   << GreyedBoxes{{removeBlkSpace}} << GreyedBoxes();
         QTest::addRow("%s, special tape", paper)
-            << QString::fromLatin1(paper) << true << Boxes{{removeBlkSpace}} << excluded;
+            << QString::fromLatin1(paper) << true << GreyedBoxes{{removeBlkSpace}} << excluded;
     }
-    QTest::newRow("FL30") << u"FL30"_s << false << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes();
-    QTest::newRow("standard size, special tape") << u"62x29"_s << true << Boxes() << excluded;
+    QTest::newRow("FL30") << u"FL30"_s << false
+                          << GreyedBoxes{{halfCut, chainPrint, specialTape, removeBlkSpace}}
+                          << GreyedBoxes();
+    QTest::newRow("standard size, special tape") << u"62x29"_s << true << GreyedBoxes() << excluded;
     // What special tape had greyed stays greyed: the reason is still that.
     QTest::newRow("FL30, special tape")
-        << u"FL30"_s << true << Boxes{{halfCut, chainPrint, specialTape, removeBlkSpace}} << Boxes{{cutEvery, autoCut}};
+        << u"FL30"_s << true << GreyedBoxes{{halfCut, chainPrint, specialTape, removeBlkSpace}}
+        << GreyedBoxes{{cutEvery, autoCut}};
 }
 
 void GreyReasonTest::reasonIsThatOfTheRule()
 {
     QFETCH(QString, paper);
-    QFETCH(bool, specialTape);
-    QFETCH(Boxes, tapeGreys);
-    QFETCH(Boxes, specialTapeGreys);
+    QFETCH(bool, isSpecialTape);
+    QFETCH(GreyedBoxes, tapeGreys);
+    QFETCH(GreyedBoxes, specialTapeGreys);
     PanelFixture fixture(allOff());
     fixture.show();
-    if (specialTape) {
+    if (isSpecialTape) {
         fixture.click(specialTape);
     }
     fixture.host->changePaper(paper);
@@ -255,7 +252,8 @@ void GreyReasonTest::markupInATitleIsText()
                              .size("62x29", 175.0, 82.0));
     fixture.show();
     fixture.click(specialTape);
-    QCOMPARE(descriptionOf(fixture.box(halfCut)), u"Not available together with “<b>Special</b>”."_s);
+    QCOMPARE(descriptionOf(fixture.box(halfCut)),
+             u"Not available together with “<b>Special</b>”."_s);
     QVERIFY(fixture.box(halfCut)->toolTip().contains(u"&lt;b&gt;Special&lt;/b&gt;"_s));
 }
 

@@ -33,12 +33,6 @@ private:
 
 namespace {
 
-/// Everything off, and no cut marks unless they are wanted.
-TestPrinter tapePrinter()
-{
-    return {.options = everyOptionBut(OptionCatalogue::CutMark), .defaults = {{cutEvery, "7"}}};
-}
-
 bool isFurther(const QWidget *from, const QWidget *to)
 {
     const QPoint start = from->geometry().center();

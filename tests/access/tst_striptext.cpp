@@ -18,15 +18,10 @@ private Q_SLOTS:
 
 namespace {
 
-struct Boxes
+struct BoxesOn
 {
     QList<Option> on;
 };
-
-TestPrinter allOff(bool labelSeries = false)
-{
-    return {.labelSeries = labelSeries, .defaults = {{cutEvery, "7"}}};
-}
 
 const QString uncut = QStringLiteral("The labels stay together on one strip, which is not cut.");
 const QString cut = QStringLiteral("The strip is cut between the labels.");
@@ -60,15 +55,15 @@ void choose(const PanelFixture &fixture, const QList<Option> &on)
 void StripTextTest::choicesAreToldInSentences_data()
 {
     QTest::addColumn<bool>("labelSeries");
-    QTest::addColumn<Boxes>("boxes");
+    QTest::addColumn<BoxesOn>("boxes");
     QTest::addColumn<QStringList>("sentences");
     const auto tapeRow = [](const char *name, const QList<Option> &on,
                             const QStringList &sentences) {
-        QTest::addRow("tape printer, %s", name) << false << Boxes{on} << sentences;
+        QTest::addRow("tape printer, %s", name) << false << BoxesOn{on} << sentences;
     };
     const auto labelRow = [](const char *name, const QList<Option> &on,
                              const QStringList &sentences) {
-        QTest::addRow("label printer, %s", name) << true << Boxes{on} << sentences;
+        QTest::addRow("label printer, %s", name) << true << BoxesOn{on} << sentences;
     };
     const auto row = [&](const char *name, const QList<Option> &on, const QStringList &sentences) {
         tapeRow(name, on, sentences);
@@ -88,17 +83,20 @@ void StripTextTest::choicesAreToldInSentences_data()
     row("no blank space", {removeBlkSpace}, {uncut, tight});
     row("cut marks", {cutMark}, {uncut, marks});
     row("special tape", {specialTape}, {specialTapeWords});
-    row("special tape wins", {specialTape, cutEvery, autoCut, halfCut, chainPrint, cutMark}, {specialTapeWords});
+    row("special tape wins", {specialTape, cutEvery, autoCut, halfCut, chainPrint, cutMark},
+        {specialTapeWords});
     row("special tape, cut at end", {specialTape, cutAtEnd}, {specialTapeWords, end});
-    row("special tape, the rest", {specialTape, mirror, removeBlkSpace}, {specialTapeWords, tight, mirrored});
-    row("everything but special tape", {cutEvery, cutAtEnd, mirror, autoCut, halfCut, chainPrint, removeBlkSpace, cutMark},
+    row("special tape, the rest", {specialTape, mirror, removeBlkSpace},
+        {specialTapeWords, tight, mirrored});
+    row("everything but special tape",
+        {cutEvery, cutAtEnd, mirror, autoCut, halfCut, chainPrint, removeBlkSpace, cutMark},
         {cut, count, end, halfCutWords, chained, marks, tight, mirrored});
 }
 
 void StripTextTest::choicesAreToldInSentences()
 {
     QFETCH(bool, labelSeries);
-    QFETCH(Boxes, boxes);
+    QFETCH(BoxesOn, boxes);
     QFETCH(QStringList, sentences);
     PanelFixture fixture(allOff(labelSeries));
     fixture.show();

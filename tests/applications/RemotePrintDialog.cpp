@@ -2,6 +2,7 @@
 
 #include "ApplicationRun.h"
 #include "Waiting.h"
+#include "support/DialogNames.h"
 
 namespace {
 constexpr char dialogClass[] = "QPrintDialog";
@@ -10,8 +11,6 @@ constexpr char popUpClass[] = "QComboBoxPrivateContainer";
 const QString printersMenuName = QStringLiteral("printers");
 const QString presetsMenuName = QStringLiteral("mOptionPopUpButton");
 const QString papersMenuName = QStringLiteral("pageSizeCombo");
-const QString panelTitle = QStringLiteral("Cut Options");
-const QString summaryTitle = QStringLiteral("Summary");
 
 bool isDialog(const SeenWidget &widget)
 {
@@ -174,7 +173,7 @@ bool RemotePrintDialog::turnTo(const QString &title)
 
 bool RemotePrintDialog::openPanel()
 {
-    return unfold() && turnTo(panelTitle) &&
+    return unfold() && turnTo(kPanelTab) &&
            mInspector
                .awaitAtRest([](const SeenWidget &widget) { return !widget.keyword().isEmpty(); })
                .exists();
@@ -241,7 +240,7 @@ bool RemotePrintDialog::isEnabled(const QString &name)
 QStringList RemotePrintDialog::summary()
 {
     QStringList lines;
-    if (turnTo(summaryTitle)) {
+    if (turnTo(kSummaryTab)) {
         const SeenWidget list = mInspector.await([](const SeenWidget &widget) {
             return widget.name() == QLatin1String("panelSummary") && !widget.parts().isEmpty();
         });

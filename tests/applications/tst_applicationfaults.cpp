@@ -4,6 +4,7 @@
 #include "PlugInTree.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -14,10 +15,6 @@
 #include <memory>
 
 namespace {
-const QString tape = QStringLiteral("tape");
-const QString panelTitle = QStringLiteral("Cut Options");
-const QString halfCutBox = QStringLiteral("mHalfCutChkBx");
-
 bool removeQueue(const QString &queue)
 {
     ipp_t *request = ippNewRequest(IPP_OP_CUPS_DELETE_PRINTER);
@@ -126,7 +123,7 @@ void tst_applicationfaults::noScheduler()
     RemotePrintDialog &dialog = session.dialog();
     QVERIFY(dialog.open());
     QVERIFY(!dialog.printers().contains(tape));
-    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.print());
     QVERIFY(
         waitFor([&] { return QDir(session.run().home()).exists(QStringLiteral("print.pdf")); }));
@@ -161,12 +158,12 @@ void tst_applicationfaults::brokenPPD()
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
     QVERIFY(session.openAt(spoilt));
-    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.pickPrinter(tape));
     QVERIFY(dialog.openPanel());
     QVERIFY(dialog.tick(halfCutBox));
     QVERIFY(dialog.pickPrinter(spoilt));
-    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.print());
     QCOMPARE(printedChoices(), QStringList());
     QCOMPARE(session.end(), QString());
@@ -241,10 +238,10 @@ void tst_applicationfaults::spoiltInstallation()
     // Where the application works and its document lies nobody looks for what is missing.
     QVERIFY(PlugInTree::addDecoys(session.run().home()));
     QVERIFY(session.openAt(tape));
-    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.cancel());
     QVERIFY(session.openAt(tape));
-    QVERIFY(!dialog.tabs().contains(panelTitle));
+    QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.print());
     QCOMPARE(printedChoices(), QStringList());
     QCOMPARE(session.end(), QString());

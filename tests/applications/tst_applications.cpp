@@ -4,15 +4,12 @@
 #include "PlugInTree.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QDir>
 #include <QTest>
 
 namespace {
-const QString mirrorBox = QStringLiteral("mMirrorPrintChkBx");
-const QString halfCutBox = QStringLiteral("mHalfCutChkBx");
-const QString panelTitle = QStringLiteral("Cut Options");
-const QString summaryTitle = QStringLiteral("Summary");
 const QString plugIn = QStringLiteral("libkvprintdialog.so");
 
 /// "KvA=1 KvB=2", one by one.
@@ -200,11 +197,11 @@ void tst_applications::followsPrinterAndPaper()
 
     QVERIFY(dialog.pickPrinter(QStringLiteral("plain")));
     const QStringList tabs = dialog.tabs();
-    QVERIFY(!tabs.isEmpty() && !tabs.contains(panelTitle) && !tabs.contains(summaryTitle));
+    QVERIFY(!tabs.isEmpty() && !tabs.contains(kPanelTab) && !tabs.contains(kSummaryTab));
     QCOMPARE(dialog.shownChoices(), QStringList());
 
     QVERIFY(dialog.pickPrinter(QStringLiteral("mark")));
-    QCOMPARE(dialog.tabs(), tabs + QStringList({panelTitle, summaryTitle}));
+    QCOMPARE(dialog.tabs(), tabs + QStringList({kPanelTab, kSummaryTab}));
     QVERIFY(dialog.openPanel());
     const QStringList shown = dialog.shownChoices();
     QCOMPARE(shown, words("KvAutoTapeCut=OFF KvChainPrint=OFF KvCutMark=OFF KvMirror=OFF"));
@@ -252,7 +249,7 @@ void tst_applications::switchedOff()
     QVERIFY(session.openAt(QStringLiteral("tape")));
     const QStringList tabs = dialog.tabs();
     QVERIFY(tabs.contains(QStringLiteral("Copies")));
-    QVERIFY(!tabs.contains(panelTitle) && !tabs.contains(summaryTitle));
+    QVERIFY(!tabs.contains(kPanelTab) && !tabs.contains(kSummaryTab));
     QCOMPARE(session.run().ownLibraries(), QStringList{plugIn});
     QVERIFY(dialog.print());
     QVERIFY(!application().prints || isPrinted(QStringLiteral("tape"), {}));

@@ -3,12 +3,11 @@
 #include "JobTicket.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QTest>
 
 namespace {
-const QString tape = QStringLiteral("tape");
-const QString halfCutBox = QStringLiteral("mHalfCutChkBx");
 /// The application's tab, and the button in it that destroys the dialog.
 const QString ownTab = QStringLiteral("Application");
 const QString discardButton = QStringLiteral("Discard");

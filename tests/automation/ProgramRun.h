@@ -27,6 +27,9 @@ struct ProgramInput
     QString folder = {};
 };
 
+/// The variable that names a scheduler that does not answer.
+inline const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
+
 /// Runs kvprint to its end.
 ProgramRun runKvprint(const QStringList &arguments, const ProgramInput &input = {});
 

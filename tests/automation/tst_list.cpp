@@ -9,7 +9,6 @@
 
 namespace {
 const QString list = QStringLiteral("--list");
-const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
 
 /// The printers of a list in JSON; none when it is no such list.
 QJsonArray printersIn(const ProgramRun &run)

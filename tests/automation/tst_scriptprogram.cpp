@@ -13,7 +13,6 @@ namespace {
 const QString script = QStringLiteral("--script");
 const QString standardInput = QStringLiteral("-");
 /// Where no scheduler is.
-const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
 
 QByteArray openLine(const QString &printer)
 {

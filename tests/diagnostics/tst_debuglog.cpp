@@ -2,6 +2,7 @@
 
 #include "ReadPipe.h"
 #include "StandardErrorCapture.h"
+#include "support/Limits.h"
 
 #include <QTest>
 
@@ -10,9 +11,6 @@
 #include <limits>
 
 namespace {
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-
 /// An object that knows how often it has been described.
 class Counted
 {

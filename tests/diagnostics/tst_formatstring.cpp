@@ -1,3 +1,4 @@
+#include "Talker.h"
 #include "diagnostics/FormatString.h"
 
 #include "printcore/SystemEncoding.h"
@@ -16,20 +17,6 @@
 namespace {
 enum Plain { PlainMinusTwo = -2 };
 enum class Scoped : quint8 { TwoHundred = 200 };
-
-/// An object that tells of itself.
-class Talker
-{
-public:
-    explicit Talker(QString words)
-        : mWords(std::move(words))
-    {
-    }
-    QString description() const { return mWords; }
-
-private:
-    QString mWords;
-};
 
 /// A QObject with words of its own.
 class TalkingObject : public QObject, public Talker

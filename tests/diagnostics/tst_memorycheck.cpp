@@ -2,6 +2,7 @@
 
 #include "ReadPipe.h"
 #include "StandardErrorCapture.h"
+#include "support/Limits.h"
 
 #include <QTest>
 
@@ -9,9 +10,6 @@
 #include <memory>
 
 namespace {
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-
 /// So many bytes that differ from their neighbours.
 QByteArray bytesOf(int size)
 {

@@ -1,5 +1,6 @@
 #include "diagnostics/PDELog.h"
 
+#include "Talker.h"
 #include "diagnostics/SystemLog.h"
 #include "ppd/PDEChoice.h"
 #include "printcore/SystemEncoding.h"
@@ -11,20 +12,6 @@
 #include <vector>
 
 namespace {
-/// An object that tells of itself.
-class Talker
-{
-public:
-    explicit Talker(QString words)
-        : mWords(std::move(words))
-    {
-    }
-    QString description() const { return mWords; }
-
-private:
-    QString mWords;
-};
-
 ppd_option_t *optionOf(const PPDHandle &ppd)
 {
     return ppdFindOption(ppd.get(), "KvTest");

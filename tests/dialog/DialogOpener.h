@@ -1,7 +1,14 @@
 #pragma once
 
+#include <QMetaType>
 #include <QProcess>
 #include <QStringList>
+
+#include <functional>
+
+/// A change to the file of that path; answers false when it fails.
+using FileChange = std::function<bool(const QString &path)>;
+Q_DECLARE_METATYPE(FileChange)
 
 /// A run of an application that shows print dialogs and knows nothing of us.
 class DialogOpener

@@ -1,5 +1,6 @@
 #include "DialogOpener.h"
 #include "PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QDir>
 #include <QTest>
@@ -9,12 +10,10 @@
 #include <sys/stat.h>
 
 namespace {
-const QString panelTitle = QStringLiteral("Cut Options");
 const QString extender = QStringLiteral("libkvprintdialog-qt%1.so");
 const QString bundleLibrary = QStringLiteral("libKVMQRVOptions-qt%1.so");
 
 /// Makes something that is no file of that name.
-using Making = std::function<bool(const QString &path)>;
 
 QString settingsFile(const QString &folder)
 {
@@ -29,8 +28,6 @@ bool writeSettings(const QString &folder, const QByteArray &lines)
                               file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size());
 }
 } // namespace
-
-Q_DECLARE_METATYPE(Making)
 
 /// What the files kvprint/dialog.conf do to the print dialogs of an application.
 class tst_dialogsettings : public QObject
@@ -107,7 +104,7 @@ void tst_dialogsettings::applications()
     DialogOpener opener(qt, userFolder.path(), systemFolder.path());
     const QStringList tabs = opener.tabs(QStringLiteral("tape"));
     QVERIFY(!tabs.isEmpty());
-    QCOMPARE(tabs.contains(panelTitle), isExtended);
+    QCOMPARE(tabs.contains(kPanelTab), isExtended);
     QCOMPARE(opener.finish(), QStringLiteral(""));
 }
 
@@ -127,12 +124,12 @@ void tst_dialogsettings::changeHoldsForTheNextDialog()
     const QTemporaryDir folder;
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     QVERIFY(opener.hasLoaded(bundleLibrary.arg(qt)));
     QVERIFY(writeSettings(folder.path(), "[Applications]\ndialogopener=off\n"));
-    QVERIFY(!opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+    QVERIFY(!opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     QVERIFY(writeSettings(folder.path(), "[Applications]\n"));
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     QCOMPARE(opener.finish(), QStringLiteral(""));
 }
 
@@ -159,7 +156,7 @@ void tst_dialogsettings::faultIsToldOnce()
         QVERIFY(writeSettings(folder->path(), settings));
         DialogOpener opener(qt, user.path(), system.path());
         for (int dialog = 0; dialog < 2; ++dialog) {
-            QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+            QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
         }
         const QString file = settingsFile(folder->path());
         QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1: %2\n").arg(file, told));
@@ -169,15 +166,15 @@ void tst_dialogsettings::faultIsToldOnce()
 
 void tst_dialogsettings::fileThatIsNoneIsTold_data()
 {
-    QTest::addColumn<Making>("make");
+    QTest::addColumn<FileChange>("make");
     QTest::addColumn<QString>("told");
-    const Making makeFolder = [](const QString &path) {
+    const FileChange makeFolder = [](const QString &path) {
         return QDir().mkdir(path);
     };
-    const Making makePipe = [](const QString &path) {
+    const FileChange makePipe = [](const QString &path) {
         return mkfifo(QFile::encodeName(path).constData(), 0644) == 0;
     };
-    const Making makeLink = [](const QString &path) {
+    const FileChange makeLink = [](const QString &path) {
         return QFile::link(QStringLiteral("/none.conf"), path);
     };
     QTest::newRow("folder") << makeFolder << QStringLiteral("is a folder");
@@ -188,7 +185,7 @@ void tst_dialogsettings::fileThatIsNoneIsTold_data()
 
 void tst_dialogsettings::fileThatIsNoneIsTold()
 {
-    QFETCH(const Making, make);
+    QFETCH(const FileChange, make);
     QFETCH(const QString, told);
     QFETCH_GLOBAL(const QString, qt);
     const QTemporaryDir user;
@@ -201,7 +198,7 @@ void tst_dialogsettings::fileThatIsNoneIsTold()
     }
     DialogOpener opener(qt, user.path(), system.path());
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     }
     QCOMPARE(opener.finish(), expected);
 }
@@ -228,7 +225,7 @@ void tst_dialogsettings::switchThatMeansNothingIsTold()
     DialogOpener opener(qt, folder.path(), folder.path());
     qunsetenv("KVPRINT_DIALOG");
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     }
     const QString told =
         QStringLiteral("kvprint: KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"\n")
@@ -242,7 +239,7 @@ void tst_dialogsettings::leavesNoFiles()
     const QTemporaryDir folder;
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(panelTitle));
+    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
     QCOMPARE(opener.finish(), QStringLiteral(""));
     QVERIFY(!QDir(folder.filePath(QStringLiteral("kvprint"))).exists());
 }

@@ -1,6 +1,7 @@
 #include "DialogOpener.h"
 #include "applications/PlugInTree.h"
 #include "host/PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QDir>
 #include <QTest>
@@ -10,11 +11,7 @@
 #include <sys/stat.h>
 
 namespace {
-const QString tape = QStringLiteral("tape");
-const QString panelTitle = QStringLiteral("Cut Options");
-
 /// Makes something of a file or folder.
-using Change = std::function<bool(const QString &path)>;
 
 bool removePath(const QString &path)
 {
@@ -36,15 +33,13 @@ bool makeLink(const QString &path)
     return removePath(path) && QFile::link(QStringLiteral("/none"), path);
 }
 
-Change setMode(mode_t mode)
+FileChange setMode(mode_t mode)
 {
     return [mode](const QString &path) {
         return chmod(QFile::encodeName(path).constData(), mode) == 0;
     };
 }
 } // namespace
-
-Q_DECLARE_METATYPE(Change)
 
 /// What the user of an application is told when the plug-in does not find what belongs to it.
 class tst_spoiltplugin : public QObject
@@ -81,12 +76,12 @@ void tst_spoiltplugin::initTestCase()
 void tst_spoiltplugin::libraryIsNotLoaded_data()
 {
     QTest::addColumn<QString>("spoilt");
-    QTest::addColumn<Change>("change");
+    QTest::addColumn<FileChange>("change");
     QTest::addColumn<QString>("fault");
     const QString library = QStringLiteral("/libkvprintdialog-qt%1.so");
     const QString core = QStringLiteral("/libkvprintcore-qt%1.so.0.1.0");
     const QString folder = QStringLiteral("/kvprint");
-    const auto row = [](const char *name, const QString &spoilt, const Change &change,
+    const auto row = [](const char *name, const QString &spoilt, const FileChange &change,
                         const char *fault) {
         QTest::newRow(name) << spoilt << change << QString::fromLatin1(fault);
     };
@@ -108,7 +103,7 @@ void tst_spoiltplugin::libraryIsNotLoaded()
 {
     QFETCH_GLOBAL(const QString, qt);
     QFETCH(const QString, spoilt);
-    QFETCH(const Change, change);
+    QFETCH(const FileChange, change);
     QFETCH(const QString, fault);
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
@@ -120,7 +115,7 @@ void tst_spoiltplugin::libraryIsNotLoaded()
 
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(!opener.tabs(tape).contains(panelTitle));
+        QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
     QVERIFY(!opener.hasLoaded(QStringLiteral("libkvprintdialog-qt%1.so").arg(qt)));
     const QString library =
@@ -135,7 +130,7 @@ void tst_spoiltplugin::nothingIsLoadedFromTheCurrentFolder()
     const QTemporaryDir folder;
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(opener.tabs(tape).contains(panelTitle));
+    QVERIFY(opener.tabs(tape).contains(kPanelTab));
     QVERIFY(opener.hasLoaded(QStringLiteral("libKVMQRVOptions-qt%1.so").arg(qt)));
     QVERIFY(!opener.hasLoadedFrom(folder.path()));
     QCOMPARE(opener.finish(), QStringLiteral(""));
@@ -155,7 +150,7 @@ void tst_spoiltplugin::removedBeforeTheFirstDialog()
         QTest::qWaitFor([&] { return opener.hasLoaded(QStringLiteral("libkvprintdialog.so")); }));
     QVERIFY(removePath(tree.libraries()));
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(!opener.tabs(tape).contains(panelTitle));
+        QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
     QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 has been removed\n").arg(plugIn));
 }
@@ -172,11 +167,11 @@ void tst_spoiltplugin::removedWhileDialogsAreOff()
     QVERIFY(settings.write("[Applications]\n*=off\n") > 0);
     settings.close();
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
-    QVERIFY(!opener.tabs(tape).contains(panelTitle));
+    QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     QVERIFY(removePath(tree.libraries()));
     QVERIFY(settings.remove());
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(!opener.tabs(tape).contains(panelTitle));
+        QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
     const QString library =
         QStringLiteral("%1/kvprint/libkvprintdialog-qt%2.so").arg(tree.libraries(), qt);

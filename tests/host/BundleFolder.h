@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QMetaType>
 #include <QString>
 #include <QTemporaryDir>
+
+#include <functional>
 
 /// A folder of bundles in which a test may spoil the copy of the built one.
 class BundleFolder
@@ -35,3 +38,7 @@ public:
 private:
     QTemporaryDir mFolder;
 };
+
+/// A change to a bundle; answers false when it fails.
+using BundleChange = std::function<bool(const BundleFolder &)>;
+Q_DECLARE_METATYPE(BundleChange)

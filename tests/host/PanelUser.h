@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/DialogNames.h"
 #include <QString>
 #include <QStringList>
 
@@ -7,9 +8,7 @@ class DialogDriver;
 class QWidget;
 
 /// The title of the panel's tab.
-inline const QString kPanelTab = QStringLiteral("Cut Options");
 /// The title of the summary's tab.
-inline const QString kSummaryTab = QStringLiteral("Summary");
 
 /// Works the cut-option panel in a print dialog as its user would.
 class PanelUser

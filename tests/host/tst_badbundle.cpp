@@ -14,7 +14,6 @@
 #include <functional>
 
 namespace {
-using Spoiling = std::function<bool(const BundleFolder &)>;
 
 /// The bundle itself.
 const QString whole = QStringLiteral("");
@@ -35,49 +34,49 @@ QString otherPlugIn()
            QStringLiteral("/imageformats/libqgif.so");
 }
 
-Spoiling removing(const QString &file)
+BundleChange removing(const QString &file)
 {
     return [file](const BundleFolder &folder) {
         return folder.remove(file);
     };
 }
 
-Spoiling overwriting(const QString &file, const QByteArray &bytes)
+BundleChange overwriting(const QString &file, const QByteArray &bytes)
 {
     return [file, bytes](const BundleFolder &folder) {
         return folder.overwrite(file, bytes);
     };
 }
 
-Spoiling truncating(const QString &file, qint64 size)
+BundleChange truncating(const QString &file, qint64 size)
 {
     return [file, size](const BundleFolder &folder) {
         return folder.truncate(file, size);
     };
 }
 
-Spoiling replacing(const QString &file, const QString &by)
+BundleChange replacing(const QString &file, const QString &by)
 {
     return [file, by](const BundleFolder &folder) {
         return folder.replace(file, by);
     };
 }
 
-Spoiling replacingByFolder(const QString &file)
+BundleChange replacingByFolder(const QString &file)
 {
     return [file](const BundleFolder &folder) {
         return folder.replaceByFolder(file);
     };
 }
 
-Spoiling replacingByPipe(const QString &file)
+BundleChange replacingByPipe(const QString &file)
 {
     return [file](const BundleFolder &folder) {
         return folder.replaceByPipe(file);
     };
 }
 
-Spoiling replacingByLink(const QString &file, const QString &target)
+BundleChange replacingByLink(const QString &file, const QString &target)
 {
     return [file, target](const BundleFolder &folder) {
         return folder.replaceByLink(file, target);
@@ -85,7 +84,7 @@ Spoiling replacingByLink(const QString &file, const QString &target)
 }
 
 /// Gives an entry of the info file another value.
-Spoiling entering(const QString &entry, const QJsonValue &value)
+BundleChange entering(const QString &entry, const QJsonValue &value)
 {
     return [entry, value](const BundleFolder &folder) {
         QFile file(folder.path(info));
@@ -103,7 +102,6 @@ Spoiling entering(const QString &entry, const QJsonValue &value)
 enum class Tab { None, Whole, Empty, Untitled, Bare };
 } // namespace
 
-Q_DECLARE_METATYPE(Spoiling)
 Q_DECLARE_METATYPE(Tab)
 
 class tst_badbundle : public QObject
@@ -162,10 +160,10 @@ void tst_badbundle::noBundle()
 
 void tst_badbundle::spoiltBundle_data()
 {
-    QTest::addColumn<Spoiling>("spoil");
+    QTest::addColumn<BundleChange>("spoil");
     QTest::addColumn<Tab>("tab");
     QTest::addColumn<QString>("problem");
-    const auto add = [](const char *name, const Spoiling &spoil, Tab tab, const char *problem) {
+    const auto add = [](const char *name, const BundleChange &spoil, Tab tab, const char *problem) {
         QString expected = QString::fromLatin1(problem);
         expected.replace(QStringLiteral("LIBRARY"), QRegularExpression::escape(libraryName));
         expected.replace(QStringLiteral("VERSION"), QString::number(QT_VERSION_MAJOR));
@@ -236,7 +234,7 @@ void tst_badbundle::spoiltBundle_data()
 
 void tst_badbundle::spoiltBundle()
 {
-    QFETCH(const Spoiling, spoil);
+    QFETCH(const BundleChange, spoil);
     QFETCH(const Tab, tab);
     QFETCH(const QString, problem);
     const BundleFolder folder;

@@ -28,13 +28,9 @@ bool giveTo(const QString &path, uid_t user)
     return chown(QFile::encodeName(path).constData(), user, static_cast<gid_t>(-1)) == 0;
 }
 
-using Change = std::function<bool(const BundleFolder &)>;
-
-const QString library =
+const QString libraryFile =
     QStringLiteral("Contents/Linux/libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR);
 } // namespace
-
-Q_DECLARE_METATYPE(Change)
 
 /// Whose bundles are loaded into an application.
 class tst_filetrust : public QObject
@@ -64,9 +60,9 @@ void tst_filetrust::soundBundleIsLoaded()
 
 void tst_filetrust::bundleOpenToOthersIsLeftAlone_data()
 {
-    QTest::addColumn<Change>("open");
+    QTest::addColumn<BundleChange>("open");
     QTest::addColumn<QString>("reason");
-    const auto opened = [](const QString &file, mode_t mode) -> Change {
+    const auto opened = [](const QString &file, mode_t mode) -> BundleChange {
         return [file, mode](const BundleFolder &folder) {
             return setMode(file.isNull() ? folder.path() : folder.path(file), mode);
         };
@@ -76,25 +72,25 @@ void tst_filetrust::bundleOpenToOthersIsLeftAlone_data()
             .arg(file, QLatin1String(mode));
     };
     const QString linux = QStringLiteral("Contents/Linux");
-    QTest::newRow("library, all") << opened(library, 0646) << reason(library, "646");
-    QTest::newRow("library, group") << opened(library, 0664) << reason(library, "664");
+    QTest::newRow("libraryFile, all") << opened(libraryFile, 0646) << reason(libraryFile, "646");
+    QTest::newRow("libraryFile, group") << opened(libraryFile, 0664) << reason(libraryFile, "664");
     QTest::newRow("its folder") << opened(linux, 0757) << reason(linux, "757");
     QTest::newRow("contents") << opened(QStringLiteral("Contents"), 0775)
                               << reason(QStringLiteral("Contents"), "775");
     QTest::newRow("bundle") << opened(QStringLiteral(""), 01777)
                             << reason(QStringLiteral(""), "1777");
     QTest::newRow("folder of bundles") << opened(QString(), 0777) << reason(QString(), "777");
-    const Change link = [](const BundleFolder &folder) {
-        return folder.remove(library) &&
-               QFile::link(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde/") + library,
-                           folder.path(library));
+    const BundleChange link = [](const BundleFolder &folder) {
+        return folder.remove(libraryFile) &&
+               QFile::link(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde/") + libraryFile,
+                           folder.path(libraryFile));
     };
-    QTest::newRow("link elsewhere") << link << library + QStringLiteral(" is not in ");
+    QTest::newRow("link elsewhere") << link << libraryFile + QStringLiteral(" is not in ");
 }
 
 void tst_filetrust::bundleOpenToOthersIsLeftAlone()
 {
-    QFETCH(const Change, open);
+    QFETCH(const BundleChange, open);
     QFETCH(const QString, reason);
     const BundleFolder folder;
     QVERIFY(folder.add() && open(folder));
@@ -112,7 +108,7 @@ void tst_filetrust::bundleOpenToOthersIsLeftAlone()
 void tst_filetrust::bundleOfAnotherUserIsLeftAlone_data()
 {
     QTest::addColumn<QString>("file");
-    QTest::newRow("library") << library;
+    QTest::newRow("libraryFile") << libraryFile;
     QTest::newRow("its folder") << QStringLiteral("Contents/Linux");
     QTest::newRow("bundle") << QStringLiteral(".");
     QTest::newRow("folder of bundles") << QStringLiteral("..");
@@ -140,7 +136,7 @@ void tst_filetrust::restOfTheFolderIsLoaded()
 {
     const BundleFolder folder;
     QVERIFY(folder.add() && folder.add(QStringLiteral("Sound.pde")));
-    QVERIFY(setMode(folder.path(library), 0666));
+    QVERIFY(setMode(folder.path(libraryFile), 0666));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
     const PanelBundles bundles = PanelBundle::loadAll(folder.path(), reporter);

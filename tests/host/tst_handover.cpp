@@ -1,6 +1,7 @@
 #include "Application.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
+#include "support/DialogNames.h"
 
 #include <QTabBar>
 #include <QTabWidget>
@@ -8,9 +9,6 @@
 #include <QWidget>
 
 namespace {
-const QString halfCut = QStringLiteral("mHalfCutChkBx");
-const QString halfCutOn = QStringLiteral("KvHalfCut=ON");
-
 QStringList titles(const QPrintDialog &dialog)
 {
     const auto *tabs = dialog.findChild<QTabWidget *>();
@@ -70,7 +68,7 @@ void tst_handover::applicationPrintsAsSoonAsItIsTold()
     Application application;
     application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 1);
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
@@ -83,7 +81,7 @@ void tst_handover::choicesOfCancelledDialogAreNotHandedOver()
     Application application;
     application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().cancel());
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
     QCOMPARE(application.jobCount(), 0);
@@ -94,7 +92,7 @@ void tst_handover::choicesOfHiddenDialogAreNotHandedOver()
     Application application;
     QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     dialog.hide();
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
 }
@@ -107,7 +105,7 @@ void tst_handover::hiddenDialogAfterAnAcceptedOneHandsNothingOver()
     QVERIFY(application.user().print());
     dialog.show();
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     dialog.hide();
     const QStringList handedOver = application.handedOver();
     const auto key = handedOver.indexOf(QStringLiteral("KvHalfCut"));
@@ -122,8 +120,8 @@ void tst_handover::secondPrintHasNoDoubledChoices()
         application.makeDialog(QStringLiteral("tape"));
         QVERIFY(application.show() && application.openTab());
         PanelUser panel(application.user());
-        QVERIFY(panel.click(halfCut));
-        QCOMPARE(panel.isTicked(halfCut), isTicked);
+        QVERIFY(panel.click(halfCutBox));
+        QCOMPARE(panel.isTicked(halfCutBox), isTicked);
         QVERIFY(application.user().print());
         QCOMPARE(choicesOfLastJob().contains(halfCutOn), isTicked);
         const auto counts = application.countsOfChoices();
@@ -177,14 +175,14 @@ void tst_handover::newDialogStartsFromTheLastChoices()
     Application application;
     application.makeDialog(QStringLiteral("tape"), true);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(PanelUser(application.user()).click(QStringLiteral("mMirrorPrintChkBx")));
     QVERIFY(application.user().print());
     const QStringList first = choicesOfLastJob();
 
     application.makeDialog(QStringLiteral("tape"), true);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
     QVERIFY(PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
     QVERIFY(application.user().print());
     QCOMPARE(choicesOfLastJob(), first);
@@ -217,14 +215,14 @@ void tst_handover::shownAgainAfterCancelStartsFromTheLastChoices()
     Application application;
     application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().cancel());
 
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
 }
@@ -235,14 +233,14 @@ void tst_handover::shownAgainKeepsThePaper()
     application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
     QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
     QVERIFY(application.user().pickPrinter(QStringLiteral("follow")));
     QVERIFY(application.user().pickPrinter(QStringLiteral("tape")));
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(PanelUser(application.user()).isEnabled(halfCutBox));
 }
 
 void tst_handover::shownAgainShowsTheSameTab()
@@ -305,7 +303,7 @@ void tst_handover::destroyedByItsOwnSignal()
     Application application;
     QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     bool wasDestroyed = false;
     QObject::connect(&dialog, &QObject::destroyed, [&wasDestroyed] { wasDestroyed = true; });
     QObject::connect(&dialog, &QDialog::accepted, [&application] { application.destroyDialog(); });

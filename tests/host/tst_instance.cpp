@@ -8,14 +8,12 @@
 #include "host/PanelTarget.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/PrintQueue.h"
+#include "support/DialogNames.h"
 
 #include <QTest>
 
 namespace {
-const QString tape = QStringLiteral("tape");
 const QString draft = QStringLiteral("tape/draft");
-const QString halfCut = QStringLiteral("mHalfCutChkBx");
-const QString mirror = QStringLiteral("mMirrorPrintChkBx");
 
 /// What a job of the tape printer carries besides its defaults.
 QStringList tapeWith(const QString &others)
@@ -151,9 +149,9 @@ void tst_instance::savedChoicesAreShownAndPrinted()
     QVERIFY(dialog.user().pickPrinter(draft));
     PanelUser panel(dialog.user());
     QVERIFY(panel.openTab());
-    QVERIFY(panel.isTicked(halfCut));
-    QVERIFY(!panel.isTicked(mirror));
-    QVERIFY(panel.click(mirror));
+    QVERIFY(panel.isTicked(halfCutBox));
+    QVERIFY(!panel.isTicked(mirrorBox));
+    QVERIFY(panel.click(mirrorBox));
     QTest::qWait(0);
     QVERIFY(panel.summary().contains(u"Half Cut: Yes"_s));
     const int job = dialog.print(mSite.scheduler());
@@ -179,7 +177,7 @@ void tst_instance::savedPaperIsShownAndPrinted()
     AttachedDialog dialog(draft);
     QVERIFY(dialog.openTab());
     QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"FL21x45"_s);
-    QVERIFY(!PanelUser(dialog.user()).isEnabled(halfCut));
+    QVERIFY(!PanelUser(dialog.user()).isEnabled(halfCutBox));
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
 }
@@ -189,7 +187,7 @@ void tst_instance::queueItselfKeepsItsOwnChoices()
     QVERIFY(mSite.saveUserOptions("Dest tape KvMirror=ON\nDest tape/draft KvHalfCut=ON\n"));
     AttachedDialog dialog(tape);
     QVERIFY(dialog.openTab());
-    QVERIFY(!PanelUser(dialog.user()).isTicked(halfCut));
+    QVERIFY(!PanelUser(dialog.user()).isTicked(halfCutBox));
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(mSite.choices(job), tapeWith(u"KvMirror=ON"_s));
 }
@@ -199,7 +197,7 @@ void tst_instance::choicesWinOverTheSavedOnes()
     Application application;
     application.makeDialog(draft);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().print());
     const auto counts = application.countsOfChoices();
     QCOMPARE(counts.size(), 6);
@@ -217,17 +215,17 @@ void tst_instance::lastChoicesBelongToTheInstance()
     Application application;
     application.makeDialog(draft);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
-    QVERIFY(PanelUser(application.user()).click(mirror));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(PanelUser(application.user()).click(mirrorBox));
     QVERIFY(application.user().print());
 
     application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(!PanelUser(application.user()).isTicked(mirror));
+    QVERIFY(!PanelUser(application.user()).isTicked(mirrorBox));
     QVERIFY(application.user().pickPrinter(draft));
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(mirror));
-    QVERIFY(!PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(mirrorBox));
+    QVERIFY(!PanelUser(application.user()).isTicked(halfCutBox));
 }
 
 void tst_instance::restOfTheJobIsQtsOwn()
@@ -253,8 +251,8 @@ void tst_instance::kvprintsDialogPrints()
     CommandRun run(draft, {mSite.document()});
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
-    QVERIFY(panel.isTicked(halfCut));
-    QVERIFY(panel.click(mirror));
+    QVERIFY(panel.isTicked(halfCutBox));
+    QVERIFY(panel.click(mirrorBox));
     const int job = run.print();
     QVERIFY(isAtTape(job));
     QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));

@@ -2,6 +2,7 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "host/PrintDialogAttachment.h"
+#include "support/DialogNames.h"
 
 #include <QCloseEvent>
 #include <QTest>
@@ -10,11 +11,6 @@
 #include <functional>
 
 namespace {
-const QString tape = QStringLiteral("tape");
-const QString halfCut = QStringLiteral("mHalfCutChkBx");
-const QString mirror = QStringLiteral("mMirrorPrintChkBx");
-const QString halfCutOn = QStringLiteral("KvHalfCut=ON");
-
 /// Answers the close events of a dialog in place of the dialog.
 class CloseAnswer : public QObject
 {
@@ -120,16 +116,16 @@ void tst_showing::hiddenForAWhile()
     QPrintDialog &dialog = application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
     PanelUser panel(application.user());
-    QVERIFY(panel.click(halfCut));
-    QVERIFY(panel.click(mirror));
+    QVERIFY(panel.click(halfCutBox));
+    QVERIFY(panel.click(mirrorBox));
     const QStringList summary = panel.summary();
     hide(dialog);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
 
     QVERIFY(application.show());
-    QVERIFY(panel.isTicked(halfCut));
-    QVERIFY(panel.isTicked(mirror));
+    QVERIFY(panel.isTicked(halfCutBox));
+    QVERIFY(panel.isTicked(mirrorBox));
     QTest::qWait(0);
     QCOMPARE(panel.summary(), summary);
     QVERIFY(application.user().print());
@@ -154,13 +150,13 @@ void tst_showing::hiddenForAWhileAfterAJob()
     // Shown as it is: the dialog's result is still that of the job.
     QVERIFY(application.user().open() && application.openTab());
     PanelUser panel(application.user());
-    QVERIFY(panel.click(halfCut));
+    QVERIFY(panel.click(halfCutBox));
     const QStringList handedOver = application.handedOver();
     hide(dialog);
     QCOMPARE(application.handedOver(), handedOver);
 
     QVERIFY(application.show());
-    QVERIFY(panel.isTicked(halfCut));
+    QVERIFY(panel.isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 2);
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
@@ -173,7 +169,7 @@ void tst_showing::hiddenForAWhileAtAnotherTab()
     Application application;
     QPrintDialog &dialog = application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().showTab(kSummaryTab));
     hide(dialog);
     QVERIFY(application.show());
@@ -190,10 +186,10 @@ void tst_showing::hiddenForAWhileWithAnotherPaper()
     QPrintDialog &dialog = application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
     QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
     hide(dialog);
     QVERIFY(application.show());
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCut));
+    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
     QVERIFY(application.user().print());
     const int job = mSite.scheduler().jobIds().last();
     QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
@@ -235,17 +231,17 @@ void tst_showing::finished()
     Application application;
     QPrintDialog &dialog = application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(mirror));
+    QVERIFY(PanelUser(application.user()).click(mirrorBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(mirror));
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(mirrorBox));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     finish(dialog);
     QVERIFY(!dialog.isVisible());
 
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(mirror));
-    QVERIFY(!PanelUser(application.user()).isTicked(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(mirrorBox));
+    QVERIFY(!PanelUser(application.user()).isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 2);
     QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
@@ -257,15 +253,15 @@ void tst_showing::acceptedWhileHidden()
     Application application;
     QPrintDialog &dialog = application.makeDialog(tape);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     dialog.hide();
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
     dialog.accept();
     QCOMPARE(application.countsOfChoices().size(), 6);
 
     QVERIFY(application.show());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCut));
-    QVERIFY(PanelUser(application.user()).click(halfCut));
+    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
+    QVERIFY(PanelUser(application.user()).click(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(!choicesOfLastJob().contains(halfCutOn));
 }
@@ -304,20 +300,20 @@ void tst_showing::shownAgainAsSoonAsItTells()
     QObject::connect(&dialog, &QDialog::rejected, &dialog, showOnce);
     QVERIFY(application.show() && application.openTab());
     PanelUser panel(application.user());
-    QVERIFY(panel.click(halfCut));
+    QVERIFY(panel.click(halfCutBox));
     finish(dialog);
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     QVERIFY(application.openTab());
-    QCOMPARE(panel.isTicked(halfCut), isKept);
+    QCOMPARE(panel.isTicked(halfCutBox), isKept);
 
     // What is chosen now is kept and printed as ever.
-    QVERIFY(panel.click(mirror));
+    QVERIFY(panel.click(mirrorBox));
     if (isHidden) {
         dialog.hide();
         QVERIFY(application.show());
     }
-    QVERIFY(panel.isTicked(mirror));
-    QCOMPARE(panel.isTicked(halfCut), isKept);
+    QVERIFY(panel.isTicked(mirrorBox));
+    QCOMPARE(panel.isTicked(halfCutBox), isKept);
     QVERIFY(application.user().print());
     QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
     QCOMPARE(choicesOfLastJob().contains(halfCutOn), isKept);

@@ -55,6 +55,37 @@ PPDText TestPrinter::text() const
     return text;
 }
 
+TestPrinter tapePrinter()
+{
+    return {.options = everyOptionBut(cutMark), .defaults = {{cutEvery, "7"}}};
+}
+
+TestPrinter allOff(bool labelSeries)
+{
+    return {.labelSeries = labelSeries, .defaults = {{cutEvery, "7"}}};
+}
+
+PPDText printerWith(Option option, const QByteArrayList &choices, const QByteArray &defaultChoice,
+                    bool separateAutoCut, const QByteArray &text)
+{
+    return TestPrinter{.options = everyOptionBut(option), .separateAutoCut = separateAutoCut}
+        .text()
+        .option(factsOf(option).keyword, choices, defaultChoice, text);
+}
+
+QString pairOf(Option option, const QString &choice)
+{
+    return QLatin1String(factsOf(option).keyword) + u'=' + choice;
+}
+
+void addOptionRows(const QList<Option> &options)
+{
+    QTest::addColumn<int>("option");
+    for (const Option option : options) {
+        QTest::newRow(factsOf(option).keyword) << int(option);
+    }
+}
+
 namespace {
 /// Gives the custom sizes back the names that the file has: libcups puts an underscore before them.
 void listCustomSizes(ppd_file_t &ppd)
@@ -167,6 +198,12 @@ QList<Option> PanelFixture::optionsOn() const
         }
     }
     return on;
+}
+
+QString PanelFixture::selectedKeyword(Option option) const
+{
+    const PDEChoice *selection = panel->selection(option);
+    return selection ? selection->ppdTitle() : QString();
 }
 
 void PanelFixture::click(Option option) const

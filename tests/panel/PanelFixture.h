@@ -27,6 +27,9 @@ inline constexpr Option specialTape = OptionCatalogue::SpecialTape;
 inline constexpr Option removeBlkSpace = OptionCatalogue::RemoveBlkSpace;
 inline constexpr Option cutMark = OptionCatalogue::CutMark;
 
+/// How many combinations of the nine boxes there are.
+inline constexpr unsigned long long everyCombination = 1U << 9U;
+
 /// What the tests know of an option, apart from the catalogue.
 struct OptionFacts
 {
@@ -59,6 +62,23 @@ struct TestPrinter
     PPDText text() const;
 };
 Q_DECLARE_METATYPE(TestPrinter)
+
+/// A printer without cut marks, with a count that is not "1".
+TestPrinter tapePrinter();
+
+/// A printer whose boxes start all off, as the count is not "1".
+TestPrinter allOff(bool labelSeries = false);
+
+/// A printer whose PPD has all nine options, one of them with these choices.
+/// @param text the option's text; its keyword when empty.
+PPDText printerWith(Option option, const QByteArrayList &choices, const QByteArray &defaultChoice,
+                    bool separateAutoCut = true, const QByteArray &text = {});
+
+/// What the host is told of a choice: "Keyword=Choice".
+QString pairOf(Option option, const QString &choice);
+
+/// Adds a column "option" and a row for each of the options, under its keyword.
+void addOptionRows(const QList<Option> &options);
 
 /// A panel that records which items it refreshes and which selections it re-reads.
 class RecordingPanel : public PanelProbe
@@ -120,6 +140,8 @@ public:
     void setOn(Option option, bool on) const { box(option)->setChecked(on); }
     /// The options whose boxes are on.
     QList<Option> optionsOn() const;
+    /// The keyword of an option's selection; null when it has none.
+    QString selectedKeyword(Option option) const;
     /// Clicks a check box with the mouse.
     void click(Option option) const;
     /// Types keys into the count field over what is selected in it: everything.

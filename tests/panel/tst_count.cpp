@@ -58,11 +58,6 @@ int stepperValue(const PanelFixture &fixture)
     return fixture.panel->mCutEveryStpr->intValue();
 }
 
-QString selectedKeyword(const PanelFixture &fixture, Option option)
-{
-    const PDEChoice *selection = fixture.panel->selection(option);
-    return selection ? selection->ppdTitle() : QString();
-}
 } // namespace
 
 void CountTest::typedCountIsClampedOnEveryKeystroke_data()
@@ -97,7 +92,7 @@ void CountTest::typedCountIsClampedOnEveryKeystroke()
     QCOMPARE(fixture.takeTold(), told);
     QCOMPARE(fieldText(fixture), counts.constLast());
     QCOMPARE(stepperValue(fixture), counts.constLast().toInt());
-    QCOMPARE(selectedKeyword(fixture, cutEvery), counts.constLast());
+    QCOMPARE(fixture.selectedKeyword(cutEvery), counts.constLast());
     QCOMPARE(fixture.panel->refreshed.last(), 256U);
 }
 
@@ -173,7 +168,7 @@ void CountTest::stepperArrowsStayWithinTheCounts()
         QCOMPARE(fieldText(fixture), count);
         QCOMPARE(stepperValue(fixture), count.toInt());
         QCOMPARE(fixture.takeTold(), QStringList{u"KvCutLabel="_s + count});
-        QCOMPARE(selectedKeyword(fixture, cutEvery), count);
+        QCOMPARE(fixture.selectedKeyword(cutEvery), count);
     }
 }
 

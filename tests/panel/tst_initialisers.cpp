@@ -43,12 +43,6 @@ void initialise(PanelFixture &fixture, Option option)
     (*fixture.panel.*initialisers.at(option))();
 }
 
-PPDText printerWith(Option option, const QByteArrayList &choices, const QByteArray &defaultChoice,
-                    const QByteArray &text = {})
-{
-    return TestPrinter{.options = everyOptionBut(option)}.text().option(
-        factsOf(option).keyword, choices, defaultChoice, text);
-}
 } // namespace
 
 void InitialisersTest::titleIsThePPDsTextTranslated_data()
@@ -72,7 +66,7 @@ void InitialisersTest::titleIsThePPDsTextTranslated()
     QFETCH(int, option);
     QFETCH(QByteArray, text);
     QFETCH(QString, title);
-    PanelFixture fixture(printerWith(Option(option), {"OFF", "ON"}, "OFF", text));
+    PanelFixture fixture(printerWith(Option(option), {"OFF", "ON"}, "OFF", true, text));
     fixture.load();
     initialise(fixture, Option(option));
     QCOMPARE(fixture.box(Option(option))->title(), title);
@@ -100,7 +94,7 @@ void InitialisersTest::unreadableTextFallsBackToTheLabel()
 {
     QFETCH(int, option);
     QFETCH(QString, title);
-    PanelFixture fixture(printerWith(Option(option), {"OFF", "ON"}, "OFF", "\xFF\xFE"));
+    PanelFixture fixture(printerWith(Option(option), {"OFF", "ON"}, "OFF", true, "\xFF\xFE"));
     fixture.load();
     initialise(fixture, Option(option));
     QCOMPARE(fixture.box(Option(option))->title(), title);
@@ -264,7 +258,7 @@ void InitialisersTest::optionWithoutChoicesKeepsTheState()
 {
     QFETCH(int, option);
     const auto empty = Option(option);
-    PanelFixture fixture(printerWith(empty, {}, {}, "Nothing to choose"));
+    PanelFixture fixture(printerWith(empty, {}, {}, true, "Nothing to choose"));
     fixture.load();
     QVERIFY(fixture.panel->choices(empty));
     QVERIFY(fixture.panel->choices(empty)->empty());

@@ -61,11 +61,6 @@ bool canBeClicked(const QWidget *widget)
     return widget && widget->isVisible() && widget->isEnabled();
 }
 
-QString pairOf(Option option, const QString &choice)
-{
-    return QLatin1String(factsOf(option).keyword) + u'=' + choice;
-}
-
 QStringList save(PanelFixture &fixture)
 {
     fixture.takeTold();

@@ -32,12 +32,6 @@ namespace {
 
 const QStringList countOutlets = {u"mCutEveryTxBx"_s, u"mCutEveryStpr"_s, u"mCutEveryStr"_s};
 
-/// A tape printer without cut marks and with 7 labels, all else off: its menu has the tags 4 to 13.
-TestPrinter tapePrinter()
-{
-    return {.options = everyOptionBut(OptionCatalogue::CutMark), .defaults = {{cutEvery, "7"}}};
-}
-
 QJsonObject stateOf(const PanelFixture &fixture)
 {
     return fixture.panel->automation()->state();

@@ -30,13 +30,6 @@ private Q_SLOTS:
 };
 
 namespace {
-/// A tape printer without cut marks, everything off: its menu has the tags 4 to 13.
-TestPrinter tapePrinter()
-{
-    return {.options = everyOptionBut(OptionCatalogue::CutMark),
-            .defaults = {{OptionCatalogue::CutEvery, "7"}}};
-}
-
 PopUpButton *menuOf(const PanelFixture &fixture)
 {
     return fixture.panel->mOptionPopUpButton;

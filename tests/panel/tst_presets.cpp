@@ -25,7 +25,6 @@ private Q_SLOTS:
 namespace {
 /// One bit for each option in the catalogue's order.
 using Boxes = std::bitset<9>;
-constexpr unsigned long long everyCombination = 1U << 9U;
 
 /// What each preset does in the catalogue's order: every, end, mirror, auto, half, chain, special,
 /// remove, mark; '1' on, '0' off, '-' left as it is.

@@ -38,7 +38,6 @@ private Q_SLOTS:
 namespace {
 /// One bit for each option in the catalogue's order.
 using Boxes = std::bitset<9>;
-constexpr unsigned long long everyCombination = 1U << 9U;
 
 /// A preview with nine check boxes of its own, all shown.
 struct Preview

@@ -42,19 +42,6 @@ const PDEChoice *choiceAt(const PanelFixture &fixture, Option option, std::size_
     return fixture.panel->choices(option)->at(index).get();
 }
 
-void addOptionRows(const QList<Option> &options)
-{
-    QTest::addColumn<int>("option");
-    for (const Option option : options) {
-        QTest::newRow(factsOf(option).keyword) << int(option);
-    }
-}
-
-PPDText printerWith(Option option, const QByteArrayList &choices)
-{
-    return TestPrinter{.options = everyOptionBut(option)}.text().option(factsOf(option).keyword,
-                                                                        choices, choices.first());
-}
 } // namespace
 
 void RefreshTest::markedChoiceBecomesTheSelection_data()
@@ -67,7 +54,7 @@ void RefreshTest::markedChoiceBecomesTheSelection()
     QFETCH(int, option);
     const auto read = Option(option);
     const OptionFacts &facts = factsOf(read);
-    PanelFixture fixture(printerWith(read, {"A", "B", "C"}));
+    PanelFixture fixture(printerWith(read, {"A", "B", "C"}, "A"));
     fixture.build();
     fixture.host->mark(facts.keyword, "C");
     fixture.panel->updateMarkedSelections(facts.itemType);
@@ -170,7 +157,7 @@ void RefreshTest::selectionIsShownInTheBox()
 {
     QFETCH(int, option);
     const auto shown = Option(option);
-    PanelFixture fixture(printerWith(shown, {"A", "B", "C"}));
+    PanelFixture fixture(printerWith(shown, {"A", "B", "C"}, "A"));
     fixture.load();
     for (const std::size_t index : {1, 0, 2}) {
         fixture.panel->select(shown, choiceAt(fixture, shown, index));
@@ -264,11 +251,11 @@ void RefreshTest::countIsShownInFieldAndStepper()
 {
     QFETCH(QByteArray, keyword);
     QFETCH(int, stepper);
-    PanelFixture fixture(printerWith(cutEvery, {"90", keyword}));
+    PanelFixture fixture(printerWith(cutEvery, {"90", keyword}, "90"));
     fixture.load();
     fixture.panel->mCutEveryTxBx->setText(u"before"_s);
     fixture.panel->mCutEveryStpr->setIntValue(77);
-    PanelFixture other(printerWith(cutEvery, {"90", keyword}));
+    PanelFixture other(printerWith(cutEvery, {"90", keyword}, "90"));
     other.build();
     fixture.panel->select(cutEvery, choiceAt(other, cutEvery, 1));
     fixture.panel->updateUIItem(0x100);

@@ -57,19 +57,6 @@ QStringList save(PanelFixture &fixture, Option option)
     return fixture.takeTold();
 }
 
-QString pairOf(Option option, const QString &choice)
-{
-    return QLatin1String(factsOf(option).keyword) + u'=' + choice;
-}
-
-PPDText printerWith(Option option, const QByteArrayList &choices, const QByteArray &defaultChoice,
-                    bool separateAutoCut = true)
-{
-    return TestPrinter{.options = everyOptionBut(option), .separateAutoCut = separateAutoCut}
-        .text()
-        .option(factsOf(option).keyword, choices, defaultChoice);
-}
-
 void setAll(const PanelFixture &fixture, bool on)
 {
     for (const Option option : everyOption) {
@@ -77,13 +64,6 @@ void setAll(const PanelFixture &fixture, bool on)
     }
 }
 
-void addOptionRows(const QList<Option> &options)
-{
-    QTest::addColumn<int>("option");
-    for (const Option option : options) {
-        QTest::newRow(factsOf(option).keyword) << int(option);
-    }
-}
 } // namespace
 
 void SavingTest::boxIsSavedWhetherEnabledOrNot_data()

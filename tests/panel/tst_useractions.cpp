@@ -80,11 +80,6 @@ const QString warningText =
     u"Heat-shrink tube is loaded. It should not be cut with auto cut: the cutter may jam or wear "
     u"out. Turn auto cut off and cut the tube with scissors."_s;
 
-QString selectedKeyword(const PanelFixture &fixture, Option option)
-{
-    const PDEChoice *selection = fixture.panel->selection(option);
-    return selection ? selection->ppdTitle() : QString();
-}
 } // namespace
 
 void UserActionsTest::clickedBoxIsToldAtOnce_data()
@@ -106,10 +101,10 @@ void UserActionsTest::clickedBoxIsToldAtOnce()
         fixture.click(clicked);
         QCOMPARE(fixture.takeTold(), QStringList{keyword + u'=' + choice});
         QCOMPARE(fixture.isOn(clicked), choice == u"ON");
-        QCOMPARE(selectedKeyword(fixture, clicked), choice);
+        QCOMPARE(fixture.selectedKeyword(clicked), choice);
         QCOMPARE(fixture.host->marked(factsOf(clicked).keyword), choice);
         for (const Option other : everyOptionBut(clicked)) {
-            QCOMPARE(selectedKeyword(fixture, other), other == cutEvery ? u"1"_s : u"OFF"_s);
+            QCOMPARE(fixture.selectedKeyword(other), other == cutEvery ? u"1"_s : u"OFF"_s);
             QCOMPARE(fixture.isOn(other), other == cutEvery);
         }
     }
@@ -154,7 +149,7 @@ void UserActionsTest::cutEveryBoxDrivesAutoCut()
         QCOMPARE(fixture.takeTold(), QStringList{u"KvAutoTapeCut="_s + choice});
         QCOMPARE(fixture.isOn(cutEvery), choice == u"ON");
         QCOMPARE(fixture.panel->mAutoCut_CutEvery_Selection->ppdTitle(), choice);
-        QCOMPARE(selectedKeyword(fixture, cutEvery), u"1"_s);
+        QCOMPARE(fixture.selectedKeyword(cutEvery), u"1"_s);
         if (separateAutoCut) {
             // The other box waits for its own item to be refreshed.
             QVERIFY(!fixture.isOn(autoCut));
@@ -201,7 +196,7 @@ void UserActionsTest::choiceThatTheDialogDropsIsTakenBack()
     fixture.click(OptionCatalogue::HalfCut);
     QCOMPARE(fixture.takeTold(), QStringList{u"KvHalfCut=ON"_s});
     QVERIFY(!fixture.isOn(OptionCatalogue::HalfCut));
-    QCOMPARE(selectedKeyword(fixture, OptionCatalogue::HalfCut), u"OFF"_s);
+    QCOMPARE(fixture.selectedKeyword(OptionCatalogue::HalfCut), u"OFF"_s);
 }
 
 void UserActionsTest::strangersClickOnlyRedrawsAndAppliesTheRules()

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QTest>
 #include <QXmlStreamReader>
 
 namespace {
@@ -109,4 +110,12 @@ QSize PictureNames::iconFrame()
 {
     const QString popUp = widget(QStringLiteral("mOptionPopUpButton"));
     return firstSize(popUp.mid(popUp.indexOf(u"iconSize")));
+}
+
+void PictureNames::addRows(const QStringList &names)
+{
+    QTest::addColumn<QString>("name");
+    for (const QString &name : names) {
+        QTest::newRow(qPrintable(name)) << name;
+    }
 }

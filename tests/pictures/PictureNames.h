@@ -27,6 +27,9 @@ QStringList presets();
 /// Where the picture of that name is, in one of the variants.
 QString path(const QString &name, const char *mark);
 
+/// Adds a column "name" and a row for each name.
+void addRows(const QStringList &names);
+
 /// The size of the preview's place holder in the form.
 QSize previewFrame();
 /// The size of the menu's icons in the form.

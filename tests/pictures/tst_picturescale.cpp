@@ -147,14 +147,6 @@ QStringList drawnNames()
     return names;
 }
 
-void addRows(const QStringList &names)
-{
-    QTest::addColumn<QString>("name");
-    for (const QString &name : names) {
-        QTest::newRow(qPrintable(name)) << name;
-    }
-}
-
 /// The picture of that name in a variant, as large as it is on this screen.
 QImage scaledVariant(const QString &name, const char *mark, const QSize &size)
 {
@@ -177,7 +169,7 @@ void PictureScaleTest::initTestCase()
 
 void PictureScaleTest::pictureIsOfTheVariantForTheScreen_data()
 {
-    addRows(PictureNames::previews() + PictureNames::presets());
+    PictureNames::addRows(PictureNames::previews() + PictureNames::presets());
 }
 
 void PictureScaleTest::pictureIsOfTheVariantForTheScreen()
@@ -192,7 +184,7 @@ void PictureScaleTest::pictureIsOfTheVariantForTheScreen()
 
 void PictureScaleTest::previewIsDrawnSharp_data()
 {
-    addRows(drawnNames());
+    PictureNames::addRows(drawnNames());
 }
 
 void PictureScaleTest::previewIsDrawnSharp()
@@ -244,7 +236,7 @@ void PictureScaleTest::previewIsDrawnSharpAtAnyPlace()
 
 void PictureScaleTest::iconIsDrawnSharp_data()
 {
-    addRows(PictureNames::presets());
+    PictureNames::addRows(PictureNames::presets());
 }
 
 void PictureScaleTest::iconIsDrawnSharp()

@@ -38,14 +38,6 @@ QStringList allNames()
     return PictureNames::previews() + PictureNames::presets();
 }
 
-void addRows(const QStringList &names)
-{
-    QTest::addColumn<QString>("name");
-    for (const QString &name : names) {
-        QTest::newRow(qPrintable(name)) << name;
-    }
-}
-
 bool isPreset(const QString &name)
 {
     return name.startsWith(u"Preset");
@@ -107,7 +99,7 @@ void PictureSetTest::thereIsAPictureForEachName()
 
 void PictureSetTest::everyVariantHasTheSameSize_data()
 {
-    addRows(allNames());
+    PictureNames::addRows(allNames());
 }
 
 void PictureSetTest::everyVariantHasTheSameSize()
@@ -125,7 +117,7 @@ void PictureSetTest::everyVariantHasTheSameSize()
 
 void PictureSetTest::everyCutIsSeen_data()
 {
-    addRows(allNames());
+    PictureNames::addRows(allNames());
 }
 
 void PictureSetTest::everyCutIsSeen()
@@ -141,7 +133,7 @@ void PictureSetTest::everyCutIsSeen()
 
 void PictureSetTest::chainedJobFollowsWithoutBlankTape_data()
 {
-    addRows(allNames());
+    PictureNames::addRows(allNames());
 }
 
 void PictureSetTest::chainedJobFollowsWithoutBlankTape()
@@ -210,7 +202,7 @@ void PictureSetTest::mirroredTextIsTheMirrorImage_data()
             names.append(name);
         }
     }
-    addRows(names);
+    PictureNames::addRows(names);
     QCOMPARE(names.size(), 12);
 }
 
@@ -245,7 +237,7 @@ void PictureSetTest::mirroredTextIsTheMirrorImage()
 
 void PictureSetTest::linesAreSeenOnEveryGround_data()
 {
-    addRows(allNames());
+    PictureNames::addRows(allNames());
 }
 
 void PictureSetTest::linesAreSeenOnEveryGround()
@@ -260,7 +252,7 @@ void PictureSetTest::linesAreSeenOnEveryGround()
 
 void PictureSetTest::textIsLegible_data()
 {
-    addRows(allNames());
+    PictureNames::addRows(allNames());
 }
 
 void PictureSetTest::textIsLegible()

@@ -93,9 +93,9 @@ public:
     bool respondsToPanelViewDidResize() const override { return true; }
 };
 
-struct Dialog
+struct PanelDialog
 {
-    explicit Dialog(const std::shared_ptr<Bundle> &bundle = testBundle())
+    explicit PanelDialog(const std::shared_ptr<Bundle> &bundle = testBundle())
         : host(std::make_shared<TestHost>(PPDText().onOff("KvTest").open()))
         , panel(std::make_unique<RecordingPanel>(host, bundle))
     {
@@ -106,7 +106,7 @@ struct Dialog
 };
 
 /// A dialog whose panel's view is in a window that the user sees.
-struct OpenDialog : Dialog
+struct OpenDialog : PanelDialog
 {
     OpenDialog()
     {
@@ -135,7 +135,7 @@ struct OpenDialog : Dialog
 
 void PanelViewTest::loadsTheNibOnce()
 {
-    Dialog dialog;
+    PanelDialog dialog;
     QVERIFY(!dialog.panel->kPDEView);
     QWidget *view = dialog.panel->panelView();
     QVERIFY(view);
@@ -173,7 +173,7 @@ void PanelViewTest::pipeIsNoNib()
 void PanelViewTest::viewGoesWithThePanel()
 {
     QWidget window;
-    Dialog dialog;
+    PanelDialog dialog;
     const QPointer<QWidget> view = dialog.panel->panelView();
     view->setParent(&window);
     dialog.panel.reset();
@@ -183,7 +183,7 @@ void PanelViewTest::viewGoesWithThePanel()
 
 void PanelViewTest::panelOutlivesItsView()
 {
-    Dialog dialog;
+    PanelDialog dialog;
     auto window = std::make_unique<QWidget>();
     dialog.panel->panelView()->setParent(window.get());
     window.reset();
@@ -204,7 +204,7 @@ void PanelViewTest::damagedNibMakesNoView()
     const BundleCopy copy;
     QVERIFY(copy.open());
     QVERIFY(copy.setNib(nib));
-    Dialog dialog(copy.open());
+    PanelDialog dialog(copy.open());
     QVERIFY(!dialog.panel->panelView());
     QVERIFY(!dialog.panel->panelView());
     dialog.panel->calls.clear();
@@ -254,7 +254,7 @@ void PanelViewTest::viewMayBeInsideAnotherWidget()
     const BundleCopy copy;
     QVERIFY(copy.setNib(R"(<?xml version="1.0"?><ui version="4.0"><class>outer</class>
 <widget class="QWidget" name="outer"><widget class="QWidget" name="kPDEView"/></widget></ui>)"));
-    Dialog dialog(copy.open());
+    PanelDialog dialog(copy.open());
     const QPointer<QWidget> view = dialog.panel->panelView();
     QVERIFY(view);
     QCOMPARE(view->objectName(), u"kPDEView"_s);
@@ -270,7 +270,7 @@ void PanelViewTest::mendedNibMakesTheView()
     const BundleCopy copy;
     const QByteArray whole = copy.nib();
     QVERIFY(copy.setNib(withoutView(whole)));
-    Dialog dialog(copy.open());
+    PanelDialog dialog(copy.open());
     QVERIFY(!dialog.panel->panelView());
     QVERIFY(copy.setNib(whole));
     QVERIFY(dialog.panel->panelView());

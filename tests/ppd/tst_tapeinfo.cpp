@@ -1,3 +1,5 @@
+#include "MediumLookUp.h"
+
 #include "ppd/TapeInfo.h"
 #include "support/TestHost.h"
 
@@ -43,28 +45,6 @@ private Q_SLOTS:
 
 namespace {
 constexpr double height62 = 175.748;
-const QString paperKey = QStringLiteral("MqPaperName2");
-const QString colorKey = QStringLiteral("MqRVMultiColor");
-
-/// A record that every field of must be overwritten.
-TapeInfo garbage()
-{
-    return {-1.0, 77, QStringLiteral("garbage"), 77};
-}
-
-OSStatus lookUp(TestHost &host, TapeInfo *info)
-{
-    *info = garbage();
-    return GetTapeInfo(host.printSession(), host.printSettings(), host.pageFormat(), host.ppdFile(),
-                       info);
-}
-
-TapeInfo infoOf(TestHost &host)
-{
-    TapeInfo info;
-    const OSStatus status = lookUp(host, &info);
-    return status == noErr ? info : TapeInfo{0.0, -1, QStringLiteral("failed"), status};
-}
 
 PPDHandle ppdWithSizes(const QByteArrayList &names)
 {

@@ -1,3 +1,5 @@
+#include "MediumLookUp.h"
+
 #include "ppd/TapeInfo.h"
 #include "printcore/PropertyList.h"
 #include "support/TestHost.h"
@@ -33,25 +35,8 @@ private Q_SLOTS:
 };
 
 namespace {
-const QString paperKey = QStringLiteral("MqPaperName2");
-const QString colorKey = QStringLiteral("MqRVMultiColor");
 const QString firstPageKey = QStringLiteral("com.korvane.print.settings.FirstPage");
 const QString lastPageKey = QStringLiteral("com.korvane.print.settings.LastPage");
-
-/// A record that every field of must be overwritten.
-TapeInfo garbage()
-{
-    return {-1.0, 77, QStringLiteral("garbage"), 77};
-}
-
-/// The medium of a job on a printer with the size "DC24".
-TapeInfo infoOf(TestHost &host)
-{
-    TapeInfo info = garbage();
-    const OSStatus status = GetTapeInfo(host.printSession(), host.printSettings(),
-                                        host.pageFormat(), host.ppdFile(), &info);
-    return status == noErr ? info : TapeInfo{0.0, -1, QStringLiteral("failed"), status};
-}
 
 PPDHandle tapePrinter()
 {

@@ -2,6 +2,15 @@
 
 #include <QStringList>
 
+/// What a log has of one refused edit: for a character, and for a value.
+inline const QStringList invalid{QStringLiteral("InvalidCharacterNotification")};
+inline const QStringList outOfRange{QStringLiteral("FormatErrorNotification")};
+/// The same with the character that was refused.
+inline QStringList invalidCharacter(const QString &character)
+{
+    return {invalid.first() + QLatin1Char(' ') + character};
+}
+
 /// What the user is told of refused edits, for as long as the log lives.
 class RefusalLog
 {

@@ -2,6 +2,7 @@
 
 #include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
+#include "support/Limits.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QElapsedTimer>
@@ -61,19 +62,11 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 };
 
 namespace {
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
 constexpr QtSize farthest = std::numeric_limits<QtSize>::max();
 constexpr QtSize farthestBack = std::numeric_limits<QtSize>::min();
 
 const QStringList nothing;
-const QStringList invalid{u"InvalidCharacterNotification"_s};
-const QStringList outOfRange{u"FormatErrorNotification"_s};
 
-QStringList invalidCharacter(const QString &character)
-{
-    return {invalid.first() + u' ' + character};
-}
 } // namespace
 
 void EditCheckTest::cleanup()

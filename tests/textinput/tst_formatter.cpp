@@ -1,3 +1,4 @@
+#include "support/Limits.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QTest>
@@ -32,9 +33,7 @@ private Q_SLOTS:
 };
 
 namespace {
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-const QDateTime date(QDate(2024, 7, 4), QTime(16, 5, 9), QTimeZone::utc());
+const QDateTime afternoon(QDate(2024, 7, 4), QTime(16, 5, 9), QTimeZone::utc());
 } // namespace
 
 void FormatterTest::initialisersSetFormatAndStyle()
@@ -56,9 +55,9 @@ void FormatterTest::initialisersSetFormatAndStyle()
 void FormatterTest::initialiserTakesACalendarDate()
 {
     const QVariantMap locale{{u"NSAMPMDesignation"_s, QStringList{u"vorm."_s, u"nachm."_s}}};
-    const auto formatter = PDEFormatter::initWithCalendarDate(date, locale);
+    const auto formatter = PDEFormatter::initWithCalendarDate(afternoon, locale);
     QCOMPARE(formatter->textStyle(), 5);
-    QCOMPARE(formatter->calendarDate(), date);
+    QCOMPARE(formatter->calendarDate(), afternoon);
     QCOMPARE(formatter->calendarLocale(), locale);
     QVERIFY(formatter->formatString().isNull());
     QCOMPARE(formatter->stringForObjectValue({}), u"2024-07-04 16:05:09 +0000"_s);
@@ -94,8 +93,8 @@ void FormatterTest::propertiesAreKept()
         QCOMPARE(formatter->maxValue(), number);
         QCOMPARE(formatter->minValue(), number);
     }
-    formatter->setCalendarDate(date);
-    QCOMPARE(formatter->calendarDate(), date);
+    formatter->setCalendarDate(afternoon);
+    QCOMPARE(formatter->calendarDate(), afternoon);
     formatter->setCalendarDate({});
     QVERIFY(!formatter->calendarDate().isValid());
     formatter->setCalendarLocale({{u"NSDateFormatString"_s, u"%d"_s}});
@@ -276,7 +275,7 @@ void FormatterTest::showsTheDateOnlyInItsStyle()
 {
     const auto formatter = PDEFormatter::initWithFormatString(u"%Y %@"_s, 5);
     QCOMPARE(formatter->stringForObjectValue(u"x"_s), u"%Y x"_s);
-    formatter->setCalendarDate(date);
+    formatter->setCalendarDate(afternoon);
     QCOMPARE(formatter->stringForObjectValue(u"x"_s), u"2024 %@"_s);
     QCOMPARE(formatter->stringForObjectValue({}), u"2024 %@"_s);
     formatter->setTextStyle(6);
@@ -298,7 +297,7 @@ void FormatterTest::readsTextsAsTexts()
     QCOMPARE(object, QVariant(u"12x"_s));
     QVERIFY(formatter->getObjectValue(&object, u""_s, &error));
     QCOMPARE(object, QVariant(u""_s));
-    const auto shower = PDEFormatter::initWithCalendarDate(date, {});
+    const auto shower = PDEFormatter::initWithCalendarDate(afternoon, {});
     shower->setFormatString(u"%Y"_s);
     QVERIFY(shower->getObjectValue(&object, u"12"_s, &error));
     QCOMPARE(object, QVariant(u"2024"_s));

@@ -3,6 +3,7 @@
 
 #include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
+#include "support/Limits.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QElapsedTimer>
@@ -69,9 +70,6 @@ void showValue(const TriedEdit &tried, std::ostream &stream)
            << " becomes " << quoted(edit.proposedText) << ' '
            << (edit.proposedSelection ? shownRange(*edit.proposedSelection) : "none");
 }
-
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
 
 /// The characters that the style takes.
 QString charactersOf(qint32 style)

@@ -41,13 +41,7 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 };
 
 namespace {
-const QStringList invalid{u"InvalidCharacterNotification"_s};
-const QStringList outOfRange{u"FormatErrorNotification"_s};
 
-QStringList invalidCharacter(const QString &character)
-{
-    return {invalid.first() + u' ' + character};
-}
 } // namespace
 
 void RefusalsTest::tellsTheCharacterFirst()

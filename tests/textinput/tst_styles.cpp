@@ -1,5 +1,6 @@
 #include "RefusalLog.h"
 
+#include "support/Limits.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QTest>
@@ -25,8 +26,6 @@ constexpr const char *none = "................................";
 constexpr const char *each = "################################";
 constexpr const char *upperCase = ".##########################.....";
 constexpr const char *lowerCase = upperCase;
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
 
 /// A style, and "#" for each of the ASCII characters that it takes, 32 to a row.
 struct StyleRow

@@ -1,7 +1,8 @@
-#include "FieldUser.h"
+#include "FieldWays.h"
 #include "RefusalLog.h"
 
 #include "printcore/NotificationCenter.h"
+#include "support/Limits.h"
 #include "textinput/FormatterAdapter.h"
 #include "textinput/PDEFormatter.h"
 #include "textinput/PDETextField.h"
@@ -61,13 +62,7 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     int mTold = 0;
 };
 
-using Action = std::function<void(FieldUser &user)>;
-Q_DECLARE_METATYPE(Action)
-
 namespace {
-constexpr qint32 largest = std::numeric_limits<qint32>::max();
-constexpr qint32 smallest = std::numeric_limits<qint32>::min();
-
 /// A form with these widgets.
 std::unique_ptr<QWidget> formWith(const QByteArray &widgets, const QByteArray &connections = {})
 {
@@ -113,10 +108,10 @@ void TextFieldTest::cleanup()
 
 void TextFieldTest::tellsOfEachEdit_data()
 {
-    QTest::addColumn<Action>("edits");
+    QTest::addColumn<FieldAction>("edits");
     QTest::addColumn<int>("told");
 
-    const auto row = [](const char *name, int told, const Action &edits) {
+    const auto row = [](const char *name, int told, const FieldAction &edits) {
         QTest::newRow(name) << edits << told;
     };
     row("one character", 1, [](FieldUser &user) { user.types(u"x"_s); });
@@ -151,7 +146,7 @@ void TextFieldTest::tellsOfEachEdit_data()
 
 void TextFieldTest::tellsOfEachEdit()
 {
-    QFETCH(Action, edits);
+    QFETCH(FieldAction, edits);
     mUser->types(u"1234"_s);
     QCOMPARE(told(), 4);
     edits(*mUser);
@@ -161,9 +156,9 @@ void TextFieldTest::tellsOfEachEdit()
 
 void TextFieldTest::tellsNothingOfTheRest_data()
 {
-    QTest::addColumn<Action>("acts");
+    QTest::addColumn<FieldAction>("acts");
 
-    const auto row = [](const char *name, const Action &acts) {
+    const auto row = [](const char *name, const FieldAction &acts) {
         QTest::newRow(name) << acts;
     };
     row("text of the program", [](FieldUser &user) { user.field()->setText(u"5678"_s); });
@@ -184,7 +179,7 @@ void TextFieldTest::tellsNothingOfTheRest_data()
 
 void TextFieldTest::tellsNothingOfTheRest()
 {
-    QFETCH(Action, acts);
+    QFETCH(FieldAction, acts);
     mUser->types(u"1234"_s);
     told();
     acts(*mUser);
@@ -317,19 +312,19 @@ void TextFieldTest::observerMayChangeTheField()
 
 void TextFieldTest::observerMayDestroyTheField_data()
 {
-    QTest::addColumn<Action>("edits");
-    QTest::newRow("typing") << Action([](FieldUser &user) { user.types(u"x"_s); });
-    QTest::newRow("deleting") << Action([](FieldUser &user) { user.types(u"\b"_s); });
-    QTest::newRow("pasting") << Action([](FieldUser &user) { user.pastes(u"x"_s); });
-    QTest::newRow("commit") << Action([](FieldUser &user) { user.commits(u"x"_s); });
-    QTest::newRow("drop") << Action([](FieldUser &user) { user.drops(u"x"_s, 0); });
-    QTest::newRow("undo") << Action([](FieldUser &user) { user.undoes(); });
-    QTest::newRow("menu") << Action([](FieldUser &user) { user.pastesFromMenu(u"x"_s); });
+    QTest::addColumn<FieldAction>("edits");
+    QTest::newRow("typing") << FieldAction([](FieldUser &user) { user.types(u"x"_s); });
+    QTest::newRow("deleting") << FieldAction([](FieldUser &user) { user.types(u"\b"_s); });
+    QTest::newRow("pasting") << FieldAction([](FieldUser &user) { user.pastes(u"x"_s); });
+    QTest::newRow("commit") << FieldAction([](FieldUser &user) { user.commits(u"x"_s); });
+    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_s, 0); });
+    QTest::newRow("undo") << FieldAction([](FieldUser &user) { user.undoes(); });
+    QTest::newRow("menu") << FieldAction([](FieldUser &user) { user.pastesFromMenu(u"x"_s); });
 }
 
 void TextFieldTest::observerMayDestroyTheField()
 {
-    QFETCH(Action, edits);
+    QFETCH(FieldAction, edits);
     mUser->types(u"12"_s);
     const EditObserver observer([this] { delete field(); });
     edits(*mUser);
