@@ -1,14 +1,20 @@
-# A thin front for the CMake presets. Every target that needs packages gets them by "make deps".
+# A thin front for the CMake presets. Each target installs the packages that it needs and lacks.
 
 JOBS ?= $(shell nproc)
+# Tests wait more than they compute.
+TEST_JOBS ?= $(shell expr 2 '*' $(JOBS))
 PREFIX ?= /usr/local
 # More options for CMake, such as -DKV_QT_VERSIONS=6 for a build without Qt 5.
 CMAKE_OPTIONS ?=
 # How long "make prove" takes, in seconds.
 FOR ?= 600
+# The Debian release of "make check-package" and "make check-release"; this machine's by default.
+RELEASE ?= $(shell . /etc/os-release && echo $$VERSION_CODENAME)
+# What "make check-release" runs, each with no packages but those of its own lists.
+COMMANDS ?= run test package
 
-.PHONY: all run test lint test-release test-sanitize prove coverage bench screenshots deps \
-	install uninstall package check-package clean
+.PHONY: all run test lint test-optimised test-sanitize prove coverage bench screenshots deps \
+	install uninstall package check-package check-release clean
 .NOTPARALLEL:
 
 # A user's umask may let a group write; from folders that others can write to nothing is loaded.
@@ -16,7 +22,8 @@ SHELL = tools/shell
 export CMAKE_OPTIONS JOBS
 
 # What has to be built for a user.
-all: deps
+all:
+	tools/deps run
 	cmake --preset release $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target installed kvprint-demo
 
@@ -24,47 +31,50 @@ all: deps
 run: all
 	build/release/bin/kvprint-demo build/run
 
-# Checks the sources, and runs every test in both builds.
-test: deps lint test-release test-sanitize
+# Installs what "make run" and "make test" need.
+deps:
+	tools/deps run qt5 test
 
-lint:
+# Checks the sources, and runs every test in both builds.
+test: lint test-optimised test-sanitize
+
+lint: deps
 	git ls-files '*.cpp' '*.h' | xargs clang-format-19 --dry-run --Werror
 	cmake --preset lint
-	run-clang-tidy-19 -quiet -j $(JOBS) -p build/lint 'Unity/unity_' > build/lint/tidy.log 2>&1 \
+	run-clang-tidy-19 -quiet -j $(JOBS) -p build/lint 'kvlint-' > build/lint/tidy.log 2>&1 \
 		|| { grep -E 'error:|warning:' build/lint/tidy.log; exit 1; }
 
-test-release test-sanitize: test-%:
+test-optimised test-sanitize: test-%: deps
 	cmake --preset $*
 	cmake --build --preset $* --parallel $(JOBS)
-	ctest --preset $* --parallel $(JOBS)
+	ctest --preset $* --parallel $(TEST_JOBS)
 
 # Holds the panel against a model of its rules, in random conversations, for FOR seconds.
 prove: deps
-	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS) --target tst_model
-	KV_MODEL_SECONDS=$(FOR) build/release/tests/tst_model
+	cmake --preset optimised
+	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-model
+	KV_MODEL_SECONDS=$(FOR) build/optimised/tests/model tst_model
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
-coverage: deps
+coverage:
+	tools/deps run qt5 test coverage
 	cmake --preset coverage
 	cmake --build --preset coverage --parallel $(JOBS)
 	tools/coverage build/coverage $(JOBS)
 
 # Measures how long the panel takes.
-bench: deps
-	cmake --preset release
+bench:
+	tools/deps run qt5 bench
+	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	build/release/bin/kvprint-bench
 
 # Photographs the panel in every language, style, theme and scale, and for the guide.
-screenshots: deps
-	cmake --preset release
+screenshots:
+	tools/deps run qt5 screenshots
+	cmake --preset release -DKV_BUILD_SCREENSHOTS=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
 	build/release/bin/kvprint-screenshots build/screenshots docs/guide
-
-# Installs the packages that are missing.
-deps:
-	tools/deps
 
 # Installs below PREFIX, and below DESTDIR when that is set.
 install: all
@@ -75,13 +85,21 @@ uninstall:
 	tools/uninstall build/release/install_manifest.txt
 
 # Builds Debian packages in build/package, and has lintian look at them.
-package: deps
+package:
+	tools/deps run qt5 package
 	tools/package build/package
 
-# Installs the packages in a Debian 12 of their own, prints with them, and removes them without a
-# trace. As root, with the network.
+# Installs the packages in a Debian of their own, of the same release, prints with them, and removes
+# them without a trace. As root, with the network.
 check-package: package
-	tests/package/check build/package build/check-package
+	tools/deps check-release
+	tests/package/check $(RELEASE) build/package build/check-package
+
+# Does what a newcomer does on a fresh Debian of that release, and checks the packages that come out.
+# As root, with the network.
+check-release:
+	tools/deps check-release
+	tests/package/check-release $(RELEASE) build/check-release $(COMMANDS)
 
 clean:
 	rm -rf build

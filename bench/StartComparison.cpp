@@ -16,7 +16,7 @@
 
 namespace {
 constexpr int pairs = 60;
-constexpr int timeoutMs = 30'000;
+constexpr int applicationTimeoutMs = 30'000;
 
 /// What QT_QPA_GENERIC_PLUGINS says.
 enum class PlugIn { None, Unknown, Ours };
@@ -42,8 +42,8 @@ QByteArray outputOf(const QString &program, const QProcessEnvironment &environme
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::SeparateChannels);
     process.start(program, QStringList(), QIODevice::ReadOnly);
-    if (!process.waitForFinished(timeoutMs) || process.exitStatus() != QProcess::NormalExit ||
-        process.exitCode() != 0) {
+    if (!process.waitForFinished(applicationTimeoutMs) ||
+        process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
         throw std::runtime_error(program.toStdString() +
                                  " failed: " + process.readAllStandardError().toStdString());
     }

@@ -6,6 +6,7 @@
 #include "bench/Openings.h"
 #include "bench/RatioTable.h"
 #include "bench/StartComparison.h"
+#include "demo/Output.h"
 #include "tests/applications/DisplayServer.h"
 
 #include <QApplication>
@@ -24,16 +25,6 @@
 namespace {
 /// As a shell tells that a program was interrupted.
 constexpr int interruptedStatus = 128 + SIGINT;
-
-QtMessageHandler formerHandler = nullptr;
-
-/// Leaves out what the platform without a display says of each window.
-void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (!message.startsWith(QLatin1String("This plugin does not support"))) {
-        formerHandler(type, context, message);
-    }
-}
 
 void initialise(int argc, char **argv)
 {
@@ -121,7 +112,7 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // libcups looks the machine's own name up, which may be in no table: not for long.
     qputenv("RES_OPTIONS", "timeout:1 attempts:1");
-    formerHandler = qInstallMessageHandler(handleMessage);
+    qInstallMessageHandler(dropOffscreenRemarks);
     Interruption::watch();
     try {
         initialise(argc, argv);

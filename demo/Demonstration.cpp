@@ -1,6 +1,7 @@
 #include "demo/Demonstration.h"
 
 #include "demo/DialogDriver.h"
+#include "demo/Output.h"
 #include "demo/SamplePrinters.h"
 #include "host/PanelHost.h"
 #include "host/PrintCommand.h"
@@ -21,11 +22,6 @@ constexpr int jobTimeoutMs = 30000;
 /// The printer that the dialog starts with.
 const QString firstPrinter = QString::fromLatin1(samplePrinters[0].queue);
 
-void say(const QString &line)
-{
-    std::fprintf(stdout, "%s\n", line.toLocal8Bit().constData());
-    std::fflush(stdout);
-}
 } // namespace
 
 Demonstration::Demonstration(const QString &resultFolder)

@@ -1,4 +1,5 @@
 #include "demo/Demonstration.h"
+#include "demo/Output.h"
 
 #include <QApplication>
 #include <QFile>
@@ -25,13 +26,6 @@ bool hasDisplay(const char *program)
            probe.exitCode() == 0;
 }
 
-/// Writes what Qt has to say, but for what its platform without a display cannot do.
-void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    if (!message.contains(QLatin1String("propagateSizeHints"))) {
-        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-    }
-}
 } // namespace
 
 /// Usage: kvprint-demo RESULT-FOLDER

@@ -1,3 +1,4 @@
+#include "demo/Output.h"
 #include "demo/screenshots/Campaign.h"
 #include "demo/screenshots/Scripts.h"
 
@@ -8,12 +9,6 @@
 #include <cstdio>
 
 namespace {
-void say(const QString &line)
-{
-    std::fprintf(stdout, "%s\n", line.toLocal8Bit().constData());
-    std::fflush(stdout);
-}
-
 int runCampaign(const QString &sheetFolder, const QString &guideFolder)
 {
     Campaign campaign(sheetFolder, guideFolder);

@@ -1,3 +1,4 @@
+#include "demo/Output.h"
 #include "demo/screenshots/GuidePictures.h"
 #include "demo/screenshots/SheetPictures.h"
 
@@ -10,14 +11,6 @@
 #include <cstdio>
 
 namespace {
-/// Writes what Qt has to say, but for what its platform without a display cannot do.
-void dropOffscreenRemarks(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    if (!message.startsWith(QLatin1String("This plugin does not support "))) {
-        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-    }
-}
-
 QString translationsFolder()
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)

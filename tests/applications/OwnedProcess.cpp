@@ -1,7 +1,7 @@
 #include "OwnedProcess.h"
 
 namespace {
-constexpr int stopTimeoutMs = 3'000;
+constexpr int endTimeoutMs = 3'000;
 } // namespace
 
 OwnedProcess::OwnedProcess()
@@ -20,8 +20,8 @@ void OwnedProcess::stop()
         return;
     }
     terminate();
-    if (!waitForFinished(stopTimeoutMs)) {
+    if (!waitForFinished(endTimeoutMs)) {
         kill();
-        waitForFinished(stopTimeoutMs);
+        waitForFinished(endTimeoutMs);
     }
 }

@@ -1,0 +1,58 @@
+# Targets for clang-tidy, which are never built. Most of its time goes into Qt's headers, so all sources
+# of a folder are one source for it.
+
+# Sets a variable to the targets that are made in the folder and those below it.
+function(kv_targets_below folder result)
+    get_directory_property(targets DIRECTORY ${folder} BUILDSYSTEM_TARGETS)
+    get_directory_property(folders DIRECTORY ${folder} SUBDIRECTORIES)
+    foreach(subfolder IN LISTS folders)
+        kv_targets_below(${subfolder} more)
+        list(APPEND targets ${more})
+    endforeach()
+    set(${result} ${targets} PARENT_SCOPE)
+endfunction()
+
+# kv_add_lint(NAME FOLDER ...): one target of all that is compiled in the folders.
+function(kv_add_lint name)
+    set(lint kvlint-${name})
+    add_library(${lint} OBJECT)
+    set(sources)
+    foreach(folder IN LISTS ARGN)
+        kv_targets_below(${PROJECT_SOURCE_DIR}/${folder} targets)
+        foreach(target IN LISTS targets)
+            get_target_property(type ${target} TYPE)
+            if(NOT type MATCHES "EXECUTABLE|LIBRARY" OR target MATCHES "^kvlint-")
+                continue()
+            endif()
+            get_target_property(own ${target} SOURCES)
+            get_target_property(source_folder ${target} SOURCE_DIR)
+            list(FILTER own INCLUDE REGEX "\\.cpp$")
+            list(FILTER own EXCLUDE REGEX "^/")
+            list(TRANSFORM own PREPEND ${source_folder}/)
+            list(APPEND sources ${own})
+            foreach(property IN ITEMS COMPILE_DEFINITIONS INCLUDE_DIRECTORIES LINK_LIBRARIES)
+                get_target_property(values ${target} ${property})
+                if(values)
+                    set_property(TARGET ${lint} APPEND PROPERTY ${property} ${values})
+                endif()
+            endforeach()
+        endforeach()
+    endforeach()
+    foreach(property IN ITEMS COMPILE_DEFINITIONS INCLUDE_DIRECTORIES LINK_LIBRARIES)
+        get_target_property(values ${lint} ${property})
+        if(values)
+            list(REMOVE_DUPLICATES values)
+            set_target_properties(${lint} PROPERTIES ${property} "${values}")
+        endif()
+    endforeach()
+    list(TRANSFORM sources REPLACE "[^/]+/\\.\\./" "")
+    list(REMOVE_DUPLICATES sources)
+    target_sources(${lint} PRIVATE ${sources})
+    # Each program has a function "main".
+    set_target_properties(${lint} PROPERTIES
+        AUTOMOC OFF UNITY_BUILD_UNIQUE_ID KV_SOURCE
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "#undef main\n#define main KV_SOURCE")
+endfunction()
+
+kv_add_lint(src src)
+kv_add_lint(rest demo bench)
