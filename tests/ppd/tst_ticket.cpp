@@ -104,10 +104,8 @@ void TicketTest::ticketThatCannotBeRead_data()
     QTest::addColumn<QVariant>("ticket");
 
     const QByteArray whole = PropertyList::write(
-        QVariantMap{{paperKey, u"DC24"_qs}, {colorKey, u"MultiColorBlackRed"_qs}},
-        PropertyList::Format::XML);
-    const QByteArray list =
-        PropertyList::write(QVariantList{paperKey, u"DC24"_qs}, PropertyList::Format::XML);
+        QVariantMap{{paperKey, u"DC24"_qs}, {colorKey, u"MultiColorBlackRed"_qs}});
+    const QByteArray list = PropertyList::write(QVariantList{paperKey, u"DC24"_qs});
     QTest::newRow("none") << QVariant();
     QTest::newRow("text instead of data") << QVariant(QString::fromUtf8(whole));
     QTest::newRow("number instead of data") << QVariant(62);
