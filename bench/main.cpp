@@ -6,6 +6,7 @@
 #include "bench/Openings.h"
 #include "bench/RatioTable.h"
 #include "bench/StartComparison.h"
+#include "bench/Tickets.h"
 #include "demo/Output.h"
 #include "tests/applications/DisplayServer.h"
 
@@ -58,11 +59,12 @@ void run(const QString &home)
     openings.add();
     clicks.add();
     drawings.add();
+    Tickets::add();
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     RatioTable(reporter.medians())
-        .print(std::cout,
-               {Openings::comparisons(), Clicks::comparisons(), Drawings::comparisons()});
+        .print(std::cout, {Openings::comparisons(), Clicks::comparisons(), Drawings::comparisons(),
+                           Tickets::comparisons()});
 }
 
 /// Applications that do not print: a small one without a display, and one that people use.

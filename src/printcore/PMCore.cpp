@@ -93,17 +93,6 @@ OSStatus setPage(PMPrintSettings settings, const PageRangeEnd &end, quint32 page
     return lock ? kPMLockIgnored : noErr;
 }
 
-std::optional<PropertyList::Format> propertyListFormat(PMDataFormat format)
-{
-    switch (format) {
-    case kPMDataFormatXMLDefault:
-        return PropertyList::Format::XML;
-    case kPMDataFormatBinary:
-        return PropertyList::Format::Binary;
-    }
-    return std::nullopt;
-}
-
 bool isLetter(QChar character)
 {
     return (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z');
@@ -147,16 +136,15 @@ OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, const QString &key, Q
 }
 
 OSStatus PMPrintSettingsCreateDataRepresentation(PMPrintSettings settings, QByteArray *data,
-                                                 PMDataFormat format)
+                                                 PMDataFormat)
 {
     if (!settings) {
         return kPMInvalidPrintSettings;
     }
-    const std::optional<PropertyList::Format> listFormat = propertyListFormat(format);
-    if (!data || !listFormat) {
+    if (!data) {
         return kPMInvalidParameter;
     }
-    const QByteArray representation = settings->dataRepresentation(*listFormat, nullptr);
+    const QByteArray representation = settings->dataRepresentation(nullptr);
     if (representation.isEmpty()) {
         return kPMInvalidValue;
     }

@@ -34,7 +34,6 @@ using PMPaper = const Paper *;
 /// How PMPrintSettingsCreateDataRepresentation() writes settings.
 enum PMDataFormat {
     kPMDataFormatXMLDefault,
-    kPMDataFormatBinary,
 };
 
 /// The page format's paper, owned by the page format; null (with status 0) when it has none.
@@ -55,7 +54,7 @@ KVPRINTCORE_EXPORT OSStatus PMPrintSettingsCreateDataRepresentation(PMPrintSetti
                                                                     QByteArray *data,
                                                                     PMDataFormat format);
 
-/// Settings made from a property list of either format; kPMInvalidValue when it is none.
+/// Settings made from a property list in XML; kPMInvalidValue when it is none.
 KVPRINTCORE_EXPORT OSStatus PMPrintSettingsCreateWithDataRepresentation(
     const QByteArray &data, std::unique_ptr<PrintSettings> *settings);
 

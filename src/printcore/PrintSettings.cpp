@@ -40,7 +40,7 @@ std::optional<PrintSettings> PrintSettings::fromData(const QByteArray &data, QSt
     return std::nullopt;
 }
 
-QByteArray PrintSettings::dataRepresentation(PropertyList::Format format, QString *error) const
+QByteArray PrintSettings::dataRepresentation(QString *error) const
 {
-    return PropertyList::write(mValues, format, error);
+    return PropertyList::write(mValues, error);
 }

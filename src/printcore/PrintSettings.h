@@ -26,7 +26,7 @@ public:
     const QVariantMap &values() const { return mValues; }
 
     /**
-     * Reads settings that dataRepresentation() wrote, in either format.
+     * Reads settings that dataRepresentation() wrote.
      *
      * @param error set to what is wrong and where; may be null.
      * @return nothing when the data is no property list or its top level is no dictionary.
@@ -34,12 +34,12 @@ public:
     static std::optional<PrintSettings> fromData(const QByteArray &data, QString *error);
 
     /**
-     * The settings as a property list.
+     * The settings as a property list in XML.
      *
      * @return an empty array, and the reason in @p error, when a value has a type that property
      *         lists lack.
      */
-    QByteArray dataRepresentation(PropertyList::Format format, QString *error) const;
+    QByteArray dataRepresentation(QString *error) const;
 
 private:
     QVariantMap mValues;

@@ -7,7 +7,7 @@
 #include <QVariant>
 
 /**
- * Property lists, read and written as variants.
+ * XML property lists, read and written as variants.
  *
  * | property list | variant |
  * |---|---|
@@ -15,31 +15,23 @@
  * | integer | qlonglong; qulonglong above its range |
  * | real | double |
  * | true, false | bool |
- * | date | QDateTime (UTC) |
+ * | date | QDateTime (UTC), years 1 to 9999 |
  * | data | QByteArray |
  * | array | QVariantList |
  * | dictionary | QVariantMap |
  */
 namespace PropertyList {
-enum class Format {
-    XML,
-    Binary,
-};
+/// The greatest number of arrays and dictionaries around a value.
+constexpr int kGreatestDepth = 64;
+/// The greatest number of bytes that are read.
+constexpr int kGreatestSize = 32 * 1024;
 
-/**
- * Reads a property list of either format.
- *
- * @param error set to what is wrong when the result is invalid; may be null.
- * @return an invalid variant when the data is no property list or holds a value of another type
- *         than the above.
- */
+/// Reads a property list that declares no entities. When the data is none, or beyond the limits,
+/// the result is an invalid variant, and @p error (unless null) is set to what is wrong in which
+/// line.
 KVPRINTCORE_EXPORT QVariant read(const QByteArray &data, QString *error = nullptr);
 
-/**
- * Writes a property list. Every integer type of Qt's is taken.
- *
- * @param error set to the path of the value that cannot be written; may be null.
- * @return an empty array when a value has another type than the above.
- */
-KVPRINTCORE_EXPORT QByteArray write(const QVariant &value, Format format, QString *error = nullptr);
+/// Writes a property list of any size; every integer type of Qt's is taken. When a value cannot be
+/// written, the result is empty, and @p error (unless null) is set to its path and what is wrong.
+KVPRINTCORE_EXPORT QByteArray write(const QVariant &value, QString *error = nullptr);
 } // namespace PropertyList

@@ -66,10 +66,9 @@ void tst_scriptopen::init()
 
 QString tst_scriptopen::settingsWith(const QVariantMap &ticket) const
 {
-    const QByteArray data = PropertyList::write(ticket, PropertyList::Format::Binary);
+    const QByteArray data = PropertyList::write(ticket);
     const PrintSettings settings({{kPrivateTicketKey, data}});
-    return mSite.file(u"settings.plist"_s,
-                      settings.dataRepresentation(PropertyList::Format::XML, nullptr));
+    return mSite.file(u"settings.plist"_s, settings.dataRepresentation(nullptr));
 }
 
 void tst_scriptopen::kindsOfPrinters_data()
@@ -180,8 +179,7 @@ void tst_scriptopen::settingsThatCannotBeUsed_data()
     QTest::newRow("a text") << text << text + u": "_s;
     const QString empty = mSite.file(u"empty.plist"_s, "");
     QTest::newRow("empty") << empty << empty + u": "_s;
-    const QString array = mSite.file(
-        u"array.plist"_s, PropertyList::write(QVariantList{1}, PropertyList::Format::XML));
+    const QString array = mSite.file(u"array.plist"_s, PropertyList::write(QVariantList{1}));
     QTest::newRow("an array") << array << array + u": the top level is no dictionary"_s;
     QTest::newRow("no name") << QString() << u": "_s;
 }

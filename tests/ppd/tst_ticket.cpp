@@ -88,11 +88,9 @@ void TicketTest::ticketThatCannotBeRead_data()
 {
     QTest::addColumn<QVariant>("ticket");
 
-    const QByteArray whole =
-        PropertyList::write(QVariantMap{{paperKey, u"DC24"_s}, {colorKey, u"MultiColorBlackRed"_s}},
-                            PropertyList::Format::XML);
-    const QByteArray list =
-        PropertyList::write(QVariantList{paperKey, u"DC24"_s}, PropertyList::Format::XML);
+    const QByteArray whole = PropertyList::write(
+        QVariantMap{{paperKey, u"DC24"_s}, {colorKey, u"MultiColorBlackRed"_s}});
+    const QByteArray list = PropertyList::write(QVariantList{paperKey, u"DC24"_s});
     QTest::newRow("none") << QVariant();
     QTest::newRow("text instead of data") << QVariant(QString::fromUtf8(whole));
     QTest::newRow("number instead of data") << QVariant(62);

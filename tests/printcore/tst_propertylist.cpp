@@ -1,85 +1,73 @@
 #include "printcore/PropertyList.h"
 
 #include <QDateTime>
+#include <QLocale>
 #include <QRect>
 #include <QTest>
-#include <QTimeZone>
 
-#include <algorithm>
 #include <clocale>
 #include <cmath>
-#include <iterator>
 #include <limits>
 
-using Format = PropertyList::Format;
-Q_DECLARE_METATYPE(Format)
-
 namespace {
+/// A document with the content in its third line.
 QByteArray xml(const QByteArray &content)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n" + content +
            "\n</plist>\n";
 }
 
-QByteArray bigEndian(quint64 number, int size)
+QByteArray xmlString(const QByteArray &text)
 {
-    QByteArray bytes;
-    for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
-        bytes.append(static_cast<char>(number >> shift));
-    return bytes;
+    return xml("<string>" + text + "</string>");
 }
 
-/// A binary property list of these objects, the first of which is the top level.
-QByteArray binary(const QByteArrayList &objects)
+/// The text that makes a document of a string as long as that.
+QByteArray textToSize(int size)
 {
-    QByteArray data("bplist00");
-    QByteArray offsets;
-    for (const QByteArray &object : objects) {
-        offsets.append(bigEndian(static_cast<quint64>(data.size()), 4));
-        data.append(object);
+    return QByteArray(size - int(xmlString("").size()), 'x');
+}
+
+/// A document's start and end, without what a test's output cannot show.
+QByteArray rowName(const QByteArray &data)
+{
+    const QByteArray ends = data.size() > 200 ? data.left(100) + " ... " + data.right(50) : data;
+    return ends.simplified().toPercentEncoding(" <>/\"'=!?&;,.:[]{}()#");
+}
+
+/// A short document that stands for 2^40 empty texts.
+QByteArray entityBomb()
+{
+    QByteArray document = "<!DOCTYPE plist [<!ENTITY % e0 ''>";
+    for (int i = 1; i <= 40; ++i) {
+        const QByteArray former = "&#37;e" + QByteArray::number(i - 1) + ";";
+        document += "<!ENTITY % e" + QByteArray::number(i) + " '" + former + former + "'>";
     }
-    const auto table = static_cast<quint64>(data.size());
-    data.append(offsets + QByteArray(6, '\0') + '\4' + '\2');
-    data.append(bigEndian(static_cast<quint64>(objects.size()), 8) + bigEndian(0, 8));
-    return data + bigEndian(table, 8);
+    return document + "%e40;]><plist><true/></plist>";
 }
 
-/// The bytes of an array with references to these objects.
-QByteArray arrayOf(const QList<quint64> &references)
+QDateTime utc(const char *date)
 {
-    QByteArray object = '\xaf' + QByteArray("\x11") + bigEndian(quint64(references.size()), 2);
-    for (const quint64 reference : references)
-        object.append(bigEndian(reference, 2));
-    return object;
-}
-
-QDateTime utc(int year, int month, int day, const QTime &time)
-{
-    return QDateTime(QDate(year, month, day), time, QTimeZone::utc());
+    return QDateTime::fromString(QLatin1String(date), Qt::ISODate);
 }
 
 QVariantMap everyType()
 {
     return {
-        {u"text"_s, u"Größe <12> & \U0001F600"_s},
-        {u"number"_s, qlonglong(62)},
-        {u"large"_s, std::numeric_limits<qulonglong>::max()},
-        {u"real"_s, 0.1},
-        {u"on"_s, true},
-        {u"off"_s, false},
-        {u"date"_s, utc(2024, 2, 29, QTime(23, 59, 58))},
-        {u"data"_s, QByteArray("\0\1\xff", 3)},
-        {u"list"_s, QVariantList{u"a"_s, qlonglong(-1), QVariantList(), QVariantMap()}},
-        {u"map"_s, QVariantMap{{u""_s, u""_s}, {u"a/<b>"_s, QByteArray()}}},
+        {QStringLiteral("text <&>"), QStringLiteral("Größe <12> & \U0001F600")},
+        {QStringLiteral("integers"), QVariantList{62LL, -1LL, 0LL, ~0ULL}},
+        {QStringLiteral("real"), 0.1},
+        {QStringLiteral("truth"), QVariantList{true, false}},
+        {QStringLiteral("date"), utc("2024-02-29T23:59:58Z")},
+        {QStringLiteral("[data]"), QByteArray("\0\1\xff", 3)},
+        {QStringLiteral(""), QVariantList{QStringLiteral(""), QByteArray(""), QVariantList()}},
+        {QStringLiteral("map"), QVariantMap{{QStringLiteral("a"), QVariantMap()}}},
     };
 }
 
 QVariant nested(int depth)
 {
-    QVariant value = u"deep"_s;
-    for (int i = 0; i < depth; ++i)
-        value = QVariantList{value};
-    return value;
+    return depth == 0 ? QVariant(true) : QVariant(QVariantList{nested(depth - 1)});
 }
 } // namespace
 
@@ -89,57 +77,31 @@ class PropertyListTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { std::setlocale(LC_ALL, "C.UTF-8"); }
-
     void everyValueSurvives_data();
     void everyValueSurvives();
-    void everyIntegerTypeIsWritten_data();
-    void everyIntegerTypeIsWritten();
-    void realsThatAreNoNumbersSurvive();
-    void binaryDatesKeepMilliseconds();
-    void datesAreReadInUTC();
-    void megabyteOfTextSurvives_data();
-    void megabyteOfTextSurvives();
+    void noNumberSurvives();
+    void writesOtherTypesAsThoseThatItReads_data();
+    void writesOtherTypesAsThoseThatItReads();
+    void writesADocument();
     void readsWhatOthersWrite_data();
     void readsWhatOthersWrite();
-    void readsRealsInAnyLocale();
-
-    void refusesToWriteOtherTypes_data();
-    void refusesToWriteOtherTypes();
-    void tellsWhereTheUnwritableValueIs();
-    void refusesCharactersThatXMLLacks();
-    void refusesToWriteDeepNesting();
-
-    void refusesMalformedXML_data();
-    void refusesMalformedXML();
-    void refusesMalformedBinary_data();
-    void refusesMalformedBinary();
-    void refusesDataCutOffAnywhere_data();
+    void realsAreTheSameInEveryLocale();
+    void tellsWhatCannotBeWritten_data();
+    void tellsWhatCannotBeWritten();
+    void tellsWhatIsMalformed_data();
+    void tellsWhatIsMalformed();
     void refusesDataCutOffAnywhere();
-    void survivesAnyDamagedByte_data();
     void survivesAnyDamagedByte();
-    void refusesDeepNesting_data();
-    void refusesDeepNesting();
-    void refusesReferencesThatUnfoldWithoutEnd();
-    void readsValuesThatAreReferredToMoreThanOnce();
 };
 
 void PropertyListTest::everyValueSurvives_data()
 {
     QTest::addColumn<QVariant>("value");
-    QTest::addColumn<Format>("format");
 
-    const std::pair<const char *, QVariant> values[] = {
-        {"text", u"Größe <12> & \"tape\"\n\t \U0001F600 "_s},
-        {"lines", u"\r\n\r \n"_s},
-        {"XML's own text", u"]]><![CDATA[ &lt; <!-- ]]>"_s},
-        {"empty text", u""_s},
-        {"zero", qlonglong(0)},
-        {"minus one", qlonglong(-1)},
-        {"byte", qlonglong(200)},
-        {"negative byte", qlonglong(-200)},
-        {"16 bits", qlonglong(-40'000)},
-        {"32 bits", qlonglong(-3'000'000'000)},
+    const std::pair<const char *, QVariant> rows[] = {
+        {"every type", everyType()},
+        {"text", QStringLiteral(" Größe\r\n\r \n\t\"]]><![CDATA[ &lt; <!-- ]]> \U0001F600 ")},
+        {"white space", QStringLiteral(" \n")},
         {"smallest", std::numeric_limits<qlonglong>::min()},
         {"largest with a sign", std::numeric_limits<qlonglong>::max()},
         {"next without a sign", qulonglong(1) << 63},
@@ -148,36 +110,24 @@ void PropertyListTest::everyValueSurvives_data()
         {"whole real", 12.0},
         {"large real", -1.7976931348623157e308},
         {"small real", 5e-324},
-        {"infinite real", -std::numeric_limits<double>::infinity()},
-        {"true", true},
-        {"false", false},
-        {"date", utc(2024, 2, 29, QTime(23, 59, 58))},
-        {"date before 2001", utc(1969, 12, 31, QTime(23, 59, 59))},
-        {"date long before", utc(1000, 1, 1, QTime(0, 0))},
-        {"date long after", utc(9999, 12, 31, QTime(23, 59, 59))},
-        {"data", QByteArray("\0\1\xff", 3)},
-        {"empty data", QByteArray("")},
-        {"array", QVariantList{u"a"_s, true, QVariantList{1.5}}},
-        {"empty array", QVariantList()},
-        {"dictionary", everyType()},
-        {"empty dictionary", QVariantMap()},
-        {"deep", nested(256)},
+        {"infinite real", std::numeric_limits<double>::infinity()},
+        {"negative infinite real", -std::numeric_limits<double>::infinity()},
+        {"date with a fraction", utc("1969-12-31T23:59:59.123Z")},
+        {"first date", utc("0001-01-01T00:00:00Z")},
+        {"last date", utc("9999-12-31T23:59:59.999Z")},
+        {"deepest", nested(PropertyList::kGreatestDepth)},
     };
-    for (const auto &[name, value] : values) {
-        QTest::addRow("%s in XML", name) << value << Format::XML;
-        QTest::addRow("%s in binary", name) << value << Format::Binary;
+    for (const auto &[name, value] : rows) {
+        QTest::newRow(name) << value;
     }
 }
 
 void PropertyListTest::everyValueSurvives()
 {
     QFETCH(QVariant, value);
-    QFETCH(Format, format);
     QString error;
-    const QByteArray data = PropertyList::write(value, format, &error);
+    const QByteArray data = PropertyList::write(value, &error);
     QVERIFY2(!data.isEmpty(), qPrintable(error));
-    QCOMPARE(data.startsWith("bplist00"), format == Format::Binary);
-
     const QVariant read = PropertyList::read(data, &error);
     QVERIFY2(read.isValid(), qPrintable(error));
     QCOMPARE(read.userType(), value.userType());
@@ -185,77 +135,64 @@ void PropertyListTest::everyValueSurvives()
     QCOMPARE(error, QString());
 }
 
-void PropertyListTest::everyIntegerTypeIsWritten_data()
+void PropertyListTest::noNumberSurvives()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<qlonglong>("expected");
-
-    QTest::newRow("qint8") << QVariant::fromValue<qint8>(-8) << -8LL;
-    QTest::newRow("quint8") << QVariant::fromValue<quint8>(250) << 250LL;
-    QTest::newRow("qint16") << QVariant::fromValue<qint16>(-16) << -16LL;
-    QTest::newRow("quint16") << QVariant::fromValue<quint16>(65535) << 65535LL;
-    QTest::newRow("qint32") << QVariant::fromValue<qint32>(-32) << -32LL;
-    QTest::newRow("quint32") << QVariant::fromValue<quint32>(4294967295U) << 4294967295LL;
-    QTest::newRow("long") << QVariant::fromValue<long>(-64) << -64LL;
-    QTest::newRow("unsigned long") << QVariant::fromValue<unsigned long>(64) << 64LL;
-    QTest::newRow("qint64") << QVariant::fromValue<qint64>(-64) << -64LL;
-    QTest::newRow("quint64") << QVariant::fromValue<quint64>(64) << 64LL;
+    const QVariant read = PropertyList::read(PropertyList::write(std::nan("")));
+    QCOMPARE(read.userType(), int(QMetaType::Double));
+    QVERIFY(std::isnan(read.toDouble()));
 }
 
-void PropertyListTest::everyIntegerTypeIsWritten()
+void PropertyListTest::writesOtherTypesAsThoseThatItReads_data()
 {
-    QFETCH(QVariant, value);
-    QFETCH(qlonglong, expected);
-    for (const Format format : {Format::XML, Format::Binary}) {
-        const QVariant read = PropertyList::read(PropertyList::write(value, format));
-        QCOMPARE(read, QVariant(expected));
-        QCOMPARE(read.userType(), int(QMetaType::LongLong));
-    }
+    QTest::addColumn<QVariant>("written");
+    QTest::addColumn<QVariant>("read");
+
+    const auto integer = [](const char *name, auto value) {
+        QTest::newRow(name) << QVariant::fromValue(value) << QVariant(qlonglong(value));
+    };
+    integer("qint8", qint8(-8));
+    integer("quint8", quint8(250));
+    integer("qint16", qint16(-16));
+    integer("quint16", quint16(65535));
+    integer("qint32", qint32(-32));
+    integer("quint32", quint32(4294967295U));
+    integer("long", long(-64));
+    integer("unsigned long", 64UL);
+    integer("quint64", quint64(64));
+    QTest::newRow("no text") << QVariant(QString()) << QVariant(QStringLiteral(""));
+    QTest::newRow("date in the east")
+        << QVariant(utc("2024-06-01T12:00:00+02:00")) << QVariant(utc("2024-06-01T10:00:00Z"));
 }
 
-void PropertyListTest::realsThatAreNoNumbersSurvive()
+void PropertyListTest::writesOtherTypesAsThoseThatItReads()
 {
-    for (const Format format : {Format::XML, Format::Binary}) {
-        const QVariant read = PropertyList::read(PropertyList::write(std::nan(""), format));
-        QCOMPARE(read.userType(), int(QMetaType::Double));
-        QVERIFY(std::isnan(read.toDouble()));
-    }
+    QFETCH(QVariant, written);
+    QFETCH(QVariant, read);
+    const QVariant again = PropertyList::read(PropertyList::write(written));
+    QCOMPARE(again, read);
+    QCOMPARE(again.userType(), read.userType());
+    QCOMPARE(again.toString(), read.toString());
 }
 
-void PropertyListTest::binaryDatesKeepMilliseconds()
+void PropertyListTest::writesADocument()
 {
-    for (const int year : {1950, 2000, 2001, 2050, 3000}) {
-        const QDateTime date = utc(year, 12, 31, QTime(23, 59, 59, 123));
-        QCOMPARE(PropertyList::read(PropertyList::write(date, Format::Binary)), QVariant(date));
-    }
-}
-
-void PropertyListTest::datesAreReadInUTC()
-{
-    const QDateTime east(QDate(2024, 6, 1), QTime(12, 0), QTimeZone(2 * 60 * 60));
-    for (const Format format : {Format::XML, Format::Binary}) {
-        const QDateTime date = PropertyList::read(PropertyList::write(east, format)).toDateTime();
-        QCOMPARE(date.timeSpec(), Qt::UTC);
-        QCOMPARE(date.toString(Qt::ISODate), u"2024-06-01T10:00:00Z"_s);
-    }
-}
-
-void PropertyListTest::megabyteOfTextSurvives_data()
-{
-    QTest::addColumn<QChar>("character");
-
-    QTest::newRow("ASCII") << QChar(u'x');
-    QTest::newRow("escaped in XML") << QChar(u'<');
-    QTest::newRow("mark of a quotation's end") << QChar(u']');
-    QTest::newRow("beyond ASCII") << QChar(u'あ');
-}
-
-void PropertyListTest::megabyteOfTextSurvives()
-{
-    QFETCH(QChar, character);
-    const QVariantMap value{{u"text"_s, QString(1 << 20, character)}};
-    for (const Format format : {Format::XML, Format::Binary})
-        QCOMPARE(PropertyList::read(PropertyList::write(value, format)), QVariant(value));
+    const QVariantMap value{{QStringLiteral("Cut & feed"), true},
+                            {QStringLiteral("Date"), utc("2024-02-29T23:59:58Z")},
+                            {QStringLiteral("Text"), QStringLiteral("\r\n")}};
+    QCOMPARE(PropertyList::write(value),
+             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                        "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                        "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                        "<plist version=\"1.0\">\n"
+                        "    <dict>\n"
+                        "        <key>Cut &amp; feed</key>\n"
+                        "        <true/>\n"
+                        "        <key>Date</key>\n"
+                        "        <date>2024-02-29T23:59:58Z</date>\n"
+                        "        <key>Text</key>\n"
+                        "        <string>&#13;\n</string>\n"
+                        "    </dict>\n"
+                        "</plist>\n"));
 }
 
 void PropertyListTest::readsWhatOthersWrite_data()
@@ -263,28 +200,28 @@ void PropertyListTest::readsWhatOthersWrite_data()
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QVariant>("value");
 
-    QTest::newRow("document type and comments")
-        << QByteArray("<?xml version='1.0'?><!DOCTYPE plist SYSTEM \"list.dtd\"><!-- <array> -->"
-                      "<plist><!-- a --><dict><!-- b --><key>a</key><true></true></dict></plist>")
-        << QVariant(QVariantMap{{u"a"_s, true}});
-    QTest::newRow("references and CDATA")
-        << xml("<string>&#65;&#x1F600;&lt;<![CDATA[<x>]]></string>")
-        << QVariant(u"A\U0001F600<<x>"_s);
-    QTest::newRow("empty elements")
-        << xml("<array><string/><data/><dict/></array>")
-        << QVariant(QVariantList{QString(u""_s), QByteArray(""), QVariantMap()});
-    QTest::newRow("white space around numbers")
-        << xml("<array><integer> +5 </integer><real> 2e3 </real></array>")
-        << QVariant(QVariantList{5LL, 2000.0});
-    QTest::newRow("data in lines")
-        << xml("<data>\n\tAA\n\tEC\n</data>") << QVariant(QByteArray("\0\1\2", 3));
-    QTest::newRow("key given twice") << xml("<dict><key>a</key><true/><key>a</key><false/></dict>")
-                                     << QVariant(QVariantMap{{u"a"_s, false}});
-    QTest::newRow("single precision")
-        << binary({QByteArray("\x22\x3f\xc0\0\0", 5)}) << QVariant(1.5);
-    QTest::newRow("UTF-16") << binary({QByteArray("\x62\x30\x42\0A", 5)}) << QVariant(u"あA"_s);
-    QTest::newRow("16 bytes of integer")
-        << binary({'\x14' + bigEndian(0, 8) + bigEndian(7, 8)}) << QVariant(7LL);
+    const auto row = [](const QByteArray &data, const QVariant &value) {
+        QTest::newRow(rowName(data)) << data << value;
+    };
+    row("<?xml version='1.0'?><!DOCTYPE plist SYSTEM 'list.dtd'><!-- <array> --><plist><!-- a -->"
+        "<dict><!-- [ --><key>a<!-- b --></key><true></true><?order 1?></dict></plist><!-- b -->",
+        QVariantMap{{QStringLiteral("a"), true}});
+    row("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>ß</string></plist>",
+        QStringLiteral("ß"));
+    row("\xef\xbb\xbf" + xmlString("a[b"), QStringLiteral("a[b"));
+    row(xmlString("\r\n\r"), QStringLiteral("\n\n"));
+    row(xmlString("&#65;&#x1F600;&lt;<![CDATA[<x>]]>"), QStringLiteral("A\U0001F600<<x>"));
+    row(xmlString("a<!-- x --><?y z?>[b"), QStringLiteral("a[b"));
+    row(xml("<array><string/><data/><dict/><array/></array>"),
+        QVariantList{QStringLiteral(""), QByteArray(""), QVariantMap(), QVariantList()});
+    row(xml("<array><integer> +5 </integer><integer>010</integer><real> 2e3 </real></array>"),
+        QVariantList{5LL, 10LL, 2000.0});
+    const double infinity = std::numeric_limits<double>::infinity();
+    row(xml("<array><real>infinity</real><real>+infinity</real><real>-inf</real></array>"),
+        QVariantList{infinity, infinity, -infinity});
+    row(xml("<data>\n\tAA\n\tEC\n</data>"), QByteArray("\0\1\2", 3));
+    const QByteArray longest = textToSize(PropertyList::kGreatestSize);
+    row(xmlString(longest), QString::fromLatin1(longest));
 }
 
 void PropertyListTest::readsWhatOthersWrite()
@@ -296,229 +233,167 @@ void PropertyListTest::readsWhatOthersWrite()
     QTEST(value, "value");
 }
 
-void PropertyListTest::readsRealsInAnyLocale()
+void PropertyListTest::realsAreTheSameInEveryLocale()
 {
-    for (const char *const locale : {"de_DE.UTF-8", "fr_FR.UTF-8", "ru_RU.UTF-8"}) {
-        if (!std::setlocale(LC_NUMERIC, locale))
-            continue;
-        QCOMPARE(std::localeconv()->decimal_point, ",");
-        QCOMPARE(PropertyList::read(xml("<real>3.5</real>")), QVariant(3.5));
-        QVERIFY(PropertyList::write(3.5, Format::XML).contains("<real>3.5</real>"));
-        QCOMPARE(std::localeconv()->decimal_point, ",");
-        return;
-    }
-    QSKIP("no locale with a decimal comma is installed");
+    QLocale::setDefault(QLocale(QLocale::German));
+    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    const QByteArray data = PropertyList::write(-1234567.5);
+    const QVariant read = PropertyList::read(data);
+    QLocale::setDefault(QLocale::c());
+    std::setlocale(LC_ALL, "C.UTF-8");
+    QVERIFY2(data.contains("<real>-1234567.5</real>"), data.constData());
+    QCOMPARE(read, QVariant(-1234567.5));
 }
 
-void PropertyListTest::refusesToWriteOtherTypes_data()
+void PropertyListTest::tellsWhatCannotBeWritten_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QString>("complaint");
 
-    const auto row = [](const QVariant &value, const char *name) {
-        QTest::newRow(name) << value << u"a property list holds no "_s + QLatin1StringView(name);
+    int number = 0;
+    const auto row = [&number](const QVariant &value, const QByteArray &complaint) {
+        QTest::addRow("%d: %s", ++number, rowName(complaint).constData())
+            << value << QString::fromLatin1(complaint);
     };
-    row(QRect(1, 2, 3, 4), "QRect");
-    row(QStringList{u"a"_s}, "QStringList");
-    row(QVariantHash(), "QVariantHash");
-    row(QVariant::fromValue(nullptr), "std::nullptr_t");
-    row(QChar(u'a'), "QChar");
-    row(1.5F, "float");
-    row(QDate(2024, 1, 1), "QDate");
-    row(QVariant(), "invalid value");
-    row(QDateTime(), "such date");
-    QTest::newRow("year 999") << QVariant(utc(999, 1, 1, QTime(0, 0)))
-                              << u"a property list holds no such date"_s;
-    QTest::newRow("year 10000") << QVariant(utc(10000, 1, 1, QTime(0, 0)))
-                                << u"a property list holds no such date"_s;
-    QTest::newRow("half a character")
-        << QVariant(QString(QChar(0xd83d))) << u"the text is no Unicode"_s;
-    QTest::newRow("null character")
-        << QVariant(QString(QChar(u'\0'))) << u"the format holds no character U+0000"_s;
+    const auto noValue = [&row](const QVariant &value, const char *kind) {
+        row(value, QByteArray("a property list cannot hold this ") + kind);
+    };
+    noValue(QRect(1, 2, 3, 4), "QRect");
+    noValue(QStringList{QString()}, "QStringList");
+    noValue(QVariantHash(), "QVariantHash");
+    noValue(QVariant::fromValue(nullptr), "std::nullptr_t");
+    noValue(QChar(u'a'), "QChar");
+    noValue(1.5F, "float");
+    noValue(QDate(2024, 1, 1), "QDate");
+    noValue(QVariant(), "invalid value");
+    noValue(QDateTime(), "QDateTime");
+    noValue(utc("9999-12-31T23:59:59Z").addSecs(1), "QDateTime");
+    noValue(utc("0001-01-01T00:00:00Z").addSecs(-1), "QDateTime");
+
+    const QString key = QStringLiteral("50 %1");
+    const QVariantMap bell{{QStringLiteral("a\u0007"), true}};
+    const QVariantMap settings{{key, QVariantList{1, QRect()}}, {QStringLiteral("a"), 1.5F}};
+    const int depth = PropertyList::kGreatestDepth + 1;
+    row(QString(QChar(0xd83d)), "the text is no Unicode");
+    row(QString(QChar(u'\0')), "XML has no character U+0000");
+    row(QString(QChar(0xfffe)), "XML has no character U+fffe");
+    row(bell, "a\a: XML has no character U+0007");
+    row(QVariantMap{{QStringLiteral("Settings"), settings}},
+        "Settings/50 %1[1]: a property list cannot hold this QRect");
+    row(QVariantList{0, QVariantList{QVariantMap{{key, QVariant()}}}},
+        "[1][0]/50 %1: a property list cannot hold this invalid value");
+    row(nested(depth), QByteArray("[0]").repeated(depth) + ": the values are nested too deeply");
 }
 
-void PropertyListTest::refusesToWriteOtherTypes()
+void PropertyListTest::tellsWhatCannotBeWritten()
 {
     QFETCH(QVariant, value);
-    for (const Format format : {Format::XML, Format::Binary}) {
-        QString error;
-        QCOMPARE(PropertyList::write(value, format, &error), QByteArray());
-        QTEST(error, "complaint");
-        QCOMPARE(PropertyList::write(QVariantList{value}, format, &error), QByteArray());
-        QVERIFY2(error.startsWith(u"[0]: "_s), qPrintable(error));
-        QCOMPARE(PropertyList::write(value, format), QByteArray());
-    }
-}
-
-void PropertyListTest::tellsWhereTheUnwritableValueIs()
-{
-    const QVariantList pages{1, 2, QRect()};
-    const QVariantMap settings{{u"Fine"_s, 1}, {u"Pages"_s, pages}};
     QString error;
-    QCOMPARE(PropertyList::write(QVariantMap{{u"Settings"_s, settings}}, Format::XML, &error),
-             QByteArray());
-    QCOMPARE(error, u"Settings/Pages[2]: a property list holds no QRect"_s);
-
-    const QVariantMap inList{{u"Deep"_s, QVariant()}};
-    QCOMPARE(PropertyList::write(QVariantList{QVariantList{true, inList}}, Format::Binary, &error),
-             QByteArray());
-    QCOMPARE(error, u"[0][1]/Deep: a property list holds no invalid value"_s);
+    QCOMPARE(PropertyList::write(value, &error), QByteArray());
+    QTEST(error, "complaint");
+    QCOMPARE(PropertyList::write(value), QByteArray());
 }
 
-void PropertyListTest::refusesCharactersThatXMLLacks()
-{
-    const QString bell = u"a\u0007"_s;
-    QString error;
-    QCOMPARE(PropertyList::write(QVariantMap{{u"k"_s, bell}}, Format::XML, &error), QByteArray());
-    QCOMPARE(error, u"k: the format holds no character U+0007"_s);
-    QCOMPARE(PropertyList::write(QVariantMap{{bell, true}}, Format::XML), QByteArray());
-    QCOMPARE(PropertyList::read(PropertyList::write(bell, Format::Binary)), QVariant(bell));
-}
-
-void PropertyListTest::refusesToWriteDeepNesting()
-{
-    QString error;
-    QCOMPARE(PropertyList::write(nested(257), Format::XML, &error), QByteArray());
-    QVERIFY2(error.endsWith(u"[0]: the values are nested too deeply"_s), qPrintable(error));
-}
-
-void PropertyListTest::refusesMalformedXML_data()
+void PropertyListTest::tellsWhatIsMalformed_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("empty") << QByteArray() << u"the data is empty"_s;
-    QTest::newRow("text") << QByteArray("FirstPage=1") << u"line 1: "_s;
-    QTest::newRow("JSON") << QByteArray("{\"FirstPage\": 1}") << u"line 1: "_s;
-    QTest::newRow("zeros") << QByteArray(1000, '\0') << u"line 1: "_s;
-    QTest::newRow("other XML") << QByteArray("<html/>")
-                               << u"line 1: the data is no property list"_s;
-    QTest::newRow("without a list")
-        << QByteArray("<dict/>") << u"line 1: the data is no property list"_s;
-    QTest::newRow("no value") << xml("") << u"line 4: the property list is empty"_s;
-    QTest::newRow("two values") << xml("<true/><true/>")
-                                << u"line 3: there is a second value at the top level"_s;
-    QTest::newRow("not UTF-8") << xml("<string>\xff</string>") << u"the data is not in UTF-8"_s;
-    QTest::newRow("unknown element") << xml("<set/>") << u"line 3: a property list holds no"_s;
-    QTest::newRow("key as a value")
-        << xml("<key>a</key>") << u"line 3: a property list holds no \"key\""_s;
-    QTest::newRow("word for a number")
-        << xml("<integer>many</integer>") << u"line 3: \"many\" is no \"integer\""_s;
-    QTest::newRow("no number") << xml("<integer/>") << u"line 3: \"\" is no \"integer\""_s;
-    QTest::newRow("number beyond 64 bits") << xml("<integer>18446744073709551616</integer>")
-                                           << u"line 3: \"18446744073709551616\" is no"_s;
-    QTest::newRow("small number beyond 64 bits") << xml("<integer>-9223372036854775809</integer>")
-                                                 << u"line 3: \"-9223372036854775809\" is no"_s;
-    QTest::newRow("octal number") << xml("<integer>010</integer>")
-                                  << u"line 3: \"010\" is no \"integer\""_s;
-    QTest::newRow("word for a real")
-        << xml("<real>much</real>") << u"line 3: \"much\" is no \"real\""_s;
-    QTest::newRow("word for a date")
-        << xml("<date>today</date>") << u"line 3: \"today\" is no \"date\""_s;
-    QTest::newRow("no such day") << xml("<date>2023-02-29T00:00:00Z</date>")
-                                 << u"line 3: \"2023-02-29T00:00:00Z\" is no \"date\""_s;
-    QTest::newRow("no base 64") << xml("<data>A*==</data>") << u"line 3: \"A*==\" is no \"data\""_s;
-    QTest::newRow("half of base 64")
-        << xml("<data>AAE</data>") << u"line 3: \"AAE\" is no \"data\""_s;
-    QTest::newRow("truth with content")
-        << xml("<true>1</true>") << u"line 3: \"1\" is no \"true\""_s;
-    QTest::newRow("element in a text") << xml("<string><true/></string>") << u"line 3: "_s;
-    QTest::newRow("value without a key")
-        << xml("<dict><true/></dict>") << u"line 3: a value has no key"_s;
-    QTest::newRow("key without a value")
-        << xml("<dict><key>a</key></dict>") << u"line 3: the key \"a\" has no value"_s;
-    QTest::newRow("text in an array")
-        << xml("<array>a<true/></array>") << u"line 3: there is text between the values"_s;
-    QTest::newRow("CDATA in an array") << xml("<array><![CDATA[<array>]]></array>")
-                                       << u"line 3: there is text between the values"_s;
-    QTest::newRow("unknown entity") << xml("<string>&page;</string>") << u"line 3: "_s;
-    QTest::newRow("half a character") << xml("<string>&#xD83D;</string>") << u"line 3: "_s;
-    QTest::newRow("document type of its own")
-        << QByteArray("<!DOCTYPE plist [<!ENTITY a \"aa\">]><plist><string>&a;</string></plist>")
-        << u"line 1: the data declares a document type of its own"_s;
-    QTest::newRow("more after the end") << xml("<true/>") + "<plist/>" << u"line 5: "_s;
+    // The rest of a complaint that ends with a colon is Qt's.
+    const auto row = [](const QByteArray &data, const QByteArray &complaint) {
+        QTest::newRow(rowName(data)) << data << QString::fromUtf8(complaint);
+    };
+    const auto content = [&row](const QByteArray &text, const QByteArray &complaint) {
+        row(xml(text), complaint);
+    };
+    const auto noScalar = [&row](const QByteArray &element, const QByteArrayList &texts) {
+        for (const QByteArray &text : texts) {
+            row(xml("<array>\n<" + element + ">" + text + "</" + element + "></array>"),
+                "line 4: \"" + text + "\" is no \"" + element + "\"");
+        }
+    };
+
+    row("", "line 1:");
+    row("FirstPage=1", "line 1:");
+    row("{\"Pages\": [1]}", "line 1: Start tag expected.");
+    row(QByteArray(1000, '\0'), "line 1:");
+    row(QByteArray("bplist00\xd1\1\2Qa\x09", 14), "the data is not in UTF-8");
+    row(xmlString("\xff"), "the data is not in UTF-8");
+    row("<plist><true/></plist>\xe3\x81", "the data is not in UTF-8");
+    row("<html/>", "line 1: the data is no property list");
+    row("<dict/>", "line 1: the data is no property list");
+    row("<plist>\n<array><true/>", "line 2:");
+    row(xml("<true/>") + "<plist/>", "line 5:");
+    content("", "line 4: the property list is empty");
+    content("<true/>\n<true/>", "line 4: there is a second value at the top level");
+
+    content("<set/>", "line 3: a property list holds no \"set\"");
+    content("<array>\n<set><true/></set></array>", "line 4: a property list holds no \"set\"");
+    content("<x:true xmlns:x=\"y\"/>", "line 3: a property list holds no \"x:true\"");
+    content("<key>a</key>", "line 3: a property list holds no \"key\"");
+    content("<array>\n</dict>", "line 4:");
+    content("<array>a<true/></array>", "line 3: there is text between the values");
+    content("<dict>\n<![CDATA[<]]></dict>", "line 4: there is text between the values");
+    content("<dict>\n<true/></dict>", "line 4: a value has no key");
+    content("<dict><key>a</key>\n</dict>", "line 4: the key \"a\" has no value");
+    content("<dict><key>a</key><key/></dict>", "line 3: a property list holds no \"key\"");
+    content("<dict><key>a</key><true/>\n<key>a</key></dict>",
+            "line 4: the key \"a\" is there twice");
+    content("<dict><key><b>a</b></key></dict>", "line 3: a text holds \"b\"");
+    row(xmlString("\n<true/>"), "line 4: a text holds \"true\"");
+    row(xmlString("&#xD83D;"), "line 3:");
+    row(xmlString(QByteArray(1, '\0')), "line 3:");
+
+    noScalar("integer", {"", "many", "1.5", "1e3", "0x10", "1 2", "1,000", "--1",
+                         "18446744073709551616", "-9223372036854775809"});
+    noScalar("real", {"", "much", "1,5", "1e400", "0x1p3", "infinite", "infinityinity"});
+    noScalar("date", {"", "today", "2023-02-29T00:00:00Z", "2024-02-29Z", "2024-02-29T12:00Z",
+                      "2024-02-29T12:00:00", "2024-02-29T12:00:00+01:00", "2024-02-29T12:00:00 Z",
+                      "2024-02-29T12:00:00.Z", "2024-02-29T12:00:00.9999Z", "2024-02-29T24:00:00Z",
+                      "0000-01-01T00:00:00Z", "-0001-01-01T00:00:00Z", "10000-01-01T00:00:00Z"});
+    noScalar("data", {"A*==", "AAE", "A===", "=AAA", "AA=A", "AAAAA", "ÄÄÄÄ"});
+    noScalar("true", {"1"});
+    noScalar("false", {" "});
+    content("<integer>" + QByteArray(50, '1') + "</integer>",
+            "line 3: \"" + QByteArray(40, '1') + "\" is no \"integer\"");
+
+    const QByteArray tooDeep = "line 3: the values are nested too deeply";
+    const QByteArray tooLong = "the data is longer than 32768 bytes";
+    const int depth = PropertyList::kGreatestDepth + 1;
+    content(QByteArray("<array>").repeated(depth) + "<set/>", tooDeep);
+    content(QByteArray("<dict><key>a</key>").repeated(1000), tooDeep);
+    content(QByteArray("<array>").repeated(150'000), tooLong);
+    content("<integer>" + QByteArray(1 << 20, '9') + "</integer>", tooLong);
+    row(xmlString(textToSize(PropertyList::kGreatestSize + 1)), tooLong);
+
+    const QByteArray declarations = "line 1: there is a \"[\" in front of the first element";
+    const QByteArray otherFile = "<!DOCTYPE plist SYSTEM \"list.dtd\">\n<plist>";
+    row("<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><string>&a;</string></plist>", declarations);
+    row(entityBomb(), declarations);
+    row(xmlString("&page;"), "line 3:");
+    row(otherFile + "<string>a&page;b</string></plist>", "line 2: a text holds \"page\"");
+    row(otherFile + "<array>&page;</array></plist>", "line 2: there is text between the values");
 }
 
-void PropertyListTest::refusesMalformedXML()
+void PropertyListTest::tellsWhatIsMalformed()
 {
     QFETCH(QByteArray, data);
     QFETCH(QString, complaint);
     QString error;
     QVERIFY(!PropertyList::read(data, &error).isValid());
-    QVERIFY2(error.startsWith(complaint), qPrintable(error));
+    if (complaint.endsWith(u':')) {
+        QVERIFY2(error.startsWith(complaint + u' ') && error.size() > complaint.size() + 1,
+                 qPrintable(error));
+    } else {
+        QCOMPARE(error, complaint);
+    }
     QVERIFY(!PropertyList::read(data).isValid());
-}
-
-void PropertyListTest::refusesMalformedBinary_data()
-{
-    QTest::addColumn<QByteArrayList>("objects");
-    QTest::addColumn<QString>("complaint");
-
-    const auto row = [](const char *name, const QByteArrayList &objects, const QString &complaint) {
-        QTest::newRow(name) << objects << complaint;
-    };
-    const QString unknown = u"object 0 is of no known type"_s;
-    row("no objects", {}, u"object 0 is not there"_s);
-    row("null", {QByteArray("\0", 1)}, unknown);
-    row("fill", {"\x0f"}, unknown);
-    row("identifier", {QByteArray("\x80\7", 2)}, unknown);
-    row("set", {"\xc0"}, unknown);
-    row("integer of 32 bytes", {'\x15' + QByteArray(32, '\0')}, unknown);
-    row("integer beyond 64 bits", {'\x14' + QByteArray(16, '\xff')}, unknown);
-    row("real of 2 bytes", {QByteArray("\x21\0\0", 3)}, unknown);
-    row("date that is no number", {"\x33" + bigEndian(0x7ff8000000000000, 8)}, unknown);
-    row("date far away", {"\x33" + bigEndian(0x7fe0000000000000, 8)}, unknown);
-    row("date of 4 bytes", {QByteArray("\x32\0\0\0\0", 5)}, unknown);
-    row("text that is not UTF-8", {"\x52\xff\xfe"}, unknown);
-    row("text with a null character",
-        {QByteArray("\x52"
-                    "A\0",
-                    3)},
-        unknown);
-    row("half a pair", {"\x61\xd8\x3d"}, unknown);
-    row("UTF-16 with a null character", {QByteArray("\x62\0\0\0A", 5)}, unknown);
-    row("text cut off",
-        {"\x5a"
-         "short"},
-        u"object 0 is cut off"_s);
-    row("UTF-16 cut off",
-        {"\x63"
-         "short"},
-        u"object 0 is cut off"_s);
-    row("endless data", {"\x4f\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_s);
-    row("half of endless text", {"\x6f\x13\x80" + QByteArray(7, '\0')}, u"object 0 is cut off"_s);
-    row("endless array", {"\xaf\x13" + QByteArray(8, '\xff')}, u"object 0 is cut off"_s);
-    row("count of no integer", {QByteArray("\x5f\x22\0\0\0\0", 6)}, u"object 0 is not there"_s);
-    row("count of 16 bytes", {"\x5f\x14" + QByteArray(16, '\0')}, u"object 0 is not there"_s);
-    row("count that is not there", {"\x5f"}, u"object 0 is not there"_s);
-    row("element that is not there", {arrayOf({1})}, u"object 1 is not there"_s);
-    row("itself", {arrayOf({0})}, u"object 0 holds itself"_s);
-    row("itself further down", {arrayOf({1}), arrayOf({0})}, u"object 0 holds itself"_s);
-    row("key that is no text", {QByteArray("\xd1\0\1\0\1", 5), "\x09"},
-        u"object 0 has a key that is no string"_s);
-}
-
-void PropertyListTest::refusesMalformedBinary()
-{
-    QFETCH(QByteArrayList, objects);
-    QString error;
-    QVERIFY(!PropertyList::read(binary(objects), &error).isValid());
-    QTEST(error, "complaint");
-}
-
-void PropertyListTest::refusesDataCutOffAnywhere_data()
-{
-    QTest::addColumn<Format>("format");
-
-    QTest::newRow("XML") << Format::XML;
-    QTest::newRow("binary") << Format::Binary;
 }
 
 void PropertyListTest::refusesDataCutOffAnywhere()
 {
-    QFETCH(Format, format);
-    const QByteArray data = PropertyList::write(everyType(), format).trimmed();
-    QVERIFY(PropertyList::read(data).isValid());
+    const QByteArray data = PropertyList::write(everyType()).trimmed();
+    QCOMPARE(PropertyList::read(data), QVariant(everyType()));
     for (int length = 0; length < data.size(); ++length) {
         QString error;
         QVERIFY2(!PropertyList::read(data.left(length), &error).isValid(),
@@ -527,74 +402,21 @@ void PropertyListTest::refusesDataCutOffAnywhere()
     }
 }
 
-void PropertyListTest::survivesAnyDamagedByte_data()
-{
-    refusesDataCutOffAnywhere_data();
-}
-
 void PropertyListTest::survivesAnyDamagedByte()
 {
-    QFETCH(Format, format);
-    const QByteArray sound = PropertyList::write(everyType(), format);
+    const QByteArray sound = PropertyList::write(everyType());
     for (int at = 0; at < sound.size(); ++at) {
-        for (const char damage : {'\x00', '\x01', '\x0f', '\x7f', '\xa1', '\xd1', '\xff', '<'}) {
+        for (const char damage : {'\0', '\x7f', '\xa1', '<', '&', '>', '[', '/', '0'}) {
             QByteArray data = sound;
             data[at] = damage;
             QString error;
             const QVariant value = PropertyList::read(data, &error);
             QCOMPARE(value.isValid(), error.isEmpty());
-            if (value.isValid())
-                QCOMPARE(PropertyList::read(PropertyList::write(value, Format::Binary)), value);
+            if (value.isValid()) {
+                QCOMPARE(PropertyList::read(PropertyList::write(value)), value);
+            }
         }
     }
-}
-
-void PropertyListTest::refusesDeepNesting_data()
-{
-    QTest::addColumn<QByteArray>("data");
-
-    const int depth = 60'000;
-    QByteArrayList objects;
-    for (quint64 i = 1; i <= depth; ++i)
-        objects.append(arrayOf({i}));
-    objects.append("\x09");
-    QTest::newRow("binary") << binary(objects);
-    QTest::newRow("arrays in XML")
-        << xml(QByteArray("<array>").repeated(depth) + QByteArray("</array>").repeated(depth));
-    QTest::newRow("dictionaries in XML") << xml(QByteArray("<dict><key>a</key>").repeated(depth) +
-                                                "<true/>" + QByteArray("</dict>").repeated(depth));
-    QTest::newRow("one too many") << xml(QByteArray("<array>").repeated(257) + "<true/>" +
-                                         QByteArray("</array>").repeated(257));
-}
-
-void PropertyListTest::refusesDeepNesting()
-{
-    QFETCH(QByteArray, data);
-    QString error;
-    QVERIFY(!PropertyList::read(data, &error).isValid());
-    QVERIFY2(error.endsWith(u"the values are nested too deeply"_s), qPrintable(error));
-}
-
-void PropertyListTest::refusesReferencesThatUnfoldWithoutEnd()
-{
-    QByteArrayList objects;
-    for (quint64 i = 1; i <= 100; ++i)
-        objects.append(arrayOf({i, i}));
-    objects.append("\x09");
-    QString error;
-    QVERIFY(!PropertyList::read(binary(objects), &error).isValid());
-    QVERIFY2(error.endsWith(u"unfolds to too much"_s), qPrintable(error));
-}
-
-void PropertyListTest::readsValuesThatAreReferredToMoreThanOnce()
-{
-    const QVariantList pair{true, true};
-    QCOMPARE(PropertyList::read(binary({arrayOf({1, 1}), arrayOf({2, 2}), "\x09"})),
-             QVariant(QVariantList{QVariant(pair), QVariant(pair)}));
-
-    QVariantList same;
-    std::fill_n(std::back_inserter(same), 10'000, u"the same text over and over again"_s);
-    QCOMPARE(PropertyList::read(PropertyList::write(same, Format::Binary)), QVariant(same));
 }
 
 KV_CORE_TEST(PropertyListTest)

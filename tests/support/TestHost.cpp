@@ -36,7 +36,7 @@ void TestHost::changePaper(const QString &name, double height)
 
 void TestHost::setTicket(const QVariantMap &ticket)
 {
-    settings->setValue(kPrivateTicketKey, PropertyList::write(ticket, PropertyList::Format::XML));
+    settings->setValue(kPrivateTicketKey, PropertyList::write(ticket));
 }
 
 QString TestHost::marked(const char *keyword) const
