@@ -40,26 +40,40 @@ bool writeText(const QString &path, const QByteArray &text)
     return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
 }
 
+/// The version of Qt whose core library the program names as one that it needs.
+int linkedQt(const char *program)
+{
+    QFile file(QString::fromLocal8Bit(program));
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    for (const int version : {6, 5}) {
+        if (bytes.contains("libQt" + QByteArray::number(version) + "Core.so")) {
+            return version;
+        }
+    }
+    return 0;
+}
+
 std::vector<Application> table()
 {
     return {
 #ifndef KV_SANITIZED
-        {"linguist", 6, KV_QT6_TOOLS "/linguist", words("%1"), "labels.ts", "Ctrl+P", "Ctrl+Q",
-         true},
+        {"linguist", KV_QT6_TOOLS "/linguist", words("%1"), "labels.ts", "Ctrl+P", "Ctrl+Q", true},
         // It opens the dialog, but has no code yet that paints.
-        {"assistant", 6, KV_QT6_TOOLS "/assistant", {}, "", "Ctrl+P", "Ctrl+Q", false},
+        {"assistant", KV_QT6_TOOLS "/assistant", {}, "", "Ctrl+P", "Ctrl+Q", false},
 #ifdef KV_PRINTAPP_QT5
-        {"qpdfview", 5, "/usr/bin/qpdfview", words("%1"), "labels.pdf", "Ctrl+P", "Ctrl+Q", true},
-#endif
-#endif
-        {"printapp-exec", 6, KV_PRINTAPP, words("exec --own-tab"), "", "Ctrl+P", "Ctrl+Q", true},
-        {"printapp-open", 6, KV_PRINTAPP, words("open --keep"), "", "Ctrl+P", "Ctrl+Q", true},
-        {"printapp-show", 6, KV_PRINTAPP, words("show --subclass"), "", "Ctrl+P", "Ctrl+Q", true},
-#ifdef KV_PRINTAPP_QT5
-        {"printapp5-exec", 5, KV_PRINTAPP_QT5, words("exec --keep --subclass"), "", "Ctrl+P",
-         "Ctrl+Q", true},
-        {"printapp5-show", 5, KV_PRINTAPP_QT5, words("show --own-tab"), "", "Ctrl+P", "Ctrl+Q",
+        {"qt5-linguist", KV_QT5_TOOLS "/linguist", words("%1"), "labels.ts", "Ctrl+P", "Ctrl+Q",
          true},
+        // Debian 12 makes it with Qt 5, Debian 13 with Qt 6.
+        {"qpdfview", "/usr/bin/qpdfview", words("%1"), "labels.pdf", "Ctrl+P", "Ctrl+Q", true},
+#endif
+#endif
+        {"printapp-exec", KV_PRINTAPP, words("exec --own-tab"), "", "Ctrl+P", "Ctrl+Q", true},
+        {"printapp-open", KV_PRINTAPP, words("open --keep"), "", "Ctrl+P", "Ctrl+Q", true},
+        {"printapp-show", KV_PRINTAPP, words("show --subclass"), "", "Ctrl+P", "Ctrl+Q", true},
+#ifdef KV_PRINTAPP_QT5
+        {"printapp5-exec", KV_PRINTAPP_QT5, words("exec --keep --subclass"), "", "Ctrl+P", "Ctrl+Q",
+         true},
+        {"printapp5-show", KV_PRINTAPP_QT5, words("show --own-tab"), "", "Ctrl+P", "Ctrl+Q", true},
 #endif
     };
 }
@@ -69,12 +83,24 @@ std::vector<Application> Application::all()
 {
     const QByteArray chosen = qgetenv("KV_APPLICATION");
     std::vector<Application> applications;
-    for (const Application &application : table()) {
+    for (Application &application : table()) {
         if (QByteArray(application.name).startsWith(chosen)) {
+            application.qt = linkedQt(application.program);
             applications.push_back(application);
         }
     }
     return applications;
+}
+
+QString Application::whatIsMissing(const std::vector<Application> &applications)
+{
+    for (const Application &application : applications) {
+        if (application.qt == 0) {
+            return QStringLiteral("%1 is no program with Qt")
+                .arg(QLatin1String(application.program));
+        }
+    }
+    return applications.empty() ? QStringLiteral("no application") : QString();
 }
 
 QString Application::writeDocument(const QString &folder) const

@@ -10,8 +10,6 @@ struct Application
 {
     /// A row of the table of applications.
     const char *name;
-    /// The version of Qt that it is made with.
-    int qt;
     /// The path of the program.
     const char *program;
     /// What it is started with; %1 stands for the document.
@@ -23,10 +21,16 @@ struct Application
     const char *quitShortcut;
     /// Whether it prints anything when its dialog has been accepted.
     bool prints;
+    /// The version of Qt that the program is linked with; 0 when there is no such program, or none
+    /// with Qt.
+    int qt = 0;
 
     /// The applications that this build is tested with: those whose name begins with what the
     /// environment variable KV_APPLICATION says.
     static std::vector<Application> all();
+    /// Why there is nothing to test: no application, or one whose program is no program with Qt;
+    /// null when all are there.
+    static QString whatIsMissing(const std::vector<Application> &applications);
 
     /// Writes the document into a folder; its path, empty when that failed.
     QString writeDocument(const QString &folder) const;

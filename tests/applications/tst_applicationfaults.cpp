@@ -76,7 +76,7 @@ private: // NOLINT(readability-redundant-access-specifiers)
 
 void tst_applicationfaults::initTestCase()
 {
-    QVERIFY(!mApplications.empty());
+    QCOMPARE(Application::whatIsMissing(mApplications), QString());
     QCOMPARE(mDisplay.open(), QString());
 }
 

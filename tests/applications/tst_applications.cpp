@@ -62,7 +62,7 @@ private: // NOLINT(readability-redundant-access-specifiers)
 
 void tst_applications::initTestCase()
 {
-    QVERIFY(!mApplications.empty());
+    QCOMPARE(Application::whatIsMissing(mApplications), QString());
     QCOMPARE(mSite.open(), QString());
     QCOMPARE(mDisplay.open(), QString());
 }

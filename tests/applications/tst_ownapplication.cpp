@@ -49,7 +49,7 @@ private: // NOLINT(readability-redundant-access-specifiers)
 
 void tst_ownapplication::initTestCase()
 {
-    QVERIFY(!mApplications.empty());
+    QCOMPARE(Application::whatIsMissing(mApplications), QString());
     QCOMPARE(mSite.open(), QString());
     QCOMPARE(mDisplay.open(), QString());
 }
