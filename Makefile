@@ -42,7 +42,7 @@ test-release test-sanitize: test-%:
 prove: deps
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target tst_model
-	KV_MODEL_SECONDS=$(FOR) build/release/tests/tst_model
+	tests/isolated KV_MODEL_SECONDS=$(FOR) build/release/tests/tst_model
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
 coverage: deps
@@ -54,13 +54,13 @@ coverage: deps
 bench: deps
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
-	build/release/bin/kvprint-bench
+	tests/isolated build/release/bin/kvprint-bench
 
 # Photographs the panel in every language, style, theme and scale, and for the guide.
 screenshots: deps
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
-	build/release/bin/kvprint-screenshots build/screenshots docs/guide
+	tests/isolated build/release/bin/kvprint-screenshots build/screenshots docs/guide
 
 # Installs the packages that are missing.
 deps:
