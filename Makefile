@@ -53,7 +53,7 @@ test-optimised test-sanitize: test-%: deps
 prove: deps
 	cmake --preset optimised
 	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-model
-	KV_MODEL_SECONDS=$(FOR) build/optimised/tests/model tst_model
+	tests/isolated KV_MODEL_SECONDS=$(FOR) build/optimised/tests/model tst_model
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
 coverage:
@@ -67,14 +67,14 @@ bench:
 	tools/deps run qt5 bench
 	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
-	build/release/bin/kvprint-bench
+	tests/isolated build/release/bin/kvprint-bench
 
 # Photographs the panel in every language, style, theme and scale, and for the guide.
 screenshots:
 	tools/deps run qt5 screenshots
 	cmake --preset release -DKV_BUILD_SCREENSHOTS=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
-	build/release/bin/kvprint-screenshots build/screenshots docs/guide
+	tests/isolated build/release/bin/kvprint-screenshots build/screenshots docs/guide
 
 # Installs below PREFIX, and below DESTDIR when that is set.
 install: all

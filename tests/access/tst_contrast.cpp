@@ -1,7 +1,7 @@
 #include "PanelFixture.h"
+#include "support/CheckedStyles.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 
 #include <algorithm>
 #include <cmath>
@@ -106,7 +106,7 @@ void ContrastTest::textsStandOut_data()
 {
     QTest::addColumn<QString>("style");
     QTest::addColumn<bool>("isDark");
-    const QStringList styles = QStyleFactory::keys();
+    const QStringList styles = checkedStyles();
     for (const QString &style : styles) {
         QTest::addRow("%s, light", qPrintable(style)) << style << false;
         QTest::addRow("%s, dark", qPrintable(style)) << style << true;

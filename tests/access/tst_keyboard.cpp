@@ -1,10 +1,10 @@
 #include "AccessTree.h"
 #include "PanelDialog.h"
+#include "support/CheckedStyles.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QShortcut>
-#include <QStyleFactory>
 
 /// The panel worked in Qt's print dialog without a mouse.
 class KeyboardTest : public QObject
@@ -195,7 +195,7 @@ void KeyboardTest::menuIsWorkedByKeys()
 void KeyboardTest::focusIsSeen_data()
 {
     QTest::addColumn<QString>("style");
-    const QStringList styles = QStyleFactory::keys();
+    const QStringList styles = checkedStyles();
     for (const QString &style : styles) {
         QTest::newRow(qPrintable(style)) << style;
     }

@@ -146,7 +146,19 @@ Variables sourced(const QString &shell, const Prefix &prefix, Variables variable
     return after;
 }
 
-/// The variables that systemd gives the sessions of a user who has linked the file.
+/// Hides the machine's files, of all packages, from systemd: it reads none of a name that is in the
+/// user's folder too.
+void hideOthers(const QString &folder)
+{
+    for (const char *place : {"/etc", "/run", "/usr/local/lib", "/usr/lib"}) {
+        const QDir others(QLatin1String(place) + QStringLiteral("/environment.d"));
+        for (const QString &name : others.entryList(QDir::Files | QDir::System)) {
+            QFile(folder + u'/' + name).open(QIODevice::WriteOnly | QIODevice::NewOnly);
+        }
+    }
+}
+
+/// The variables that systemd gives the sessions of a user who has linked the file and no other.
 Variables generated(const Prefix &prefix, Variables variables)
 {
     const QTemporaryDir settings;
@@ -154,6 +166,7 @@ Variables generated(const Prefix &prefix, Variables variables)
     QDir().mkpath(folder);
     QFile::link(prefix.file(QStringLiteral("lib/environment.d/60-kvprint.conf")),
                 folder + QStringLiteral("/60-kvprint.conf"));
+    hideOthers(folder);
     variables.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
     const Run result = run(generator, {}, variables);
     return result.status == 0 ? variablesOf(result.output) : Variables();

@@ -1,9 +1,9 @@
 #include "PanelFixture.h"
 
+#include "support/CheckedStyles.h"
 #include "toolkit/ViewGeometry.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 
 #include <cmath>
 
@@ -122,7 +122,7 @@ void AppearanceTest::longTextsFit_data()
     QTest::addColumn<QString>("style");
     QTest::addColumn<int>("points");
     QTest::addColumn<Qt::LayoutDirection>("direction");
-    const QStringList styles = QStyleFactory::keys();
+    const QStringList styles = checkedStyles();
     for (const QString &style : styles) {
         for (const int points : {7, 9, 14, 20}) {
             QTest::addRow("%s, %d points", qPrintable(style), points)
