@@ -11,7 +11,7 @@
 namespace TestProgram {
 /// What a test class needs around it.
 enum class Application {
-    Core, ///< A QCoreApplication: nothing is shown.
+    Core,    ///< A QCoreApplication: nothing is shown.
     Widgets, ///< A QApplication.
 };
 
@@ -31,8 +31,9 @@ bool add(const Test &test);
 template <typename TestClass>
 Test testOf(const char *source, Application application)
 {
-    Test test{source, application, nullptr,
-              [] { return std::unique_ptr<QObject>(std::make_unique<TestClass>()); }};
+    Test test{source, application, nullptr, [] {
+                  return std::unique_ptr<QObject>(std::make_unique<TestClass>());
+              }};
     if constexpr (requires { TestClass::initMain(); }) {
         test.prepare = &TestClass::initMain;
     }
@@ -46,6 +47,5 @@ Test testOf(const char *source, Application application)
 #define KV_CORE_TEST(TestClass) KV_TEST_IN(TestClass, Core)
 
 #define KV_TEST_IN(TestClass, application)                                                         \
-    [[maybe_unused]] static const bool isKnown##TestClass =                                        \
-        TestProgram::add(TestProgram::testOf<TestClass>(__FILE__,                                  \
-                                                        TestProgram::Application::application));
+    [[maybe_unused]] static const bool isKnown##TestClass = TestProgram::add(                      \
+        TestProgram::testOf<TestClass>(__FILE__, TestProgram::Application::application));
