@@ -29,3 +29,5 @@ void BoundProcess::bind() const
         _exit(EXIT_FAILURE);
     }
 }
+
+#include "moc_BoundProcess.cpp"

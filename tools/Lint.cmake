@@ -1,4 +1,4 @@
-# Targets for clang-tidy, which are never built. Most of its time goes into Qt's headers, so all sources
+# Targets for clang-tidy, of which nothing is built but what moc makes. Most of its time goes into Qt's headers, so all sources
 # of a folder are one source for it.
 
 # Sets a variable to the targets that are made in the folder and those below it.
@@ -50,7 +50,7 @@ function(kv_add_lint name)
     target_sources(${lint} PRIVATE ${sources})
     # Each program has a function "main".
     set_target_properties(${lint} PROPERTIES
-        AUTOMOC OFF UNITY_BUILD_UNIQUE_ID KV_SOURCE
+        AUTOGEN_ORIGIN_DEPENDS OFF UNITY_BUILD_UNIQUE_ID KV_SOURCE
         UNITY_BUILD_CODE_BEFORE_INCLUDE "#undef main\n#define main KV_SOURCE")
 endfunction()
 

@@ -68,3 +68,5 @@ bool PanelEvents::eventFilter(QObject *watched, QEvent *event)
     }
     return false;
 }
+
+#include "moc_PanelEvents.cpp"

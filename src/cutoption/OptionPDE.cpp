@@ -200,3 +200,5 @@ QString OptionPDE13_v400_::localizedOptionTitle(const OptionRow &row, const char
     const QString title = option ? PDEUtilsMethod13::newOptionTitle(option) : QString();
     return title.isNull() ? localized(fallbackKey) : nsPDEBundle->localizedStringForKey(title);
 }
+
+#include "moc_OptionPDE.cpp"

@@ -115,3 +115,5 @@ void PrintDialogWatcher::loadExtender()
         tell(loadFault(path, loader));
     }
 }
+
+#include "moc_PrintDialogWatcher.cpp"

@@ -30,3 +30,5 @@ void DialogCallback::changePaper(const Paper &paper)
     mPageFormat.setPaper(paper);
     NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification, this);
 }
+
+#include "moc_DialogCallback.cpp"

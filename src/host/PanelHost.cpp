@@ -241,3 +241,5 @@ QList<PanelHost::SummaryLine> PanelHost::summary() const
     }
     return lines;
 }
+
+#include "moc_PanelHost.cpp"

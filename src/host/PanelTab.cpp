@@ -81,3 +81,5 @@ void PanelTab::hideEvent(QHideEvent *event)
         mHost->hide(mPanel);
     }
 }
+
+#include "moc_PanelTab.cpp"

@@ -327,3 +327,5 @@ void PrintDialogAttachment::passPanelsChoices()
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);
 }
+
+#include "moc_PrintDialogAttachment.cpp"

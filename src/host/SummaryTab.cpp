@@ -34,3 +34,5 @@ void SummaryTab::refresh()
         addTopLevelItem(new QTreeWidgetItem({line.title, line.value}));
     }
 }
+
+#include "moc_SummaryTab.cpp"

@@ -249,3 +249,5 @@ bool BasePDE13_v400_::isControlEnabled(const QWidget *control)
 {
     return control && control->isEnabledTo(control->parentWidget());
 }
+
+#include "moc_BasePDE.cpp"

@@ -108,3 +108,5 @@ void OptionView13_v400_::paintEvent(QPaintEvent *event)
     painter.scale(scale, scale);
     painter.drawPixmap(QPointF(0.0, height() / scale - picture->height() / ratio), *picture);
 }
+
+#include "moc_OptionView.cpp"

@@ -199,3 +199,5 @@ void FormatterAdapter::guardMenu(const QMenu *menu)
         }
     }
 }
+
+#include "moc_FormatterAdapter.cpp"

@@ -290,3 +290,5 @@ const QString *PDEFormatter::offendingCharacter(const Notification &notification
 {
     return notification.object == toldCharacter ? toldCharacter : nullptr;
 }
+
+#include "moc_PDEFormatter.cpp"

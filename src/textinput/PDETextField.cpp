@@ -76,3 +76,5 @@ void PDETextField13_v400_::noteEdit()
         QMetaObject::invokeMethod(this, &PDETextField13_v400_::textDidChange, Qt::QueuedConnection);
     }
 }
+
+#include "moc_PDETextField.cpp"

@@ -61,3 +61,5 @@ QString CheckBox::elidedTitle() const
     const int width = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this).width();
     return fontMetrics().elidedText(title(), Qt::ElideRight, width);
 }
+
+#include "moc_CheckBox.cpp"

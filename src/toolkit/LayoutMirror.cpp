@@ -50,3 +50,5 @@ QList<QWidget *> LayoutMirror::controls() const
 {
     return mNib->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
 }
+
+#include "moc_LayoutMirror.cpp"

@@ -155,3 +155,5 @@ void PopUpButton::describeSelection()
     QAccessibleValueChangeEvent event(this, name);
     QAccessible::updateAccessibility(&event);
 }
+
+#include "moc_PopUpButton.cpp"

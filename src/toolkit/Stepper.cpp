@@ -162,3 +162,5 @@ void Stepper::step(int by)
 {
     chooseValue(qint64(mValue) + by);
 }
+
+#include "moc_Stepper.cpp"

@@ -41,3 +41,5 @@ void TrackingArea::watchWindow()
         mWindow->installEventFilter(this);
     }
 }
+
+#include "moc_TrackingArea.cpp"

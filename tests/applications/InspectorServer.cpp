@@ -42,3 +42,5 @@ void InspectorServer::answer(QLocalSocket &asker)
     }
     asker.flush();
 }
+
+#include "moc_InspectorServer.cpp"

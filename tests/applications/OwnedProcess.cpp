@@ -25,3 +25,5 @@ void OwnedProcess::stop()
         waitForFinished(endTimeoutMs);
     }
 }
+
+#include "moc_OwnedProcess.cpp"

@@ -89,3 +89,5 @@ void PrintWindow::printPage()
         painter.drawText(100, 100, windowTitle());
     }
 }
+
+#include "moc_PrintWindow.cpp"

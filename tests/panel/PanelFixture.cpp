@@ -256,3 +256,5 @@ void PanelFixture::unmark(const char *keyword) const
         choice->marked = 0;
     }
 }
+
+#include "moc_PanelFixture.cpp"

@@ -27,3 +27,5 @@ QStringList WitnessFormatter::taken()
 {
     return std::exchange(mAsked, {});
 }
+
+#include "moc_WitnessFormatter.cpp"
