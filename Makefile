@@ -2,7 +2,7 @@
 
 JOBS ?= $(shell nproc)
 # Tests wait more than they compute.
-TEST_JOBS ?= $(shell expr 2 '*' $(JOBS))
+TEST_JOBS ?= $(shell expr 3 '*' $(JOBS))
 PREFIX ?= /usr/local
 # More options for CMake, such as -DKV_QT_VERSIONS=6 for a build without Qt 5.
 CMAKE_OPTIONS ?=
