@@ -62,12 +62,14 @@ private Q_SLOTS:
 void IsolatedTest::variablesOfTheCallerAreGone_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name :
-         {"ANY_NAME", "CUPS_SERVER", "DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "GTK_MODULES", "HOME",
-          "KVPRINT_DIALOG", "LANG", "LANGUAGE", "LC_ALL", "QT_FONT_DPI", "QT_PLUGIN_PATH",
-          "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "TZ", "XDG_CONFIG_DIRS", "XDG_CONFIG_HOME",
-          "XDG_CURRENT_DESKTOP", "XDG_DATA_DIRS"}) {
-        QTest::newRow(name) << QString::fromLatin1(name);
+    const QString names =
+        QStringLiteral("ANY_NAME CUPS_SERVER DBUS_SESSION_BUS_ADDRESS DISPLAY GTK_MODULES HOME "
+                       "KVPRINT_DIALOG LANG "
+                       "LANGUAGE LC_ALL QT_FONT_DPI QT_PLUGIN_PATH QT_QPA_PLATFORMTHEME "
+                       "QT_STYLE_OVERRIDE TMPDIR TZ "
+                       "XDG_CONFIG_DIRS XDG_CONFIG_HOME XDG_CURRENT_DESKTOP XDG_DATA_DIRS");
+    for (const QString &name : names.split(u' ')) {
+        QTest::newRow(qPrintable(name)) << name;
     }
 }
 
