@@ -48,6 +48,10 @@ function(kv_add_lint name)
     list(TRANSFORM sources REPLACE "[^/]+/\\.\\./" "")
     list(REMOVE_DUPLICATES sources)
     target_sources(${lint} PRIVATE ${sources})
+    # What moc makes of several plug-ins does not go together.
+    set_source_files_properties(
+        ${CMAKE_CURRENT_BINARY_DIR}/${lint}_autogen/mocs_compilation.cpp
+        PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     # Each program has a function "main".
     set_target_properties(${lint} PROPERTIES
         AUTOGEN_ORIGIN_DEPENDS OFF UNITY_BUILD_UNIQUE_ID KV_SOURCE
