@@ -2,6 +2,7 @@
 #include "bench/Clicks.h"
 #include "bench/Drawings.h"
 #include "bench/Interruption.h"
+#include "bench/LongEdits.h"
 #include "bench/MedianReporter.h"
 #include "bench/Openings.h"
 #include "bench/RatioTable.h"
@@ -59,12 +60,13 @@ void run(const QString &home)
     openings.add();
     clicks.add();
     drawings.add();
+    LongEdits::add();
     Tickets::add();
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     RatioTable(reporter.medians())
         .print(std::cout, {Openings::comparisons(), Clicks::comparisons(), Drawings::comparisons(),
-                           Tickets::comparisons()});
+                           LongEdits::comparisons(), Tickets::comparisons()});
 }
 
 /// Applications that do not print: a small one without a display, and one that people use.
