@@ -42,7 +42,7 @@ struct ResourceKind
     QString (*fault)(const QString &path);
 };
 
-constexpr QLatin1String formSuffix(".ui");
+const QLatin1String formSuffix(".ui");
 
 const ResourceKind checkedKinds[] = {
     {QLatin1String(".png"), pictureFault},

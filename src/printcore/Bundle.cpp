@@ -15,7 +15,7 @@
 
 namespace {
 constexpr char kDefaultTable[] = "Localizable";
-constexpr QLatin1String kTableSuffix(".qm");
+const QLatin1String kTableSuffix(".qm");
 constexpr const char *kImageTypes[] = {"png", "svg", "jpg", "bmp", "gif", "webp"};
 
 /// Whether the name stays in the folder that it is looked up in.
@@ -117,7 +117,7 @@ QString Bundle::readInfo(const QString &infoPath)
 
 QString Bundle::readEntries(const QJsonObject &info)
 {
-    static constexpr struct
+    static const struct
     {
         QLatin1String name;
         QString Bundle::*field;

@@ -23,9 +23,8 @@ struct PageRangeEnd
     quint32 unset;
 };
 
-constexpr PageRangeEnd kFirstPage{QLatin1String("com.korvane.print.settings.FirstPage"), 1};
-constexpr PageRangeEnd kLastPage{QLatin1String("com.korvane.print.settings.LastPage"),
-                                 kLastPageNumber};
+const PageRangeEnd kFirstPage{QLatin1String("com.korvane.print.settings.FirstPage"), 1};
+const PageRangeEnd kLastPage{QLatin1String("com.korvane.print.settings.LastPage"), kLastPageNumber};
 
 template <typename Value>
 OSStatus handOut(const Value &value, Value *result)

@@ -56,7 +56,7 @@ QVariant truthOf(const QString &text)
 }
 
 /// The elements that hold a text, and what it stands for: an invalid variant for nothing.
-constexpr struct
+const struct
 {
     QLatin1String name;
     QVariant (*value)(const QString &text);

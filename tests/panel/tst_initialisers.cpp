@@ -86,7 +86,7 @@ void InitialisersTest::unreadableTextFallsBackToTheLabel_data()
                                 u"Remove blank space"_s,
                                 u"Cut marks"_s};
     for (const Option option : everyOption) {
-        QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(option);
+        QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(int(option));
     }
 }
 
@@ -161,7 +161,7 @@ void InitialisersTest::rowsWithoutOptionAreLeftAsTheNibMadeThem()
     }
     fixture.panel->initUI();
     for (const Option option : everyOption) {
-        QCOMPARE(fixture.box(option)->text(), titles.at(option));
+        QCOMPARE(fixture.box(option)->text(), titles.at(int(option)));
         QVERIFY(fixture.isOn(option));
         QCOMPARE(fixture.box(option)->isEnabled(), option == OptionCatalogue::RemoveBlkSpace);
     }

@@ -101,7 +101,7 @@ void PrintTimeTest::choiceFromElsewhereBecomesTheSelection()
     PanelFixture fixture;
     fixture.load();
     const QList<Option> on = fixture.optionsOn();
-    for (const std::size_t index : {1, 0}) {
+    for (const std::size_t index : {1U, 0U}) {
         const PDEChoice *choice = fixture.panel->choices(changed)->at(index).get();
         fixture.panel->PPDOptionKeyValueDidChange(keyword, choice->ppdTitle());
         QCOMPARE(fixture.panel->selection(changed), choice);

@@ -159,7 +159,7 @@ void RefreshTest::selectionIsShownInTheBox()
     const auto shown = Option(option);
     PanelFixture fixture(printerWith(shown, {"A", "B", "C"}, "A"));
     fixture.load();
-    for (const std::size_t index : {1, 0, 2}) {
+    for (const std::size_t index : {1U, 0U, 2U}) {
         fixture.panel->select(shown, choiceAt(fixture, shown, index));
         for (const bool before : {true, false}) {
             fixture.setOn(shown, before);
@@ -200,7 +200,7 @@ void RefreshTest::foreignSelectionIsNotShown()
     PanelFixture fixture;
     fixture.load();
     for (const bool before : {true, false}) {
-        for (const std::size_t index : {1, 0}) {
+        for (const std::size_t index : {1U, 0U}) {
             fixture.setOn(shown, before);
             fixture.panel->select(shown, choiceAt(other, shown, index));
             fixture.panel->updateUIItem(factsOf(shown).itemType);
@@ -277,7 +277,7 @@ void RefreshTest::cutEveryBoxShowsAutoCut()
     // Whether or not the count's selection is one of the option's own.
     for (const PDEChoice *count : {choiceAt(fixture, cutEvery, 4), choiceAt(other, cutEvery, 4)}) {
         fixture.panel->select(cutEvery, count);
-        for (const std::size_t index : {1, 0}) {
+        for (const std::size_t index : {1U, 0U}) {
             fixture.panel->mAutoCut_CutEvery_Selection = choiceAt(fixture, autoCut, index);
             fixture.setOn(cutEvery, index == 0);
             fixture.panel->updateUIItem(0x100);

@@ -285,7 +285,7 @@ void SummaryTest::unreadableTextFallsBackToTheSummaryTitle_data()
                                 u"Auto cut"_s,     u"Half cut"_s,           u"Chain printing"_s,
                                 u"Special tape"_s, u"Remove blank space"_s, u"Cut marks"_s};
     for (const Option option : everyOption) {
-        QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(option);
+        QTest::newRow(factsOf(option).keyword) << int(option) << titles.at(int(option));
     }
 }
 
