@@ -18,11 +18,6 @@ constexpr char translations[] = R"(<?xml version="1.0" encoding="utf-8"?>
 </TS>
 )";
 
-QStringList words(const char *line)
-{
-    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 bool writePDF(const QString &path)
 {
     QPdfWriter writer(path);
@@ -78,6 +73,11 @@ std::vector<Application> table()
     };
 }
 } // namespace
+
+QStringList words(const char *line)
+{
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
 
 std::vector<Application> Application::all()
 {

@@ -5,6 +5,9 @@
 
 #include <vector>
 
+/// The words of a line.
+QStringList words(const char *line);
+
 /// An application whose print dialog is tested, as a user knows it.
 struct Application
 {

@@ -1,3 +1,4 @@
+#include "Application.h"
 #include "ApplicationSession.h"
 #include "DisplayServer.h"
 #include "JobTicket.h"
@@ -11,12 +12,6 @@
 
 namespace {
 const QString plugIn = QStringLiteral("libkvprintdialog.so");
-
-/// "KvA=1 KvB=2", one by one.
-QStringList words(const char *line)
-{
-    return QString::fromLatin1(line).split(QLatin1Char(' '));
-}
 
 QStringList librariesOfDialogs(int qt)
 {

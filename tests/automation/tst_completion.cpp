@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr int runTimeoutMs = 60'000;
+constexpr int shellTimeoutMs = 60'000;
 
 const QString completionFile = QStringLiteral(KV_SOURCE_FOLDER "/resources/completion/kvprint");
 const QString manualPage = QStringLiteral(KV_SOURCE_FOLDER "/docs/man/kvprint.1");
@@ -60,7 +60,7 @@ Run run(const Program &program, const QString &folder = QDir::tempPath())
     process.write(program.input);
     process.closeWriteChannel();
     Run run;
-    if (process.waitForFinished(runTimeoutMs) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(shellTimeoutMs) && process.exitStatus() == QProcess::NormalExit) {
         run.status = process.exitCode();
     } else {
         process.kill();

@@ -8,7 +8,7 @@
 namespace {
 using Variables = QMap<QString, QString>;
 
-constexpr int timeoutMs = 60'000;
+constexpr int sessionTimeoutMs = 60'000;
 const QString plugins = QStringLiteral("QT_QPA_GENERIC_PLUGINS");
 const QString path = QStringLiteral("QT_PLUGIN_PATH");
 const QString generator = QStringLiteral(
@@ -34,7 +34,7 @@ Run run(const QString &program, const QStringList &arguments, const Variables &v
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
     Run run;
-    if (process.waitForFinished(timeoutMs) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(sessionTimeoutMs) && process.exitStatus() == QProcess::NormalExit) {
         run.status = process.exitCode();
     }
     run.output = QString::fromLocal8Bit(process.readAllStandardOutput());

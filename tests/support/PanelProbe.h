@@ -9,8 +9,6 @@
 /// The panel with its outlets and state open to a test.
 class PanelProbe : public OptionPDE13_v400_
 {
-    Q_OBJECT
-
 public:
     PanelProbe(std::shared_ptr<PDEPluginCallback13_v400_> callback, std::shared_ptr<Bundle> bundle)
         : OptionPDE13_v400_(std::move(callback), std::move(bundle))
