@@ -1,10 +1,9 @@
 #include "BundleFolder.h"
 
-#include "support/BundleTree.h"
-
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
+
+#include <filesystem>
 
 #include <sys/stat.h>
 
@@ -12,8 +11,12 @@ BundleFolder::BundleFolder() = default;
 
 bool BundleFolder::add(const QString &name) const
 {
-    return BundleTree::copy(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde"),
-                            mFolder.filePath(name));
+    // QFile::copy() would wait for the disk with each file.
+    std::error_code error;
+    std::filesystem::copy(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde",
+                          QFile::encodeName(mFolder.filePath(name)).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
 }
 
 bool BundleFolder::addOdd(const QString &name, const QString &kind) const
@@ -45,14 +48,14 @@ bool BundleFolder::remove(const QString &file) const
 bool BundleFolder::overwrite(const QString &file, const QByteArray &bytes) const
 {
     QFile target(path(file));
-    return BundleTree::separate(target.fileName()) && target.open(QIODevice::WriteOnly) &&
+    return target.exists() && target.open(QIODevice::WriteOnly) &&
            target.write(bytes) == bytes.size();
 }
 
 bool BundleFolder::truncate(const QString &file, qint64 size) const
 {
     QFile target(path(file));
-    return target.size() > size && BundleTree::separate(target.fileName()) && target.resize(size);
+    return target.size() > size && target.resize(size);
 }
 
 bool BundleFolder::replace(const QString &file, const QString &by) const
@@ -77,7 +80,5 @@ bool BundleFolder::replaceByLink(const QString &file, const QString &target) con
 
 bool BundleFolder::setMode(const QString &file, unsigned int mode) const
 {
-    const QString changed = path(file);
-    return (!QFileInfo(changed).isFile() || BundleTree::separate(changed)) &&
-           chmod(QFile::encodeName(changed).constData(), mode) == 0;
+    return chmod(QFile::encodeName(path(file)).constData(), mode) == 0;
 }

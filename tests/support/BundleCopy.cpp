@@ -1,14 +1,25 @@
 #include "support/BundleCopy.h"
 
 #include "printcore/QtVersions.h"
-#include "support/BundleTree.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <filesystem>
+
+namespace {
+bool copyFiles(const char *from, const QString &to)
+{
+    // QFile::copy() would wait for the disk with each file.
+    std::error_code error;
+    std::filesystem::copy(from, QFile::encodeName(to).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
+}
+} // namespace
+
 BundleCopy::BundleCopy()
-    : mIsCopied(mFolder.isValid() &&
-                BundleTree::copy(QStringLiteral(KV_BUNDLE_DIR), mFolder.path()))
+    : mIsCopied(mFolder.isValid() && copyFiles(KV_BUNDLE_DIR, mFolder.path()))
 {
 }
 
