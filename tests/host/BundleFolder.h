@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/MemoryFolder.h"
+
 #include <QMetaType>
 #include <QString>
 #include <QTemporaryDir>
@@ -36,7 +38,7 @@ public:
     bool setMode(const QString &file, unsigned int mode) const;
 
 private:
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{memoryFolderPattern(QStringLiteral("bundle"))};
 };
 
 /// A change to a bundle; answers false when it fails.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "printcore/Bundle.h"
+#include "support/MemoryFolder.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -30,6 +31,6 @@ private:
     QString resources() const;
     QString nibPath() const;
 
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{memoryFolderPattern(QStringLiteral("bundle"))};
     bool mIsCopied = false;
 };
