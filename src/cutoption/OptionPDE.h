@@ -76,7 +76,7 @@ public:
     void setTapeState(qint32 state) { mTapeState = state; }
     qint32 getTapeState() const { return mTapeState; }
 
-    /// The user clicked a check box.
+    /// The user ticked a check box or took the tick away.
     void changeOption(QAbstractButton *sender);
     /// The user chose a preset from the menu.
     void changeOptionPopUpButton(QObject *sender);
@@ -225,6 +225,12 @@ private:
     void applyCutEveryRules();
     void setCountEnabled(bool enabled);
 
+    /// Somebody ticked a box: as a click, which does nothing to a disabled one.
+    void takeTick(CheckBox *box);
+    /// Somebody edited the count: as keys, which do nothing to a disabled field.
+    void takeCount(QLineEdit *field, const QString &before);
+    /// Warns of auto cut on heat-shrink tube; false when that was the end of the panel.
+    bool warnOfAutoCut();
     void recordChoice(int index, const char *keyword, const ChoiceList *choices, quint32 itemType);
 
     void saveOption(const OptionRow &row);

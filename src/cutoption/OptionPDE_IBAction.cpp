@@ -5,6 +5,7 @@
 #include "ppd/TapeInfo.h"
 #include "preview/OptionView.h"
 #include "printcore/IntegerValue.h"
+#include "textinput/FieldEdits.h"
 #include "toolkit/Alert.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
@@ -22,6 +23,24 @@ qint32 clampedTo(const CountBounds &bounds, qint32 count)
 }
 } // namespace
 
+void OptionPDE13_v400_::takeTick(CheckBox *box)
+{
+    if (box->isEnabled()) {
+        changeOption(box);
+    } else {
+        box->setState(!box->isChecked());
+    }
+}
+
+void OptionPDE13_v400_::takeCount(QLineEdit *field, const QString &before)
+{
+    if (field->isEnabled()) {
+        controlTextDidChange(field);
+    } else {
+        FieldEdits::setText(field, before);
+    }
+}
+
 void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
 {
     if (mOptionView) {
@@ -34,8 +53,8 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
     if (row != rows.end()) {
         const bool isOn = sender->isChecked();
         const bool isCutEvery = row->itemType == CutEveryItem;
-        if (isCutEvery && isOn && isHSPaper()) {
-            runModalAlert(kPDEView, panelName(), localized("RS_Alrt_AutoCutWithHS"));
+        if (isCutEvery && isOn && isHSPaper() && !warnOfAutoCut()) {
+            return;
         }
         // The cut-every box drives the auto-cut keyword; its count is the field's business.
         const OptionRow &recorded = isCutEvery ? rows[OptionCatalogue::AutoCut] : *row;
@@ -43,6 +62,14 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
                      row->itemType);
     }
     enabledCheck_OP();
+}
+
+bool OptionPDE13_v400_::warnOfAutoCut()
+{
+    // An application may do away with its dialog as soon as another window comes up.
+    const QPointer<OptionPDE13_v400_> self(this);
+    openAlert(kPDEView, panelName(), localized("RS_Alrt_AutoCutWithHS"));
+    return self;
 }
 
 void OptionPDE13_v400_::recordChoice(int index, const char *keyword, const ChoiceList *choices,
@@ -68,9 +95,7 @@ void OptionPDE13_v400_::changeCutEveryValue(QObject *sender)
         if (mCutEveryStpr) {
             mCutEveryStpr->setIntValue(count);
         }
-        if (mCutEveryTxBx) {
-            mCutEveryTxBx->setText(QString::number(count));
-        }
+        FieldEdits::setText(mCutEveryTxBx, QString::number(count));
     }
     const qint64 index = qint64(count) - bounds.smallest;
     recordChoice(int(std::clamp<qint64>(index, -1, std::numeric_limits<int>::max())),

@@ -5,6 +5,7 @@
 #include "ppd/TapeInfo.h"
 #include "printcore/IntegerValue.h"
 #include "printcore/SystemEncoding.h"
+#include "textinput/FieldEdits.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/Stepper.h"
 
@@ -32,7 +33,7 @@ void OptionPDE13_v400_::initializeUI_CutLabel()
     const QString count = SystemEncoding::decode(mCutEvery_Option->defchoice);
     if (mCutEveryTxBx) {
         setControlEnabled(mCutEveryTxBx, true);
-        mCutEveryTxBx->setText(count);
+        FieldEdits::setText(mCutEveryTxBx, count);
     }
     if (mCutEveryStpr) {
         setControlEnabled(mCutEveryStpr, true);
@@ -103,7 +104,7 @@ void OptionPDE13_v400_::showTitleAndDefault(const OptionRow &row)
     box->setTitle(localizedOptionTitle(row, row.labelKey));
     if (!choices->empty()) {
         const ppd_option_t *option = choices->front()->choice()->option;
-        box->setChecked(std::strncmp(option->defchoice, row.checkedKeyword, PPD_MAX_NAME) == 0);
+        box->setState(std::strncmp(option->defchoice, row.checkedKeyword, PPD_MAX_NAME) == 0);
     }
 }
 

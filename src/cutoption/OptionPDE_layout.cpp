@@ -3,6 +3,7 @@
 #include "cutoption/OptionCatalogue.h"
 #include "preview/OptionView.h"
 #include "preview/OptionViewAccessible.h"
+#include "textinput/FieldEdits.h"
 #include "textinput/PDETextField.h"
 #include "toolkit/AccessibleRegistration.h"
 #include "toolkit/CheckBox.h"
@@ -11,7 +12,9 @@
 #include "toolkit/Stepper.h"
 #include "toolkit/ViewGeometry.h"
 
+#include <QDebug>
 #include <QIcon>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -80,10 +83,30 @@ const LayoutRow layoutRows[] = {
     {OptionCatalogue::RemoveBlkSpace, rowHeight, {}, {}},
 };
 
-template <typename Control>
-void connectOutlet(QWidget *nib, const char *name, Control &outlet)
+/// Tells of a control that is of another class than its outlet, once, and hides it: nothing would
+/// happen when it is used.
+void dropStranger(QWidget *control, const QMetaObject &wanted)
 {
-    outlet = nib->findChild<std::remove_pointer_t<decltype(outlet.data())> *>(QLatin1String(name));
+    static QSet<QString> told;
+    control->hide();
+    const QString problem =
+        QStringLiteral("OptionPDE.ui: %1 is a %2 where a %3 is needed; it is not shown")
+            .arg(control->objectName(), QLatin1String(control->metaObject()->className()),
+                 QLatin1String(wanted.className()));
+    if (!told.contains(problem)) {
+        told.insert(problem);
+        qWarning().noquote() << problem;
+    }
+}
+
+template <typename Control>
+void connectOutlet(QWidget *nib, const char *name, QPointer<Control> &outlet)
+{
+    outlet = nib->findChild<Control *>(QLatin1String(name));
+    auto *stranger = outlet ? nullptr : nib->findChild<QWidget *>(QLatin1String(name));
+    if (stranger) {
+        dropStranger(stranger, Control::staticMetaObject);
+    }
 }
 
 void nameOption(QWidget *control, const OptionRow &row)
@@ -151,7 +174,7 @@ void OptionPDE13_v400_::connectActions()
 {
     for (const OptionRow &row : OptionCatalogue::rows) {
         if (CheckBox *box = this->*row.checkBox) {
-            connect(box, &CheckBox::clicked, this, [this, box] { changeOption(box); });
+            connect(box, &CheckBox::chosen, this, [this, box] { takeTick(box); });
         }
     }
     if (PopUpButton *popUp = mOptionPopUpButton) {
@@ -166,8 +189,8 @@ void OptionPDE13_v400_::connectActions()
     // A field that announces its edits itself leaves the panel out.
     QLineEdit *field = mCutEveryTxBx;
     if (field && !qobject_cast<PDETextField13_v400_ *>(field)) {
-        connect(field, &QLineEdit::textEdited, this,
-                [this, field] { controlTextDidChange(field); });
+        connect(FieldEdits::of(field), &FieldEdits::edited, this,
+                [this, field](const QString &before) { takeCount(field, before); });
     }
 }
 

@@ -5,6 +5,7 @@
 #include "ppd/TapeInfo.h"
 #include "preview/OptionView.h"
 #include "printcore/IntegerValue.h"
+#include "textinput/FieldEdits.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
@@ -44,7 +45,7 @@ constexpr Setting presetSettings[lastTag][std::size(presetColumns)] = {
 void setState(CheckBox *box, bool on)
 {
     if (box) {
-        box->setChecked(on);
+        box->setState(on);
     }
 }
 
@@ -149,9 +150,7 @@ void OptionPDE13_v400_::showCutEverySelection()
     }
     if (indexOfIdentical(mCutEvery_Choices.get(), mCutEvery_Selection) >= 0) {
         const QString count = QString::fromUtf8(mCutEvery_Selection->choice()->choice);
-        if (mCutEveryTxBx) {
-            mCutEveryTxBx->setText(count);
-        }
+        FieldEdits::setText(mCutEveryTxBx, count);
         if (mCutEveryStpr) {
             mCutEveryStpr->setIntValue(integerValue(count));
         }

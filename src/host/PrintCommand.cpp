@@ -4,11 +4,9 @@
 #include "host/JobSubmission.h"
 #include "host/OptionCheck.h"
 #include "host/PPDFile.h"
-#include "host/PrintDialogAttachment.h"
 #include "host/PrintQueue.h"
 
 #include <QFileInfo>
-#include <QPrintDialog>
 #include <QPrinterInfo>
 
 namespace {
@@ -94,7 +92,10 @@ PrintCommand::PrintCommand(CommandLine commandLine, QString bundleFolder)
 {
 }
 
-PrintCommand::~PrintCommand() = default;
+PrintCommand::~PrintCommand()
+{
+    delete mDialog;
+}
 
 QString PrintCommand::faultOfFiles() const
 {
@@ -138,14 +139,14 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mPrinter->setCopyCount(takeCopies());
     mOptionsAtStart = untouchedJobOptions();
     mOptionsAtStart.merge(optionsOfPrinter());
-    mDialog = std::make_unique<QPrintDialog>(mPrinter.get());
+    mDialog = new QPrintDialog(mPrinter.get());
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
     mDialog->setMinMax(1, mostPages);
     mDialog->setWindowTitle(HostText().text("Print %1").arg(mPrinter->docName()));
     mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
-    mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices,
-                                            mCommandLine.options);
-    return mDialog.get();
+    mAttachment =
+        new PrintDialogAttachment(mDialog, mBundles, mReporter, mLastChoices, mCommandLine.options);
+    return mDialog;
 }
 
 int PrintCommand::takeCopies()
@@ -188,7 +189,7 @@ JobOptions PrintCommand::optionsOfJob() const
 ExitStatus PrintCommand::print()
 {
     mJobId = 0;
-    if (mAttachment->isRefused()) {
+    if (!mAttachment || mAttachment->isRefused()) {
         return ExitStatus::NotPrinted;
     }
     QString error;

@@ -3,14 +3,13 @@
 #include "host/CommandLine.h"
 #include "host/LastChoices.h"
 #include "host/PanelBundle.h"
+#include "host/PrintDialogAttachment.h"
 #include "host/ProblemReporter.h"
 
+#include <QPrintDialog>
 #include <QPrinter>
 
 #include <memory>
-
-class PrintDialogAttachment;
-class QPrintDialog;
 
 /// kvprint's exit statuses.
 enum class ExitStatus {
@@ -39,7 +38,7 @@ public:
     /// The whole run, with the user at the dialog.
     ExitStatus run();
 
-    /// The attachment to the dialog; null before prepare().
+    /// The attachment to the dialog; null before prepare(), and when the dialog has been deleted.
     PrintDialogAttachment *attachment() const { return mAttachment; }
     /// The number of the job that print() sent; 0 for none.
     int jobId() const { return mJobId; }
@@ -60,8 +59,9 @@ private:
     PanelBundles mBundles;
     LastChoices mLastChoices;
     std::unique_ptr<QPrinter> mPrinter;
-    std::unique_ptr<QPrintDialog> mDialog;
-    PrintDialogAttachment *mAttachment = nullptr;
+    /// Deleted with the command; null when somebody else has deleted it.
+    QPointer<QPrintDialog> mDialog;
+    QPointer<PrintDialogAttachment> mAttachment;
     /// What the dialog says as long as the user has not touched it.
     JobOptions mOptionsAtStart;
     int mJobId = 0;

@@ -79,8 +79,10 @@ void BasePDE13_v400_::connectOutlets(QWidget *nib)
 {
     const QString name = QStringLiteral("kPDEView");
     kPDEView = nib->objectName() == name ? nib : nib->findChild<QWidget *>(name);
-    if (kPDEView) {
+    if (const QWidget *view = kPDEView) {
         new TrackingArea(kPDEView);
+        // Another object may come to have the view's address.
+        connect(view, &QObject::destroyed, this, [this, view] { stopWaitingFor(view); });
     }
 }
 
@@ -212,16 +214,23 @@ void BasePDE13_v400_::setViewFrameSize(const QSizeF &size)
         pdePluginCallbackObject->panelViewDidResize();
         return;
     }
-    NotificationCenter::defaultCenter().addObserver(
-        this, [this](const Notification &notification) { dialogDidExpand(notification); },
-        NSViewDidUpdateTrackingAreasNotification, kPDEView);
+    if (kPDEView) {
+        NotificationCenter::defaultCenter().addObserver(
+            this, [this](const Notification &notification) { dialogDidExpand(notification); },
+            NSViewDidUpdateTrackingAreasNotification, kPDEView);
+    }
 }
 
 void BasePDE13_v400_::dialogDidExpand(const Notification &)
 {
-    NotificationCenter::defaultCenter().removeObserver(
-        this, NSViewDidUpdateTrackingAreasNotification, kPDEView);
+    stopWaitingFor(kPDEView);
     pdePluginCallbackObject->panelViewDidResize();
+}
+
+void BasePDE13_v400_::stopWaitingFor(const QWidget *view)
+{
+    NotificationCenter::defaultCenter().removeObserver(
+        this, NSViewDidUpdateTrackingAreasNotification, view);
 }
 
 void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,

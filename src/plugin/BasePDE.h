@@ -109,7 +109,8 @@ public:
 
     /**
      * Resizes the view and tells the dialog so: at once when the active window is more than 96
-     * points taller than the view, else as soon as the view's place on the screen has changed.
+     * points taller than the view, else as soon as the view's place on the screen has changed. A
+     * view that is gone by then is not waited for.
      *
      * @param size in points.
      */
@@ -163,6 +164,8 @@ protected:
 
 private:
     void copyDeviceURI();
+    /// No longer waits for the view's place on the screen to change.
+    void stopWaitingFor(const QWidget *view);
 
     QPointer<QWidget> mNib;
 };

@@ -228,5 +228,5 @@ private:
 QString descriptionWithCalendarFormat(const QDateTime &date, const QString &format,
                                       const QVariantMap &locale)
 {
-    return DateDescriber(date, locale).described(format);
+    return date.isValid() ? DateDescriber(date, locale).described(format) : QString();
 }

@@ -32,6 +32,7 @@
  *        "NSShortWeekDayNameArray" (from Sunday on), "NSMonthNameArray", "NSShortMonthNameArray",
  *        "NSAMPMDesignation", "NSDateFormatString", "NSTimeFormatString" and
  *        "NSTimeDateFormatString"; English for those that are missing.
+ * @return null for a date that is not valid.
  */
 QString descriptionWithCalendarFormat(const QDateTime &date, const QString &format,
                                       const QVariantMap &locale);

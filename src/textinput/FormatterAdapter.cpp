@@ -1,5 +1,6 @@
 #include "textinput/FormatterAdapter.h"
 
+#include "textinput/FieldEdits.h"
 #include "textinput/PDEFormatter.h"
 #include "textinput/ProposedEdit.h"
 
@@ -21,6 +22,20 @@ FormatterAdapter *adapterOf(const QLineEdit *field)
     return field->findChild<FormatterAdapter *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
+/// Whether the event is of a kind by which a user changes texts.
+bool mayEdit(const QEvent &event)
+{
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+    case QEvent::Drop:
+    case QEvent::MouseButtonRelease:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Whether the action pasted into the field; it no longer does.
 bool takePasteFrom(QAction *action, QLineEdit *field)
 {
@@ -37,6 +52,7 @@ void FormatterAdapter::attach(PDEFormatter *formatter, QLineEdit *field)
     }
     if (adapter) {
         adapter->mFormatter = formatter;
+        adapter->standIn();
     }
 }
 
@@ -49,18 +65,47 @@ PDEFormatter *FormatterAdapter::formatterOf(const QLineEdit *field)
 FormatterAdapter::FormatterAdapter(QLineEdit *field)
     : QValidator(field)
     , mField(field)
-    , mValidator(field->validator())
 {
     noteText();
     field->installEventFilter(this);
-    field->setValidator(this);
     connect(field, &QLineEdit::textChanged, this, &FormatterAdapter::noteText);
     connect(field, &QLineEdit::selectionChanged, this, &FormatterAdapter::noteSelection);
     connect(field, &QLineEdit::cursorPositionChanged, this, &FormatterAdapter::noteSelection);
 }
 
+/// Takes the place of the validator that the program has set, which goes on validating.
+void FormatterAdapter::standIn()
+{
+    if (mField->validator() == this) {
+        return;
+    }
+    mValidator = mField->validator();
+    mField->setValidator(this);
+    QString text = mField->text();
+    int caret = mField->cursorPosition();
+    const bool isMasked = !mField->inputMask().isEmpty();
+    if (mValidator && !isMasked && mValidator->validate(text, caret) == Invalid) {
+        vouchForText();
+    }
+}
+
+/// Has a field that holds an invalid text take it for one that may stay: it would undo nothing
+/// else.
+void FormatterAdapter::vouchForText()
+{
+    const QSignalBlocker blocker(mField);
+    const QString text = mField->text();
+    const Selection selected = selection();
+    mField->setText(QString());
+    mField->setText(text);
+    mField->setSelection(selected.anchor, selected.caret - selected.anchor);
+}
+
 bool FormatterAdapter::eventFilter(QObject *, QEvent *event)
 {
+    if (mayEdit(*event)) {
+        standIn();
+    }
     if (event->type() == QEvent::ChildPolished) {
         guardMenu(qobject_cast<QMenu *>(static_cast<QChildEvent *>(event)->child()));
     } else if (event->type() == QEvent::DragEnter) {
@@ -120,22 +165,34 @@ QValidator::State FormatterAdapter::validate(QString &text, int &caret) const
 {
     const FieldText after{text, {caret, 0}};
     // The field also asks about the text that it has.
-    if (mFormatter && text != mBefore.text && !mayBecome(after)) {
+    const bool isNew = text != mBefore.text;
+    const bool isFree = isNew && isUnchecked(after);
+    if (isNew && !isFree && !mayBecome(after)) {
         return Invalid;
     }
     const State state = mValidator ? mValidator->validate(text, caret) : Acceptable;
-    if (state != Invalid) {
-        mBefore = {text, {caret, 0}};
+    // What a field keeps although it is invalid must not be told to be: the field would keep any
+    // edit from then on, refused ones too.
+    const bool isKept = !isNew || isFree || mIsInvalid;
+    if (state == Invalid && !isKept) {
+        return Invalid;
     }
-    return state;
+    mIsInvalid = state == Invalid;
+    mBefore = {text, {caret, 0}};
+    return mIsInvalid ? Intermediate : state;
+}
+
+/// Whether the text comes from the program or from the field's history.
+bool FormatterAdapter::isUnchecked(const FieldText &after) const
+{
+    const bool isHistory = isUndoOrRedo(after);
+    return isHistory || !mField->isUndoAvailable();
 }
 
 bool FormatterAdapter::mayBecome(const FieldText &after) const
 {
-    const bool isHistory = isUndoOrRedo(after);
-    const bool isSetByProgram = !mField->isUndoAvailable();
     const bool wasAllowed = std::exchange(mAllowed, std::nullopt) == after;
-    return isHistory || isSetByProgram || wasAllowed || isValid({mBefore, after});
+    return !mFormatter || wasAllowed || isValid({mBefore, after});
 }
 
 /// Whether the edit is one of the field's history, which only an undo leaves something to redo.
@@ -157,7 +214,22 @@ void FormatterAdapter::fixup(QString &text) const
 
 void FormatterAdapter::noteText()
 {
+    if (mField->validator() != this) {
+        standIn();
+        takeBackRefusedEdit();
+    }
     mBefore = FieldText::of(*mField);
+}
+
+/// Does away with an edit that another validator has let pass, if the formatter refuses it.
+void FormatterAdapter::takeBackRefusedEdit()
+{
+    const FieldText before = mBefore;
+    const FieldText after = FieldText::of(*mField);
+    if (!isUnchecked(after) && !mayBecome(after)) {
+        FieldEdits::setText(mField, before.text);
+        mField->setSelection(int(before.selection.location), int(before.selection.length));
+    }
 }
 
 void FormatterAdapter::noteSelection()
@@ -182,6 +254,7 @@ FormatterAdapter::Selection FormatterAdapter::selection() const
 /// Pastes for the actions of the field's menus, which the field does not hear of as events.
 void FormatterAdapter::paste()
 {
+    standIn();
     const auto edit = mFormatter
                           ? ProposedEdit::insertion(*mField, QGuiApplication::clipboard()->text())
                           : std::nullopt;

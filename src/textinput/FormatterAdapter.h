@@ -23,8 +23,9 @@ struct ProposedEdit;
  *
  * What gets to the line edit in another way (its slots paste() and insert() called by the program,
  * a click of the middle button, events that a spin box hands on) is checked by the field's
- * validator, which the adapter is: a refused edit of that kind costs what could be redone, and an
- * observer that is told of it must not destroy the field.
+ * validator, which the adapter is: a refused edit of that kind costs what could be redone, and
+ * right after the program has set a validator what could be undone, too. An observer that is told
+ * of it must not destroy the field.
  */
 class FormatterAdapter : public QValidator
 {
@@ -34,8 +35,9 @@ public:
     /**
      * Lets the formatter check the field's edits from now on, in the place of any former one.
      *
-     * A validator that the field has goes on validating. The field does not own the formatter, and
-     * takes any text once that is destroyed.
+     * A validator that the field has, or that the program sets later, goes on validating. The field
+     * does not own the formatter, and takes any text once that is destroyed. What can be undone is
+     * lost when the text is one that the validator does not allow.
      *
      * @param formatter may check several fields; null for none.
      */
@@ -59,9 +61,13 @@ private:
     explicit FormatterAdapter(QLineEdit *field);
 
     static void dismiss(QEvent *event);
+    void standIn();
+    void vouchForText();
+    void takeBackRefusedEdit();
     void leaveField(const QEvent &event, const FieldText &before);
     bool isAllowed(const ProposedEdit &edit);
     bool isValid(const ProposedEdit &edit) const;
+    bool isUnchecked(const FieldText &after) const;
     bool mayBecome(const FieldText &after) const;
     bool isUndoOrRedo(const FieldText &after) const;
     void noteText();
@@ -75,6 +81,8 @@ private:
     QPointer<const QValidator> mValidator;
     /// The selection when a drag came over the field, for the drag takes it away.
     Selection mBeforeDrag;
+    /// Whether the validator does not allow what the field holds.
+    mutable bool mIsInvalid = false;
     /// What the field held before the edit that is being made, if any.
     mutable FieldText mBefore;
     /// What comes of an edit that is allowed and about to be made.

@@ -45,14 +45,18 @@ std::optional<qint32> integerOf(const QVariant &value)
     return isInteger ? std::optional<qint32>(number) : std::nullopt;
 }
 
-PDEFormatter *formatterOwnedBy(QLineEdit *field)
+/// The formatter that checks the field's edits; one that the field owns where there was none.
+PDEFormatter *formatterFor(QLineEdit *field)
 {
+    if (PDEFormatter *attached = FormatterAdapter::formatterOf(field)) {
+        return attached;
+    }
     auto *formatter = field->findChild<PDEFormatter *>(QString(), Qt::FindDirectChildrenOnly);
     if (!formatter) {
         formatter = PDEFormatter::init().release();
         formatter->setParent(field);
-        FormatterAdapter::attach(formatter, field);
     }
+    FormatterAdapter::attach(formatter, field);
     return formatter;
 }
 } // namespace
@@ -67,9 +71,9 @@ void FormatterProperties::apply(QLineEdit *field, const QByteArray &name)
     }
     const QVariant value = field->property(name.constData());
     if (!value.isValid()) {
-        property->clear(formatterOwnedBy(field));
+        property->clear(formatterFor(field));
     } else if (const std::optional<qint32> number = integerOf(value)) {
-        (formatterOwnedBy(field)->*property->set)(*number);
+        (formatterFor(field)->*property->set)(*number);
     } else {
         qWarning().noquote() << QStringLiteral("%1: %2 is no integer of 32 bits: %3")
                                     .arg(field->objectName(), QLatin1String(name),

@@ -13,8 +13,8 @@ class QLineEdit;
  * | formatterMinValue | the smallest value, and has it checked | not checked |
  * | formatterMaxValue | the largest value, and has it checked | not checked |
  *
- * Each is an integer of 32 bits, as a number or in digits. The first one that is set makes a
- * formatter, which the field owns.
+ * Each is an integer of 32 bits, as a number or in digits. It is a setting of the formatter that
+ * checks the field, whoever has attached that; where none does, the field gets one that it owns.
  */
 namespace FormatterProperties {
 /// Does as the property of that name now says, if it is one of the above. Of a value that is no

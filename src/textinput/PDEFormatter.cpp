@@ -13,6 +13,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -93,14 +94,22 @@ FormatArgument argumentOf(const QVariant &object)
     }
 }
 
+/// The number without its fraction; the nearest limit of 32 bits beyond them, 0 for no number.
+qint32 truncated(double number)
+{
+    constexpr double smallest = std::numeric_limits<qint32>::min();
+    constexpr double largest = std::numeric_limits<qint32>::max();
+    return std::isnan(number) ? 0 : qint32(std::clamp(number, smallest, largest));
+}
+
 qint32 intValue(const QVariant &object)
 {
     switch (object.userType()) {
     case QMetaType::QString:
         return integerValue(object.toString());
+    case QMetaType::Float:
     case QMetaType::Double:
-        return qint32(qBound(double(std::numeric_limits<qint32>::min()), object.toDouble(),
-                             double(std::numeric_limits<qint32>::max())));
+        return truncated(object.toDouble());
     default:
         return qint32(object.toLongLong());
     }

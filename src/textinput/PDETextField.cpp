@@ -1,6 +1,7 @@
 #include "textinput/PDETextField.h"
 
 #include "printcore/NotificationCenter.h"
+#include "textinput/FieldEdits.h"
 #include "textinput/FormatterProperties.h"
 
 #include <QDynamicPropertyChangeEvent>
@@ -11,7 +12,7 @@
 PDETextField13_v400_::PDETextField13_v400_(QWidget *parent)
     : QLineEdit(parent)
 {
-    connect(this, &QLineEdit::textEdited, this, &PDETextField13_v400_::noteEdit);
+    connect(FieldEdits::of(this), &FieldEdits::edited, this, &PDETextField13_v400_::noteEdit);
     connect(this, &QLineEdit::editingFinished, this, &PDETextField13_v400_::textDidEndEditing);
 }
 
@@ -43,6 +44,16 @@ void PDETextField13_v400_::textDidEndEditing()
     sendFirstResponderNotification(true);
 }
 
+void PDETextField13_v400_::setText(const QString &text)
+{
+    FieldEdits::setText(this, text);
+}
+
+void PDETextField13_v400_::clear()
+{
+    FieldEdits::byProgram(this, [this] { QLineEdit::clear(); });
+}
+
 void PDETextField13_v400_::selectText(QObject *)
 {
     sendFirstResponderNotification(false);
@@ -55,26 +66,33 @@ bool PDETextField13_v400_::event(QEvent *event)
         FormatterProperties::apply(this, change->propertyName());
     }
     const QPointer<PDETextField13_v400_> self(this);
+    // An event may come while another one is handled, and brings edits of its own.
     const bool isWithinEvent = std::exchange(mHandlesEvent, true);
+    const bool hasFormerEdit = std::exchange(mIsEdited, false);
     const bool handled = QLineEdit::event(event);
     if (!self) {
         return handled;
     }
     mHandlesEvent = isWithinEvent;
-    if (!isWithinEvent && std::exchange(mEdited, false)) {
+    if (std::exchange(mIsEdited, hasFormerEdit)) {
         textDidChange();
     }
     return handled;
 }
 
-void PDETextField13_v400_::noteEdit()
+void PDETextField13_v400_::noteEdit(const QString &before)
 {
     // Whoever is told may destroy the field, so it has to be done with the edit by then.
     if (mHandlesEvent) {
-        mEdited = true;
-    } else {
-        QMetaObject::invokeMethod(this, &PDETextField13_v400_::textDidChange, Qt::QueuedConnection);
+        mIsEdited = true;
+        return;
     }
+    const auto tell = [this, before] {
+        if (text() != before) {
+            textDidChange();
+        }
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 #include "moc_PDETextField.cpp"

@@ -4,10 +4,13 @@ class QString;
 class QWidget;
 
 /**
- * Shows a warning with an empty message text and waits until the user has closed it.
+ * Opens a warning with an empty message text, and does not wait for the user.
  *
- * @param parent a widget of the dialog that the alert blocks; null for none.
+ * Until it is closed, nothing else can be done in the view's window. It goes with the view, and
+ * with the window when that is hidden or destroyed.
+ *
+ * @param view what the warning is about; nothing is shown for null.
  * @param title of the alert's window.
  * @param informativeText what the user is told.
  */
-void runModalAlert(QWidget *parent, const QString &title, const QString &informativeText);
+void openAlert(QWidget *view, const QString &title, const QString &informativeText);

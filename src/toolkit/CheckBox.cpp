@@ -5,6 +5,8 @@
 #include <QStylePainter>
 #include <QToolTip>
 
+#include <utility>
+
 namespace {
 /// A title as Qt wants it, in which an ampersand stands for itself.
 QString withoutMnemonic(QString title)
@@ -16,6 +18,22 @@ QString withoutMnemonic(QString title)
 CheckBox::CheckBox(QWidget *parent)
     : QCheckBox(parent)
 {
+    connect(this, &QCheckBox::toggled, this, &CheckBox::noteToggle);
+}
+
+void CheckBox::setState(bool on)
+{
+    mIsSetByProgram = true;
+    setChecked(on);
+    mIsSetByProgram = false;
+}
+
+void CheckBox::noteToggle()
+{
+    // The program's change is told once; whoever hears of it may toggle the box in turn.
+    if (!std::exchange(mIsSetByProgram, false)) {
+        Q_EMIT chosen();
+    }
 }
 
 void CheckBox::setTitle(const QString &title)

@@ -17,8 +17,16 @@ public:
     QString title() const { return mTitle.isNull() ? text() : mTitle; }
     void setTitle(const QString &title);
 
+    /// Ticks the box, or takes the tick away, for the program: chosen() is not emitted.
+    void setState(bool on);
+
     /// How wide the box has to be for the whole of a title.
     int widthForTitle(const QString &title) const;
+
+Q_SIGNALS:
+    /// Somebody else than the program has ticked the box or taken the tick away, by whatever means:
+    /// a click, a key, assistive technology or setChecked().
+    void chosen();
 
 protected:
     bool event(QEvent *event) override;
@@ -26,8 +34,10 @@ protected:
 
 private:
     QString elidedTitle() const;
+    void noteToggle();
 
     QString mTitle;
+    bool mIsSetByProgram = false;
 };
 
 /// Whether a check box counts as on: it is there, not hidden, and ticked.

@@ -40,6 +40,13 @@ void AttachedDialog::destroyDialog()
     mAttachment = nullptr;
 }
 
+void AttachedDialog::destroyDialogLater()
+{
+    mUser.reset();
+    mDialog.release()->deleteLater();
+    mAttachment = nullptr;
+}
+
 bool AttachedDialog::openTab()
 {
     return mUser->open() && PanelUser(*mUser).openTab();

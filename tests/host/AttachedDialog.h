@@ -28,6 +28,10 @@ public:
     DialogDriver &user() { return *mUser; }
     /// Destroys the dialog alone.
     void destroyDialog();
+    /// Has the dialog destroyed as soon as the program waits for events.
+    void destroyDialogLater();
+    /// Whether the dialog is there.
+    bool hasDialog() const { return bool(mDialog); }
 
     /// Opens the dialog and turns to the panel's tab.
     bool openTab();

@@ -2,6 +2,7 @@
 
 #include "support/PanelProbe.h"
 #include "support/TestHost.h"
+#include "textinput/FieldEdits.h"
 
 #include <QMap>
 #include <QStringList>
@@ -137,7 +138,10 @@ public:
 
     CheckBox *box(Option option) const { return panel->box(option); }
     bool isOn(Option option) const { return box(option)->isChecked(); }
-    void setOn(Option option, bool on) const { box(option)->setChecked(on); }
+    /// Ticks a box, or takes the tick away, without the panel's taking it for the user's doing.
+    void setOn(Option option, bool on) const { box(option)->setState(on); }
+    /// Likewise, what is in the count field.
+    void setCount(const QString &text) const { FieldEdits::setText(panel->mCutEveryTxBx, text); }
     /// The options whose boxes are on.
     QList<Option> optionsOn() const;
     /// The keyword of an option's selection; null when it has none.

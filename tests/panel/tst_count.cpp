@@ -121,7 +121,7 @@ void CountTest::enteredTextIsReadAsANumber()
     QFETCH(int, count);
     PanelFixture fixture;
     showWithCount(fixture);
-    fixture.panel->mCutEveryTxBx->setText(text);
+    fixture.setCount(text);
     fixture.panel->controlTextDidChange(fixture.panel->mCutEveryTxBx);
     QCOMPARE(fieldText(fixture), QString::number(count));
     QCOMPARE(stepperValue(fixture), count);
@@ -225,7 +225,7 @@ void CountTest::countWithoutOptionStaysBelowAHundred()
     fixture.show();
     for (const auto &[text, count] :
          {std::pair(u"150"_s, 99), std::pair(u"0"_s, 1), std::pair(u"50"_s, 50)}) {
-        fixture.panel->mCutEveryTxBx->setText(text);
+        fixture.setCount(text);
         fixture.panel->changeCutEveryValue(fixture.panel->mCutEveryTxBx);
         QCOMPARE(fieldText(fixture), QString::number(count));
         QCOMPARE(stepperValue(fixture), count);

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void panelGoesOnWithoutTheControl_data();
     void panelGoesOnWithoutTheControl();
     void viewWithoutAnyControlKeepsTheMarks();
+    void controlOfAnotherClassIsToldAndHidden_data();
+    void controlOfAnotherClassIsToldAndHidden();
 };
 
 namespace {
@@ -285,6 +287,43 @@ void OutletsTest::viewWithoutAnyControlKeepsTheMarks()
     QCOMPARE(told, expectedSave(fixture));
     QCOMPARE(told.size(), 9);
     QCOMPARE(told.first(), u"KvCutLabel=7"_s);
+}
+
+void OutletsTest::controlOfAnotherClassIsToldAndHidden_data()
+{
+    QTest::addColumn<QString>("outlet");
+    QTest::addColumn<QString>("wanted");
+    QTest::addColumn<QString>("given");
+    QTest::newRow("check box") << u"mHalfCutChkBx"_s << u"CheckBox"_s << u"QCheckBox"_s;
+    QTest::newRow("menu") << u"mOptionPopUpButton"_s << u"PopUpButton"_s << u"QComboBox"_s;
+    QTest::newRow("stepper") << u"mCutEveryStpr"_s << u"Stepper"_s << u"QSpinBox"_s;
+    QTest::newRow("field") << u"mCutEveryTxBx"_s << u"QLineEdit"_s << u"QLabel"_s;
+}
+
+void OutletsTest::controlOfAnotherClassIsToldAndHidden()
+{
+    QFETCH(QString, outlet);
+    QFETCH(QString, wanted);
+    QFETCH(QString, given);
+    const QString named = u"class=\"%1\" name=\"%2\""_s;
+    const BundleCopy copy;
+    QVERIFY(copy.replaceInNib(named.arg(wanted, outlet), named.arg(given, outlet)));
+    static QStringList told;
+    told.clear();
+    const QtMessageHandler former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { told.append(text); });
+    for (int times = 1; times <= 2; ++times) {
+        PanelFixture fixture(TestPrinter(), copy.open());
+        fixture.show();
+        QVERIFY(!connected(fixture).contains(outlet));
+        const auto *control = fixture.panel->kPDEView->findChild<QWidget *>(outlet);
+        QVERIFY(control && control->isHidden());
+        QCOMPARE(control->metaObject()->className(), given.toLatin1().constData());
+    }
+    qInstallMessageHandler(former);
+    QCOMPARE(told,
+             QStringList(u"OptionPDE.ui: %1 is a %2 where a %3 is needed; it is not shown"_s.arg(
+                 outlet, given, wanted)));
 }
 
 KV_TEST(OutletsTest)

@@ -253,7 +253,7 @@ void RefreshTest::countIsShownInFieldAndStepper()
     QFETCH(int, stepper);
     PanelFixture fixture(printerWith(cutEvery, {"90", keyword}, "90"));
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
+    fixture.setCount(u"before"_s);
     fixture.panel->mCutEveryStpr->setIntValue(77);
     PanelFixture other(printerWith(cutEvery, {"90", keyword}, "90"));
     other.build();
@@ -297,7 +297,7 @@ void RefreshTest::cutEveryNeedsItsOwnSelection()
 {
     PanelFixture fixture;
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(u"before"_s);
+    fixture.setCount(u"before"_s);
     fixture.panel->mAutoCut_CutEvery_Selection = choiceAt(fixture, autoCut, 1);
     fixture.panel->updateUIItem(0x100);
     QVERIFY(!fixture.isOn(cutEvery));

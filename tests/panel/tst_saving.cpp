@@ -171,10 +171,10 @@ void SavingTest::indexOfABoxIsItsState()
     CheckBox *box = fixture.box(OptionCatalogue::HalfCut);
     CheckBox *special = fixture.box(specialTape);
     for (const bool on : {false, true}) {
-        box->setChecked(on);
-        special->setChecked(false);
+        box->setState(on);
+        special->setState(false);
         QCOMPARE(fixture.panel->indexForSaveAutoChain(box), qint32(on));
-        special->setChecked(true);
+        special->setState(true);
         QCOMPARE(fixture.panel->indexForSaveAutoChain(box), 0);
         special->hide();
         QCOMPARE(fixture.panel->indexForSaveAutoChain(box), qint32(on));
@@ -280,7 +280,7 @@ void SavingTest::countIsTheMarkedOne()
     QFETCH(QStringList, told);
     PanelFixture fixture({.defaults = {{cutEvery, "7"}}});
     fixture.load();
-    fixture.panel->mCutEveryTxBx->setText(field);
+    fixture.setCount(field);
     if (marked.isNull()) {
         fixture.unmark("KvCutLabel");
     } else {
@@ -396,7 +396,7 @@ void SavingTest::savingRemoveBlankSpaceEnablesItOnStandardPaperOnly()
             {.options = hasOption ? everyOption : everyOptionBut(OptionCatalogue::RemoveBlkSpace)});
         fixture.load();
         CheckBox *box = fixture.box(OptionCatalogue::RemoveBlkSpace);
-        box->setChecked(true);
+        box->setState(true);
         fixture.host->setPaper(paper, 82.0);
         for (const bool before : {true, false}) {
             box->setEnabled(before);

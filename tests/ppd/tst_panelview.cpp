@@ -40,6 +40,8 @@ private Q_SLOTS:
     void dialogNeedNotKnowOfResizes();
     void dialogMayLetTheViewGrowAndDoNoMore();
     void panelThatGoesWaitsNoMore();
+    void viewThatGoesIsWaitedForNoMore();
+    void goneViewIsNotWaitedFor();
 };
 
 namespace {
@@ -395,6 +397,30 @@ void PanelViewTest::panelThatGoesWaitsNoMore()
     dialog.panel.reset();
     NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
                                                          view);
+    QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::viewThatGoesIsWaitedForNoMore()
+{
+    OpenDialog dialog;
+    QVERIFY(dialog.open(viewHeight + spare));
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    // Another object may come to stand at the same place.
+    const QWidget *place = dialog.view;
+    delete dialog.view;
+    NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
+                                                         place);
+    QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::goneViewIsNotWaitedFor()
+{
+    OpenDialog dialog;
+    QVERIFY(dialog.open(viewHeight + spare));
+    delete dialog.view;
+    dialog.panel->setViewFrameSize({320, viewHeight});
+    NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
+                                                         &dialog.window);
     QCOMPARE(dialog.host->resizes, 0);
 }
 

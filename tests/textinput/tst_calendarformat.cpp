@@ -22,6 +22,8 @@ private Q_SLOTS:
     void writesTimeZones_data();
     void writesTimeZones();
     void endsFormatsThatHoldThemselves();
+    void saysNothingOfDatesThatAreNotValid_data();
+    void saysNothingOfDatesThatAreNotValid();
 };
 
 namespace {
@@ -219,6 +221,22 @@ void CalendarFormatTest::endsFormatsThatHoldThemselves()
                              {u"NSDateFormatString"_s, u"(%x)"_s}};
     QCOMPARE(described(u"%c"_s, locale), u"<<%c>>"_s);
     QCOMPARE(described(u"%x"_s, locale), u"((%x))"_s);
+}
+
+void CalendarFormatTest::saysNothingOfDatesThatAreNotValid_data()
+{
+    QTest::addColumn<QDateTime>("when");
+    QTest::newRow("none") << QDateTime();
+    QTest::newRow("no day") << QDateTime(QDate(2024, 2, 30), QTime(1, 2), QTimeZone::utc());
+}
+
+void CalendarFormatTest::saysNothingOfDatesThatAreNotValid()
+{
+    QFETCH(QDateTime, when);
+    const QVariantMap locale{{u"NSShortMonthNameArray"_s, QStringList{u"Jan"_s}}};
+    for (const char *format : {"%a", "%A", "%b", "%B", "%c", "%x", "%Y-%m-%d", "%Z", "at"}) {
+        QVERIFY(descriptionWithCalendarFormat(when, QString::fromLatin1(format), locale).isNull());
+    }
 }
 
 KV_CORE_TEST(CalendarFormatTest)

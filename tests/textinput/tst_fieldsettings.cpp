@@ -5,6 +5,7 @@
 #include "textinput/FormatterAdapter.h"
 
 #include <QInputMethodEvent>
+#include <QIntValidator>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QTest>
@@ -18,6 +19,11 @@ private Q_SLOTS:
     void fieldKeepsItsMaximumLength();
     void fieldKeepsItsMask();
     void fieldKeepsItsValidator();
+    void textThatAValidatorForbidsLetsNothingPass_data();
+    void textThatAValidatorForbidsLetsNothingPass();
+    void validatorMayComeLater_data();
+    void validatorMayComeLater();
+    void validatorMayGo();
     void fieldWithAPasswordIsChecked();
     void fieldOfASpinBoxIsChecked();
     void formatterChecksSeveralFields();
@@ -110,6 +116,98 @@ void FieldSettingsTest::fieldKeepsItsValidator()
     QCOMPARE(user.field()->text(), u"1"_s);
     pasteByProgram(user, u"3"_s);
     QCOMPARE(user.field()->text(), u"13"_s);
+    QCOMPARE(log.takenBeeps(), 1);
+}
+
+void FieldSettingsTest::textThatAValidatorForbidsLetsNothingPass_data()
+{
+    QTest::addColumn<FieldAction>("puts");
+    QTest::addColumn<bool>("isAttachedFirst");
+    for (const FieldWay &way : waysOfTheUser() + waysOfTheProgram()) {
+        QTest::addRow("%s, text first", way.name) << way.puttingX() << false;
+        QTest::addRow("%s, formatter first", way.name) << way.puttingX() << true;
+    }
+}
+
+void FieldSettingsTest::textThatAValidatorForbidsLetsNothingPass()
+{
+    QFETCH(FieldAction, puts);
+    QFETCH(bool, isAttachedFirst);
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    const QIntValidator upTo99(0, 99, nullptr);
+    user.field()->setValidator(&upTo99);
+    if (isAttachedFirst) {
+        FormatterAdapter::attach(formatter.get(), user.field());
+    }
+    user.field()->setText(u"abc"_s);
+    user.selects(2, -1);
+    FormatterAdapter::attach(formatter.get(), user.field());
+    RefusalLog log;
+    for (int times = 1; times <= 2; ++times) {
+        puts(user);
+        QCOMPARE(user.seen(), u"a[|b]c"_s);
+        QCOMPARE(log.takenBeeps(), 1);
+    }
+    QVERIFY(!user.field()->hasAcceptableInput());
+    // What a validator without a formatter would let pass does so still.
+    user.types(u"7"_s);
+    QCOMPARE(user.seen(), u"a7|c undo"_s);
+    user.undoes();
+    QCOMPARE(user.field()->text(), u"abc"_s);
+    user.field()->setText(u"9"_s);
+    user.types(u"98"_s);
+    QCOMPARE(user.field()->text(), u"99"_s);
+    QVERIFY(user.field()->hasAcceptableInput());
+}
+
+void FieldSettingsTest::validatorMayComeLater_data()
+{
+    QTest::addColumn<FieldAction>("puts");
+    for (const FieldWay &way : waysOfTheUser() + waysOfTheProgram()) {
+        QTest::newRow(way.name) << FieldAction(
+            [put = way.put](FieldUser &user) { put(user, u"5"_s); });
+    }
+}
+
+void FieldSettingsTest::validatorMayComeLater()
+{
+    QFETCH(FieldAction, puts);
+    const auto formatter = PDEFormatter::init();
+    formatter->addInvalidCharacter(u"5"_s);
+    FieldUser user;
+    FormatterAdapter::attach(formatter.get(), user.field());
+    user.types(u"12"_s);
+    const QIntValidator upTo999(0, 999, nullptr);
+    user.field()->setValidator(&upTo999);
+    RefusalLog log;
+    for (int times = 1; times <= 2; ++times) {
+        puts(user);
+        QCOMPARE(user.field()->text(), u"12"_s);
+        QCOMPARE(user.field()->cursorPosition(), 2);
+        QCOMPARE(log.taken(), invalidCharacter(u"5"_s));
+    }
+    user.types(u"x3"_s);
+    QCOMPARE(user.field()->text(), u"123"_s);
+    user.types(u"4"_s);
+    QCOMPARE(user.field()->text(), u"123"_s);
+    QCOMPARE(log.takenBeeps(), 2);
+}
+
+void FieldSettingsTest::validatorMayGo()
+{
+    const auto formatter = PDEFormatter::initWithStyle(2);
+    FieldUser user;
+    const QIntValidator upTo9(0, 9, nullptr);
+    user.field()->setValidator(&upTo9);
+    FormatterAdapter::attach(formatter.get(), user.field());
+    user.types(u"12"_s);
+    QCOMPARE(user.field()->text(), u"1"_s);
+    user.field()->setValidator(nullptr);
+    RefusalLog log;
+    user.field()->insert(u"x"_s);
+    user.types(u"2"_s);
+    QCOMPARE(user.field()->text(), u"12"_s);
     QCOMPARE(log.takenBeeps(), 1);
 }
 

@@ -242,6 +242,10 @@ void FormatterTest::showsValues_data()
     row("integer value of nothing", u"%d", 2, {}, u"0");
     row("integer value of a real", u"%d", 2, -3.9, u"-3");
     row("integer value of a huge real", u"%d", 2, 1e300, u"2147483647");
+    row("integer value of a float", u"%d", 2, 2.7F, u"2");
+    row("integer value of a negative float", u"%d", 4, -2.7F, u"-2");
+    row("integer value of a huge float", u"%d", 2, -1e30F, u"-2147483648");
+    row("integer value of no real", u"%d", 2, std::nan(""), u"0");
     row("integer value of a long integer", u"%d", 2, 0x100000005LL, u"5");
     row("integer value beyond 32 bits", u"%d", 2, u"-9999999999"_s, u"-2147483648");
     row("flags and width", u"%+05d", 2, u"12"_s, u"+0012");

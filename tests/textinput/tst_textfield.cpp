@@ -8,11 +8,15 @@
 #include "textinput/PDETextField.h"
 #include "toolkit/NibLoader.h"
 
+#include <QAccessible>
 #include <QClipboard>
+#include <QEventLoop>
 #include <QGuiApplication>
+#include <QIntValidator>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <limits>
@@ -31,6 +35,8 @@ private Q_SLOTS:
     void tellsNothingOfTheRest_data();
     void tellsNothingOfTheRest();
     void tellsNothingOfRefusedEdits();
+    void tellsNothingOfEditsThatAreTakenBack();
+    void tellsOfEachEditOfANestedLoop();
     void tabbingTellsNothing();
     void selectTextTellsAndSelectsNothing();
     void answersTell();
@@ -46,6 +52,7 @@ private Q_SLOTS:
     void formNamesTheFormatter();
     void formConnectsSelectText();
     void formatterFollowsProperties();
+    void propertiesSetAnAttachedFormatter();
     void warnsOfPropertiesThatAreNoIntegers_data();
     void warnsOfPropertiesThatAreNoIntegers();
     void takesIntegersOfEveryKind_data();
@@ -77,6 +84,12 @@ std::unique_ptr<QWidget> formWith(const QByteArray &widgets, const QByteArray &c
                widgets + "</widget><connections>" + connections + "</connections></ui>");
     file.close();
     return NibLoader::load(path);
+}
+
+/// How assistive technology edits the field.
+QAccessibleEditableTextInterface *accessTo(const FieldUser &user)
+{
+    return QAccessible::queryAccessibleInterface(user.field())->editableTextInterface();
 }
 
 QByteArray fieldWith(const QByteArray &properties)
@@ -138,6 +151,19 @@ void TextFieldTest::tellsOfEachEdit_data()
         user.redoes();
     });
     row("undo from the menu", 1, [](FieldUser &user) { user.choosesFromMenu(QKeySequence::Undo); });
+    row("replaced by assistive technology", 1,
+        [](FieldUser &user) { accessTo(user)->replaceText(0, 4, u"56"_s); });
+    row("inserted by assistive technology", 1,
+        [](FieldUser &user) { accessTo(user)->insertText(2, u"56"_s); });
+    row("deleted by assistive technology", 1,
+        [](FieldUser &user) { accessTo(user)->deleteText(1, 3); });
+    row("set as a value by assistive technology", 1, [](FieldUser &user) {
+        QAccessible::queryAccessibleInterface(user.field())->setText(QAccessible::Value, u"7"_s);
+    });
+    row("set as the text of any line edit", 2, [](FieldUser &user) {
+        user.field()->setText(u"5678"_s);
+        user.field()->setText(u"567"_s);
+    });
     row("pasting by the program", 1, [](FieldUser &user) {
         QGuiApplication::clipboard()->setText(u"xyz"_s);
         user.field()->paste();
@@ -161,7 +187,19 @@ void TextFieldTest::tellsNothingOfTheRest_data()
     const auto row = [](const char *name, const FieldAction &acts) {
         QTest::newRow(name) << acts;
     };
-    row("text of the program", [](FieldUser &user) { user.field()->setText(u"5678"_s); });
+    row("text of the program", [](FieldUser &user) {
+        static_cast<PDETextField13_v400_ *>(user.field())->setText(u"5678"_s);
+    });
+    row("text of the program, twice", [](FieldUser &user) {
+        auto *field = static_cast<PDETextField13_v400_ *>(user.field());
+        field->clear();
+        field->setText(u"5678"_s);
+    });
+    row("text of a form", [](FieldUser &user) { user.field()->setProperty("text", u"5678"_s); });
+    row("text that is there already", [](FieldUser &user) {
+        static_cast<PDETextField13_v400_ *>(user.field())->setText(user.field()->text());
+        user.field()->setText(user.field()->text());
+    });
     row("moving the caret", [](FieldUser &user) { user.presses(Qt::Key_Home); });
     row("selecting", [](FieldUser &user) { user.presses(Qt::Key_Home, Qt::ShiftModifier); });
     row("Return", [](FieldUser &user) { user.presses(Qt::Key_Return); });
@@ -200,6 +238,42 @@ void TextFieldTest::tellsNothingOfRefusedEdits()
     QCoreApplication::sendPostedEvents(field());
     QCOMPARE(field()->text(), u"1"_s);
     QCOMPARE(told(), 1);
+}
+
+void TextFieldTest::tellsNothingOfEditsThatAreTakenBack()
+{
+    const auto formatter = PDEFormatter::init();
+    formatter->addInvalidCharacter(u"5"_s);
+    FormatterAdapter::attach(formatter.get(), field());
+    mUser->types(u"12"_s);
+    told();
+    const QIntValidator upTo999(0, 999, nullptr);
+    field()->setValidator(&upTo999);
+    field()->insert(u"5"_s);
+    QCOMPARE(field()->text(), u"12"_s);
+    QCoreApplication::sendPostedEvents(field());
+    QCOMPARE(told(), 0);
+}
+
+void TextFieldTest::tellsOfEachEditOfANestedLoop()
+{
+    QStringList seen;
+    connect(field(), &QLineEdit::returnPressed, this, [&] {
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] {
+            for (const char16_t *key : {u"3", u"4"}) {
+                mUser->types(QString::fromUtf16(key));
+                seen.append(u"%1: %2"_s.arg(field()->text()).arg(told()));
+            }
+            loop.quit();
+        });
+        loop.exec();
+    });
+    mUser->types(u"12"_s);
+    told();
+    mUser->presses(Qt::Key_Return);
+    QCOMPARE(seen, QStringList({u"123: 1"_s, u"1234: 1"_s}));
+    QCOMPARE(told(), 0);
 }
 
 void TextFieldTest::tabbingTellsNothing()
@@ -420,6 +494,27 @@ void TextFieldTest::formatterFollowsProperties()
     QVERIFY(!formatter->isValidityMaxValue());
     QCOMPARE(FormatterAdapter::formatterOf(field()), formatter);
     QVERIFY(formatter->isInvalidCharacter(u"x"_s));
+}
+
+void TextFieldTest::propertiesSetAnAttachedFormatter()
+{
+    const auto own = PDEFormatter::initWithStyle(2);
+    FormatterAdapter::attach(own.get(), field());
+    field()->setProperty("formatterMaxLength", 3);
+    QCOMPARE(FormatterAdapter::formatterOf(field()), own.get());
+    QCOMPARE(own->maxLength(), 3);
+    RefusalLog log;
+    mUser->types(u"1x234"_s);
+    QCOMPARE(field()->text(), u"123"_s);
+    QCOMPARE(log.takenBeeps(), 2);
+
+    // A field from which it has been taken away gets one again.
+    FormatterAdapter::attach(nullptr, field());
+    field()->setProperty("formatterMaxLength", 5);
+    QVERIFY(FormatterAdapter::formatterOf(field()));
+    mUser->types(u"x456"_s);
+    QCOMPARE(field()->text(), u"123x4"_s);
+    QCOMPARE(own->maxLength(), 3);
 }
 
 void TextFieldTest::warnsOfPropertiesThatAreNoIntegers_data()

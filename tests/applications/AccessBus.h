@@ -1,0 +1,41 @@
+#pragma once
+
+#include "OwnedProcess.h"
+
+#include <QDBusConnection>
+#include <QTemporaryDir>
+
+#include <optional>
+
+/// The bus of assistive technology, and the session bus that leads applications to it, on sockets
+/// in a folder of their own. They end with this object.
+class AccessBus
+{
+public:
+    AccessBus();
+    ~AccessBus();
+    AccessBus(const AccessBus &) = delete;
+    AccessBus &operator=(const AccessBus &) = delete;
+
+    /// Starts both, and has applications told that assistive technology is there; the reason when
+    /// that fails.
+    QString open();
+
+    /// Whether an application has told assistive technology of itself.
+    bool hasApplications() const;
+
+    /// "NAME=VALUE" of the environment variable that leads an application to the session bus.
+    QString variable() const;
+
+    /// The bus of assistive technology; only after open().
+    const QDBusConnection &bus() const { return *mBus; }
+
+private:
+    QString socket() const;
+    QString startSessionBus();
+    QString connectToAccessBus();
+
+    QTemporaryDir mFolder;
+    OwnedProcess mSessionBus;
+    std::optional<QDBusConnection> mBus;
+};

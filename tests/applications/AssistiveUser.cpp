@@ -1,0 +1,139 @@
+#include "AssistiveUser.h"
+
+#include "Waiting.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+namespace {
+constexpr char accessibleInterface[] = "org.a11y.atspi.Accessible";
+constexpr char actionInterface[] = "org.a11y.atspi.Action";
+constexpr char editableTextInterface[] = "org.a11y.atspi.EditableText";
+constexpr char propertiesInterface[] = "org.freedesktop.DBus.Properties";
+
+QDBusArgument listIn(const std::optional<QVariantList> &answer)
+{
+    return answer && !answer->isEmpty() ? answer->constFirst().value<QDBusArgument>()
+                                        : QDBusArgument();
+}
+
+bool isTrue(const std::optional<QVariantList> &answer)
+{
+    return answer && !answer->isEmpty() && answer->constFirst().toBool();
+}
+} // namespace
+
+AssistiveUser::AssistiveUser(const QDBusConnection &bus)
+    : mBus(bus)
+{
+}
+
+std::optional<QVariantList> AssistiveUser::call(const Accessible &object, const char *interface,
+                                                const char *method,
+                                                const QVariantList &arguments) const
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        object.service, object.path, QLatin1String(interface), QLatin1String(method));
+    message.setArguments(arguments);
+    const QDBusMessage answer = mBus.call(message, QDBus::Block, kPatienceMs);
+    return answer.type() == QDBusMessage::ReplyMessage
+               ? std::optional<QVariantList>(answer.arguments())
+               : std::nullopt;
+}
+
+QString AssistiveUser::nameOf(const Accessible &object) const
+{
+    const auto answer = call(object, propertiesInterface, "Get",
+                             {QLatin1String(accessibleInterface), QStringLiteral("Name")});
+    return answer && !answer->isEmpty()
+               ? answer->constFirst().value<QDBusVariant>().variant().toString()
+               : QString();
+}
+
+QList<AssistiveUser::Accessible> AssistiveUser::childrenOf(const Accessible &object) const
+{
+    const QDBusArgument list = listIn(call(object, accessibleInterface, "GetChildren"));
+    QList<Accessible> children;
+    if (list.currentType() != QDBusArgument::ArrayType) {
+        return children;
+    }
+    list.beginArray();
+    while (!list.atEnd()) {
+        Accessible child;
+        QDBusObjectPath path;
+        list.beginStructure();
+        list >> child.service >> path;
+        list.endStructure();
+        child.path = path.path();
+        children.append(child);
+    }
+    list.endArray();
+    return children;
+}
+
+std::optional<AssistiveUser::Accessible>
+AssistiveUser::find(const Accessible &top, const QString &name, const char *interface) const
+{
+    if (nameOf(top) == name) {
+        const auto interfaces = call(top, accessibleInterface, "GetInterfaces");
+        if (interfaces && interfaces->value(0).toStringList().contains(QLatin1String(interface))) {
+            return top;
+        }
+    }
+    const QList<Accessible> children = childrenOf(top);
+    for (const Accessible &child : children) {
+        if (const auto found = find(child, name, interface)) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<AssistiveUser::Accessible> AssistiveUser::await(const QString &name,
+                                                              const char *interface) const
+{
+    const Accessible desktop = {QStringLiteral("org.a11y.atspi.Registry"),
+                                QStringLiteral("/org/a11y/atspi/accessible/root")};
+    std::optional<Accessible> found;
+    waitFor([&] {
+        found = find(desktop, name, interface);
+        return found.has_value();
+    });
+    return found;
+}
+
+int AssistiveUser::indexOfAction(const Accessible &object, const QString &action) const
+{
+    const QDBusArgument list = listIn(call(object, actionInterface, "GetActions"));
+    if (list.currentType() != QDBusArgument::ArrayType) {
+        return -1;
+    }
+    QStringList actions;
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString name;
+        QString description;
+        QString keys;
+        list.beginStructure();
+        list >> name >> description >> keys;
+        list.endStructure();
+        actions.append(name);
+    }
+    list.endArray();
+    return int(actions.indexOf(action));
+}
+
+bool AssistiveUser::act(const QString &control, const QString &action) const
+{
+    const auto object = await(control, actionInterface);
+    const int index = object ? indexOfAction(*object, action) : -1;
+    return index >= 0 && isTrue(call(*object, actionInterface, "DoAction", {index}));
+}
+
+bool AssistiveUser::replaceText(const QString &field, const QString &text) const
+{
+    const auto object = await(field, editableTextInterface);
+    return object && isTrue(call(*object, editableTextInterface, "SetTextContents", {text}));
+}
