@@ -1,5 +1,6 @@
 #include "demo/DialogDriver.h"
 
+#include "host/PrintDialogAttachment.h"
 #include "host/PrintDialogWidgets.h"
 
 #include <QAbstractButton>
@@ -58,7 +59,16 @@ DialogDriver::DialogDriver(QPrintDialog &dialog)
 bool DialogDriver::open()
 {
     mDialog.show();
-    return QTest::qWaitForWindowActive(&mDialog);
+    return QTest::qWaitForWindowActive(&mDialog) && awaitPrinter();
+}
+
+bool DialogDriver::awaitPrinter()
+{
+    const auto *attachment = mDialog.findChild<PrintDialogAttachment *>();
+    const bool isTold =
+        !attachment || QTest::qWaitFor([attachment] { return !attachment->isWaiting(); });
+    QTest::qWait(0);
+    return isTold;
 }
 
 QWidget *DialogDriver::widget(const QString &name) const
@@ -68,6 +78,7 @@ QWidget *DialogDriver::widget(const QString &name) const
 
 bool DialogDriver::showOptions()
 {
+    awaitPrinter();
     const QWidget *tabs = mDialog.findChild<QTabWidget *>();
     return (tabs && tabs->isVisible()) || pressButton(QDialogButtonBox::ResetRole) ||
            pressButton(QDialogButtonBox::ActionRole);
@@ -75,6 +86,7 @@ bool DialogDriver::showOptions()
 
 bool DialogDriver::showTab(const QString &title)
 {
+    awaitPrinter();
     auto *tabs = mDialog.findChild<QTabWidget *>();
     for (int i = 0; tabs && i < tabs->count(); ++i) {
         if (tabs->tabText(i) == title) {
@@ -93,7 +105,7 @@ bool DialogDriver::click(const QString &checkBox)
 bool DialogDriver::pickPrinter(const QString &name)
 {
     QComboBox *menu = printersMenu(mDialog);
-    return pickItem(menu, menu ? menu->findText(name) : -1);
+    return pickItem(menu, menu ? menu->findText(name) : -1) && awaitPrinter();
 }
 
 bool DialogDriver::pickPaper(const QString &ppdName, bool accept)

@@ -12,6 +12,7 @@
 
 DirectCommand::DirectCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
+    , mScheduler(std::chrono::seconds(mCommandLine.timeout))
     , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
 {
     QObject::connect(&mEvents, &PanelEvents::alerted,
@@ -59,9 +60,10 @@ ExitStatus DirectCommand::setUp()
     QString fault;
     std::optional<PanelTarget> target;
     if (mCommandLine.ppd.isNull()) {
-        mQueue = PrintQueue::choose(mCommandLine.printer, &fault);
-        target = mQueue.isNull() ? std::nullopt
-                                 : PanelTarget::ofQueue(mQueue, PPDFile::Marks::Defaults, &fault);
+        mQueue = PrintQueue::choose(mScheduler, mCommandLine.printer, &fault);
+        target = mQueue.isNull()
+                     ? std::nullopt
+                     : PanelTarget::ofQueue(mScheduler, mQueue, PPDFile::Marks::Defaults, &fault);
     } else {
         target = PanelTarget::ofPPD(mCommandLine.ppd, PPDFile::Marks::Defaults, &fault);
     }
@@ -82,19 +84,22 @@ ExitStatus DirectCommand::setUp()
 
 ExitStatus DirectCommand::print()
 {
-    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD();
+    QString error;
+    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD(&error);
+    if (!error.isNull()) {
+        return fail(ExitStatus::NotPrinted, error);
+    }
     if (mCommandLine.copies > 0) {
         options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
     }
     const QString title = QFileInfo(mCommandLine.files.first()).fileName();
-    QString error;
-    mJobId = JobSubmission::print(mQueue, mCommandLine.files, title, options, &error);
+    mJobId = JobSubmission::print(mScheduler, mQueue, mCommandLine.files, title, options, &error);
     return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
 }
 
-JobOptions DirectCommand::optionsWithoutPPD() const
+JobOptions DirectCommand::optionsWithoutPPD(QString *error)
 {
-    const auto queue = PrintQueue::find(mQueue);
+    const auto queue = PrintQueue::find(mScheduler, mQueue, error);
     JobOptions options = queue ? queue->jobOptions() : JobOptions();
     options.merge(mCommandLine.options);
     return options;

@@ -5,6 +5,7 @@
 #include "host/CommandLine.h"
 #include "host/PrintCommand.h"
 #include "host/ProblemReporter.h"
+#include "host/SchedulerConnection.h"
 
 #include <memory>
 
@@ -29,9 +30,10 @@ private:
     ExitStatus writePicture();
     ExitStatus fail(ExitStatus status, const QString &fault);
     QString faultOfFiles() const;
-    JobOptions optionsWithoutPPD() const;
+    JobOptions optionsWithoutPPD(QString *error);
 
     CommandLine mCommandLine;
+    SchedulerConnection mScheduler;
     ProblemReporter mReporter;
     PanelEvents mEvents;
     PanelBundles mBundles;

@@ -4,6 +4,7 @@
 #include "automation/PrinterTable.h"
 #include "automation/StandardOutput.h"
 #include "host/PrintQueue.h"
+#include "host/SchedulerConnection.h"
 
 #include <QJsonDocument>
 
@@ -16,16 +17,16 @@ ListCommand::ListCommand(CommandLine commandLine, const QString &bundleFolder)
 ExitStatus ListCommand::run()
 {
     PrinterList list(mBundles, mReporter);
+    SchedulerConnection scheduler{std::chrono::seconds(mCommandLine.timeout)};
     QString fault;
     if (!mCommandLine.ppd.isNull()) {
         list.addPPD(mCommandLine.ppd, &fault);
-    } else if (const QString queue = PrintQueue::choose(mCommandLine.printer, &fault);
+    } else if (const QString queue = PrintQueue::choose(scheduler, mCommandLine.printer, &fault);
                !queue.isNull()) {
-        const QString byDefault = PrintQueue::defaultName();
-        const QStringList queues =
-            mCommandLine.printer.isNull() ? PrintQueue::names() : QStringList(queue);
+        const auto known = PrintQueue::names(scheduler, &fault);
+        const QStringList queues = mCommandLine.printer.isNull() ? known.all : QStringList(queue);
         for (const QString &name : queues) {
-            list.addQueue(name, name == byDefault);
+            list.addQueue(scheduler, name, name == known.byDefault);
         }
     }
     if (fault.isNull()) {

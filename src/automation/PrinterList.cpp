@@ -100,10 +100,10 @@ PrinterList::PrinterList(const PanelBundles &bundles, ProblemReporter &reporter)
 {
 }
 
-void PrinterList::addQueue(const QString &name, bool isDefault)
+void PrinterList::addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault)
 {
     QString error;
-    auto target = PanelTarget::ofQueue(name, PPDFile::Marks::Defaults, &error);
+    auto target = PanelTarget::ofQueue(scheduler, name, PPDFile::Marks::Defaults, &error);
     mReporter.report(error);
     add({{nameMember, name}, {defaultMember, isDefault}}, std::move(target));
 }

@@ -15,7 +15,7 @@ public:
     PrinterList(const PanelBundles &bundles, ProblemReporter &reporter);
 
     /// Adds a queue of the scheduler's; one without a PPD has no options.
-    void addQueue(const QString &name, bool isDefault);
+    void addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault);
     /// Adds a PPD without a queue; false, with the reason in @p error, when it cannot be opened.
     bool addPPD(const QString &path, QString *error);
 

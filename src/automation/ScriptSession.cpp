@@ -179,8 +179,9 @@ std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
         return std::nullopt;
     }
     QString error;
+    SchedulerConnection scheduler(mSetup.schedulerLimit);
     auto target = printer.isNull() ? PanelTarget::ofPPD(ppd, marks, &error)
-                                   : PanelTarget::ofQueue(printer, marks, &error);
+                                   : PanelTarget::ofQueue(scheduler, printer, marks, &error);
     if (!target) {
         request.refuse(error.isNull() ? QStringLiteral("the printer %1 has no PPD").arg(printer)
                                       : error);

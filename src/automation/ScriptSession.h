@@ -3,6 +3,7 @@
 #include "automation/PanelConversation.h"
 #include "automation/PanelEvents.h"
 #include "host/ProblemReporter.h"
+#include "host/SchedulerConnection.h"
 
 #include <QJsonObject>
 #include <QWidget>
@@ -30,6 +31,8 @@ public:
         QString ppd;
         /// A queue; null for none.
         QString printer;
+        /// How long the scheduler may be silent.
+        SchedulerConnection::Milliseconds schedulerLimit = SchedulerConnection::defaultLimit;
     };
 
     explicit ScriptSession(Setup setup);

@@ -7,6 +7,7 @@
 
 namespace {
 constexpr int mostCopies = 9999;
+constexpr int longestTimeout = 3600;
 
 CommandLine answer(CommandLine::Action action, const QString &message)
 {
@@ -47,6 +48,7 @@ constexpr KnownOption knownOptions[] = {
     {"list", "Tell the printers, their options and their presets.", nullptr, nullptr},
     {"json", "Write the list as JSON.", nullptr, "--list"},
     {"screenshot", "Write a picture of the panel to this PNG file.", "FILE", nullptr},
+    {"timeout", "Give up when the scheduler is silent for so long.", "SECONDS", nullptr},
     {"script", "Answer the lines of this file; - for standard input.", "FILE", nullptr},
     {"help", "Show this help.", nullptr, nullptr},
     {"version", "Show the version.", nullptr, nullptr},
@@ -76,23 +78,25 @@ const ActionRule actionRules[] = {
     {CommandLine::Action::PrintDirectly,
      {QStringLiteral("no-dialog"), QStringLiteral("dry-run")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("n"), QStringLiteral("o"),
-      QStringLiteral("preset")},
+      QStringLiteral("preset"), QStringLiteral("timeout")},
      true},
     {CommandLine::Action::List,
      {QStringLiteral("list")},
-     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("json")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("json"),
+      QStringLiteral("timeout")},
      false},
     {CommandLine::Action::Screenshot,
      {QStringLiteral("screenshot")},
-     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("o"), QStringLiteral("preset")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("o"), QStringLiteral("preset"),
+      QStringLiteral("timeout")},
      false},
     {CommandLine::Action::RunScript,
      {QStringLiteral("script")},
-     {QStringLiteral("d"), QStringLiteral("ppd")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("timeout")},
      false},
     {CommandLine::Action::Print,
      {},
-     {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o")},
+     {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout")},
      true},
 };
 
@@ -169,12 +173,24 @@ QString faultOfCombination(const QCommandLineParser &parser, const ActionRule &r
                : QStringLiteral("%1 prints no file.").arg(typed(askedOption(parser, rule)));
 }
 
-/// The number of copies; nothing when it is none.
-std::optional<int> copiesIn(const QString &text)
+/// Reads an option's value, a number from 1 to the most; what is wrong with it, null when nothing
+/// is.
+QString readNumber(const QCommandLineParser &parser, const QString &name, const char *what,
+                   int most, int *number)
 {
+    if (!parser.isSet(name)) {
+        return {};
+    }
     bool isNumber = false;
-    const int copies = text.toInt(&isNumber);
-    return isNumber && copies >= 1 && copies <= mostCopies ? std::optional(copies) : std::nullopt;
+    const QString value = parser.value(name);
+    const int read = value.toInt(&isNumber);
+    if (!isNumber || read < 1 || read > most) {
+        return QStringLiteral("%1 %2: the number of %3 is 1 to %4.")
+            .arg(typed(name), value, QLatin1String(what))
+            .arg(most);
+    }
+    *number = read;
+    return {};
 }
 
 /// Reads the values of the options; what is wrong with them, null when nothing is.
@@ -186,15 +202,13 @@ QString readValues(const QCommandLineParser &parser, CommandLine &line)
     line.isDryRun = parser.isSet(QStringLiteral("dry-run"));
     line.asJSON = parser.isSet(QStringLiteral("json"));
     line.files = parser.positionalArguments();
-    const QString copies = QStringLiteral("n");
-    if (parser.isSet(copies)) {
-        const auto number = copiesIn(parser.value(copies));
-        if (!number) {
-            return QStringLiteral("-n %1: the number of copies is 1 to %2.")
-                .arg(parser.value(copies))
-                .arg(mostCopies);
-        }
-        line.copies = *number;
+    QString fault = readNumber(parser, QStringLiteral("n"), "copies", mostCopies, &line.copies);
+    if (fault.isNull()) {
+        fault =
+            readNumber(parser, QStringLiteral("timeout"), "seconds", longestTimeout, &line.timeout);
+    }
+    if (!fault.isNull()) {
+        return fault;
     }
     const QStringList given = parser.values(QStringLiteral("o"));
     for (const QString &argument : given) {

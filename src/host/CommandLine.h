@@ -44,6 +44,8 @@ struct CommandLine
     QString actionFile;
     /// The number of copies; 0 when the user did not say.
     int copies = 0;
+    /// How many seconds the scheduler may be silent.
+    int timeout = 10;
     /// The options in the order of the arguments.
     JobOptions options;
     QStringList files;

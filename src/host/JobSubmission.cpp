@@ -1,6 +1,7 @@
 #include "host/JobSubmission.h"
 
 #include "host/PrintQueue.h"
+#include "host/SchedulerConnection.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -30,9 +31,14 @@ QString JobSubmission::faultOf(const QString &file)
     return {};
 }
 
-int JobSubmission::print(const QString &printer, const QStringList &files, const QString &title,
-                         const JobOptions &options, QString *error)
+int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
+                         const QStringList &files, const QString &title, const JobOptions &options,
+                         QString *error)
 {
+    http_t *http = scheduler.open(error);
+    if (!http) {
+        return 0;
+    }
     QByteArrayList names;
     std::vector<const char *> pointers;
     for (const QString &file : files) {
@@ -44,10 +50,10 @@ int JobSubmission::print(const QString &printer, const QStringList &files, const
     const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     const CupsOptions cupsOptions(options);
     const int job =
-        cupsPrintFiles2(CUPS_HTTP_DEFAULT, queue.constData(), int(pointers.size()), pointers.data(),
+        cupsPrintFiles2(http, queue.constData(), int(pointers.size()), pointers.data(),
                         title.toUtf8().constData(), cupsOptions.count(), cupsOptions.data());
     if (job == 0) {
-        *error = QStringLiteral("%1: %2").arg(printer, QString::fromUtf8(cupsLastErrorString()));
+        *error = QStringLiteral("%1: %2").arg(printer, scheduler.fault());
     }
     return job;
 }

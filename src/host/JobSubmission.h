@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+class SchedulerConnection;
+
 /// Sends files to a queue as they are.
 class JobSubmission
 {
@@ -22,6 +24,7 @@ public:
      * @return the job's number; 0, with the reason in @p error and no job left behind, when it
      *         could not be sent whole.
      */
-    static int print(const QString &printer, const QStringList &files, const QString &title,
-                     const JobOptions &options, QString *error);
+    static int print(SchedulerConnection &scheduler, const QString &printer,
+                     const QStringList &files, const QString &title, const JobOptions &options,
+                     QString *error);
 };

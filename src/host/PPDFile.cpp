@@ -1,7 +1,6 @@
 #include "host/PPDFile.h"
 
 #include "host/JobOptions.h"
-#include "host/PrintQueue.h"
 
 #include <QFile>
 #include <QStringList>
@@ -10,6 +9,9 @@
 
 #include <cerrno>
 #include <cstring>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace {
 QString lastErrorOf(const QString &name)
@@ -29,14 +31,14 @@ void setError(QString *error, const QString &text)
     }
 }
 
-ppd_file_t *openPPD(const QByteArray &path, const QString &shownName, QString *error)
+QString systemError(const QString &name)
 {
-    cups_file_t *file = cupsFileOpen(path.constData(), "r");
-    if (!file) {
-        setError(error, QStringLiteral("%1: %2").arg(shownName,
-                                                     QString::fromLocal8Bit(std::strerror(errno))));
-        return nullptr;
-    }
+    return QStringLiteral("%1: %2").arg(name, QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+/// Reads a PPD and closes the file.
+ppd_file_t *openPPD(cups_file_t *file, const QString &shownName, QString *error)
+{
     ppd_file_t *ppd = ppdOpen2(file);
     cupsFileClose(file);
     if (!ppd) {
@@ -44,32 +46,45 @@ ppd_file_t *openPPD(const QByteArray &path, const QString &shownName, QString *e
     }
     return ppd;
 }
+
+/// A file with that text which needs no room on a disk; null, with errno set, when there is no
+/// memory.
+cups_file_t *fileInMemory(const QByteArray &text)
+{
+    const int descriptor = memfd_create("PPD", MFD_CLOEXEC);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    cups_file_t *file = nullptr;
+    if (write(descriptor, text.constData(), std::size_t(text.size())) == text.size() &&
+        lseek(descriptor, 0, SEEK_SET) == 0) {
+        file = cupsFileOpenFd(descriptor, "r");
+    }
+    if (!file) {
+        close(descriptor);
+    }
+    return file;
+}
 } // namespace
 
 std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error, Marks marks)
 {
-    ppd_file_t *ppd = openPPD(QFile::encodeName(path), path, error);
+    cups_file_t *file = cupsFileOpen(QFile::encodeName(path).constData(), "r");
+    ppd_file_t *ppd = file ? openPPD(file, path, error) : nullptr;
+    if (!file) {
+        setError(error, systemError(path));
+    }
     return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
 }
 
-std::unique_ptr<PPDFile> PPDFile::ofQueue(const QString &printer, QString *error, Marks marks)
+std::unique_ptr<PPDFile> PPDFile::read(const QByteArray &text, const QString &name, QString *error,
+                                       Marks marks)
 {
-    const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
-    time_t modified = 0;
-    char path[1024] = {};
-    const http_status_t status =
-        cupsGetPPD3(CUPS_HTTP_DEFAULT, queue.constData(), &modified, path, sizeof path);
-    if (status == HTTP_STATUS_NOT_FOUND) {
-        return nullptr;
+    cups_file_t *file = fileInMemory(text);
+    ppd_file_t *ppd = file ? openPPD(file, name, error) : nullptr;
+    if (!file) {
+        setError(error, systemError(name));
     }
-    const QString shownName = QStringLiteral("PPD of %1").arg(printer);
-    if (status != HTTP_STATUS_OK) {
-        setError(error,
-                 QStringLiteral("%1: %2").arg(shownName, QString::fromUtf8(cupsLastErrorString())));
-        return nullptr;
-    }
-    ppd_file_t *ppd = openPPD(path, shownName, error);
-    QFile::remove(QFile::decodeName(path));
     return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
 }
 

@@ -27,14 +27,12 @@ public:
                                          Marks marks = Marks::Defaults);
 
     /**
-     * Opens the PPD that the scheduler has for a queue.
+     * Reads a PPD from its text.
      *
-     * @param printer the queue's name, with or without an instance.
-     * @param error set as for open() when the result is null; left null when the queue just has no
-     *        PPD.
+     * @param name what stands for the file's name in the error.
      */
-    static std::unique_ptr<PPDFile> ofQueue(const QString &printer, QString *error,
-                                            Marks marks = Marks::Defaults);
+    static std::unique_ptr<PPDFile> read(const QByteArray &text, const QString &name,
+                                         QString *error, Marks marks = Marks::Defaults);
 
     ~PPDFile();
     PPDFile(const PPDFile &) = delete;

@@ -124,6 +124,13 @@ void PanelHost::hide(PDEPanel &panel)
     Q_EMIT summaryChanged();
 }
 
+void PanelHost::saveShown()
+{
+    for (PDEPanel *panel : mShown) {
+        save(*panel);
+    }
+}
+
 void PanelHost::save(PDEPanel &panel)
 {
     QString error;

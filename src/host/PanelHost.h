@@ -68,6 +68,9 @@ public:
     /// The panel's tab is not seen any more: its choices are taken over.
     void hide(PDEPanel &panel);
 
+    /// Takes over the choices of the panels that have been seen.
+    void saveShown();
+
     /// The user has picked another paper.
     void setPaper(const Paper &paper);
     const Paper &paper() const;

@@ -1,7 +1,7 @@
 #include "host/PanelTarget.h"
 
 #include "host/PPDPaper.h"
-#include "host/PrintQueue.h"
+#include "host/PrinterRecord.h"
 
 std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Marks marks,
                                               QString *error)
@@ -15,23 +15,26 @@ std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Mark
                        JobOptions()};
 }
 
-std::optional<PanelTarget> PanelTarget::ofQueue(const QString &name, PPDFile::Marks marks,
-                                                QString *error)
+std::optional<PanelTarget> PanelTarget::ofQueue(SchedulerConnection &scheduler, const QString &name,
+                                                PPDFile::Marks marks, QString *error)
 {
-    if (PrintQueue::choose(name, error).isNull()) {
+    if (PrintQueue::choose(scheduler, name, error).isNull()) {
         return std::nullopt;
     }
-    const auto queue = PrintQueue::find(name);
-    if (!queue) {
-        return std::nullopt;
-    }
-    auto ppd = PPDFile::ofQueue(name, error, marks);
+    return of(PrinterRecord::read(scheduler, name), marks, error);
+}
+
+std::optional<PanelTarget> PanelTarget::of(const PrinterRecord &printer, PPDFile::Marks marks,
+                                           QString *error)
+{
+    *error = printer.error;
+    auto ppd = printer.error.isNull() ? printer.openPPD(error, marks) : nullptr;
     if (!ppd) {
         return std::nullopt;
     }
-    JobOptions saved = queue->jobOptions();
+    JobOptions saved = printer.queue->jobOptions();
     ppd->mark(saved);
     Paper paper = markedPaper(*ppd);
-    return PanelTarget{std::move(ppd), Printer(PrintQueue::queueOf(name), queue->deviceURI()),
+    return PanelTarget{std::move(ppd), Printer(printer.queue->queue(), printer.queue->deviceURI()),
                        std::move(paper), PrintSettings(), std::move(saved)};
 }

@@ -9,6 +9,9 @@
 #include <memory>
 #include <optional>
 
+class SchedulerConnection;
+struct PrinterRecord;
+
 /// What the panels of a dialog are about.
 struct PanelTarget
 {
@@ -24,11 +27,20 @@ struct PanelTarget
      * A queue with the options that its user has saved.
      *
      * @param name of the queue or of an instance of it, not empty.
-     * @param error set when there is no result because there is no scheduler, no such queue or a
-     *        broken PPD; left null when the queue just has no PPD.
+     * @param error set when there is no result because the scheduler does not answer or has no such
+     *        queue, or because the PPD is broken; left null when the queue just has no PPD.
      */
-    static std::optional<PanelTarget> ofQueue(const QString &name, PPDFile::Marks marks,
-                                              QString *error);
+    static std::optional<PanelTarget> ofQueue(SchedulerConnection &scheduler, const QString &name,
+                                              PPDFile::Marks marks, QString *error);
+
+    /**
+     * A printer with the options that its user has saved, all of them marked.
+     *
+     * @param error set when there is no result because something is wrong with the record or the
+     *        PPD; left null when the printer just has no PPD.
+     */
+    static std::optional<PanelTarget> of(const PrinterRecord &printer, PPDFile::Marks marks,
+                                         QString *error);
 
     /// The printer's, with the choices marked that the panels start from; never null.
     std::unique_ptr<PPDFile> ppd;

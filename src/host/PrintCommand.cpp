@@ -3,8 +3,8 @@
 #include "host/HostText.h"
 #include "host/JobSubmission.h"
 #include "host/OptionCheck.h"
-#include "host/PPDFile.h"
 #include "host/PrintQueue.h"
+#include "host/PrinterRecord.h"
 
 #include <QFileInfo>
 #include <QPrinterInfo>
@@ -89,6 +89,7 @@ void addColors(const QPrinter &printer, const QPrinterInfo &info, JobOptions &op
 PrintCommand::PrintCommand(CommandLine commandLine, QString bundleFolder)
     : mCommandLine(std::move(commandLine))
     , mBundleFolder(std::move(bundleFolder))
+    , mScheduler(std::chrono::seconds(mCommandLine.timeout))
 {
 }
 
@@ -107,14 +108,21 @@ QString PrintCommand::faultOfFiles() const
     return {};
 }
 
-QString PrintCommand::checkOptions(const QString &queue)
+ExitStatus PrintCommand::checkOptions(const QString &queue)
 {
-    const auto ppd = PPDFile::ofQueue(queue, nullptr);
-    if (!ppd) {
-        return {};
+    const PrinterRecord printer = PrinterRecord::read(mScheduler, queue);
+    QString fault = printer.error;
+    const auto ppd = fault.isNull() ? printer.openPPD(&fault, PPDFile::Marks::Defaults) : nullptr;
+    if (!fault.isNull()) {
+        mReporter.report(fault);
+        return ExitStatus::NotPrinted;
     }
-    mCommandLine.options = spelledAsIn(*ppd, mCommandLine.options);
-    return faultOfOptions(*ppd, mCommandLine.options);
+    if (ppd) {
+        mCommandLine.options = spelledAsIn(*ppd, mCommandLine.options);
+        fault = faultOfOptions(*ppd, mCommandLine.options);
+        mReporter.report(fault);
+    }
+    return fault.isNull() ? ExitStatus::Printed : ExitStatus::Usage;
 }
 
 QPrintDialog *PrintCommand::prepare(ExitStatus *status)
@@ -122,14 +130,13 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     *status = ExitStatus::NotPrinted;
     QString fault = faultOfFiles();
     const QString queue =
-        fault.isNull() ? PrintQueue::choose(mCommandLine.printer, &fault) : QString();
+        fault.isNull() ? PrintQueue::choose(mScheduler, mCommandLine.printer, &fault) : QString();
     if (queue.isNull()) {
         mReporter.report(fault);
         return nullptr;
     }
-    if (fault = checkOptions(queue); !fault.isNull()) {
-        mReporter.report(fault);
-        *status = ExitStatus::Usage;
+    if (const ExitStatus checked = checkOptions(queue); checked != ExitStatus::Printed) {
+        *status = checked;
         return nullptr;
     }
 
@@ -193,8 +200,8 @@ ExitStatus PrintCommand::print()
         return ExitStatus::NotPrinted;
     }
     QString error;
-    mJobId = JobSubmission::print(mPrinter->printerName(), mCommandLine.files, mPrinter->docName(),
-                                  optionsOfJob(), &error);
+    mJobId = JobSubmission::print(mScheduler, mPrinter->printerName(), mCommandLine.files,
+                                  mPrinter->docName(), optionsOfJob(), &error);
     if (mJobId == 0) {
         mReporter.report(error);
         return ExitStatus::NotPrinted;

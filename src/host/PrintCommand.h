@@ -5,6 +5,7 @@
 #include "host/PanelBundle.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/ProblemReporter.h"
+#include "host/SchedulerConnection.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
@@ -45,8 +46,8 @@ public:
 
 private:
     QString faultOfFiles() const;
-    /// Spells the options as the printer does; what is wrong with them, null when nothing is.
-    QString checkOptions(const QString &queue);
+    /// Spells the options as the printer does. Printed when nothing is wrong with them.
+    ExitStatus checkOptions(const QString &queue);
     /// The number of copies asked for, which is the dialog's business from then on.
     int takeCopies();
     /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.
@@ -55,6 +56,7 @@ private:
 
     CommandLine mCommandLine;
     QString mBundleFolder;
+    SchedulerConnection mScheduler;
     ProblemReporter mReporter;
     PanelBundles mBundles;
     LastChoices mLastChoices;

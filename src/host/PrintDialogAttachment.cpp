@@ -5,7 +5,7 @@
 #include "host/PanelHost.h"
 #include "host/PanelTab.h"
 #include "host/PrintDialogWidgets.h"
-#include "host/PrintQueue.h"
+#include "host/PrinterFetch.h"
 #include "host/ProblemReporter.h"
 #include "host/SummaryTab.h"
 
@@ -19,6 +19,14 @@
 #include <QTimer>
 
 namespace {
+using namespace std::chrono_literals;
+
+/// How long the user waits for the scheduler when the job is to be printed and the printer's
+/// options are not known yet.
+constexpr auto longestWait = 2s;
+/// How long the user waits to be told whether the printer has changed since: nobody would notice.
+constexpr auto shortestWait = 40ms;
+
 /// The print engine's property that holds the job's options for CUPS: a string list of keywords
 /// and values in turn. Qt's CUPS print engine calls it PPK_CupsOptions.
 constexpr auto cupsOptionsProperty = QPrintEngine::PrintEnginePropertyKey(0xfe00);
@@ -66,7 +74,7 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
 
 PrintDialogAttachment::~PrintDialogAttachment()
 {
-    dropTabs();
+    deleteTabs();
 }
 
 void PrintDialogAttachment::checkResourcesLater()
@@ -111,7 +119,7 @@ void PrintDialogAttachment::beginShowing()
     mDialog->setResult(QDialog::Rejected);
     mIsHandedOver = false;
     if (std::exchange(mIsFinished, false)) {
-        buildTabs();
+        startAnew();
     }
 }
 
@@ -138,7 +146,7 @@ void PrintDialogAttachment::beFinished(int result)
         mIsFinished = true;
     } else if (result != QDialog::Accepted) {
         // Shown again already, with the choices that the user has given up.
-        buildTabs();
+        startAnew();
     }
 }
 
@@ -155,70 +163,80 @@ void PrintDialogAttachment::followPrinter()
     if (queue == mQueue) {
         return;
     }
+    if (mHost) {
+        mHost->saveShown();
+        mSetChoices.insert(mQueue, mHost->jobOptions());
+    }
     mQueue = queue;
     mPickedPaper = QPageSize();
     buildTabs();
 }
 
+void PrintDialogAttachment::startAnew()
+{
+    mSetChoices.clear();
+    buildTabs();
+}
+
 void PrintDialogAttachment::buildTabs()
 {
-    QTabWidget *tabs = optionTabs(*mDialog);
-    const int shownTab = tabs ? tabs->currentIndex() : -1;
     dropTabs();
     mHost.reset();
+    mFetch.reset();
     mRequestedPaper = QPageSize();
-    buildHost();
-    if (tabs && shownTab < tabs->count()) {
-        tabs->setCurrentIndex(shownTab);
+    if (isPrintingToFile(*mDialog)) {
+        return;
+    }
+    if (mPrinters.contains(mQueue)) {
+        buildHost();
+        return;
+    }
+    mFetch = std::make_unique<PrinterFetch>([name = mQueue](SchedulerConnection &scheduler) {
+        return PrinterRecord::read(scheduler, name);
+    });
+    connect(mFetch.get(), &PrinterFetch::answered, this, &PrintDialogAttachment::takeAnswer);
+}
+
+void PrintDialogAttachment::takeAnswer(const PrinterRecord &printer)
+{
+    // It may be what tells this.
+    mFetch.release()->deleteLater();
+    mReporter.report(printer.error);
+    if (printer.error.isNull()) {
+        mPrinters.insert(mQueue, printer);
+        buildHost();
     }
 }
 
 void PrintDialogAttachment::buildHost()
 {
+    const PrinterRecord &printer = mPrinters[mQueue];
     QString error;
-    const auto known = PrintQueue::find(mQueue, &error);
-    if (!known) {
-        reportMissingQueue(error);
-        return;
-    }
-    auto ppd = PPDFile::ofQueue(mQueue, &error);
+    auto target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &error);
     mReporter.report(error);
-    mRequestedPaper = mPickedPaper.isValid() ? QPageSize() : requestedPageSize(ppd.get());
-    if (!ppd) {
+    mRequestedPaper = mPickedPaper.isValid()
+                          ? QPageSize()
+                          : requestedPageSize(target ? target->ppd.get() : nullptr);
+    if (!target) {
         return;
     }
-    PanelTarget target{std::move(ppd), Printer(PrintQueue::queueOf(mQueue), known->deviceURI()),
-                       Paper(QString(), 0.0), PrintSettings(), JobOptions()};
-    const PPDFile &openPPD = *target.ppd;
-    target.paper = paperIn(openPPD, startPaper());
-    JobOptions requests = known->options();
+    const PPDFile &openPPD = *target->ppd;
+    if (const QPageSize paper = mPickedPaper.isValid() ? mPickedPaper : mRequestedPaper;
+        paper.isValid()) {
+        target->paper = paperIn(openPPD, paper);
+    }
+    JobOptions requests = printer.queue->options();
     requests.merge(mRequested);
     requests.merge(mLastChoices.of(mQueue));
+    requests.merge(mSetChoices.value(mQueue));
 
-    mHost = std::make_unique<PanelHost>(std::move(target), mBundles, mReporter);
+    mHost = std::make_unique<PanelHost>(std::move(*target), mBundles, mReporter);
     for (const QString &key : mHost->keys()) {
         if (requests.contains(key) && openPPD.hasOption(key)) {
             mHost->request(key, requests.value(key));
         }
     }
     addTabs();
-}
-
-void PrintDialogAttachment::reportMissingQueue(const QString &error)
-{
-    if (!isPrintingToFile(*mDialog) || !PrintQueue::schedulerAnswers(nullptr)) {
-        mReporter.report(error);
-    }
-}
-
-QPageSize PrintDialogAttachment::startPaper() const
-{
-    for (const QPageSize &paper : {mPickedPaper, mRequestedPaper}) {
-        if (paper.isValid()) {
-            return paper;
-        }
-    }
-    return QPrinterInfo::printerInfo(mQueue).defaultPageSize();
 }
 
 void PrintDialogAttachment::addTabs()
@@ -233,10 +251,33 @@ void PrintDialogAttachment::addTabs()
     tabs.append(new SummaryTab(*mHost));
     mTabs.assign(tabs.begin(), tabs.end());
     mDialog->setOptionTabs(tabs);
-    tabs.last()->setMinimumWidth(widthOfTabTitles(*mDialog));
+    QTabWidget *shown = optionTabs(*mDialog);
+    const bool isSeen = shown && shown->isVisible();
+    // What the user looks at stays as large as it is, and where it is.
+    if (!isSeen) {
+        tabs.last()->setMinimumWidth(widthOfTabTitles(*mDialog));
+    }
+    if (shown && (mPageSince ? shown->currentWidget() == mPageSince : !isSeen)) {
+        shown->setCurrentIndex(std::max(mTabBefore, 0));
+    }
+    mPageSince = nullptr;
 }
 
 void PrintDialogAttachment::dropTabs()
+{
+    const QTabWidget *shown = optionTabs(*mDialog);
+    const auto current =
+        std::find(mTabs.begin(), mTabs.end(), shown ? shown->currentWidget() : nullptr);
+    if (current == mTabs.end()) {
+        deleteTabs();
+        return;
+    }
+    mTabBefore = shown->currentIndex();
+    deleteTabs();
+    mPageSince = shown->currentWidget();
+}
+
+void PrintDialogAttachment::deleteTabs()
 {
     for (const QPointer<QWidget> &tab : mTabs) {
         delete tab;
@@ -300,12 +341,29 @@ void PrintDialogAttachment::passChoicesToJob()
         return;
     }
     mIsRefused = false;
+    awaitPrinter();
     if (mRequestedPaper.isValid()) {
         mDialog->printer()->setPageSize(mRequestedPaper);
     }
     if (mHost) {
         passPanelsChoices();
     }
+}
+
+void PrintDialogAttachment::awaitPrinter()
+{
+    if (!mFetch) {
+        return;
+    }
+    if (const auto answer = mFetch->waitFor(longestWait)) {
+        takeAnswer(*answer);
+        return;
+    }
+    mFetch.reset();
+    mReporter.report(
+        QStringLiteral("%1: the print scheduler has not told the printer's options yet; "
+                       "the job has none of the panel's")
+            .arg(mQueue));
 }
 
 void PrintDialogAttachment::passPanelsChoices()
@@ -317,15 +375,39 @@ void PrintDialogAttachment::passPanelsChoices()
             QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
         return;
     }
-    QString error;
-    if (!PrintQueue::find(mQueue, &error)) {
-        mReporter.report(error);
-    }
-    const JobOptions choices = mHost->jobOptions();
+    const JobOptions choices = choicesThatThePrinterHas(mHost->jobOptions());
     mLastChoices.remember(mQueue, choices);
     JobOptions options = jobOptions();
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);
+}
+
+JobOptions PrintDialogAttachment::choicesThatThePrinterHas(const JobOptions &choices)
+{
+    PrinterRecord &known = mPrinters[mQueue];
+    PrinterFetch fetch([printer = known](SchedulerConnection &scheduler) mutable {
+        printer.update(scheduler);
+        return printer;
+    });
+    const auto now = fetch.waitFor(shortestWait);
+    if (!now || now->ppd.text == known.ppd.text) {
+        return choices;
+    }
+    known = *now;
+    QString error;
+    const auto ppd = known.openPPD(&error, PPDFile::Marks::None);
+    mReporter.report(error);
+    JobOptions left;
+    for (const auto &[key, choice] : choices.pairs()) {
+        if (ppd && ppd->hasChoice(key, choice)) {
+            left.set(key, choice);
+        } else {
+            mReporter.report(QStringLiteral("%1: %2=%3 is left out: the printer's PPD has changed, "
+                                            "and has no such choice")
+                                 .arg(mQueue, key, choice));
+        }
+    }
+    return left;
 }
 
 #include "moc_PrintDialogAttachment.cpp"

@@ -2,7 +2,9 @@
 
 #include "host/JobOptions.h"
 #include "host/PanelBundle.h"
+#include "host/PrinterRecord.h"
 
+#include <QMap>
 #include <QObject>
 #include <QPageSize>
 #include <QPointer>
@@ -12,7 +14,7 @@
 
 class LastChoices;
 class PanelHost;
-class PPDFile;
+class PrinterFetch;
 class ProblemReporter;
 class QPrintDialog;
 
@@ -21,6 +23,10 @@ class QPrintDialog;
  * the summary. Follows the dialog's printer and paper, and hands the panels' choices to the job
  * when the user accepts.
  *
+ * The dialog never waits for the scheduler: the tabs appear when it has told what the printer has.
+ * Only when the user prints before that, the dialog waits a moment. Each printer keeps what was set
+ * for it while the dialog is shown.
+ *
  * A printer without a PPD, or without any option of a panel's, gets no tab. A dialog that is shown
  * again after the user has printed, cancelled or closed it starts from what was last chosen for its
  * printer; one that has merely been hidden for a while keeps what its panels show.
@@ -28,6 +34,8 @@ class QPrintDialog;
 class PrintDialogAttachment : public QObject
 {
     Q_OBJECT
+    /// For programs that look into an application.
+    Q_PROPERTY(bool waiting READ isWaiting)
 
 public:
     /**
@@ -43,8 +51,11 @@ public:
                           const JobOptions &requested = {});
     ~PrintDialogAttachment() override;
 
-    /// The panels of the chosen printer; null when it has none.
+    /// The panels of the chosen printer; null when it has none, or while isWaiting().
     PanelHost *host() const { return mHost.get(); }
+
+    /// Whether the scheduler has not told yet what the chosen printer has.
+    bool isWaiting() const { return mFetch != nullptr; }
 
     /// Every option that the dialog has put into the printer's job besides Qt's own ones: after
     /// the dialog was accepted, the panels' choices are among them.
@@ -63,16 +74,22 @@ private:
     void beFinished(int result);
     void checkWhetherClosed();
     void followPrinter();
+    /// Forgets what has been set in the dialog.
+    void startAnew();
     void buildTabs();
+    void takeAnswer(const PrinterRecord &printer);
     void buildHost();
-    void reportMissingQueue(const QString &error);
     void addTabs();
     void dropTabs();
+    void deleteTabs();
     void watchProperties(QWidget *properties);
     void followPageSize(const QPageSize &size);
     void passChoicesToJob();
+    /// Waits a moment for what has not been told yet.
+    void awaitPrinter();
     void passPanelsChoices();
-    QPageSize startPaper() const;
+    /// The choices without those that the printer has lost since its PPD was read.
+    JobOptions choicesThatThePrinterHas(const JobOptions &choices);
     QPageSize requestedPageSize(const PPDFile *ppd) const;
 
     QPrintDialog *mDialog;
@@ -81,8 +98,18 @@ private:
     LastChoices &mLastChoices;
     JobOptions mRequested;
     QString mQueue;
+    /// What the scheduler has told of the printers that were chosen, by their names.
+    QMap<QString, PrinterRecord> mPrinters;
+    /// The request for the chosen printer; null when nothing is asked.
+    std::unique_ptr<PrinterFetch> mFetch;
     std::unique_ptr<PanelHost> mHost;
+    /// What was set for the printers that were chosen before.
+    QMap<QString, JobOptions> mSetChoices;
     std::vector<QPointer<QWidget>> mTabs;
+    /// The index of the tab of ours that was turned to when the tabs were dropped, and the page that
+    /// has been in its place since; null for none.
+    int mTabBefore = 0;
+    QPointer<QWidget> mPageSince;
     QPointer<QWidget> mProperties;
     /// Invalid once the user has picked a paper.
     QPageSize mRequestedPaper;

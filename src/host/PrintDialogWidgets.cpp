@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
@@ -48,8 +49,14 @@ QComboBox *printersMenu(const QPrintDialog &dialog)
 bool isPrintingToFile(const QPrintDialog &dialog)
 {
     const QComboBox *menu = printersMenu(dialog);
-    return menu && dialog.testOption(QAbstractPrintDialog::PrintToFile) &&
-           menu->currentIndex() == menu->count() - 1;
+    if (!menu || menu->currentIndex() != menu->count() - 1) {
+        return false;
+    }
+    // The item is added behind the printers and a separator, and not before the dialog is shown.
+    return menu->count() == 1
+               ? dialog.printer()->printerName().isEmpty()
+               : menu->itemData(menu->count() - 2, Qt::AccessibleDescriptionRole).toString() ==
+                     QLatin1String("separator");
 }
 
 QTabWidget *optionTabs(const QPrintDialog &dialog)

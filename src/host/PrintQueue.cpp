@@ -1,12 +1,14 @@
 #include "host/PrintQueue.h"
 
+#include "host/SchedulerConnection.h"
+
 #include <QStringList>
+#include <QUrl>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
-constexpr int connectTimeoutMs = 5000;
-
 /// How the names of attributes begin that tell of the queue, not of its jobs.
 constexpr const char *queueAttributes[] = {"auth-info-required", "device-uri", "marker-",
                                            "printer-"};
@@ -15,8 +17,8 @@ constexpr const char *queueAttributes[] = {"auth-info-required", "device-uri", "
 class Destinations
 {
 public:
-    Destinations()
-        : mCount(cupsGetDests2(CUPS_HTTP_DEFAULT, &mDestinations))
+    explicit Destinations(http_t *http)
+        : mCount(cupsGetDests2(http, &mDestinations))
     {
     }
     ~Destinations() { cupsFreeDests(mCount, mDestinations); }
@@ -31,6 +33,12 @@ private:
     int mCount;
 };
 
+struct DestinationDeleter
+{
+    void operator()(cups_dest_t *destination) const { cupsFreeDests(1, destination); }
+};
+using Destination = std::unique_ptr<cups_dest_t, DestinationDeleter>;
+
 constexpr QLatin1Char instanceSeparator('/');
 
 QString nameOf(const cups_dest_t &destination)
@@ -42,75 +50,60 @@ QString nameOf(const cups_dest_t &destination)
 }
 } // namespace
 
-bool PrintQueue::schedulerAnswers(QString *error)
+PrintQueue::Names PrintQueue::names(SchedulerConnection &scheduler, QString *error)
 {
-    http_t *http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                                connectTimeoutMs, nullptr);
-    if (http) {
-        httpClose(http);
-        return true;
+    http_t *http = scheduler.open(error);
+    Names names;
+    if (!http) {
+        return names;
     }
-    if (!error) {
-        return false;
+    for (const cups_dest_t &destination : Destinations(http)) {
+        names.all.append(nameOf(destination));
+        if (destination.is_default) {
+            names.byDefault = names.all.last();
+        }
     }
-    *error = QStringLiteral("no print scheduler answers at %1 (port %2): %3")
-                 .arg(QString::fromUtf8(cupsServer()))
-                 .arg(ippPort())
-                 .arg(QString::fromUtf8(cupsLastErrorString()));
-    return false;
-}
-
-QStringList PrintQueue::names()
-{
-    QStringList names;
-    for (const cups_dest_t &destination : Destinations()) {
-        names.append(nameOf(destination));
+    if (names.all.isEmpty()) {
+        *error = scheduler.isSilent() ? scheduler.fault()
+                                      : QStringLiteral("the print scheduler has no printer");
     }
     return names;
 }
 
-QString PrintQueue::defaultName()
+QString PrintQueue::choose(SchedulerConnection &scheduler, const QString &asked, QString *error)
 {
-    for (const cups_dest_t &destination : Destinations()) {
-        if (destination.is_default) {
-            return nameOf(destination);
-        }
-    }
-    return {};
-}
-
-QString PrintQueue::choose(const QString &asked, QString *error)
-{
-    if (!schedulerAnswers(error)) {
-        return {};
-    }
-    const QStringList known = names();
-    if (known.isEmpty()) {
-        *error = QStringLiteral("the print scheduler has no printer");
+    const Names known = names(scheduler, error);
+    if (known.all.isEmpty()) {
         return {};
     }
     if (asked.isEmpty()) {
-        const QString byDefault = defaultName();
-        return byDefault.isNull() ? known.first() : byDefault;
+        return known.byDefault.isNull() ? known.all.first() : known.byDefault;
     }
-    if (!known.contains(asked)) {
+    if (!known.all.contains(asked)) {
         *error = QStringLiteral("there is no printer %1; the printers are: %2")
-                     .arg(asked, known.join(QStringLiteral(", ")));
+                     .arg(asked, known.all.join(QStringLiteral(", ")));
         return {};
     }
     return asked;
 }
 
-std::optional<PrintQueue> PrintQueue::find(const QString &name, QString *error)
+std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const QString &name,
+                                           QString *error)
 {
-    for (const cups_dest_t &destination : Destinations()) {
-        if (nameOf(destination) == name) {
-            return PrintQueue(destination);
-        }
+    http_t *http = scheduler.open(error);
+    if (!http) {
+        return std::nullopt;
     }
-    if (error && schedulerAnswers(error)) {
-        *error = QStringLiteral("the print scheduler has no printer %1").arg(name);
+    const QByteArray queue = queueOf(name).toUtf8();
+    const QByteArray instance = name.section(instanceSeparator, 1).toUtf8();
+    const Destination destination(cupsGetNamedDest(
+        http, queue.constData(), instance.isEmpty() ? nullptr : instance.constData()));
+    if (destination && nameOf(*destination) == name) {
+        return PrintQueue(*destination);
     }
+    *error = scheduler.isSilent()
+                 ? scheduler.fault()
+                 : QStringLiteral("the print scheduler has no printer %1").arg(name);
     return std::nullopt;
 }
 
@@ -141,4 +134,28 @@ JobOptions PrintQueue::jobOptions() const
         }
     }
     return options;
+}
+
+bool PrintQueue::isClass() const
+{
+    const uint type = mOptions.value(QStringLiteral("printer-type")).toUInt();
+    return (type & CUPS_PRINTER_CLASS) != 0;
+}
+
+QString PrintQueue::firstMember(SchedulerConnection &scheduler) const
+{
+    http_t *http = scheduler.open(nullptr);
+    if (!http) {
+        return {};
+    }
+    const QByteArray uri = "ipp://localhost/classes/" + QUrl::toPercentEncoding(queue());
+    ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "member-names");
+    const std::unique_ptr<ipp_t, decltype(&ippDelete)> answer(cupsDoRequest(http, request, "/"),
+                                                              ippDelete);
+    ipp_attribute_t *names =
+        answer ? ippFindAttribute(answer.get(), "member-names", IPP_TAG_NAME) : nullptr;
+    return names ? QString::fromUtf8(ippGetString(names, 0, nullptr)) : QString();
 }

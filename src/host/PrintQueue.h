@@ -7,6 +7,8 @@
 
 #include <optional>
 
+class SchedulerConnection;
+
 /**
  * A print queue of the scheduler's, as its user sees it.
  *
@@ -16,25 +18,34 @@
 class PrintQueue
 {
 public:
-    /// Whether the scheduler answers; the reason, with the scheduler's address, in @p error,
-    /// which may be null.
-    static bool schedulerAnswers(QString *error);
-
     /// The names of all queues and of their instances.
-    static QStringList names();
-    /// The user's default queue or instance; null when there is none.
-    static QString defaultName();
+    struct Names
+    {
+        QStringList all;
+        /// The user's default queue or instance; null when there is none.
+        QString byDefault;
+    };
+    /// Empty, with the reason in @p error, when there are none.
+    static Names names(SchedulerConnection &scheduler, QString *error);
     /// The name of the queue that a user means: the one that is @p asked for, else the default one,
     /// else the first. Null, with the reason in @p error, when there is none.
-    static QString choose(const QString &asked, QString *error);
-    /// The queue of that name; nothing when there is none, with what is missing, the queue or the
-    /// scheduler, in @p error, which may be null.
-    static std::optional<PrintQueue> find(const QString &name, QString *error = nullptr);
+    static QString choose(SchedulerConnection &scheduler, const QString &asked, QString *error);
+    /// The queue of that name, or an instance of it with the options that the user has saved for
+    /// it, none for an instance that nobody has made; nothing, with what is missing, the queue or
+    /// the scheduler, in @p error, when there is no such queue.
+    static std::optional<PrintQueue> find(SchedulerConnection &scheduler, const QString &name,
+                                          QString *error);
 
     /// The name of the queue that a printer's jobs go to: without the instance.
     static QString queueOf(const QString &name);
 
     const QString &name() const { return mName; }
+    /// The name without the instance.
+    QString queue() const { return queueOf(mName); }
+    /// Whether jobs go to one of several queues.
+    bool isClass() const;
+    /// A class's first queue; null when it has none, or the scheduler does not tell.
+    QString firstMember(SchedulerConnection &scheduler) const;
     /// Where the queue sends its jobs; null when the scheduler does not tell.
     const QString &deviceURI() const { return mDeviceURI; }
     /// The queue's attributes and the options that the user has saved for it.

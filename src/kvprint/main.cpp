@@ -61,7 +61,7 @@ void translateQt(QTranslator &texts)
 
 ExitStatus runScript(const CommandLine &line)
 {
-    ScriptRunner runner({bundleFolder(), line.ppd, line.printer});
+    ScriptRunner runner({bundleFolder(), line.ppd, line.printer, std::chrono::seconds(line.timeout)});
     QString error;
     if (!runner.run(line.actionFile, &error)) {
         ProblemReporter().report(error);

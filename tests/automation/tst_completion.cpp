@@ -269,7 +269,7 @@ tst_completion::Completion tst_completion::complete(const QString &line,
 void tst_completion::completionOffersEveryOption()
 {
     const QStringList names = allNames();
-    QCOMPARE(names.size(), 15);
+    QCOMPARE(names.size(), 16);
     QVERIFY(names.contains(u"--no-dialog"_s));
     QStringList offered = complete(u"kvprint -"_s).offered;
     offered.sort();

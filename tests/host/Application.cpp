@@ -40,7 +40,7 @@ bool Application::show()
     if (!mDialog->findChild<PrintDialogAttachment *>()) {
         new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices);
     }
-    return QTest::qWaitForWindowActive(mDialog.get());
+    return QTest::qWaitForWindowActive(mDialog.get()) && mUser->awaitPrinter();
 }
 
 bool Application::openTab()

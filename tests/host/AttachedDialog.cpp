@@ -29,6 +29,7 @@ AttachedDialog::AttachedDialog(const QString &printer, const QStringList &option
     mAttachment = new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices,
                                             optionsOf(options));
     mUser = std::make_unique<DialogDriver>(*mDialog);
+    mUser->awaitPrinter();
 }
 
 AttachedDialog::~AttachedDialog() = default;

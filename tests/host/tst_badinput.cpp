@@ -8,6 +8,7 @@
 #include "host/PanelHost.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/PrintQueue.h"
+#include "host/SchedulerConnection.h"
 
 #include <QDir>
 #include <QTest>
@@ -284,7 +285,9 @@ void tst_badinput::longDeviceURI()
     ippAddString(request, IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr, uri.constData());
     ippDelete(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/admin/"));
     QVERIFY2(cupsLastError() <= IPP_STATUS_OK_CONFLICTING, cupsLastErrorString());
-    QCOMPARE(PrintQueue::find(name)->deviceURI(), QString::fromLatin1(uri));
+    SchedulerConnection scheduler;
+    QString error;
+    QCOMPARE(PrintQueue::find(scheduler, name, &error)->deviceURI(), QString::fromLatin1(uri));
 
     AttachedDialog dialog(name);
     QVERIFY(dialog.openTab());
@@ -298,7 +301,7 @@ void tst_badinput::noScheduler()
 {
     cupsSetServer("127.0.0.1:9");
     QString error;
-    const bool answers = PrintQueue::schedulerAnswers(&error);
+    const bool answers = SchedulerConnection().open(&error);
     ExitStatus status = ExitStatus::Printed;
     CommandRun run(QStringLiteral("tape"), {mSite.document()});
     const QPrintDialog *dialog = run.command().prepare(&status);
@@ -308,7 +311,7 @@ void tst_badinput::noScheduler()
              qPrintable(error));
     QVERIFY(!dialog);
     QCOMPARE(status, ExitStatus::NotPrinted);
-    QVERIFY(PrintQueue::schedulerAnswers(&error));
+    QVERIFY(SchedulerConnection().open(&error));
 }
 
 void tst_badinput::unknownPrinter()
@@ -369,17 +372,18 @@ void tst_badinput::unreadableFile()
 
 void tst_badinput::jobThatCannotBeSent()
 {
+    SchedulerConnection scheduler;
     QString error;
-    QCOMPARE(
-        JobSubmission::print(QStringLiteral("nowhere"), {mSite.document()}, u"title"_s, {}, &error),
-        0);
+    QCOMPARE(JobSubmission::print(scheduler, QStringLiteral("nowhere"), {mSite.document()},
+                                  u"title"_s, {}, &error),
+             0);
     QVERIFY2(error.startsWith(u"nowhere: "), qPrintable(error));
     QVERIFY(error.size() > 9);
 
     // A file that is gone by the time of sending leaves no job with the others behind.
     const QList<int> before = mSite.scheduler().jobIds();
     error.clear();
-    QCOMPARE(JobSubmission::print(QStringLiteral("tape"),
+    QCOMPARE(JobSubmission::print(scheduler, QStringLiteral("tape"),
                                   {mSite.document(), mSite.path(QStringLiteral("gone.txt"))},
                                   u"title"_s, {}, &error),
              0);

@@ -84,8 +84,10 @@ bool tst_instance::isAtTape(int job) const
 
 void tst_instance::instanceIsFound()
 {
-    const auto queue = PrintQueue::find(tape);
-    const auto instance = PrintQueue::find(draft);
+    SchedulerConnection scheduler;
+    QString error;
+    const auto queue = PrintQueue::find(scheduler, tape, &error);
+    const auto instance = PrintQueue::find(scheduler, draft, &error);
     QVERIFY(queue && instance);
     QCOMPARE(instance->name(), draft);
     QCOMPARE(PrintQueue::queueOf(draft), tape);
@@ -94,16 +96,16 @@ void tst_instance::instanceIsFound()
     QCOMPARE(queue->options().value(u"KvHalfCut"_s), QString());
     QCOMPARE(instance->deviceURI(), queue->deviceURI());
     QVERIFY(!instance->deviceURI().isEmpty());
-    QVERIFY(PrintQueue::names().contains(draft));
-    QString error;
-    QCOMPARE(PrintQueue::choose(draft, &error), draft);
+    QVERIFY(PrintQueue::names(scheduler, &error).all.contains(draft));
+    QCOMPARE(PrintQueue::choose(scheduler, draft, &error), draft);
     QCOMPARE(error, QString());
 }
 
 void tst_instance::panelsAreToldOfTheQueue()
 {
     QString error;
-    const auto target = PanelTarget::ofQueue(draft, PPDFile::Marks::Defaults, &error);
+    SchedulerConnection scheduler;
+    const auto target = PanelTarget::ofQueue(scheduler, draft, PPDFile::Marks::Defaults, &error);
     QVERIFY2(target, qPrintable(error));
     QCOMPARE(target->printer.name(), tape);
     QCOMPARE(target->ppd->markedChoice(u"KvHalfCut"_s), u"ON"_s);
@@ -123,9 +125,8 @@ void tst_instance::unknownInstance()
 {
     QFETCH(const QString, name);
     QString error;
-    QVERIFY(!PrintQueue::find(name, &error));
-    QCOMPARE(error, u"the print scheduler has no printer "_s + name);
-    QVERIFY(PrintQueue::choose(name, &error).isNull());
+    SchedulerConnection scheduler;
+    QVERIFY(PrintQueue::choose(scheduler, name, &error).isNull());
     QCOMPARE(error, u"there is no printer %1; the printers are: all, follow, label, mark, plain, "
                     "tape, tape/draft"_s.arg(name));
     ExitStatus status = ExitStatus::Printed;
@@ -138,8 +139,9 @@ void tst_instance::defaultPrinterMayBeAnInstance()
 {
     QVERIFY(mSite.saveUserOptions("Default tape/draft KvHalfCut=ON\n"));
     QString error;
-    QCOMPARE(PrintQueue::defaultName(), draft);
-    QCOMPARE(PrintQueue::choose(QString(), &error), draft);
+    SchedulerConnection scheduler;
+    QCOMPARE(PrintQueue::names(scheduler, &error).byDefault, draft);
+    QCOMPARE(PrintQueue::choose(scheduler, QString(), &error), draft);
 }
 
 void tst_instance::savedChoicesAreShownAndPrinted()

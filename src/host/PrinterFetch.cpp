@@ -1,0 +1,70 @@
+#include "host/PrinterFetch.h"
+
+#include "host/SchedulerConnection.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+/// What the thread and its owner have in common; the last of them frees it.
+struct PrinterFetch::Shared
+{
+    std::mutex mutex;
+    std::condition_variable isAnswered;
+    std::optional<PrinterRecord> record;
+    /// Null when nobody is interested any more.
+    PrinterFetch *owner = nullptr;
+    std::atomic_bool isCancelled = false;
+};
+
+PrinterFetch::PrinterFetch(Question question, QObject *parent)
+    : QObject(parent)
+    , mShared(std::make_shared<Shared>())
+{
+    mShared->owner = this;
+    const auto ask = [shared = mShared, question = std::move(question),
+                      address = SchedulerAddress::ofThisThread()] {
+        address.use();
+        SchedulerConnection scheduler(SchedulerConnection::defaultLimit, &shared->isCancelled);
+        PrinterRecord record = question(scheduler);
+        const std::scoped_lock lock(shared->mutex);
+        shared->record = std::move(record);
+        shared->isAnswered.notify_all();
+        if (shared->owner) {
+            QMetaObject::invokeMethod(
+                shared->owner,
+                [owner = shared->owner] {
+                    if (const auto answer = owner->take()) {
+                        Q_EMIT owner->answered(*answer);
+                    }
+                },
+                Qt::QueuedConnection);
+        }
+    };
+    std::thread(ask).detach();
+}
+
+PrinterFetch::~PrinterFetch()
+{
+    const std::scoped_lock lock(mShared->mutex);
+    mShared->owner = nullptr;
+    mShared->isCancelled = true;
+}
+
+std::optional<PrinterRecord> PrinterFetch::waitFor(std::chrono::milliseconds time)
+{
+    {
+        std::unique_lock lock(mShared->mutex);
+        mShared->isAnswered.wait_for(lock, time, [this] { return mShared->record.has_value(); });
+    }
+    return take();
+}
+
+std::optional<PrinterRecord> PrinterFetch::take()
+{
+    const std::scoped_lock lock(mShared->mutex);
+    return std::exchange(mShared->record, std::nullopt);
+}
+
+#include "moc_PrinterFetch.cpp"

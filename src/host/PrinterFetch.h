@@ -1,0 +1,42 @@
+#pragma once
+
+#include "host/PrinterRecord.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+/**
+ * Asks the scheduler for a printer in a thread of its own, so that nobody has to wait for it.
+ *
+ * A request that nobody is interested in any more ends within a tenth of a second.
+ */
+class PrinterFetch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What is asked in the thread.
+    using Question = std::function<PrinterRecord(SchedulerConnection &scheduler)>;
+
+    explicit PrinterFetch(Question question, QObject *parent = nullptr);
+    /// Gives the request up.
+    ~PrinterFetch() override;
+
+    /// Waits for the answer; nothing when there is none in time. Given once, here or by answered().
+    std::optional<PrinterRecord> waitFor(std::chrono::milliseconds time);
+
+Q_SIGNALS:
+    /// The answer is here.
+    void answered(const PrinterRecord &record);
+
+private:
+    struct Shared;
+
+    std::optional<PrinterRecord> take();
+
+    std::shared_ptr<Shared> mShared;
+};

@@ -1,0 +1,39 @@
+#include "host/PrinterRecord.h"
+
+#include "host/SchedulerConnection.h"
+
+namespace {
+QString nameOfPPD(const QString &printer)
+{
+    return QStringLiteral("PPD of %1").arg(printer);
+}
+} // namespace
+
+PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString &name)
+{
+    PrinterRecord record;
+    record.name = name;
+    record.queue = PrintQueue::find(scheduler, name, &record.error);
+    if (record.queue) {
+        record.ppdQueue =
+            record.queue->isClass() ? record.queue->firstMember(scheduler) : record.queue->queue();
+        record.update(scheduler);
+    }
+    return record;
+}
+
+QueuePPD::Answer PrinterRecord::update(SchedulerConnection &scheduler)
+{
+    QString reason;
+    const QueuePPD::Answer answer =
+        ppdQueue.isEmpty() ? QueuePPD::Answer::None : ppd.update(scheduler, ppdQueue, &reason);
+    if (!reason.isNull()) {
+        error = QStringLiteral("%1: %2").arg(nameOfPPD(name), reason);
+    }
+    return answer;
+}
+
+std::unique_ptr<PPDFile> PrinterRecord::openPPD(QString *reason, PPDFile::Marks marks) const
+{
+    return ppd.text.isNull() ? nullptr : PPDFile::read(ppd.text, nameOfPPD(name), reason, marks);
+}

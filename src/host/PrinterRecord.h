@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/PPDFile.h"
+#include "host/PrintQueue.h"
+#include "host/QueuePPD.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class SchedulerConnection;
+
+/// What the scheduler has told of a printer, a queue or an instance of one.
+struct PrinterRecord
+{
+    /// Asks the scheduler, in two requests, and a third one for a class of printers, whose PPD is
+    /// that of its first member.
+    static PrinterRecord read(SchedulerConnection &scheduler, const QString &name);
+
+    /// Asks the scheduler, in one request, whether it has another PPD for the printer by now, which
+    /// is then here. Answer::Failed leaves everything as it was but the error.
+    QueuePPD::Answer update(SchedulerConnection &scheduler);
+
+    /**
+     * Opens the PPD.
+     *
+     * @param reason set to what is wrong with it when the result is null; left alone when the
+     *        printer just has none.
+     */
+    std::unique_ptr<PPDFile> openPPD(QString *reason, PPDFile::Marks marks) const;
+
+    QString name;
+    /// Nothing when there is no such queue, or no scheduler.
+    std::optional<PrintQueue> queue;
+    /// The queue whose PPD is the printer's.
+    QString ppdQueue;
+    QueuePPD ppd;
+    /// Why the queue or its PPD is missing; null when nothing is wrong.
+    QString error;
+};

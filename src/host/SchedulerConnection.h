@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cups/cups.h>
+
+#include <atomic>
+#include <chrono>
+
+/// Where the print scheduler is and who asks it: what libcups knows for each thread by itself.
+struct SchedulerAddress
+{
+    /// What libcups knows in the calling thread.
+    static SchedulerAddress ofThisThread();
+    /// Has libcups use this address in the calling thread, and ask for no password.
+    void use() const;
+
+    /// A host's name or address, or the path of a socket.
+    QByteArray server;
+    int port = 0;
+    http_encryption_t encryption = HTTP_ENCRYPTION_IF_REQUESTED;
+    QByteArray user;
+};
+
+/**
+ * A connection to the print scheduler that ends when the scheduler is silent for too long.
+ *
+ * Opened when it is first needed. Belongs to one thread.
+ */
+class SchedulerConnection
+{
+public:
+    using Milliseconds = std::chrono::milliseconds;
+    static constexpr Milliseconds defaultLimit{10'000};
+
+    /**
+     * @param limit how long the scheduler may be silent, to the second.
+     * @param isCancelled ends all waiting within a tenth of a second once it is true; must outlive
+     *        the connection, and may be null.
+     */
+    explicit SchedulerConnection(Milliseconds limit = defaultLimit,
+                                 const std::atomic_bool *isCancelled = nullptr);
+    ~SchedulerConnection();
+    SchedulerConnection(const SchedulerConnection &) = delete;
+    SchedulerConnection &operator=(const SchedulerConnection &) = delete;
+
+    /// The open connection, owned by this object; null, with the reason in @p error, which may be
+    /// null, when the scheduler cannot be reached.
+    http_t *open(QString *error);
+
+    /// Whether the scheduler has been silent for too long, or the waiting has been cancelled.
+    bool isSilent() const { return mIsSilent; }
+
+    /// Why the last request has failed: that the scheduler is silent, else what libcups says.
+    QString fault() const;
+
+private:
+    /// Called by libcups behind each slice of silence: whether to wait on.
+    static int waitOn(http_t *http, void *connection);
+
+    const Milliseconds mLimit;
+    const std::atomic_bool *const mIsCancelled;
+    http_t *mHTTP = nullptr;
+    bool mIsSilent = false;
+};
