@@ -106,8 +106,8 @@ private:
     /// What was set for the printers that were chosen before.
     QMap<QString, JobOptions> mSetChoices;
     std::vector<QPointer<QWidget>> mTabs;
-    /// The index of the tab of ours that was turned to when the tabs were dropped, and the page that
-    /// has been in its place since; null for none.
+    /// The index of the tab of ours that was turned to when the tabs were dropped, and the page
+    /// that has been in its place since; null for none.
     int mTabBefore = 0;
     QPointer<QWidget> mPageSince;
     QPointer<QWidget> mProperties;

@@ -39,6 +39,25 @@ struct DestinationDeleter
 };
 using Destination = std::unique_ptr<cups_dest_t, DestinationDeleter>;
 
+struct AnswerDeleter
+{
+    void operator()(ipp_t *answer) const { ippDelete(answer); }
+};
+using Answer = std::unique_ptr<ipp_t, AnswerDeleter>;
+
+/// Asks for the names of a class's members; null when there is no such queue, or no answer.
+Answer ask(http_t *http, const QByteArray &queue)
+{
+    const QByteArray uri =
+        "ipp://localhost/printers/" + QUrl::toPercentEncoding(QString::fromUtf8(queue));
+    ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "member-names");
+    Answer answer(cupsDoRequest(http, request, "/"));
+    return cupsLastError() <= IPP_STATUS_OK_CONFLICTING ? std::move(answer) : nullptr;
+}
+
 constexpr QLatin1Char instanceSeparator('/');
 
 QString nameOf(const cups_dest_t &destination)
@@ -95,11 +114,22 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
         return std::nullopt;
     }
     const QByteArray queue = queueOf(name).toUtf8();
+    // libcups goes on to ask on a connection of its own, without a limit, when this one has failed.
+    const Answer probe = ask(http, queue);
+    if (!probe && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
+        *error = scheduler.fault();
+        return std::nullopt;
+    }
     const QByteArray instance = name.section(instanceSeparator, 1).toUtf8();
     const Destination destination(cupsGetNamedDest(
         http, queue.constData(), instance.isEmpty() ? nullptr : instance.constData()));
     if (destination && nameOf(*destination) == name) {
-        return PrintQueue(*destination);
+        PrintQueue found(*destination);
+        ipp_attribute_t *members =
+            probe ? ippFindAttribute(probe.get(), "member-names", IPP_TAG_NAME) : nullptr;
+        found.mPPDQueue =
+            members ? QString::fromUtf8(ippGetString(members, 0, nullptr)) : queueOf(name);
+        return found;
     }
     *error = scheduler.isSilent()
                  ? scheduler.fault()
@@ -134,28 +164,4 @@ JobOptions PrintQueue::jobOptions() const
         }
     }
     return options;
-}
-
-bool PrintQueue::isClass() const
-{
-    const uint type = mOptions.value(QStringLiteral("printer-type")).toUInt();
-    return (type & CUPS_PRINTER_CLASS) != 0;
-}
-
-QString PrintQueue::firstMember(SchedulerConnection &scheduler) const
-{
-    http_t *http = scheduler.open(nullptr);
-    if (!http) {
-        return {};
-    }
-    const QByteArray uri = "ipp://localhost/classes/" + QUrl::toPercentEncoding(queue());
-    ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-                 "member-names");
-    const std::unique_ptr<ipp_t, decltype(&ippDelete)> answer(cupsDoRequest(http, request, "/"),
-                                                              ippDelete);
-    ipp_attribute_t *names =
-        answer ? ippFindAttribute(answer.get(), "member-names", IPP_TAG_NAME) : nullptr;
-    return names ? QString::fromUtf8(ippGetString(names, 0, nullptr)) : QString();
 }

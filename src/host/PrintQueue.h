@@ -42,10 +42,8 @@ public:
     const QString &name() const { return mName; }
     /// The name without the instance.
     QString queue() const { return queueOf(mName); }
-    /// Whether jobs go to one of several queues.
-    bool isClass() const;
-    /// A class's first queue; null when it has none, or the scheduler does not tell.
-    QString firstMember(SchedulerConnection &scheduler) const;
+    /// The queue whose PPD is the printer's: for a class of printers its first member.
+    const QString &ppdQueue() const { return mPPDQueue; }
     /// Where the queue sends its jobs; null when the scheduler does not tell.
     const QString &deviceURI() const { return mDeviceURI; }
     /// The queue's attributes and the options that the user has saved for it.
@@ -58,6 +56,7 @@ private:
     explicit PrintQueue(const cups_dest_t &destination);
 
     QString mName;
+    QString mPPDQueue;
     QString mDeviceURI;
     JobOptions mOptions;
 };

@@ -15,8 +15,6 @@ PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString 
     record.name = name;
     record.queue = PrintQueue::find(scheduler, name, &record.error);
     if (record.queue) {
-        record.ppdQueue =
-            record.queue->isClass() ? record.queue->firstMember(scheduler) : record.queue->queue();
         record.update(scheduler);
     }
     return record;
@@ -26,7 +24,7 @@ QueuePPD::Answer PrinterRecord::update(SchedulerConnection &scheduler)
 {
     QString reason;
     const QueuePPD::Answer answer =
-        ppdQueue.isEmpty() ? QueuePPD::Answer::None : ppd.update(scheduler, ppdQueue, &reason);
+        queue ? ppd.update(scheduler, queue->ppdQueue(), &reason) : QueuePPD::Answer::None;
     if (!reason.isNull()) {
         error = QStringLiteral("%1: %2").arg(nameOfPPD(name), reason);
     }

@@ -14,8 +14,7 @@ class SchedulerConnection;
 /// What the scheduler has told of a printer, a queue or an instance of one.
 struct PrinterRecord
 {
-    /// Asks the scheduler, in two requests, and a third one for a class of printers, whose PPD is
-    /// that of its first member.
+    /// Asks the scheduler, in three requests.
     static PrinterRecord read(SchedulerConnection &scheduler, const QString &name);
 
     /// Asks the scheduler, in one request, whether it has another PPD for the printer by now, which
@@ -33,8 +32,6 @@ struct PrinterRecord
     QString name;
     /// Nothing when there is no such queue, or no scheduler.
     std::optional<PrintQueue> queue;
-    /// The queue whose PPD is the printer's.
-    QString ppdQueue;
     QueuePPD ppd;
     /// Why the queue or its PPD is missing; null when nothing is wrong.
     QString error;

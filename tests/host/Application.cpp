@@ -37,10 +37,15 @@ QPrintDialog &Application::makeDialog(const QString &printer, bool hasOwnPrinter
 bool Application::show()
 {
     mDialog->open();
+    attach();
+    return QTest::qWaitForWindowActive(mDialog.get()) && mUser->awaitPrinter();
+}
+
+void Application::attach()
+{
     if (!mDialog->findChild<PrintDialogAttachment *>()) {
         new PrintDialogAttachment(mDialog.get(), mBundles, mReporter, mLastChoices);
     }
-    return QTest::qWaitForWindowActive(mDialog.get()) && mUser->awaitPrinter();
 }
 
 bool Application::openTab()

@@ -31,6 +31,8 @@ public:
     QPrintDialog &makeDialog(const QString &printer, bool hasOwnPrinter = false);
     /// The dialog comes up as the application wants it, and the panels come to it.
     bool show();
+    /// The panels come to the dialog when the scheduler has told what its printer has.
+    void attach();
     /// Turns to the panel's tab.
     bool openTab();
 

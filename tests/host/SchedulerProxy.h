@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <atomic>
+#include <thread>
+
+/**
+ * Stands between libcups and a scheduler on this machine, and spoils what the scheduler answers.
+ *
+ * While it lives, libcups of the calling thread asks it in place of the scheduler.
+ */
+class SchedulerProxy
+{
+public:
+    /// @param scheduler "127.0.0.1:50000".
+    explicit SchedulerProxy(const QByteArray &scheduler);
+    ~SchedulerProxy();
+    SchedulerProxy(const SchedulerProxy &) = delete;
+    SchedulerProxy &operator=(const SchedulerProxy &) = delete;
+
+    /// Breaks connections off behind so many bytes of the answer to a request for a PPD; −1 for
+    /// none.
+    void cutPPDsAfter(int bytes) { mCut = bytes; }
+    /// Gives no more answers on connections that are opened from now on.
+    void setSilent(bool isSilent) { mIsSilent = isSilent; }
+    /// How many requests there have been.
+    int requests() const { return mRequests; }
+
+private:
+    void acceptAll();
+    void forward(int client, bool isSilent);
+
+    QByteArray mScheduler;
+    int mListener = -1;
+    std::thread mThread;
+    std::atomic_bool mIsStopping = false;
+    std::atomic_bool mIsSilent = false;
+    std::atomic_int mCut = -1;
+    std::atomic_int mRequests = 0;
+};
