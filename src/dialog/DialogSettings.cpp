@@ -1,11 +1,12 @@
 #include "dialog/DialogSettings.h"
 
 #include "host/ProblemReporter.h"
-#include "printcore/FileAccess.h"
+#include "printcore/CheckedFile.h"
+#include "printcore/UTF8.h"
 
 #include <QHash>
-#include <QSettings>
 #include <QStandardPaths>
+#include <QStringList>
 
 struct DialogSettings::Line
 {
@@ -14,6 +15,8 @@ struct DialogSettings::Line
 };
 
 namespace {
+constexpr qint64 greatestSize = 64 * 1024;
+
 /// The files of settings, whether or not they are there, the most important first.
 QStringList settingsFiles()
 {
@@ -23,6 +26,45 @@ QStringList settingsFiles()
     }
     files.removeDuplicates();
     return files;
+}
+
+bool isComment(const QString &line)
+{
+    return line.isEmpty() || line.startsWith(QLatin1Char(';')) || line.startsWith(QLatin1Char('#'));
+}
+
+/// What stands behind a key, without a comment and without the quotes around it.
+QString valueOf(const QString &text)
+{
+    const QString value = text.trimmed();
+    const QLatin1Char quote('"');
+    if (value.size() > 1 && value.startsWith(quote) && value.endsWith(quote)) {
+        return value.mid(1, value.size() - 2);
+    }
+    return value.section(QLatin1Char(';'), 0, 0).trimmed();
+}
+
+/// Reads the section "Applications". @p faultyLine is set to the number of the first line that is
+/// neither a section nor a key and a value, if there is one.
+QHash<QString, QString> readApplications(const QString &text, int *faultyLine)
+{
+    QHash<QString, QString> values;
+    bool isWanted = false;
+    int number = 0;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (const QString &untrimmed : lines) {
+        const QString line = untrimmed.trimmed();
+        const auto equals = line.indexOf(QLatin1Char('='));
+        ++number;
+        if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
+            isWanted = line == QLatin1String("[Applications]");
+        } else if (equals > 0 && isWanted && !isComment(line)) {
+            values.insert(line.left(equals).trimmed(), valueOf(line.mid(equals + 1)));
+        } else if (equals <= 0 && !isComment(line) && *faultyLine == 0) {
+            *faultyLine = number;
+        }
+    }
+    return values;
 }
 } // namespace
 
@@ -49,24 +91,28 @@ bool DialogSettings::isOn(const QString &program) const
 
 void DialogSettings::read(const QString &file, QHash<QString, Line> &lines) const
 {
-    if (isMissing(file)) {
+    CheckedFile opened = CheckedFile::ofAnybody(file);
+    const QString text = textOfUTF8(opened.read(greatestSize));
+    if (opened.isMissing()) {
         return;
     }
-    const QString fault = accessFault(file);
-    if (!fault.isNull()) {
-        mReporter.report(QStringLiteral("%1 %2").arg(file, fault));
+    if (!opened.fault().isNull()) {
+        mReporter.report(QStringLiteral("%1 %2").arg(file, opened.fault()));
         return;
     }
-    QSettings settings(file, QSettings::IniFormat);
-    if (settings.status() != QSettings::NoError) {
-        mReporter.report(
-            QStringLiteral("%1: not every line is a section, or a key and a value").arg(file));
+    if (text.isNull()) {
+        mReporter.report(QStringLiteral("%1 is no text in UTF-8").arg(file));
     }
-    settings.beginGroup(QStringLiteral("Applications"));
-    const QStringList keys = settings.childKeys();
-    for (const QString &key : keys) {
-        if (!lines.contains(key)) {
-            lines.insert(key, {file, settings.value(key).toString()});
+    int faultyLine = 0;
+    const QHash<QString, QString> values = readApplications(text, &faultyLine);
+    if (faultyLine != 0) {
+        mReporter.report(QStringLiteral("%1: line %2 is neither a section, nor a key and a value")
+                             .arg(file)
+                             .arg(faultyLine));
+    }
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        if (!lines.contains(value.key())) {
+            lines.insert(value.key(), {file, value.value()});
         }
     }
 }

@@ -2,8 +2,8 @@
 
 #include "dialog/OwnFile.h"
 #include "dialog/PrintDialogExtender.h"
-#include "host/FileTrust.h"
-#include "printcore/FileAccess.h"
+#include "printcore/CheckedFile.h"
+#include "printcore/ProblemLine.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,7 +12,6 @@
 #include <QPluginLoader>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 namespace {
@@ -25,36 +24,34 @@ bool isExtended(const QObject &dialog)
     });
 }
 
-void tell(const QString &problem)
-{
-    std::fprintf(stderr, "kvprint: %s\n", problem.toLocal8Bit().constData());
-}
-
 /// Tells of a value of the switch that means nothing.
 void checkSwitch()
 {
     const QString value = qEnvironmentVariable("KVPRINT_DIALOG");
     if (!value.isEmpty() && value != QLatin1String("on")) {
-        tell(QStringLiteral("KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"").arg(value));
+        tellProblem(
+            QStringLiteral("KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"").arg(value));
     }
 }
 
-/// What is wrong with a library before it is loaded, or with those of ours that it needs; null when
-/// nothing is.
-QString faultOf(const QString &path)
+/// What is wrong with a library of ours before it is loaded, or with one that the dynamic linker
+/// could find beside it; null when nothing is.
+QString faultOf(const CheckedFile &library)
 {
-    const QString fault = accessFault(path);
-    if (!fault.isNull()) {
-        return QStringLiteral("%1 %2").arg(path, fault);
+    if (!library.fault().isNull()) {
+        return QStringLiteral("%1 %2").arg(library.path(), library.fault());
     }
-    const QDir folder = QFileInfo(path).dir();
-    const QString libraries = QStringLiteral("lib*-qt%1.so*").arg(QT_VERSION_MAJOR);
-    const QStringList listed = folder.entryList({libraries}, QDir::Files);
-    // Itself in any case: the folder may be closed to those who list it.
-    for (const QString &name : QStringList(path) + listed) {
-        const QString distrusted = distrust(folder.path(), folder.filePath(name));
-        if (!distrusted.isNull()) {
-            return QStringLiteral("%1 is not loaded: %2").arg(path, distrusted);
+    const QDir folder = QFileInfo(library.path()).dir();
+    const CheckedFile checked = CheckedFile::trusted(folder.path(), FileUse::Enter, folder.path());
+    // The one that it needs in any case: the folder may be closed to those who list it.
+    const QStringList names =
+        QStringList(QStringLiteral(KV_CORE)) +
+        folder.entryList({QStringLiteral("*.so*")}, QDir::AllEntries | QDir::System);
+    for (const QString &name : names) {
+        const CheckedFile other = checked.file(name);
+        if (!other.fault().isNull()) {
+            return QStringLiteral("%1 is not loaded: %2 %3")
+                .arg(library.path(), folder.filePath(name), other.fault());
         }
     }
     return {};
@@ -100,19 +97,20 @@ void PrintDialogWatcher::loadExtender()
 {
     const QString folder = ownFolder();
     if (folder.isNull()) {
-        tell(QStringLiteral("%1 has been removed").arg(ownFile()));
+        tellProblem(QStringLiteral("%1 has been removed").arg(ownFile()));
         return;
     }
-    const QString path = QDir::cleanPath(folder + QStringLiteral("/" KV_EXTENDER));
-    const QString fault = faultOf(path);
+    const CheckedFile library =
+        CheckedFile::trusted(QDir::cleanPath(folder + QStringLiteral("/" KV_EXTENDER)));
+    const QString fault = faultOf(library);
     if (!fault.isNull()) {
-        tell(fault);
+        tellProblem(fault);
         return;
     }
-    QPluginLoader loader(path);
+    QPluginLoader loader(library.path());
     mExtender = qobject_cast<PrintDialogExtender *>(loader.instance());
     if (!mExtender) {
-        tell(loadFault(path, loader));
+        tellProblem(loadFault(library.path(), loader));
     }
 }
 

@@ -1,6 +1,6 @@
 #include "host/HostText.h"
 
-#include <QDir>
+#include <QFile>
 
 /// Q_INIT_RESOURCE works in no namespace. Without it a static library leaves its resources out.
 static void keepTables()
@@ -11,7 +11,12 @@ static void keepTables()
 HostText::HostText()
 {
     keepTables();
-    mTables.load(QStringLiteral(":/kvprint/host"), StringTables::usersLanguages());
+    mTables.load(
+        [](const QString &fileName) {
+            QFile table(QStringLiteral(":/kvprint/host/") + fileName);
+            return table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
+        },
+        StringTables::usersLanguages());
 }
 
 QString HostText::text(const char *english) const

@@ -1,81 +1,58 @@
 #include "host/PanelBundle.h"
 
-#include "host/FileTrust.h"
 #include "host/ProblemReporter.h"
 #include "printcore/Bundle.h"
-#include "printcore/FileAccess.h"
+#include "printcore/CheckedFile.h"
+#include "printcore/FormCheck.h"
+#include "printcore/PictureDecoder.h"
+#include "printcore/ResourceLimits.h"
 
 #include <QDir>
-#include <QImageReader>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
-/// What is wrong with a picture; null when nothing is.
-QString pictureFault(const QString &path)
+/// What is wrong with a picture's bytes; null when nothing is.
+QString pictureFault(const QByteArray &bytes)
 {
-    return QImageReader(path).read().isNull() ? QStringLiteral("is no picture") : QString();
-}
-
-/// What is wrong with a form of Qt Designer's; null when nothing is.
-QString formFault(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return QStringLiteral("cannot be read: ") + file.errorString();
-    }
-    QXmlStreamReader form(&file);
-    while (!form.atEnd()) {
-        form.readNext();
-    }
-    return form.hasError() ? QStringLiteral("is no form: line %1: %2")
-                                 .arg(form.lineNumber())
-                                 .arg(form.errorString())
-                           : QString();
+    QString fault;
+    decodePicture(bytes, &fault);
+    return fault;
 }
 
 struct ResourceKind
 {
     QLatin1String suffix;
-    QString (*fault)(const QString &path);
+    qint64 greatestSize;
+    QString (*fault)(const QByteArray &bytes);
 };
 
 const QLatin1String formSuffix(".ui");
 
 const ResourceKind checkedKinds[] = {
-    {QLatin1String(".png"), pictureFault},
-    {formSuffix, formFault},
+    {QLatin1String(".png"), ResourceLimits::kPictureSize, pictureFault},
+    {formSuffix, ResourceLimits::kFormSize, formFault},
 };
 
 /// Opens the bundle of that name unless others than root and the user can change it.
 std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, QString *error)
 {
-    const QString path = QDir(folder).filePath(name);
-    QString distrusted = distrust(folder, path);
-    const QString fault = accessFault(path, FileAccess::EnterFolder);
-    if (distrusted.isNull() && !fault.isNull()) {
-        *error = QStringLiteral("%1 %2").arg(path, fault);
+    const CheckedFile bundle =
+        CheckedFile::trusted(QDir(folder).filePath(name), FileUse::Enter, folder);
+    if (!bundle.fault().isNull()) {
+        *error = QStringLiteral("%1 %2").arg(bundle.path(), bundle.fault());
         return nullptr;
     }
-    auto bundle = distrusted.isNull() ? Bundle::open(path, error) : nullptr;
-    if (bundle) {
-        distrusted = distrust(folder, bundle->libraryPath());
-    }
-    if (!distrusted.isNull()) {
-        *error = QStringLiteral("%1 is not loaded: %2").arg(name, distrusted);
-        return nullptr;
-    }
-    return bundle;
+    return Bundle::open(bundle.path(), error);
 }
 
 /// What is in the folder under a bundle's name, links that lead nowhere included.
 QStringList candidatesIn(const QString &folder, ProblemReporter &reporter)
 {
-    const QString fault = accessFault(folder, FileAccess::ListFolder);
-    if (!fault.isNull()) {
-        reporter.report(QStringLiteral("%1 %2").arg(folder, fault));
+    const CheckedFile listed = CheckedFile::trusted(folder, FileUse::List, folder);
+    if (!listed.fault().isNull()) {
+        reporter.report(QStringLiteral("%1 %2").arg(folder, listed.fault()));
         return {};
     }
     QStringList names =
@@ -129,13 +106,12 @@ PanelBundle::~PanelBundle() = default;
 
 QString PanelBundle::loadLibrary()
 {
-    const QString path = mBundle->libraryPath();
-    const QString name = QFileInfo(path).fileName();
-    const QString fault = accessFault(path);
-    if (!fault.isNull()) {
-        return QStringLiteral("%1 %2").arg(name, fault);
+    const CheckedFile library = CheckedFile::trusted(mBundle->libraryPath());
+    const QString name = QFileInfo(mBundle->libraryPath()).fileName();
+    if (!library.fault().isNull()) {
+        return QStringLiteral("%1 %2").arg(name, library.fault());
     }
-    mLoader.setFileName(path);
+    mLoader.setFileName(library.path());
     mFactory = qobject_cast<PDEPlugInFactory *>(mLoader.instance());
     if (mFactory) {
         return {};
@@ -183,15 +159,16 @@ bool PanelBundle::checkNextResource(ProblemReporter &reporter)
 
 bool PanelBundle::checkResource(const QString &file, ProblemReporter &reporter) const
 {
-    const QString path = QDir(mBundle->resourcePath()).filePath(file);
+    CheckedFile resource = CheckedFile::trusted(QDir(mBundle->resourcePath()).filePath(file));
     // What Bundle::problems() tells.
-    QString fault = accessFault(path);
+    QString fault = resource.fault();
     if (!fault.isNull()) {
         return false;
     }
     for (const ResourceKind &kind : checkedKinds) {
         if (file.endsWith(kind.suffix)) {
-            fault = kind.fault(path);
+            const QByteArray bytes = resource.read(kind.greatestSize);
+            fault = resource.fault().isNull() ? kind.fault(bytes) : resource.fault();
         }
     }
     if (!fault.isNull()) {

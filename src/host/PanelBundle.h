@@ -18,8 +18,8 @@ public:
     /**
      * Loads every bundle (a folder whose name ends in ".pde") in a folder, in the order of names.
      *
-     * A bundle is left alone when its library or a folder on the way to it, the given one
-     * included, belongs to another user than root and the present one, or can be written by others.
+     * A bundle is left alone when its info file or its library is no trusted CheckedFile of the
+     * given folder.
      *
      * @param reporter told of each bundle that cannot be loaded and of each resource that is
      *        missing; what is left works.

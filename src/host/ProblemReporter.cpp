@@ -1,11 +1,9 @@
 #include "host/ProblemReporter.h"
 
-#include <cstdio>
+#include "printcore/ProblemLine.h"
 
 ProblemReporter::ProblemReporter()
-    : mHandler([](const QString &problem) {
-        std::fprintf(stderr, "kvprint: %s\n", problem.toLocal8Bit().constData());
-    })
+    : mHandler(tellProblem)
 {
 }
 

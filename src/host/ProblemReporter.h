@@ -11,7 +11,7 @@ class ProblemReporter
 public:
     using Handler = std::function<void(const QString &problem)>;
 
-    /// Writes problems to standard error.
+    /// Writes problems to standard error, each as one line.
     ProblemReporter();
     /// Hands problems to the handler instead.
     explicit ProblemReporter(Handler handler);

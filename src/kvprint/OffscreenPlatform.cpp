@@ -1,9 +1,10 @@
 #include "kvprint/OffscreenPlatform.h"
 
+#include "printcore/ProblemLine.h"
+
 #include <QString>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
 /// How Qt begins to say what is missing without a display and a session.
@@ -18,7 +19,7 @@ void writeMessage(QtMsgType, const QMessageLogContext &, const QString &message)
         return message.startsWith(QLatin1String(remark));
     });
     if (!isNeedless) {
-        std::fprintf(stderr, "kvprint: %s\n", message.toLocal8Bit().constData());
+        tellProblem(message);
     }
 }
 } // namespace

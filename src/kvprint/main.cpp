@@ -5,6 +5,7 @@
 #include "host/PrintCommand.h"
 #include "host/ProblemReporter.h"
 #include "kvprint/OffscreenPlatform.h"
+#include "printcore/ProblemLine.h"
 
 #include <QApplication>
 #include <QDir>
@@ -110,7 +111,7 @@ int main(int argc, char **argv)
     QTranslator textsOfQt;
     translateQt(textsOfQt);
     if (mayLackDisplay && QGuiApplication::platformName() == QLatin1String("offscreen")) {
-        write(stderr, QStringLiteral("kvprint: there is no display to open the dialog on\n"));
+        tellProblem(QStringLiteral("there is no display to open the dialog on"));
         return int(ExitStatus::NotPrinted);
     }
     return int(PrintCommand(line, bundleFolder()).run());

@@ -1,10 +1,10 @@
 #include "printcore/Bundle.h"
 
-#include "printcore/FileAccess.h"
+#include "printcore/CheckedFile.h"
 #include "printcore/QtVersions.h"
+#include "printcore/ResourceLimits.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
@@ -34,31 +34,17 @@ QString fileIn(const QString &folder, const QString &name)
     return QFileInfo(path).isFile() ? path : QString();
 }
 
-/// Reads an array of file names; answers what is wrong with it.
-QString readFileNames(const QJsonValue &entry, QStringList *names)
+/// What is wrong with a file of the resources; null when nothing is.
+QString resourceFault(const CheckedFile &resources, const QString &name)
 {
-    if (!entry.isArray()) {
-        return QStringLiteral("is no array");
+    CheckedFile file = resources.file(name);
+    if (!file.fault().isNull() || !name.endsWith(kTableSuffix)) {
+        return file.fault();
     }
-    const QJsonArray elements = entry.toArray();
-    for (const QJsonValue element : elements) {
-        const QString name = element.toString();
-        if (!isFileName(name)) {
-            return QStringLiteral("[%1] is no file name").arg(names->size());
-        }
-        names->append(name);
-    }
-    return {};
-}
-
-/// What is wrong with a file of resources; null when nothing is.
-QString resourceFault(const QString &path)
-{
-    QString fault = accessFault(path);
-    if (fault.isNull() && path.endsWith(kTableSuffix) && !StringTables::isTable(path)) {
-        fault = QStringLiteral("is no string table");
-    }
-    return fault;
+    const QByteArray table = file.read(ResourceLimits::kTableSize);
+    return !file.fault().isNull() || StringTables::isTable(table)
+               ? file.fault()
+               : QStringLiteral("is no string table");
 }
 
 /// The first of some files, and how many are like it.
@@ -94,16 +80,13 @@ std::shared_ptr<Bundle> Bundle::open(const QString &path, QString *error)
 
 QString Bundle::readInfo(const QString &infoPath)
 {
-    QString fault = accessFault(infoPath);
-    if (!fault.isNull()) {
-        return fault;
-    }
-    QFile file(infoPath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return QStringLiteral("cannot be read: ") + file.errorString();
+    CheckedFile file = CheckedFile::trusted(infoPath, FileUse::Read, mPath);
+    const QByteArray info = file.read(ResourceLimits::kInfoSize);
+    if (!file.fault().isNull()) {
+        return file.fault();
     }
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+    const QJsonDocument document = QJsonDocument::fromJson(info, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
         return QStringLiteral("malformed JSON at offset %1: %2")
             .arg(parseError.offset)
@@ -147,11 +130,7 @@ QString Bundle::readEntries(const QJsonObject &info)
     }
 
     const QLatin1String resources("resources");
-    const QJsonValue names = info.value(resources);
-    if (names.isUndefined()) {
-        return complaint(resources, QStringLiteral("is missing"));
-    }
-    fault = readFileNames(names, &mDeclaredResources);
+    fault = readResources(info.value(resources));
     return fault.isNull() ? QString() : complaint(resources, fault);
 }
 
@@ -173,6 +152,32 @@ QString Bundle::readLibrary(const QJsonValue &libraries)
                                 : QStringLiteral("gives no file name for \"%1\"").arg(ourQt);
 }
 
+QString Bundle::readResources(const QJsonValue &resources)
+{
+    if (resources.isUndefined()) {
+        return QStringLiteral("is missing");
+    }
+    if (!resources.isArray()) {
+        return QStringLiteral("is no array");
+    }
+    const QJsonArray names = resources.toArray();
+    for (const QJsonValue element : names) {
+        if (mDeclaredResources.size() == ResourceLimits::kNames) {
+            mExcess =
+                QStringLiteral("\"resources\" has %1 names: those after the first %2 are left out")
+                    .arg(names.size())
+                    .arg(ResourceLimits::kNames);
+            break;
+        }
+        const QString name = element.toString();
+        if (!isFileName(name)) {
+            return QStringLiteral("[%1] is no file name").arg(mDeclaredResources.size());
+        }
+        mDeclaredResources.append(name);
+    }
+    return {};
+}
+
 QString Bundle::libraryPath() const
 {
     return mPath + QStringLiteral("/Contents/Linux/") + mLibrary;
@@ -181,6 +186,11 @@ QString Bundle::libraryPath() const
 QString Bundle::resourcePath() const
 {
     return mPath + QStringLiteral("/Contents/Resources");
+}
+
+CheckedFile Bundle::resources() const
+{
+    return CheckedFile::trusted(resourcePath(), FileUse::Enter, mPath);
 }
 
 QString Bundle::pathForResource(const QString &name, const QString &type) const
@@ -214,22 +224,29 @@ QString Bundle::localizedStringForKey(const QString &key, const QString &value,
 
 void Bundle::setLanguages(const QStringList &languages)
 {
-    mTables.load(resourcePath(), languages);
+    const CheckedFile folder = resources();
+    mTables.load(
+        [&folder](const QString &name) {
+            CheckedFile file = folder.file(name);
+            const QByteArray table = file.read(ResourceLimits::kTableSize);
+            return file.isMissing() || file.fault().isNull() ? table : QByteArray("");
+        },
+        languages);
 }
 
 QStringList Bundle::problems() const
 {
     const QString bundleName = QFileInfo(mPath).fileName();
-    const QString folderFault = accessFault(resourcePath(), FileAccess::EnterFolder);
-    if (!mDeclaredResources.isEmpty() && !folderFault.isNull()) {
-        return {QStringLiteral("%1: Contents/Resources %2").arg(bundleName, folderFault)};
+    const CheckedFile folder = resources();
+    if (!mDeclaredResources.isEmpty() && !folder.fault().isNull()) {
+        return {QStringLiteral("%1: Contents/Resources %2").arg(bundleName, folder.fault())};
     }
     QStringList names = mDeclaredResources + mTables.unreadable();
     names.removeDuplicates();
     QStringList faults;
     QHash<QString, QStringList> faultyFiles;
     for (const QString &name : std::as_const(names)) {
-        const QString fault = resourceFault(resourcePath() + u'/' + name);
+        const QString fault = resourceFault(folder, name);
         if (!fault.isNull()) {
             faults.append(fault);
             faultyFiles[fault].append(name);
@@ -237,6 +254,9 @@ QStringList Bundle::problems() const
     }
     faults.removeDuplicates();
     QStringList problems;
+    if (!mExcess.isNull()) {
+        problems.append(QStringLiteral("%1: Contents/Info.json: %2").arg(bundleName, mExcess));
+    }
     for (const QString &fault : std::as_const(faults)) {
         problems.append(
             QStringLiteral("%1: %2 %3").arg(bundleName, firstOf(faultyFiles.value(fault)), fault));

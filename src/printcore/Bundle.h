@@ -1,5 +1,6 @@
 #pragma once
 
+#include "printcore/CheckedFile.h"
 #include "printcore/Export.h"
 #include "printcore/StringTables.h"
 
@@ -25,6 +26,8 @@ class QJsonValue;
  * | `principalClass` | string | the class that the host instantiates |
  * | `libraries` | object | file names in `Contents/Linux`, by the version of Qt: "qt5", "qt6" |
  * | `resources` | array of strings | file names in `Contents/Resources` that must be there |
+ *
+ * Every file of it that is used is a trusted CheckedFile within the ResourceLimits.
  */
 class KVPRINTCORE_EXPORT Bundle
 {
@@ -33,9 +36,9 @@ public:
      * Opens a bundle with the string tables of the user's languages.
      *
      * @param error set to what is wrong, with the file's name; may be null.
-     * @return null when the info file is missing, is no JSON object, lacks an entry or has no
-     *         library for this process's Qt. Missing
-     *         resources do not keep a bundle from being opened: see problems().
+     * @return null when the info file is missing or not to be trusted, is no JSON object, lacks an
+     *         entry or has no library for this process's Qt. Missing resources do not keep a bundle
+     *         from being opened: see problems().
      */
     static std::shared_ptr<Bundle> open(const QString &path, QString *error = nullptr);
 
@@ -77,8 +80,9 @@ public:
 
     /**
      * What is wrong with the declared resources and the wanted string tables: a sentence for the
-     * resources folder when that cannot be used; else for each way in which files are missing or
-     * unreadable, with the name of the first and how many there are.
+     * resources folder when that cannot be used; else for a list of more names than are used, and
+     * for each way in which files are missing, unreadable or not to be trusted, with the name of
+     * the first and how many there are.
      */
     QStringList problems() const;
 
@@ -89,6 +93,8 @@ private:
     /// Takes the info file's entries; answers what is wrong with them, null when nothing is.
     QString readEntries(const QJsonObject &info);
     QString readLibrary(const QJsonValue &libraries);
+    QString readResources(const QJsonValue &resources);
+    CheckedFile resources() const;
 
     QString mPath;
     QString mIdentifier;
@@ -96,5 +102,7 @@ private:
     QString mPrincipalClass;
     QString mLibrary;
     QStringList mDeclaredResources;
+    /// Null when all of the resources are used.
+    QString mExcess;
     StringTables mTables;
 };

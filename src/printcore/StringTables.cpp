@@ -1,10 +1,10 @@
 #include "printcore/StringTables.h"
 
-#include <QFileInfo>
 #include <QLocale>
 #include <QTranslator>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -72,16 +72,24 @@ QStringList namesOf(QStringList tags)
     return names;
 }
 
-std::unique_ptr<QTranslator> tableIn(const QString &path)
+/// Loads a table from bytes that must outlive it; null when they are none. What a table says that
+/// it depends on is looked for nowhere.
+std::unique_ptr<QTranslator> tableOf(const QByteArray &bytes)
 {
     auto table = std::make_unique<QTranslator>();
-    const QFileInfo file(path);
-    if (!file.isFile() || !file.isReadable() || !table->load(path)) {
+    const auto *data = reinterpret_cast<const uchar *>(bytes.constData());
+    if (!table->load(data, int(bytes.size()), QStringLiteral(":/kvprint/none"))) {
         return nullptr;
     }
     return table;
 }
 } // namespace
+
+struct StringTables::Table
+{
+    QByteArray bytes;
+    std::unique_ptr<QTranslator> texts;
+};
 
 StringTables::StringTables() = default;
 StringTables::~StringTables() = default;
@@ -102,24 +110,24 @@ QStringList StringTables::namesFor(const QStringList &languages)
     return names;
 }
 
-bool StringTables::isTable(const QString &path)
+bool StringTables::isTable(const QByteArray &bytes)
 {
-    return tableIn(path) != nullptr;
+    return tableOf(bytes) != nullptr;
 }
 
-void StringTables::load(const QString &folder, const QStringList &languages)
+void StringTables::load(const Reader &read, const QStringList &languages)
 {
     mTables.clear();
     mUnreadable.clear();
     const QStringList names = languages.isEmpty() ? QStringList() : namesFor(languages);
     for (const QString &name : names) {
         const QString fileName = name + QLatin1String(".qm");
-        const QString path = folder + QLatin1Char('/') + fileName;
-        if (!QFileInfo(path).isFile()) {
+        const QByteArray bytes = read(fileName);
+        if (bytes.isNull()) {
             continue;
         }
-        if (auto table = tableIn(path)) {
-            mTables.push_back(std::move(table));
+        if (auto texts = tableOf(bytes)) {
+            mTables.push_back({bytes, std::move(texts)});
         } else {
             mUnreadable.append(fileName);
         }
@@ -134,8 +142,8 @@ QString StringTables::text(const QString &context, const QString &key) const
     }
     const QByteArray contextName = context.toUtf8();
     const QByteArray source = key.toUtf8();
-    for (const std::unique_ptr<QTranslator> &table : mTables) {
-        QString text = table->translate(contextName.constData(), source.constData());
+    for (const Table &table : mTables) {
+        QString text = table.texts->translate(contextName.constData(), source.constData());
         if (!text.isEmpty()) {
             return text;
         }

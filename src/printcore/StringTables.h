@@ -2,13 +2,12 @@
 
 #include "printcore/Export.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
-#include <memory>
+#include <functional>
 #include <vector>
-
-class QTranslator;
 
 /**
  * The compiled string tables of a folder, one per language and named after it ("pt_BR.qm"), in the
@@ -34,12 +33,16 @@ public:
      */
     static QStringList namesFor(const QStringList &languages);
 
-    /// Whether the file is a table that can be read.
-    static bool isTable(const QString &path);
+    /// Whether a file's bytes are a table.
+    static bool isTable(const QByteArray &bytes);
 
-    /// Loads the tables of these languages that the folder has, instead of those loaded before.
-    /// Without a language there is no table, not even the English one.
-    void load(const QString &folder, const QStringList &languages);
+    /// Answers the bytes of the file of that name: null when there is none, empty when it cannot be
+    /// read.
+    using Reader = std::function<QByteArray(const QString &fileName)>;
+
+    /// Loads the tables of these languages that there are, instead of those loaded before. Without
+    /// a language there is no table, not even the English one.
+    void load(const Reader &read, const QStringList &languages);
 
     /// The text for a key in a context of the tables, from the first table that has it; null when
     /// none has.
@@ -49,6 +52,8 @@ public:
     const QStringList &unreadable() const { return mUnreadable; }
 
 private:
-    std::vector<std::unique_ptr<QTranslator>> mTables;
+    struct Table;
+
+    std::vector<Table> mTables;
     QStringList mUnreadable;
 };

@@ -1,15 +1,17 @@
 #include "toolkit/NibLoader.h"
 
-#include "printcore/FileAccess.h"
+#include "printcore/CheckedFile.h"
+#include "printcore/FormCheck.h"
+#include "printcore/ResourceLimits.h"
 #include "textinput/PDETextField.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 #include "toolkit/ViewGeometry.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUiLoader>
 
@@ -69,29 +71,32 @@ Loader makeLoader()
     return {};
 }
 
-void report(QString *error, const QString &path, const QString &reason)
+/// The bytes of a form that may be made widgets of; else @p fault tells why there are none.
+QByteArray readForm(const QString &path, QString *fault)
 {
-    if (error) {
-        *error = QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), reason);
-    }
+    CheckedFile file = CheckedFile::trusted(path);
+    const QByteArray form = file.read(ResourceLimits::kFormSize);
+    *fault = file.fault().isNull() ? formFault(form) : file.fault();
+    return form;
 }
 } // namespace
 
 std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error)
 {
-    const QString fault = accessFault(path);
-    QFile file(path);
-    if (!fault.isNull() || !file.open(QIODevice::ReadOnly)) {
-        report(error, path, fault.isNull() ? file.errorString() : fault);
-        return nullptr;
+    QString fault;
+    std::unique_ptr<QWidget> top;
+    QByteArray form = readForm(path, &fault);
+    if (fault.isNull()) {
+        Loader loader = makeLoader();
+        loader.setWorkingDirectory(QFileInfo(path).absoluteDir());
+        QBuffer buffer(&form);
+        top.reset(loader.load(&buffer));
+        fault = loader.errorString();
     }
-    Loader loader = makeLoader();
-    loader.setWorkingDirectory(QFileInfo(path).absoluteDir());
-    std::unique_ptr<QWidget> top(loader.load(&file));
-    if (!top) {
-        report(error, path, loader.errorString());
-        return nullptr;
+    if (top) {
+        fitToFont(top.get());
+    } else if (error) {
+        *error = QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), fault);
     }
-    fitToFont(top.get());
     return top;
 }

@@ -1,6 +1,9 @@
 #include "toolkit/PictureFile.h"
 
-#include <QFile>
+#include "printcore/CheckedFile.h"
+#include "printcore/PictureDecoder.h"
+#include "printcore/ResourceLimits.h"
+
 #include <QFileInfo>
 #include <QGuiApplication>
 
@@ -18,19 +21,19 @@ struct Variant
 /// The finer files, from the coarsest to the finest.
 constexpr Variant variants[] = {{1.5, "@1.5x"}, {2.0, "@2x"}, {3.0, "@3x"}};
 
-QString variantOf(const QString &path, const char *mark)
+QString variantOf(const QFileInfo &file, const char *mark)
 {
-    const QFileInfo file(path);
-    return QStringLiteral("%1/%2%3.%4")
-        .arg(file.path(), file.completeBaseName(), QLatin1String(mark), file.suffix());
+    return file.completeBaseName() + QLatin1String(mark) + u'.' + file.suffix();
 }
 } // namespace
 
 PictureFile::PictureFile(const QString &path)
 {
     const qreal screen = qGuiApp->devicePixelRatio();
-    const auto readVariant = [this, &path](const Variant &variant) {
-        return read(variantOf(path, variant.mark), variant.ratio);
+    const QFileInfo file(path);
+    const CheckedFile folder = CheckedFile::trusted(file.path(), FileUse::Enter, file.path());
+    const auto readVariant = [&](const Variant &variant) {
+        return read(folder, variantOf(file, variant.mark), variant.ratio);
     };
     if (screen > 1.0) {
         const Variant *fine =
@@ -41,24 +44,21 @@ PictureFile::PictureFile(const QString &path)
             return;
         }
     }
-    read(path, 1.0);
+    read(folder, file.fileName(), 1.0);
 }
 
-bool PictureFile::read(const QString &path, qreal ratio)
+bool PictureFile::read(const CheckedFile &folder, const QString &name, qreal ratio)
 {
-    QFile file(path);
-    // Not a pipe, which would block.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    mBytes = file.readAll();
+    CheckedFile file = folder.file(name);
+    mBytes = file.read(ResourceLimits::kPictureSize);
     mRatio = ratio;
-    return true;
+    return file.fault().isNull();
 }
 
 const QPixmap &PictureFile::pixmap() const
 {
-    if (!mBytes.isEmpty() && mPixmap.loadFromData(std::exchange(mBytes, {}))) {
+    if (!mBytes.isEmpty()) {
+        mPixmap = QPixmap::fromImage(decodePicture(std::exchange(mBytes, {})));
         mPixmap.setDevicePixelRatio(mRatio);
     }
     return mPixmap;

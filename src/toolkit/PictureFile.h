@@ -4,6 +4,8 @@
 #include <QPixmap>
 #include <QString>
 
+class CheckedFile;
+
 /**
  * A picture whose file is read at once, and decoded when it is first asked for.
  *
@@ -14,14 +16,15 @@ class PictureFile
 {
 public:
     PictureFile() = default;
-    /// Reads the coarsest of the files that is as fine as the screen, or the finest there is.
+    /// Reads the coarsest of the files that is as fine as the screen, or the finest there is, of
+    /// those that are trusted and within the ResourceLimits.
     explicit PictureFile(const QString &path);
 
     /// The picture; a null one when the file could not be read or is no picture.
     const QPixmap &pixmap() const;
 
 private:
-    bool read(const QString &path, qreal ratio);
+    bool read(const CheckedFile &folder, const QString &name, qreal ratio);
 
     mutable QByteArray mBytes;
     mutable QPixmap mPixmap;

@@ -5,7 +5,10 @@
 #include "SampleChoices.h"
 #include "tests/support/AnotherUser.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QImage>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -55,6 +58,14 @@ BundleChange truncating(const QString &file, qint64 size)
     };
 }
 
+/// Makes a file that large, without a byte in it.
+BundleChange enlarging(const QString &file, qint64 size)
+{
+    return [file, size](const BundleFolder &folder) {
+        return folder.overwrite(file, "") && QFile(folder.path(file)).resize(size);
+    };
+}
+
 BundleChange replacing(const QString &file, const QString &by)
 {
     return [file, by](const BundleFolder &folder) {
@@ -81,6 +92,38 @@ BundleChange replacingByLink(const QString &file, const QString &target)
     return [file, target](const BundleFolder &folder) {
         return folder.replaceByLink(file, target);
     };
+}
+
+/// A form whose view has this in it.
+QByteArray formWith(const QByteArray &elements)
+{
+    return "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"kPDEView\">" + elements +
+           "</widget></ui>";
+}
+
+QByteArray nested(const QByteArray &begin, const QByteArray &end, int times)
+{
+    return begin.repeated(times) + end.repeated(times);
+}
+
+/// A picture of one colour.
+QByteArray pictureOf(int width, int height)
+{
+    QImage image(width, height, QImage::Format_Mono);
+    image.fill(0);
+    QBuffer buffer;
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+/// As many names of files as the entry "resources" may need to be too long.
+QJsonArray names(int count)
+{
+    QJsonArray all;
+    for (int i = 0; i < count; ++i) {
+        all.append(i == 0 ? QStringLiteral("OptionPDE.ui") : QStringLiteral("en.qm"));
+    }
+    return all;
 }
 
 /// Gives an entry of the info file another value.
@@ -230,6 +273,42 @@ void tst_badbundle::spoiltBundle_data()
         "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
     add("picture is cut short", truncating(picture, 300), Tab::Whole,
         "^Spoilt\\.pde: AHCMOnOffOffOff\\.png is no picture$");
+
+    const qint64 gigabyte = 1024 * 1024 * 1024;
+    for (const qint64 size : {gigabyte, 3 * gigabyte}) {
+        add(size == gigabyte ? "info file of 1 GB" : "info file of 3 GB", enlarging(info, size),
+            Tab::None, "/Spoilt\\.pde/Contents/Info\\.json: has more than 262144 bytes$");
+        add(size == gigabyte ? "form of 1 GB" : "form of 3 GB", enlarging(form, size), Tab::Empty,
+            "^Spoilt\\.pde: OptionPDE\\.ui has more than 262144 bytes$");
+        add(size == gigabyte ? "texts of 1 GB" : "texts of 3 GB", enlarging(texts, size),
+            Tab::Untitled, "^Spoilt\\.pde: en\\.qm has more than 1048576 bytes$");
+        add(size == gigabyte ? "picture of 1 GB" : "picture of 3 GB", enlarging(picture, size),
+            Tab::Whole, "^Spoilt\\.pde: AHCMOnOffOffOff\\.png has more than 1048576 bytes$");
+    }
+    add("300,000 resources", entering(QStringLiteral("resources"), names(300'000)), Tab::None,
+        "/Spoilt\\.pde/Contents/Info\\.json: has more than 262144 bytes$");
+    add("2,001 resources", entering(QStringLiteral("resources"), names(2001)), Tab::Whole,
+        "^Spoilt\\.pde: Contents/Info\\.json: \"resources\" has 2001 names: those after the first "
+        "2000 are left out$");
+    const QByteArray widget = "<widget class=\"QWidget\">";
+    add("form of nested widgets", overwriting(form, formWith(nested(widget, "</widget>", 5000))),
+        Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there are more than 64 elements within "
+        "each other$");
+    add("form of many widgets",
+        overwriting(form, formWith(QByteArray(widget + "</widget>").repeated(500))), Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there are more than 500 widgets$");
+    add("form of many elements",
+        overwriting(form, formWith(QByteArray("<item/>").repeated(10'000))), Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there are more than 10000 elements$");
+    add("form with a picture",
+        overwriting(form,
+                    formWith("<property name=\"pixmap\"><pixmap>/dev/zero</pixmap></property>")),
+        Tab::Empty,
+        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there is a picture, which would be read "
+        "from a file$");
+    add("picture of many pixels", overwriting(picture, pictureOf(4097, 1024)), Tab::Whole,
+        "^Spoilt\\.pde: AHCMOnOffOffOff\\.png has more than 4194304 pixels$");
 }
 
 void tst_badbundle::spoiltBundle()

@@ -24,6 +24,14 @@ QJsonObject soundInfo()
              QJsonObject{{u"qt5"_s, u"libcut-qt5.so"_s}, {u"qt6"_s, u"libcut-qt6.so"_s}}},
             {u"resources"_s, QJsonArray{u"Cut.ui"_s, u"tape.png"_s}}};
 }
+
+void addEndlessRows()
+{
+    QTest::addColumn<qint64>("size");
+    const qint64 gigabyte = 1024 * 1024 * 1024;
+    QTest::newRow("1 GB") << gigabyte;
+    QTest::newRow("3 GB") << 3 * gigabyte;
+}
 } // namespace
 
 /// Bundles as they are found on a disk, sound and otherwise.
@@ -45,6 +53,9 @@ private Q_SLOTS:
     void isNotOpenedWithoutAnEntry();
     void isNotOpenedWithAnEntryOfTheWrongKind_data();
     void isNotOpenedWithAnEntryOfTheWrongKind();
+    void isNotOpenedWithAnInfoFileOfOthers();
+    void isNotOpenedWithAnEndlessInfoFile_data();
+    void isNotOpenedWithAnEndlessInfoFile();
     void opensWithoutAnyoneAskingForTheError();
 
     void findsResources();
@@ -71,6 +82,11 @@ private Q_SLOTS:
     void namesABrokenTableOnceAndUsesTheOthers();
     void namesADeclaredTableThatIsNoneWhateverTheLanguage();
     void survivesTablesCutOffAnywhere();
+    void usesNoResourceOfOthers();
+    void readsNoEndlessTable_data();
+    void readsNoEndlessTable();
+    void looksForNoTableThatAnotherDependsOn();
+    void leavesNamesOutOfAnEndlessList();
 
 private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     QString path() const { return mFolder->filePath(u"Cut.bundle"_s); }
@@ -241,6 +257,46 @@ void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind()
     QString error;
     QVERIFY(!Bundle::open(path(), &error));
     QCOMPARE(error, u"%1/Contents/Info.json: the entry %2"_s.arg(path(), complaint));
+}
+
+void BundleTest::isNotOpenedWithAnInfoFileOfOthers()
+{
+    const QString info = path() + u"/Contents/Info.json"_s;
+    const struct
+    {
+        QString file;
+        mode_t mode;
+        QString fault;
+    } rows[] = {
+        {info, 0666, u"can be written by others (mode 666)"_s},
+        {path() + u"/Contents"_s, 0777,
+         u"is in %1/Contents, which can be written by others (mode 777)"_s},
+        {path(), 01775, u"is in %1, which can be written by others (mode 1775)"_s},
+    };
+    for (const auto &row : rows) {
+        QCOMPARE(chmod(QFile::encodeName(row.file).constData(), row.mode), 0);
+        QString error;
+        QVERIFY(!Bundle::open(path(), &error));
+        const QString fault = row.fault.contains(u'%') ? row.fault.arg(path()) : row.fault;
+        QCOMPARE(error, info + u": "_s + fault);
+        QCOMPARE(chmod(QFile::encodeName(row.file).constData(), 0755), 0);
+    }
+    QVERIFY(Bundle::open(path()));
+}
+
+void BundleTest::isNotOpenedWithAnEndlessInfoFile_data()
+{
+    addEndlessRows();
+}
+
+void BundleTest::isNotOpenedWithAnEndlessInfoFile()
+{
+    QFETCH(const qint64, size);
+    const QString info = path() + u"/Contents/Info.json"_s;
+    QVERIFY(QFile(info).resize(size));
+    QString error;
+    QVERIFY(!Bundle::open(path(), &error));
+    QCOMPARE(error, info + u": has more than 262144 bytes"_s);
 }
 
 void BundleTest::opensWithoutAnyoneAskingForTheError()
@@ -511,6 +567,76 @@ void BundleTest::survivesTablesCutOffAnywhere()
         QVERIFY2(text == u"Cut"_s || text == u"Cut the tape"_s, qPrintable(text));
         QVERIFY(length >= markLength || !bundle->problems().isEmpty());
     }
+}
+
+void BundleTest::usesNoResourceOfOthers()
+{
+    addTables();
+    for (const QString &name : {u"tape.png"_s, u"de.qm"_s})
+        QCOMPARE(chmod(QFile::encodeName(resource(name)).constData(), 0646), 0);
+    const auto bundle = openBundle();
+    bundle->setLanguages({u"de"_s});
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: tape.png, like de.qm, can be written by "
+                                             "others (mode 646)"_s));
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut the tape"_s);
+
+    const QString folder = path() + u"/Contents/Resources"_s;
+    QCOMPARE(chmod(QFile::encodeName(folder).constData(), 0775), 0);
+    bundle->setLanguages({u"en"_s});
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: Contents/Resources can be written by "
+                                             "others (mode 775)"_s));
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut"_s);
+}
+
+void BundleTest::readsNoEndlessTable_data()
+{
+    addEndlessRows();
+}
+
+void BundleTest::readsNoEndlessTable()
+{
+    QFETCH(const qint64, size);
+    addTables();
+    QVERIFY(QFile(resource(u"de.qm"_s)).resize(size));
+    const auto bundle = openBundle();
+    bundle->setLanguages({u"de"_s});
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: de.qm has more than 1048576 bytes"_s));
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut the tape"_s);
+}
+
+void BundleTest::looksForNoTableThatAnotherDependsOn()
+{
+    addTables();
+    QVERIFY(QFile::copy(QStringLiteral(KV_TABLES "/fr.qm"), resource(u"fr.qm"_s)));
+    // The table depends on "de.qm", which the application's current folder has.
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(QStringLiteral(KV_TABLES)));
+    const auto bundle = openBundle();
+    bundle->setLanguages({u"fr"_s});
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(bundle->problems(), QStringList(u"Cut.bundle: fr.qm is no string table"_s));
+    QCOMPARE(bundle->localizedStringForKey(u"Cut"_s), u"Cut the tape"_s);
+}
+
+void BundleTest::leavesNamesOutOfAnEndlessList()
+{
+    QJsonArray names;
+    for (int i = 0; i < 2001; ++i)
+        names.append(QString::number(i));
+    QJsonObject info = soundInfo();
+    info.insert(u"resources"_s, names);
+    writeInfo(info);
+    const auto bundle = openBundle();
+    QCOMPARE(bundle->declaredResources().size(), 2000);
+    QCOMPARE(bundle->problems(),
+             QStringList({u"Cut.bundle: Contents/Info.json: \"resources\" has 2001 names: those "
+                          "after the first 2000 are left out"_s,
+                          u"Cut.bundle: 0, like 1999 others, is missing"_s}));
+    names.removeLast();
+    info.insert(u"resources"_s, names);
+    writeInfo(info);
+    QCOMPARE(openBundle()->problems(),
+             QStringList(u"Cut.bundle: 0, like 1999 others, is missing"_s));
 }
 
 KV_CORE_TEST(BundleTest)
