@@ -92,7 +92,7 @@ bool DialogSettings::isOn(const QString &program) const
 void DialogSettings::read(const QString &file, QHash<QString, Line> &lines) const
 {
     CheckedFile opened = CheckedFile::ofAnybody(file);
-    const QString text = textOfUTF8(opened.read(greatestSize));
+    const QByteArray bytes = opened.read(greatestSize);
     if (opened.isMissing()) {
         return;
     }
@@ -100,11 +100,11 @@ void DialogSettings::read(const QString &file, QHash<QString, Line> &lines) cons
         mReporter.report(QStringLiteral("%1 %2").arg(file, opened.fault()));
         return;
     }
-    if (text.isNull()) {
-        mReporter.report(QStringLiteral("%1 is no text in UTF-8").arg(file));
+    if (textOfUTF8(bytes).isNull()) {
+        mReporter.report(QStringLiteral("%1: it is no text in UTF-8").arg(file));
     }
     int faultyLine = 0;
-    const QHash<QString, QString> values = readApplications(text, &faultyLine);
+    const QHash<QString, QString> values = readApplications(QString::fromUtf8(bytes), &faultyLine);
     if (faultyLine != 0) {
         mReporter.report(QStringLiteral("%1: line %2 is neither a section, nor a key and a value")
                              .arg(file)

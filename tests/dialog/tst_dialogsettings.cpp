@@ -89,6 +89,17 @@ void tst_dialogsettings::applications_data()
     QTest::newRow("all applications of all users") << none << allOff << false;
     QTest::newRow("all but this") << QByteArray(allOff + "dialogopener=on\n") << none << true;
     QTest::newRow("the user's all but the system's this") << allOff << on << true;
+    QTest::newRow("blanks and quotes")
+        << QByteArray("[Applications]\n  dialogopener = \"off\"  \n") << none << false;
+    QTest::newRow("comments") << QByteArray("; a\n# b\n\n[Applications]\n;dialogopener=on\n"
+                                            "dialogopener=off ; c\n#dialogopener=on\n")
+                              << none << false;
+    QTest::newRow("the last line of two")
+        << QByteArray("[Applications]\ndialogopener=on\ndialogopener=off\n") << none << false;
+    QTest::newRow("lines of another system")
+        << QByteArray("\xef\xbb\xbf[Applications]\r\ndialogopener=off\r\n") << none << false;
+    QTest::newRow("as large as may be")
+        << QByteArray(off + QByteArray(64 * 1024 - off.size(), '\n')) << none << false;
 }
 
 void tst_dialogsettings::applications()
@@ -140,9 +151,11 @@ void tst_dialogsettings::faultIsToldOnce_data()
     QTest::newRow("neither on nor off")
         << QByteArray("[Applications]\ndialogopener=maybe\n")
         << QStringLiteral("\"dialogopener\" is neither \"on\" nor \"off\"");
-    QTest::newRow("no settings") << QByteArray("[Applications\ndialogopener\n")
+    QTest::newRow("no settings") << QByteArray("\n[Applications\ndialogopener\n")
                                  << QStringLiteral(
-                                        "not every line is a section, or a key and a value");
+                                        "line 2 is neither a section, nor a key and a value");
+    QTest::newRow("no text") << QByteArray("[Applications]\n\xe4=off\n*=off\ndialogopener=on\n")
+                             << QStringLiteral("it is no text in UTF-8");
 }
 
 void tst_dialogsettings::faultIsToldOnce()
@@ -179,8 +192,23 @@ void tst_dialogsettings::fileThatIsNoneIsTold_data()
     };
     QTest::newRow("folder") << makeFolder << QStringLiteral("is a folder");
     QTest::newRow("pipe") << makePipe << QStringLiteral("is a pipe");
+    const auto makeSparse = [](qint64 size) -> FileChange {
+        return [size](const QString &path) {
+            QFile file(path);
+            return file.open(QIODevice::WriteOnly) && file.resize(size);
+        };
+    };
+    const FileChange makeDevice = [](const QString &path) {
+        return QFile::link(QStringLiteral("/dev/zero"), path);
+    };
+    const qint64 gigabyte = 1024 * 1024 * 1024;
+    const QString tooLarge = QStringLiteral("has more than 65536 bytes");
     QTest::newRow("link") << makeLink
                           << QStringLiteral("is a link to /none.conf, which is missing");
+    QTest::newRow("device") << makeDevice << QStringLiteral("is a device");
+    QTest::newRow("one byte too large") << makeSparse(64 * 1024 + 1) << tooLarge;
+    QTest::newRow("1 GB") << makeSparse(gigabyte) << tooLarge;
+    QTest::newRow("3 GB") << makeSparse(3 * gigabyte) << tooLarge;
 }
 
 void tst_dialogsettings::fileThatIsNoneIsTold()

@@ -33,6 +33,30 @@ bool makeLink(const QString &path)
     return removePath(path) && QFile::link(QStringLiteral("/none"), path);
 }
 
+/// A file that anybody can change, beside the tree.
+QString othersFile(const QString &path)
+{
+    return QFileInfo(path).path() + QStringLiteral("/../others/others.so");
+}
+
+bool writeOthersFile(const QString &path)
+{
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+           file.write("others'") > 0 && chmod(QFile::encodeName(path).constData(), 0666) == 0;
+}
+
+bool makeLinkToOthers(const QString &path)
+{
+    return removePath(path) && writeOthersFile(othersFile(path)) &&
+           QFile::link(othersFile(path), path);
+}
+
+bool addOthersLibrary(const QString &folder)
+{
+    return writeOthersFile(folder + QStringLiteral("/libcups.so.2"));
+}
+
 FileChange setMode(mode_t mode)
 {
     return [mode](const QString &path) {
@@ -52,6 +76,8 @@ private Q_SLOTS:
     void libraryIsNotLoaded_data();
     void libraryIsNotLoaded();
     void nothingIsLoadedFromTheCurrentFolder();
+    void nothingPlantedIsLoaded();
+    void namesThatForgeLinesAreEscaped();
     void removedBeforeTheFirstDialog();
     void removedWhileDialogsAreOff();
 
@@ -91,12 +117,18 @@ void tst_spoiltplugin::libraryIsNotLoaded_data()
     row("link to nothing", library, makeLink, "is a link to /none, which is missing");
     row("no folder", folder, removePath, "is missing");
     row("a file for the folder", folder, makePipe, "cannot be reached: Not a directory");
-    row("open to others", library, setMode(0646),
-        "is not loaded: %1 can be written by others (mode 646)");
+    row("open to others", library, setMode(0646), "can be written by others (mode 646)");
     row("folder open to others", folder, setMode(0777),
-        "is not loaded: %1 can be written by others (mode 777)");
+        "is in %1, which can be written by others (mode 777)");
     row("core open to others", core, setMode(0664),
         "is not loaded: %1 can be written by others (mode 664)");
+    const QString neededCore = QStringLiteral("/libkvprintcore-qt%1.so.0");
+    row("core missing", neededCore, removePath, "is not loaded: %1 is missing");
+    row("core is a pipe", neededCore, makePipe, "is not loaded: %1 is a pipe");
+    row("core is a link to others' file", neededCore, makeLinkToOthers,
+        "is not loaded: %1 is not in KVPRINT but in OTHERS");
+    row("something else to be found there", folder, addOthersLibrary,
+        "is not loaded: KVPRINT/libcups.so.2 can be written by others (mode 666)");
 }
 
 void tst_spoiltplugin::libraryIsNotLoaded()
@@ -120,7 +152,9 @@ void tst_spoiltplugin::libraryIsNotLoaded()
     QVERIFY(!opener.hasLoaded(QStringLiteral("libkvprintdialog-qt%1.so").arg(qt)));
     const QString library =
         QStringLiteral("%1/kvprint/libkvprintdialog-qt%2.so").arg(tree.libraries(), qt);
-    const QString told = fault.contains(u'%') ? fault.arg(paths.first()) : fault;
+    QString told = fault.contains(u'%') ? fault.arg(paths.first()) : fault;
+    told.replace(QStringLiteral("KVPRINT"), tree.libraries() + QStringLiteral("/kvprint"));
+    told.replace(QStringLiteral("OTHERS"), tree.libraries() + QStringLiteral("/others"));
     QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 %2\n").arg(library, told));
 }
 
@@ -134,6 +168,62 @@ void tst_spoiltplugin::nothingIsLoadedFromTheCurrentFolder()
     QVERIFY(opener.hasLoaded(QStringLiteral("libKVMQRVOptions-qt%1.so").arg(qt)));
     QVERIFY(!opener.hasLoadedFrom(folder.path()));
     QCOMPARE(opener.finish(), QStringLiteral(""));
+}
+
+void tst_spoiltplugin::nothingPlantedIsLoaded()
+{
+    QFETCH_GLOBAL(const QString, qt);
+    const PlugInTree tree;
+    QVERIFY(tree.isCopied());
+    const QString own = QStringLiteral("libkvprintdialog-qt%1.so").arg(qt);
+    const QString core = QStringLiteral("libkvprintcore-qt%1.so.0").arg(qt);
+    const QString bundle = QStringLiteral("/kvprint/pde/KVMQRVOptions.pde");
+    for (const QString &place :
+         {QStringLiteral(""), QStringLiteral("/qt%1/plugins/generic").arg(qt),
+          QStringLiteral("/qt%1/plugins").arg(qt), QStringLiteral("/kvprint/pde"), bundle,
+          bundle + QStringLiteral("/Contents"), bundle + QStringLiteral("/Contents/Linux")}) {
+        for (const QString &name :
+             {own, core, QStringLiteral("libcups.so.2"), QStringLiteral("libQt6UiTools.so.6")}) {
+            // Whoever loads it fails.
+            QVERIFY(writeOthersFile(tree.libraries() + place + u'/' + name));
+            QCOMPARE(chmod(QFile::encodeName(tree.libraries() + place).constData(), 0755), 0);
+        }
+    }
+    const QTemporaryDir folder;
+    DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
+    QVERIFY(opener.tabs(tape).contains(kPanelTab));
+    QVERIFY(opener.hasLoadedFrom(tree.libraries()));
+    QVERIFY(!opener.hasLoadedFrom(QStringLiteral(KV_LIBRARIES)));
+    QCOMPARE(opener.finish(), QStringLiteral(""));
+}
+
+void tst_spoiltplugin::namesThatForgeLinesAreEscaped()
+{
+    QFETCH_GLOBAL(const QString, qt);
+    const PlugInTree tree;
+    QVERIFY(tree.isCopied());
+    QFile info(tree.libraries() +
+               QStringLiteral("/kvprint/pde/KVMQRVOptions.pde/Contents/Info.json"));
+    QVERIFY(info.open(QIODevice::ReadOnly));
+    QByteArray entries = info.readAll();
+    info.close();
+    const QByteArray forging = "A\\nkvprint: all is well \\u001b[2J";
+    entries.replace("KVMQRVOptionsPlugIn13_v400_", forging);
+    QVERIFY(info.open(QIODevice::WriteOnly) && info.write(entries) == entries.size());
+    info.close();
+    QVERIFY(QDir().mkdir(tree.libraries() + QStringLiteral("/kvprint/pde/B\nkvprint: b.pde")));
+    const QTemporaryDir folder;
+    QVERIFY(qputenv("KVPRINT_DIALOG", "off\nkvprint: c"));
+    DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
+    qunsetenv("KVPRINT_DIALOG");
+    QVERIFY(!opener.tabs(tape).contains(kPanelTab));
+    const QString told = QStringLiteral(
+        "kvprint: KVPRINT_DIALOG: \"off\\nkvprint: c\" is neither \"on\" nor \"off\"\n"
+        "kvprint: %1/kvprint/pde/B\\nkvprint: b.pde/Contents/Info.json: is missing\n"
+        "kvprint: KVMQRVOptions.pde: the library has no class A\\nkvprint: all is well \\x1b[2J "
+        "that "
+        "works on this system\n");
+    QCOMPARE(opener.finish(), told.arg(tree.libraries()));
 }
 
 void tst_spoiltplugin::removedBeforeTheFirstDialog()

@@ -1,0 +1,72 @@
+#include "BundleFolder.h"
+#include "host/PanelBundle.h"
+#include "host/ProblemReporter.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+/// The names of the libraries that a library needs.
+QStringList neededBy(const QString &library)
+{
+    QProcess reader;
+    reader.start(QStringLiteral("readelf"), {QStringLiteral("-dW"), library});
+    reader.waitForFinished();
+    const QString section = QString::fromLocal8Bit(reader.readAllStandardOutput());
+    const QRegularExpression entry(QStringLiteral("\\(NEEDED\\).*\\[(.*)\\]"));
+    QStringList names;
+    for (auto matches = entry.globalMatch(section); matches.hasNext();) {
+        names.append(matches.next().captured(1));
+    }
+    return names;
+}
+
+/// Puts files of these names into a folder that make whoever loads them fail.
+bool plant(const QStringList &names, const QString &folder)
+{
+    return std::all_of(names.begin(), names.end(), [&folder](const QString &name) {
+        QFile planted(QDir(folder).filePath(name));
+        return planted.open(QIODevice::WriteOnly) && planted.write("planted") > 0;
+    });
+}
+} // namespace
+
+/// What lies about where a bundle is has nothing to do with it.
+class tst_plantedlibraries : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void bundleTakesWhatItNeedsFromTheSystem();
+};
+
+void tst_plantedlibraries::bundleTakesWhatItNeedsFromTheSystem()
+{
+    const BundleFolder outer;
+    const QString bundles = outer.path(QStringLiteral("../bundles"));
+    const QString bundle = bundles + QStringLiteral("/Spoilt.pde");
+    QVERIFY(outer.add(QStringLiteral("bundles/Spoilt.pde")));
+    const QString libraries = bundle + QStringLiteral("/Contents/Linux");
+    const QStringList needed =
+        neededBy(libraries + QStringLiteral("/libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR));
+    QVERIFY(needed.contains(QStringLiteral("libkvprintcore-qt%1.so.0").arg(QT_VERSION_MAJOR)));
+    QVERIFY(needed.size() > 4);
+    const QString current = QDir::currentPath();
+    for (QString place = libraries; place.startsWith(outer.path());
+         place = QFileInfo(place).path()) {
+        QVERIFY(plant(needed, place));
+    }
+    QVERIFY(QDir::setCurrent(libraries));
+    QStringList problems;
+    ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
+    const bool isLoaded =
+        PanelBundle::load(bundles, QStringLiteral("Spoilt.pde"), reporter) != nullptr;
+    QVERIFY(QDir::setCurrent(current));
+    QCOMPARE(problems, QStringList());
+    QVERIFY(isLoaded);
+}
+
+KV_TEST(tst_plantedlibraries)
+#include "tst_plantedlibraries.moc"
