@@ -47,7 +47,7 @@ void tst_plantedlibraries::bundleTakesWhatItNeedsFromTheSystem()
     const BundleFolder outer;
     const QString bundles = outer.path(QStringLiteral("../bundles"));
     const QString bundle = bundles + QStringLiteral("/Spoilt.pde");
-    QVERIFY(outer.add(QStringLiteral("bundles/Spoilt.pde")));
+    QVERIFY(QDir().mkpath(bundles) && outer.add(QStringLiteral("bundles/Spoilt.pde")));
     const QString libraries = bundle + QStringLiteral("/Contents/Linux");
     const QStringList needed =
         neededBy(libraries + QStringLiteral("/libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR));
