@@ -15,7 +15,7 @@ struct DialogSettings::Line
 };
 
 namespace {
-constexpr qint64 greatestSize = 64 * 1024;
+constexpr qint64 greatestSize = 65'536;
 
 /// The files of settings, whether or not they are there, the most important first.
 QStringList settingsFiles()
