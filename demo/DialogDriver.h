@@ -17,7 +17,8 @@ public:
     /// @param dialog must outlive the driver.
     explicit DialogDriver(QPrintDialog &dialog);
 
-    /// Opens the dialog and waits until it can be used, with what the scheduler tells of its printer.
+    /// Opens the dialog and waits until it can be used, with what the scheduler tells of its
+    /// printer.
     bool open();
     /// Unfolds the tabs below the printer.
     bool showOptions();

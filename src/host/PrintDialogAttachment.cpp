@@ -184,16 +184,20 @@ void PrintDialogAttachment::buildTabs()
     mHost.reset();
     mFetch.reset();
     mRequestedPaper = QPageSize();
-    if (isPrintingToFile(*mDialog)) {
-        return;
-    }
     if (mPrinters.contains(mQueue)) {
         buildHost();
         return;
     }
-    mFetch = std::make_unique<PrinterFetch>([name = mQueue](SchedulerConnection &scheduler) {
-        return PrinterRecord::read(scheduler, name);
-    });
+    mFetch = std::make_unique<PrinterFetch>(
+        [name = mQueue, isFile = isPrintingToFile(*mDialog)](SchedulerConnection &scheduler) {
+            PrinterRecord printer;
+            if (isFile) {
+                // Perhaps there is nothing else to choose, for want of a scheduler.
+                scheduler.open(&printer.error);
+                return printer;
+            }
+            return PrinterRecord::read(scheduler, name);
+        });
     connect(mFetch.get(), &PrinterFetch::answered, this, &PrintDialogAttachment::takeAnswer);
 }
 
@@ -352,7 +356,7 @@ void PrintDialogAttachment::passChoicesToJob()
 
 void PrintDialogAttachment::awaitPrinter()
 {
-    if (!mFetch) {
+    if (!mFetch || isPrintingToFile(*mDialog)) {
         return;
     }
     if (const auto answer = mFetch->waitFor(longestWait)) {
@@ -386,11 +390,14 @@ JobOptions PrintDialogAttachment::choicesThatThePrinterHas(const JobOptions &cho
 {
     PrinterRecord &known = mPrinters[mQueue];
     PrinterFetch fetch([printer = known](SchedulerConnection &scheduler) mutable {
-        printer.update(scheduler);
+        if (printer.update(scheduler) == QueuePPD::Answer::None) {
+            PrintQueue::exists(scheduler, printer.name, &printer.error);
+        }
         return printer;
     });
     const auto now = fetch.waitFor(shortestWait);
-    if (!now || now->ppd.text == known.ppd.text) {
+    if (!now || !now->error.isNull() || now->ppd.text == known.ppd.text) {
+        mReporter.report(now ? now->error : QString());
         return choices;
     }
     known = *now;

@@ -45,6 +45,11 @@ struct AnswerDeleter
 };
 using Answer = std::unique_ptr<ipp_t, AnswerDeleter>;
 
+QString noPrinter(const QString &name)
+{
+    return QStringLiteral("the print scheduler has no printer %1").arg(name);
+}
+
 /// Asks for the names of a class's members; null when there is no such queue, or no answer.
 Answer ask(http_t *http, const QByteArray &queue)
 {
@@ -131,10 +136,21 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
             members ? QString::fromUtf8(ippGetString(members, 0, nullptr)) : queueOf(name);
         return found;
     }
-    *error = scheduler.isSilent()
-                 ? scheduler.fault()
-                 : QStringLiteral("the print scheduler has no printer %1").arg(name);
+    *error = scheduler.isSilent() ? scheduler.fault() : noPrinter(name);
     return std::nullopt;
+}
+
+bool PrintQueue::exists(SchedulerConnection &scheduler, const QString &name, QString *error)
+{
+    http_t *http = scheduler.open(error);
+    if (!http) {
+        return false;
+    }
+    if (ask(http, queueOf(name).toUtf8())) {
+        return true;
+    }
+    *error = cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND ? noPrinter(name) : scheduler.fault();
+    return false;
 }
 
 QString PrintQueue::queueOf(const QString &name)

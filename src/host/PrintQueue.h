@@ -36,6 +36,10 @@ public:
     static std::optional<PrintQueue> find(SchedulerConnection &scheduler, const QString &name,
                                           QString *error);
 
+    /// Whether there is a queue of that name; what is missing, it or the scheduler, in @p error
+    /// when there is none. Nothing is known of instances.
+    static bool exists(SchedulerConnection &scheduler, const QString &name, QString *error);
+
     /// The name of the queue that a printer's jobs go to: without the instance.
     static QString queueOf(const QString &name);
 

@@ -22,6 +22,9 @@ PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString 
 
 QueuePPD::Answer PrinterRecord::update(SchedulerConnection &scheduler)
 {
+    if (!scheduler.open(&error)) {
+        return QueuePPD::Answer::Failed;
+    }
     QString reason;
     const QueuePPD::Answer answer =
         queue ? ppd.update(scheduler, queue->ppdQueue(), &reason) : QueuePPD::Answer::None;
