@@ -58,6 +58,19 @@ void PanelHost::addPanels(const PanelBundle &bundle)
             continue;
         }
         mKeys += *keys;
+        tellMissingOptions(*panel, *keys);
+    }
+}
+
+void PanelHost::tellMissingOptions(PDEPanel &panel, const QStringList &keys)
+{
+    for (const QString &key : keys) {
+        if (!ppd().hasOption(key)) {
+            mReporter.report(
+                QStringLiteral("the panel \"%1\" sets %2, which the printer's PPD lacks: "
+                               "no job carries it")
+                    .arg(panel.panelName(), key));
+        }
     }
 }
 

@@ -95,6 +95,7 @@ Q_SIGNALS:
 
 private:
     void addPanels(const PanelBundle &bundle);
+    void tellMissingOptions(PDEPanel &panel, const QStringList &keys);
     void tellPanels(const QString &key, const QString &choice);
     void showAgain(PDEPanel &panel);
     void applyPreset(PDEPanel &panel);

@@ -160,7 +160,7 @@ void tst_directprinting::presetOfTheJob_data()
         << u"tape"_s << u"AHCMOffOnOffOff"_s << QStringList{u"KvHalfCut=OFF KvChainPrint=ON"_s}
         << u"KvAutoTapeCut=OFF KvChainPrint=ON"_s;
     QTest::newRow("labels") << u"label"_s << u"EveryEndMirrorOffOnOff"_s << QStringList()
-                            << u"KvCutAtEnd=ON"_s;
+                            << u"KvAutoTapeCut=OFF KvCutAtEnd=ON"_s;
     QTest::newRow("cut marks") << u"mark"_s << u"CTMROnOnOff"_s << QStringList()
                                << u"KvCutMark=ON KvChainPrint=ON"_s;
     QTest::newRow("no automatic cut")

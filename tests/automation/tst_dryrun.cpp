@@ -110,7 +110,7 @@ void tst_dryrun::summary_data()
     };
     const QString o = u"-o"_s;
     add("labels", u"label"_s, {o, u"KvCutLabel=12"_s},
-        {u"Cut Every: 12"_s, u"Cut at End: No"_s, u"Mirror Printing: No"_s});
+        {u"Cut Every: 12 labels"_s, u"Cut at End: No"_s, u"Mirror Printing: No"_s});
     add("cuts after some labels", u"follow"_s, {o, u"KvCutLabel=12 KvMirror=ON"_s},
         {u"Cut Every: 12 labels"_s, u"Half Cut: No"_s, u"Chain Printing: No"_s,
          u"Mirror Printing: Yes"_s});
@@ -137,8 +137,8 @@ void tst_dryrun::commandOfAPPD()
 {
     const ProgramRun run = runKvprint({u"--ppd"_s, PrintingSite::ppdPath(u"label"_s), u"-o"_s,
                                        u"KvCutLabel=5"_s, u"-n"_s, u"2"_s, dryRun, u"a b"_s});
-    QCOMPARE(commandIn(run),
-             u"lp -n 2 -o KvCutLabel=5 -o KvCutAtEnd=OFF -o KvMirror=OFF -- 'a b'\n"_s);
+    QCOMPARE(commandIn(run), u"lp -n 2 -o KvCutLabel=5 -o KvCutAtEnd=OFF -o KvMirror=OFF "
+                             "-o KvAutoTapeCut=ON -- 'a b'\n"_s);
 }
 
 void tst_dryrun::commandNamesTheCopies_data()

@@ -404,11 +404,10 @@ void tst_script::keysBeforeTheView()
     ScriptTalk talk;
     talk.open(u"label"_s);
     const QJsonObject first = talk.ask("keys");
-    // Auto cut follows cut every where the printer has no option for it.
     QCOMPARE(compact(first.value(u"keys")),
-             QByteArray(R"(["KvCutLabel","KvAutoTapeCut","KvCutAtEnd","KvMirror"])"));
-    QCOMPARE(changesIn(first),
-             QStringList({u"KvCutLabel=1"_s, u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s}));
+             QByteArray(R"(["KvCutLabel","KvCutAtEnd","KvMirror","KvAutoTapeCut"])"));
+    QCOMPARE(changesIn(first), QStringList({u"KvAutoTapeCut=ON"_s, u"KvCutLabel=1"_s,
+                                            u"KvCutAtEnd=OFF"_s, u"KvMirror=OFF"_s}));
     QCOMPARE(eventsOf(talk.ask("keys")), QStringList());
     ScriptTalk plain;
     plain.open(u"plain"_s);

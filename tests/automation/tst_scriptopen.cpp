@@ -374,7 +374,8 @@ void tst_scriptopen::printer()
     QCOMPARE(answer.value(u"isRV"), QJsonValue(true));
     QCOMPARE(answer.value(u"usb"), QJsonValue(false));
     QCOMPARE(compact(talk.state("marks")),
-             QByteArray(R"({"KvCutAtEnd":"OFF","KvCutLabel":"1","KvMirror":"OFF"})"));
+             QByteArray(R"({"KvAutoTapeCut":"ON","KvCutAtEnd":"OFF","KvCutLabel":"1",)"
+                        R"("KvMirror":"OFF"})"));
 }
 
 void tst_scriptopen::printerWithSavedOptions()

@@ -108,7 +108,7 @@ private Q_SLOTS:
     void beforeTheView();
     void viewThatHasNotBeenShown();
     void allNineOptions();
-    void threeOptionsOfALabelPrinter();
+    void optionsOfALabelPrinter();
     void hiddenControlsAreTold();
     void cutEveryOff();
     void cutEveryDrivesAutoCut();
@@ -193,7 +193,7 @@ void tst_scriptstate::allNineOptions()
     QCOMPARE(state.value(u"preview").toString(), u"AHCMOnOffOffOff"_s);
 }
 
-void tst_scriptstate::threeOptionsOfALabelPrinter()
+void tst_scriptstate::optionsOfALabelPrinter()
 {
     ScriptTalk talk;
     talk.show(u"label"_s);
@@ -210,9 +210,10 @@ void tst_scriptstate::threeOptionsOfALabelPrinter()
     }
     QCOMPARE(compact(state.value(u"popup")), compact(popup({1, 2, 3, 4}, 3)));
     QCOMPARE(compact(state.value(u"selections")),
-             compact(selections({u"mCutEnd=OFF"_s, u"mCutEvery=1"_s, u"mMirror=OFF"_s})));
+             compact(selections({u"mAutoCut=ON"_s, u"mCutEnd=OFF"_s, u"mCutEvery=1"_s,
+                                 u"mMirror=OFF"_s})));
     QCOMPARE(compact(state.value(u"marks")),
-             compact(marks(u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF"_s)));
+             compact(marks(u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF KvAutoTapeCut=ON"_s)));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 0, 1)));
     QCOMPARE(state.value(u"preview").toString(), u"EveryEndMirrorOnOffOff"_s);
 }

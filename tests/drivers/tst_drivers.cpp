@@ -57,8 +57,8 @@ QStringList words(const char *text)
 }
 
 const std::array samplePrinters = {
-    SamplePrinter{"korvane-label", "RV", "True", "", words("KvCutLabel KvCutAtEnd KvMirror"),
-                  words("DC C_")},
+    SamplePrinter{"korvane-label", "RV", "True", "ON",
+                  words("KvCutLabel KvCutAtEnd KvMirror KvAutoTapeCut"), words("DC C_")},
     SamplePrinter{"korvane-tape", "MQ", "False", "ON",
                   words("KvAutoTapeCut KvHalfCut KvChainPrint KvSpecialTape KvMirror "
                         "KvRemoveBlkSpace"),

@@ -155,8 +155,8 @@ void tst_attachment::choicesStayWithTheirPrinter()
     QVERIFY(panel.click(QStringLiteral("mCutAndEndChkBx")));
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             QStringList({u"KvCutAtEnd=ON"_s, u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
+    QCOMPARE(mSite.choices(job), QStringList({u"KvAutoTapeCut=ON"_s, u"KvCutAtEnd=ON"_s,
+                                              u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
     QVERIFY(mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/label"));
 }
 

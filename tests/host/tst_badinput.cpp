@@ -71,6 +71,7 @@ private Q_SLOTS:
     void printerWhosePPDIsBroken();
     void oddPPD_data();
     void oddPPD();
+    void optionThatAPanelNeedsIsMissing();
     void textsThatAreNoUTF8();
     void longDeviceURI_data();
     void longDeviceURI();
@@ -245,6 +246,23 @@ void tst_badinput::oddPPD()
     QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), withMirror(clicked, "ON"));
     QCOMPARE(dialog.problems(), QStringList());
+}
+
+void tst_badinput::optionThatAPanelNeedsIsMissing()
+{
+    // With counts alone a job cannot say that nothing is to be cut.
+    const QString name = QStringLiteral("counting");
+    QVERIFY(addPrinter(name, ppdOf(u"label"_s).replace("KvAutoTapeCut", "KvOtherCut")));
+    AttachedDialog dialog(name);
+    QVERIFY(dialog.openTab());
+    QVERIFY(dialog.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(dialog.user().pickPrinter(name));
+    QVERIFY(PanelUser(dialog.user()).pickPreset(1));
+    QCOMPARE(dialog.problems(), QStringList{u"the panel \"Cut Options\" sets KvAutoTapeCut, which "
+                                            "the printer's PPD lacks: no job carries it"_s});
+    const int job = dialog.print(mSite.scheduler());
+    QCOMPARE(mSite.choices(job),
+             QStringList({u"KvCutAtEnd=OFF"_s, u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
 }
 
 void tst_badinput::textsThatAreNoUTF8()

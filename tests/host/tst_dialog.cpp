@@ -38,8 +38,7 @@ constexpr Row clicks[] = {
     {"all", "mSpecialTapeChkBx", "KvSpecialTape=ON"},
     {"all", "mRemoveBlkSpaceChkBx", "KvRemoveBlkSpace=ON"},
     {"all", "mCutMarkChkBx", "KvCutMark=ON"},
-    // Nor does it where there is no auto cut at all.
-    {"label", "mCutEveryChkBx", ""},
+    {"label", "mCutEveryChkBx", "KvAutoTapeCut=OFF"},
     {"label", "mCutAndEndChkBx", "KvCutAtEnd=ON"},
     {"label", "mMirrorPrintChkBx", "KvMirror=ON"},
 };
@@ -80,8 +79,8 @@ constexpr PresetRow presets[] = {
     {"all", 15, "KvCutMark=ON KvChainPrint=ON"},
     {"all", 16, "KvChainPrint=ON"},
     {"all", 17, ""},
-    {"label", 1, ""},
-    {"label", 2, "KvCutAtEnd=ON"},
+    {"label", 1, "KvAutoTapeCut=OFF"},
+    {"label", 2, "KvAutoTapeCut=OFF KvCutAtEnd=ON"},
     {"label", 3, ""},
     {"label", 4, "KvCutAtEnd=ON"},
 };

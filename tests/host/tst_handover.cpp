@@ -144,8 +144,8 @@ void tst_handover::choicesOfAnotherPrinterAreTakenBack()
     QVERIFY(application.show());
     QVERIFY(application.user().pickPrinter(QStringLiteral("label")));
     QVERIFY(application.user().print());
-    QCOMPARE(choicesOfLastJob(),
-             QStringList({u"KvCutAtEnd=OFF"_s, u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
+    QCOMPARE(choicesOfLastJob(), QStringList({u"KvAutoTapeCut=ON"_s, u"KvCutAtEnd=OFF"_s,
+                                              u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
 
     QVERIFY(application.show());
     QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
