@@ -34,7 +34,7 @@ constexpr double tallestField = 30.0;
 /// What cannot be seen is not worth it.
 constexpr double leastHeightening = 1.0;
 /// How much wider than in the nib the texts may make the view.
-constexpr double mostWidening = 280.0;
+constexpr double mostWidening = 350.0;
 /// How far the middle of the caption's text is above the field's lower edge, without half of it.
 constexpr double captionAboveField = captionOffset - fieldOffset;
 

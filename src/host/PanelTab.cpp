@@ -1,7 +1,9 @@
 #include "host/PanelTab.h"
 
 #include "host/PanelHost.h"
+#include "host/WindowPlace.h"
 
+#include <QLayout>
 #include <QScreen>
 #include <QScrollBar>
 #include <QShowEvent>
@@ -9,8 +11,6 @@
 #include <cmath>
 
 namespace {
-/// The part of the screen's height that is left to the dialog around the tab.
-constexpr int heightOfTheRest = 420;
 /// A tab's size before there is a view, and the least that it needs of the screen.
 constexpr QSize leastSize(320, 160);
 
@@ -49,11 +49,11 @@ QSize PanelTab::sizeHint() const
 
 QSize PanelTab::minimumSizeHint() const
 {
-    const int room = screen()->availableGeometry().height() - heightOfTheRest;
+    const int loss = roundingLoss(devicePixelRatioF());
+    const int room = screen()->availableGeometry().height() - mHeightAround - loss;
     const int height = std::min(sizeHint().height(), std::max(room, leastSize.height()));
     const bool isScrolled = height < sizeHint().height();
     const int barWidth = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
-    const int loss = roundingLoss(devicePixelRatioF());
     return {sizeHint().width() + barWidth + loss, height + loss};
 }
 
@@ -63,6 +63,10 @@ void PanelTab::showEvent(QShowEvent *event)
     if (!mHost || event->spontaneous()) {
         return;
     }
+    measureAround();
+    if (!mPlace) {
+        mPlace = new WindowPlace(*window(), this);
+    }
     if (!widget()) {
         if (QWidget *view = mHost->view(mPanel)) {
             setWidget(view);
@@ -71,6 +75,19 @@ void PanelTab::showEvent(QShowEvent *event)
         }
     }
     mHost->show(mPanel);
+}
+
+void PanelTab::measureAround()
+{
+    const QLayout *layout = window()->layout();
+    if (!layout || isWindow()) {
+        return;
+    }
+    const int frame = window()->frameGeometry().height() - window()->height();
+    // Whichever of the tabs is the highest, it counts in both.
+    const int layoutAround =
+        layout->totalMinimumSize().height() - parentWidget()->minimumSizeHint().height();
+    mHeightAround = frame + std::max(layoutAround, 0);
 }
 
 void PanelTab::hideEvent(QHideEvent *event)

@@ -5,6 +5,7 @@
 
 class PanelHost;
 class PDEPanel;
+class WindowPlace;
 
 /// The tab of one panel: makes the panel's view when the tab is first seen.
 class PanelTab : public QScrollArea
@@ -25,6 +26,11 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void measureAround();
+
     QPointer<PanelHost> mHost;
     PDEPanel &mPanel;
+    QPointer<WindowPlace> mPlace;
+    /// The height of the dialog without its tabs' pages, and of its frame.
+    int mHeightAround = 0;
 };

@@ -92,10 +92,10 @@ PrinterOption makeOption(Dice &dice, Option option)
         addTexts(dice, made.choices);
     }
     made.text = dice.weighted<QString>({{6, QString()},
-                                        {6, text("Option ") + namesOf(option).keyword},
+                                        {6, text("Do ") + namesOf(option).keyword},
                                         {1, text("Cut")},
                                         {1, text("RS_Labels")},
-                                        {1, text("Schnitt – größer & kleiner")}});
+                                        {1, text("Schnitt – groß & klein")}});
     return made;
 }
 

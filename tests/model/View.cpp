@@ -6,7 +6,7 @@
 
 namespace model {
 namespace {
-constexpr int nibWidth = 550;
+constexpr int nibWidth = 480;
 constexpr int nibHeight = 292;
 constexpr int leastHeight = 150;
 constexpr int rowHeight = 26;
@@ -23,20 +23,20 @@ struct NibItem
 };
 
 const std::array<NibItem, View::OutletCount> nib = {{
-    {QLatin1String("mCutEveryChkBx"), 20, 42, 260, 22, QLatin1String("Cut every")},
-    {QLatin1String("mCutAndEndChkBx"), 20, 120, 260, 22, QLatin1String("Cut at end")},
-    {QLatin1String("mMirrorPrintChkBx"), 20, 224, 260, 22, QLatin1String("Mirror printing")},
-    {QLatin1String("mAutoCutChkBx"), 20, 94, 260, 22, QLatin1String("Auto cut")},
-    {QLatin1String("mHalfCutChkBx"), 20, 146, 260, 22, QLatin1String("Half cut")},
-    {QLatin1String("mChainPrintChkBx"), 20, 198, 260, 22, QLatin1String("Chain printing")},
-    {QLatin1String("mSpecialTapeChkBx"), 20, 172, 260, 22,
+    {QLatin1String("mCutEveryChkBx"), 20, 42, 190, 22, QLatin1String("Cut every")},
+    {QLatin1String("mCutAndEndChkBx"), 20, 120, 190, 22, QLatin1String("Cut at end")},
+    {QLatin1String("mMirrorPrintChkBx"), 20, 224, 190, 22, QLatin1String("Mirror printing")},
+    {QLatin1String("mAutoCutChkBx"), 20, 94, 190, 22, QLatin1String("Auto cut")},
+    {QLatin1String("mHalfCutChkBx"), 20, 146, 190, 22, QLatin1String("Half cut")},
+    {QLatin1String("mChainPrintChkBx"), 20, 198, 190, 22, QLatin1String("Chain printing")},
+    {QLatin1String("mSpecialTapeChkBx"), 20, 172, 190, 22,
      QLatin1String("Special tape (no cutting)")},
-    {QLatin1String("mRemoveBlkSpaceChkBx"), 20, 250, 260, 22, QLatin1String("Remove blank space")},
-    {QLatin1String("mCutMarkChkBx"), 20, 16, 260, 22, QLatin1String("Cut marks")},
+    {QLatin1String("mRemoveBlkSpaceChkBx"), 20, 250, 190, 22, QLatin1String("Remove blank space")},
+    {QLatin1String("mCutMarkChkBx"), 20, 16, 190, 22, QLatin1String("Cut marks")},
     {QLatin1String("mCutEveryTxBx"), 44, 68, 56, 26, QLatin1String("")},
     {QLatin1String("mCutEveryStpr"), 102, 67, 20, 28, QLatin1String("")},
-    {QLatin1String("mCutEveryStr"), 128, 66, 150, 22, QLatin1String("labels")},
-    {QLatin1String("mOptionPopUpButton"), 290, 12, 240, 26, QLatin1String("")},
+    {QLatin1String("mCutEveryStr"), 128, 66, 80, 22, QLatin1String("labels")},
+    {QLatin1String("mOptionPopUpButton"), 220, 12, 240, 26, QLatin1String("")},
 }};
 
 /// A row of the view, and the presets that go when it is there or when it is not.

@@ -107,7 +107,7 @@ void AppearanceTest::layoutKeepsItsPoints()
     useFontOf(points);
     PanelFixture fixture;
     fixture.show();
-    QCOMPARE(frameSize(fixture.panel->kPDEView), QSizeF(550.0, 292.0));
+    QCOMPARE(frameSize(fixture.panel->kPDEView), QSizeF(480.0, 292.0));
     QCOMPARE(frameOrigin(fixture.box(OptionCatalogue::CutMark)).y(), 254.0);
     QCOMPARE(frameOrigin(fixture.box(OptionCatalogue::CutEvery)).y(), 228.0);
     QCOMPARE(frameOrigin(fixture.panel->mCutEveryTxBx).y(), 198.0);
@@ -165,16 +165,16 @@ void AppearanceTest::shortTextsKeepTheWidth()
 {
     PanelFixture fixture;
     fixture.show();
-    QCOMPARE(frameSize(fixture.panel->kPDEView).width(), 550.0);
-    QCOMPARE(frameSize(fixture.box(OptionCatalogue::HalfCut)).width(), 260.0);
+    QCOMPARE(frameSize(fixture.panel->kPDEView).width(), 480.0);
+    QCOMPARE(frameSize(fixture.box(OptionCatalogue::HalfCut)).width(), 190.0);
     useFontOf(9);
     PanelFixture wordy(PPDText().onOff("KvHalfCut", "OFF", QByteArray(30, 'W')));
     wordy.show();
-    const double by = frameSize(wordy.box(OptionCatalogue::HalfCut)).width() - 260.0;
+    const double by = frameSize(wordy.box(OptionCatalogue::HalfCut)).width() - 190.0;
     QVERIFY(by > 0.0);
-    QCOMPARE(frameSize(wordy.panel->kPDEView).width(), 550.0 + by);
-    QCOMPARE(frameOrigin(wordy.panel->mOptionView).x(), 290.0 + by);
-    QCOMPARE(frameOrigin(wordy.panel->mOptionPopUpButton).x(), 290.0 + by);
+    QCOMPARE(frameSize(wordy.panel->kPDEView).width(), 480.0 + by);
+    QCOMPARE(frameOrigin(wordy.panel->mOptionView).x(), 220.0 + by);
+    QCOMPARE(frameOrigin(wordy.panel->mOptionPopUpButton).x(), 220.0 + by);
 }
 
 void AppearanceTest::captionStandsOnTheFieldsLine_data()
