@@ -6,14 +6,14 @@ TEST_JOBS ?= $(shell expr 3 '*' $(JOBS))
 PREFIX ?= /usr/local
 # More options for CMake, such as -DKV_QT_VERSIONS=6 for a build without Qt 5.
 CMAKE_OPTIONS ?=
-# How long "make prove" takes, in seconds.
-FOR ?= 600
+# How long "make prove" takes, and each fuzzer of "make fuzz", in seconds; 600 and 60 by default.
+FOR ?=
 # The Debian release of "make check-package" and "make check-release"; this machine's by default.
 RELEASE ?= $(shell . /etc/os-release && echo $$VERSION_CODENAME)
 # What "make check-release" runs, each with no packages but those of its own lists.
 COMMANDS ?= run test package
 
-.PHONY: all run test lint test-optimised test-sanitize prove coverage bench screenshots deps \
+.PHONY: all run test lint test-optimised test-sanitize prove fuzz coverage bench screenshots deps \
 	install uninstall package check-package check-release clean
 .NOTPARALLEL:
 
@@ -54,7 +54,14 @@ test-optimised test-sanitize: test-%: deps
 prove: deps
 	cmake --preset optimised
 	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-model
-	tests/isolated KV_MODEL_SECONDS=$(FOR) build/optimised/tests/model tst_model
+	tests/isolated KV_MODEL_SECONDS=$(or $(FOR),600) build/optimised/tests/model tst_model
+
+# Tries random inputs on everything that reads files, scripts or texts, each fuzzer for FOR seconds.
+fuzz:
+	tools/deps run fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz --parallel $(JOBS)
+	tools/fuzz build/fuzz $(or $(FOR),60) $(JOBS)
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
 coverage:

@@ -210,8 +210,8 @@ void tst_scriptstate::optionsOfALabelPrinter()
     }
     QCOMPARE(compact(state.value(u"popup")), compact(popup({1, 2, 3, 4}, 3)));
     QCOMPARE(compact(state.value(u"selections")),
-             compact(selections({u"mAutoCut=ON"_s, u"mCutEnd=OFF"_s, u"mCutEvery=1"_s,
-                                 u"mMirror=OFF"_s})));
+             compact(selections(
+                 {u"mAutoCut=ON"_s, u"mCutEnd=OFF"_s, u"mCutEvery=1"_s, u"mMirror=OFF"_s})));
     QCOMPARE(compact(state.value(u"marks")),
              compact(marks(u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF KvAutoTapeCut=ON"_s)));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 0, 1)));

@@ -1,0 +1,32 @@
+#include "FuzzTarget.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+namespace {
+std::map<QByteArray, FuzzTarget::Maker> &makers()
+{
+    static std::map<QByteArray, FuzzTarget::Maker> all;
+    return all;
+}
+} // namespace
+
+bool FuzzTarget::add(const char *name, Maker maker)
+{
+    return makers().emplace(name, maker).second;
+}
+
+std::unique_ptr<FuzzTarget> FuzzTarget::make(const QByteArray &name)
+{
+    const auto found = makers().find(name);
+    return found == makers().end() ? nullptr : found->second();
+}
+
+void expectRule(bool holds, const char *rule)
+{
+    if (!holds) {
+        std::fprintf(stderr, "broken rule: %s\n", rule);
+        std::abort();
+    }
+}
