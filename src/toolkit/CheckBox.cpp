@@ -58,8 +58,7 @@ int CheckBox::widthForTitle(const QString &title) const
     QStyleOptionButton option;
     initStyleOption(&option);
     option.text = withoutMnemonic(title);
-    const QFontMetrics metrics = fontMetrics();
-    const QSize text(metrics.horizontalAdvance(title), metrics.height());
+    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, title);
     return style()->sizeFromContents(QStyle::CT_CheckBox, &option, text, this).width();
 }
 
