@@ -58,7 +58,8 @@ int CheckBox::widthForTitle(const QString &title) const
     QStyleOptionButton option;
     initStyleOption(&option);
     option.text = withoutMnemonic(title);
-    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, title);
+    const QSize text =
+        style()->itemTextRect(fontMetrics(), {}, Qt::TextShowMnemonic, false, option.text).size();
     return style()->sizeFromContents(QStyle::CT_CheckBox, &option, text, this).width();
 }
 

@@ -340,8 +340,8 @@ void tst_completion::completes_data()
     QTest::newRow("preset is no file") << all + u"--preset le"_s << none << all + u"--preset le"_s;
 
     QTest::newRow("keys") << u"kvprint --ppd my\\ label.ppd -o "_s
-                          << QStringList{u"KvCutAtEnd="_s, u"KvCutLabel="_s, u"KvMirror="_s,
-                                         u"PageSize="_s, u"media="_s}
+                          << QStringList{u"KvAutoTapeCut="_s, u"KvCutAtEnd="_s, u"KvCutLabel="_s,
+                                         u"KvMirror="_s,      u"PageSize="_s,   u"media="_s}
                           << u"kvprint --ppd my\\ label.ppd -o "_s;
     QTest::newRow("key") << all + u"-o KvHalf"_s << QStringList{u"KvHalfCut="_s}
                          << all + u"-o KvHalfCut="_s;
