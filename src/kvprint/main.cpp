@@ -62,7 +62,8 @@ void translateQt(QTranslator &texts)
 
 ExitStatus runScript(const CommandLine &line)
 {
-    ScriptRunner runner({bundleFolder(), line.ppd, line.printer, std::chrono::seconds(line.timeout)});
+    ScriptRunner runner(
+        {bundleFolder(), line.ppd, line.printer, std::chrono::seconds(line.timeout)});
     QString error;
     if (!runner.run(line.actionFile, &error)) {
         ProblemReporter().report(error);

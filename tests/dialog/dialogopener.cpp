@@ -14,9 +14,8 @@ constexpr int longestWaitMs = 10'000;
 bool isWaiting(const QObject &dialog)
 {
     const QObjectList &children = dialog.children();
-    return std::any_of(children.begin(), children.end(), [](const QObject *child) {
-        return child->property("waiting").toBool();
-    });
+    return std::any_of(children.begin(), children.end(),
+                       [](const QObject *child) { return child->property("waiting").toBool(); });
 }
 } // namespace
 
