@@ -34,7 +34,7 @@ bool isComment(const QString &line)
 }
 
 /// What stands behind a key, without a comment and without the quotes around it.
-QString valueOf(const QString &text)
+QString settingOf(const QString &text)
 {
     const QString value = text.trimmed();
     const QLatin1Char quote('"');
@@ -59,7 +59,7 @@ QHash<QString, QString> readApplications(const QString &text, int *faultyLine)
         if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
             isWanted = line == QLatin1String("[Applications]");
         } else if (equals > 0 && isWanted && !isComment(line)) {
-            values.insert(line.left(equals).trimmed(), valueOf(line.mid(equals + 1)));
+            values.insert(line.left(equals).trimmed(), settingOf(line.mid(equals + 1)));
         } else if (equals <= 0 && !isComment(line) && *faultyLine == 0) {
             *faultyLine = number;
         }
