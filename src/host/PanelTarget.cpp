@@ -29,7 +29,7 @@ std::optional<PanelTarget> PanelTarget::of(const PrinterRecord &printer, PPDFile
 {
     *error = printer.error;
     auto ppd = printer.error.isNull() ? printer.openPPD(error, marks) : nullptr;
-    if (!ppd) {
+    if (!ppd || !printer.queue) {
         return std::nullopt;
     }
     JobOptions saved = printer.queue->jobOptions();

@@ -229,7 +229,7 @@ void PrintDialogAttachment::buildHost()
         paper.isValid()) {
         target->paper = paperIn(openPPD, paper);
     }
-    JobOptions requests = printer.queue->options();
+    JobOptions requests = target->savedOptions;
     requests.merge(mRequested);
     requests.merge(mLastChoices.of(mQueue));
     requests.merge(mSetChoices.value(mQueue));
