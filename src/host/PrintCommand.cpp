@@ -89,13 +89,17 @@ void addColors(const QPrinter &printer, const QPrinterInfo &info, JobOptions &op
 PrintCommand::PrintCommand(CommandLine commandLine, QString bundleFolder)
     : mCommandLine(std::move(commandLine))
     , mBundleFolder(std::move(bundleFolder))
-    , mScheduler(std::chrono::seconds(mCommandLine.timeout))
 {
 }
 
 PrintCommand::~PrintCommand()
 {
     delete mDialog;
+}
+
+SchedulerConnection::Milliseconds PrintCommand::schedulerLimit() const
+{
+    return std::chrono::seconds(mCommandLine.timeout);
 }
 
 QString PrintCommand::faultOfFiles() const
@@ -108,9 +112,9 @@ QString PrintCommand::faultOfFiles() const
     return {};
 }
 
-ExitStatus PrintCommand::checkOptions(const QString &queue)
+ExitStatus PrintCommand::checkOptions(SchedulerConnection &scheduler, const QString &queue)
 {
-    const PrinterRecord printer = PrinterRecord::read(mScheduler, queue);
+    const PrinterRecord printer = PrinterRecord::read(scheduler, queue);
     QString fault = printer.error;
     const auto ppd = fault.isNull() ? printer.openPPD(&fault, PPDFile::Marks::Defaults) : nullptr;
     if (!fault.isNull()) {
@@ -129,13 +133,14 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
 {
     *status = ExitStatus::NotPrinted;
     QString fault = faultOfFiles();
+    SchedulerConnection scheduler(schedulerLimit());
     const QString queue =
-        fault.isNull() ? PrintQueue::choose(mScheduler, mCommandLine.printer, &fault) : QString();
+        fault.isNull() ? PrintQueue::choose(scheduler, mCommandLine.printer, &fault) : QString();
     if (queue.isNull()) {
         mReporter.report(fault);
         return nullptr;
     }
-    if (const ExitStatus checked = checkOptions(queue); checked != ExitStatus::Printed) {
+    if (const ExitStatus checked = checkOptions(scheduler, queue); checked != ExitStatus::Printed) {
         *status = checked;
         return nullptr;
     }
@@ -200,7 +205,9 @@ ExitStatus PrintCommand::print()
         return ExitStatus::NotPrinted;
     }
     QString error;
-    mJobId = JobSubmission::print(mScheduler, mPrinter->printerName(), mCommandLine.files,
+    // The scheduler has closed any connection of before while the user was at the dialog.
+    SchedulerConnection scheduler(schedulerLimit());
+    mJobId = JobSubmission::print(scheduler, mPrinter->printerName(), mCommandLine.files,
                                   mPrinter->docName(), optionsOfJob(), &error);
     if (mJobId == 0) {
         mReporter.report(error);

@@ -45,9 +45,11 @@ public:
     int jobId() const { return mJobId; }
 
 private:
+    /// How long the scheduler may be silent.
+    SchedulerConnection::Milliseconds schedulerLimit() const;
     QString faultOfFiles() const;
     /// Spells the options as the printer does. Printed when nothing is wrong with them.
-    ExitStatus checkOptions(const QString &queue);
+    ExitStatus checkOptions(SchedulerConnection &scheduler, const QString &queue);
     /// The number of copies asked for, which is the dialog's business from then on.
     int takeCopies();
     /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.
@@ -56,7 +58,6 @@ private:
 
     CommandLine mCommandLine;
     QString mBundleFolder;
-    SchedulerConnection mScheduler;
     ProblemReporter mReporter;
     PanelBundles mBundles;
     LastChoices mLastChoices;
