@@ -12,6 +12,8 @@ FOR ?=
 RELEASE ?= $(shell . /etc/os-release && echo $$VERSION_CODENAME)
 # What "make check-release" runs, each with no packages but those of its own lists.
 COMMANDS ?= run test package
+# The lists of packages that building for a user needs, and "make run" more.
+lists = build
 
 .PHONY: all run test lint test-optimised test-sanitize prove fuzz coverage bench screenshots deps \
 	install uninstall package check-package check-release clean
@@ -23,17 +25,18 @@ export CMAKE_OPTIONS JOBS
 
 # What has to be built for a user.
 all:
-	tools/deps run
+	tools/deps $(lists)
 	cmake --preset release $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target installed kvprint-demo
 
 # Prints a sample label through the dialog, at a scheduler of its own.
+run: lists += run
 run: all
 	build/release/bin/kvprint-demo build/run
 
 # Installs what "make run" and "make test" need.
 deps:
-	tools/deps run qt5 test
+	tools/deps build run qt5 test
 
 # Checks the sources, and runs every test in both builds.
 test: lint test-optimised test-sanitize
@@ -58,28 +61,28 @@ prove: deps
 
 # Tries random inputs on everything that reads files, scripts or texts, each fuzzer for FOR seconds.
 fuzz:
-	tools/deps run fuzz
+	tools/deps build fuzz
 	cmake --preset fuzz
 	cmake --build --preset fuzz --parallel $(JOBS)
 	tools/fuzz build/fuzz $(or $(FOR),60) $(JOBS)
 
 # Says which lines of the panel the tests reach, and fails when they are too few.
 coverage:
-	tools/deps run qt5 test coverage
+	tools/deps build run qt5 test coverage
 	cmake --preset coverage
 	cmake --build --preset coverage --parallel $(JOBS)
 	tools/coverage build/coverage $(JOBS)
 
 # Measures how long the panel takes.
 bench:
-	tools/deps run qt5 bench
+	tools/deps build run qt5 bench
 	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	tests/isolated build/release/bin/kvprint-bench
 
 # Photographs the panel in every language, style, theme and scale, and for the guide.
 screenshots:
-	tools/deps run qt5 screenshots
+	tools/deps build run qt5 screenshots
 	cmake --preset release -DKV_BUILD_SCREENSHOTS=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
 	tests/isolated build/release/bin/kvprint-screenshots build/screenshots docs/guide
@@ -94,7 +97,7 @@ uninstall:
 
 # Builds Debian packages in build/package, and has lintian look at them.
 package:
-	tools/deps run qt5 package
+	tools/deps build qt5 package
 	tools/package build/package
 
 # Installs the packages in a Debian of their own, of the same release, prints with them, and removes
