@@ -82,6 +82,9 @@ def press_keys(keys, title):
 
 
 def look(process):
+    # An application that is asked before it has told all of itself is not seen later either.
+    search = ["xdotool", "search", "--sync", "--onlyvisible", "--pid", str(process.pid)]
+    subprocess.run(search, check=True, stdout=subprocess.DEVNULL, timeout=TIMEOUT)
     app = wait_for(lambda: application(process.pid), "The application")
     wait_for(lambda: find(app, pyatspi.ROLE_MENU_ITEM, "File"), "The menu File")
     press_keys("ctrl+p", app.name)
