@@ -48,6 +48,8 @@ function(kv_add_lint name)
     list(TRANSFORM sources REPLACE "[^/]+/\\.\\./" "")
     list(REMOVE_DUPLICATES sources)
     target_sources(${lint} PRIVATE ${sources})
+    # Of all that is linted, so that nothing has to be built before.
+    set_target_properties(${lint} PROPERTIES AUTOMOC ON AUTOMOC_COMPILER_PREDEFINES OFF)
     # What moc makes of several plug-ins does not go together.
     set_source_files_properties(
         ${CMAKE_CURRENT_BINARY_DIR}/${lint}_autogen/mocs_compilation.cpp

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/MemoryFolder.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -27,6 +29,6 @@ public:
     static bool addDecoys(const QString &folder);
 
 private:
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{memoryFolderPattern(QStringLiteral("plugins"))};
     bool mIsCopied;
 };

@@ -142,7 +142,7 @@ void tst_spoiltplugin::libraryIsNotLoaded()
     const QStringList paths = tree.matching(spoilt.contains(u'%') ? spoilt.arg(qt) : spoilt);
     QCOMPARE(paths.size(), 1);
     QVERIFY(change(paths.first()));
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
 
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
@@ -161,7 +161,7 @@ void tst_spoiltplugin::libraryIsNotLoaded()
 void tst_spoiltplugin::nothingIsLoadedFromTheCurrentFolder()
 {
     QFETCH_GLOBAL(const QString, qt);
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path());
     QVERIFY(opener.tabs(tape).contains(kPanelTab));
@@ -233,7 +233,7 @@ void tst_spoiltplugin::removedBeforeTheFirstDialog()
     QVERIFY(tree.isCopied());
     const QString plugIn =
         QStringLiteral("%1/qt%2/plugins/generic/libkvprintdialog.so").arg(tree.libraries(), qt);
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
     QVERIFY(
