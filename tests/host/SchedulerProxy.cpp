@@ -46,7 +46,8 @@ SchedulerProxy::SchedulerProxy(const QByteArray &scheduler)
     const auto any = reinterpret_cast<sockaddr *>(&address);
     if (bind(mListener, any, size) == 0 && listen(mListener, SOMAXCONN) == 0 &&
         getsockname(mListener, any, &size) == 0) {
-        cupsSetServer("127.0.0.1:" + QByteArray::number(ntohs(address.sin_port)));
+        mAddress = "127.0.0.1:" + QByteArray::number(ntohs(address.sin_port));
+        cupsSetServer(mAddress.constData());
     }
     mThread = std::thread([this] { acceptAll(); });
 }
@@ -96,6 +97,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
             if (start.startsWith("GET ") || start.startsWith("POST ")) {
                 ++mRequests;
                 left = start.contains(".ppd HTTP") ? int(mCut) : -1;
+                std::this_thread::sleep_for(mDelay.load());
             }
         } else if (isOpen && left >= 0) {
             size = std::min<ssize_t>(size, left);

@@ -3,6 +3,7 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 /**
@@ -19,11 +20,16 @@ public:
     SchedulerProxy(const SchedulerProxy &) = delete;
     SchedulerProxy &operator=(const SchedulerProxy &) = delete;
 
+    /// Where the proxy listens ("127.0.0.1:50000").
+    const QByteArray &address() const { return mAddress; }
+
     /// Breaks connections off behind so many bytes of the answer to a request for a PPD; −1 for
     /// none.
     void cutPPDsAfter(int bytes) { mCut = bytes; }
     /// Gives no more answers on connections that are opened from now on.
     void setSilent(bool isSilent) { mIsSilent = isSilent; }
+    /// Has each answer come so much later from now on.
+    void delayAnswers(std::chrono::milliseconds time) { mDelay = time; }
     /// How many requests there have been.
     int requests() const { return mRequests; }
 
@@ -32,10 +38,12 @@ private:
     void forward(int client, bool isSilent);
 
     QByteArray mScheduler;
+    QByteArray mAddress;
     int mListener = -1;
     std::thread mThread;
     std::atomic_bool mIsStopping = false;
     std::atomic_bool mIsSilent = false;
     std::atomic_int mCut = -1;
+    std::atomic<std::chrono::milliseconds> mDelay = {};
     std::atomic_int mRequests = 0;
 };
