@@ -85,7 +85,8 @@ void SchedulerProxy::forward(int client, bool isSilent)
     std::array<char, 4096> bytes{};
     // What is left of the answer that is to be cut; −1 while there is none.
     int left = -1;
-    while (isOpen && !mIsStopping) {
+    const int closings = mClosings;
+    while (isOpen && !mIsStopping && closings == mClosings) {
         if (poll(ends.data(), ends.size(), pollMs) <= 0) {
             continue;
         }
@@ -95,7 +96,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
         if (isRequest && isOpen) {
             const QByteArray start(bytes.data(), int(std::min<ssize_t>(size, 256)));
             if (start.startsWith("GET ") || start.startsWith("POST ")) {
-                ++mRequests;
+                isSilent = ++mRequests > mAnswered || isSilent;
                 left = start.contains(".ppd HTTP") ? int(mCut) : -1;
                 std::this_thread::sleep_for(mDelay.load());
             }

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <limits>
 #include <thread>
 
 /**
@@ -28,6 +29,10 @@ public:
     void cutPPDsAfter(int bytes) { mCut = bytes; }
     /// Gives no more answers on connections that are opened from now on.
     void setSilent(bool isSilent) { mIsSilent = isSilent; }
+    /// Gives no more answers once there have been so many requests in all.
+    void silenceAfter(int requests) { mAnswered = requests; }
+    /// Closes every connection that is open, as a scheduler does with idle ones.
+    void closeConnections() { ++mClosings; }
     /// Has each answer come so much later from now on.
     void delayAnswers(std::chrono::milliseconds time) { mDelay = time; }
     /// How many requests there have been.
@@ -44,6 +49,8 @@ private:
     std::atomic_bool mIsStopping = false;
     std::atomic_bool mIsSilent = false;
     std::atomic_int mCut = -1;
+    std::atomic_int mAnswered = std::numeric_limits<int>::max();
+    std::atomic_int mClosings = 0;
     std::atomic<std::chrono::milliseconds> mDelay = {};
     std::atomic_int mRequests = 0;
 };
