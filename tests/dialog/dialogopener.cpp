@@ -8,11 +8,13 @@
 
 #include <algorithm>
 #include <iostream>
-#include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 constexpr int longestWaitMs = 10'000;
+/// How long a dialog that is not painted stays without its extension.
+constexpr int longestUnpaintedMs = 500;
 
 /// What extends dialogs in the dialog; null when nothing does.
 const QObject *extensionOf(const QObject &dialog)
@@ -116,7 +118,7 @@ QStringList tabs(const QString &printer)
 QStringList tabsUnpainted(const QString &printer)
 {
     Dialog dialog(printer);
-    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.setUpdatesEnabled(false);
     dialog.show();
     await([&dialog] { return extensionOf(dialog); });
     dialog.awaitExtension();
@@ -161,16 +163,14 @@ QStringList acceptedWhenShownAgain(const QString &printer)
 /// The tabs of a dialog behind others that were deleted early.
 QStringList tabsBehindDeleted(const QString &printer)
 {
-    for (const auto &[isHidden, isSeen] : {std::pair(false, false), {true, false}, {false, true}}) {
-        auto dialog = std::make_unique<Dialog>(printer);
-        dialog->show();
-        if (isHidden) {
-            dialog->hide();
-        }
-        if (isSeen) {
-            dialog->repaint();
-        }
+    for (const bool isHidden : {false, true}) {
+        Dialog dialog(printer);
+        dialog.show();
+        dialog.setVisible(!isHidden);
     }
+    // Long enough for whatever was still to happen to them.
+    const QDeadlineTimer time(longestUnpaintedMs + 100);
+    await([&time] { return time.hasExpired(); });
     return tabs(printer);
 }
 
