@@ -55,14 +55,14 @@ const char *formatIn(const CupsOptions &options)
                                                                  : CUPS_FORMAT_AUTO;
 }
 
-/// Sends one document of a job. @p error is set when the fault is the file's.
+/// Sends one document of a job. @p fileFault is set when the fault is the file's.
 bool sendDocument(http_t *http, const QByteArray &queue, int job, const QString &path,
-                  const char *format, bool isLast, QString *error)
+                  const char *format, bool isLast, QString *fileFault)
 {
     QFile file(path);
     const QByteArray name = QFileInfo(path).fileName().toUtf8();
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        *fileFault = QStringLiteral("%1: %2").arg(path, file.errorString());
         return false;
     }
     http_status_t status =
@@ -70,12 +70,12 @@ bool sendDocument(http_t *http, const QByteArray &queue, int job, const QString 
     while (status == HTTP_STATUS_CONTINUE && !file.atEnd()) {
         const QByteArray piece = file.read(pieceSize);
         if (piece.isEmpty()) {
-            *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+            *fileFault = QStringLiteral("%1: %2").arg(path, file.errorString());
             return false;
         }
         status = cupsWriteRequestData(http, piece.constData(), std::size_t(piece.size()));
     }
-    // Without any answer libcups may tell a success: it waits for a request behind a whole one
+    // Without an answer libcups may tell a success. It waits for a request behind a whole answer
     // alone.
     return status == HTTP_STATUS_CONTINUE &&
            cupsFinishDocument(http, queue.constData()) <= IPP_STATUS_OK_CONFLICTING &&
@@ -83,11 +83,11 @@ bool sendDocument(http_t *http, const QByteArray &queue, int job, const QString 
 }
 
 bool send(http_t *http, const QByteArray &queue, int job, const QStringList &files,
-          const CupsOptions &options, QString *error)
+          const CupsOptions &options, QString *fileFault)
 {
     const char *const format = formatIn(options);
     return std::all_of(files.begin(), files.end(), [&](const QString &file) {
-        return sendDocument(http, queue, job, file, format, &file == &files.last(), error);
+        return sendDocument(http, queue, job, file, format, &file == &files.last(), fileFault);
     });
 }
 
@@ -132,13 +132,13 @@ int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
     }
     const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     const CupsOptions cupsOptions(options);
+    QString fileFault;
     const int job = create(http, queue, title, cupsOptions);
-    if (job != 0 && send(http, queue, job, files, cupsOptions, error)) {
+    if (job != 0 && send(http, queue, job, files, cupsOptions, &fileFault)) {
         return job;
     }
-    if (error->isNull()) {
-        *error = QStringLiteral("%1: %2").arg(printer, scheduler.fault());
-    }
+    *error =
+        QStringLiteral("%1: %2").arg(printer, fileFault.isNull() ? scheduler.fault() : fileFault);
     cancel(queue, job);
     return 0;
 }
