@@ -1,9 +1,9 @@
 #include "bench/DialogCosts.h"
 
 #include "bench/Interruption.h"
+#include "bench/PairedTimes.h"
 #include "bench/RatioTable.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace {
@@ -21,13 +21,6 @@ constexpr const char *openingTimes[] = {"", ", again"};
 std::string without(const std::string &name)
 {
     return name + ", without";
-}
-
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 } // namespace
 
@@ -161,7 +154,7 @@ void DialogCosts::print(std::ostream &stream) const
 {
     std::map<std::string, double> medians;
     for (const auto &[name, times] : mTimes) {
-        medians[name] = median(times);
+        medians[name] = PairedTimes::median(times);
     }
     RatioTable(medians).print(stream, mGroups);
     stream << "\nRequests to the scheduler until a dialog is there\n";

@@ -5,13 +5,13 @@
 #include <signal.h>
 
 namespace {
-struct SamplePrinter
+struct SampleQueue
 {
     const char *queue;
     const char *ppd;
 };
 
-constexpr SamplePrinter samplePrinters[] = {
+constexpr SampleQueue sampleQueues[] = {
     {"label", "korvane-label"}, {"plain", "korvane-plain"}, {"tape", "korvane-tape"}};
 } // namespace
 
@@ -19,7 +19,7 @@ DialogSite::DialogSite()
 {
     QString error;
     mScheduler = PrivateScheduler::start(&error);
-    for (const auto &[queue, ppd] : samplePrinters) {
+    for (const auto &[queue, ppd] : sampleQueues) {
         const QString path = QStringLiteral(KV_PPD_DIR "/%1.ppd").arg(QLatin1String(ppd));
         if (!mScheduler || !mScheduler->addPrinter(QLatin1String(queue), path, &error)) {
             throw std::runtime_error(error.toStdString());

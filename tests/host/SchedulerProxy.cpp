@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr int pollMs = 20;
+constexpr int lookMs = 20;
 
 sockaddr_in onLoopback(int port)
 {
@@ -65,7 +65,7 @@ void SchedulerProxy::acceptAll()
     std::vector<std::thread> connections;
     pollfd listener{mListener, POLLIN, 0};
     while (!mIsStopping) {
-        if (poll(&listener, 1, pollMs) > 0) {
+        if (poll(&listener, 1, lookMs) > 0) {
             const int client = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
             connections.emplace_back(
                 [this, client, isSilent = mIsSilent.load()] { forward(client, isSilent); });
@@ -87,7 +87,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
     int left = -1;
     const int closings = mClosings;
     while (isOpen && !mIsStopping && closings == mClosings) {
-        if (poll(ends.data(), ends.size(), pollMs) <= 0) {
+        if (poll(ends.data(), ends.size(), lookMs) <= 0) {
             continue;
         }
         const bool isRequest = (ends[0].revents & (POLLIN | POLLHUP)) != 0;
