@@ -13,6 +13,8 @@ struct Aim
         Ratio,
         /// A time, in seconds.
         Time,
+        /// So many seconds more than what it is compared with.
+        Difference,
     };
 
     Kind kind = Kind::None;

@@ -10,13 +10,6 @@ std::vector<double> sorted(std::vector<double> values)
     return values;
 }
 
-double median(const std::vector<double> &values)
-{
-    const std::vector<double> inOrder = sorted(values);
-    const std::size_t half = inOrder.size() / 2;
-    return inOrder.size() % 2 == 1 ? inOrder[half] : (inOrder[half - 1] + inOrder[half]) / 2.0;
-}
-
 /// How many of the smallest of so many values lie below the median's 95 % limits: as many heads as
 /// a coin shows with a probability of at most 2.5 %.
 std::size_t outsideLimits(std::size_t count)
@@ -32,6 +25,13 @@ std::size_t outsideLimits(std::size_t count)
     return heads > 0 ? heads - 1 : 0;
 }
 } // namespace
+
+double PairedTimes::median(const std::vector<double> &values)
+{
+    const std::vector<double> inOrder = sorted(values);
+    const std::size_t half = inOrder.size() / 2;
+    return inOrder.size() % 2 == 1 ? inOrder[half] : (inOrder[half - 1] + inOrder[half]) / 2.0;
+}
 
 void PairedTimes::add(double first, double second)
 {

@@ -6,6 +6,9 @@
 class PairedTimes
 {
 public:
+    /// The middle one of the values, or the mean of the two in the middle.
+    static double median(const std::vector<double> &values);
+
     /// Adds one pair, in seconds.
     void add(double first, double second);
 

@@ -28,17 +28,20 @@ std::string aimText(const Aim &aim)
         return formatted("ratio <= %.4g", aim.limit);
     case Aim::Kind::Time:
         return formatted("time <= %g us", aim.limit * 1e6);
+    case Aim::Kind::Difference:
+        return formatted("+%g ms", aim.limit * 1e3);
     default:
         return {};
     }
 }
 
-std::string verdict(const Aim &aim, double seconds, double ratio)
+std::string verdict(const Aim &aim, double own, double other)
 {
+    const double values[] = {0.0, own / other, own, own - other};
     if (aim.kind == Aim::Kind::None) {
         return {};
     }
-    return (aim.kind == Aim::Kind::Ratio ? ratio : seconds) <= aim.limit ? "met" : "missed";
+    return values[std::size_t(aim.kind)] <= aim.limit ? "met" : "missed";
 }
 
 std::string line(const std::array<std::string, 7> &cells)
@@ -80,9 +83,9 @@ std::string RatioTable::lines(const std::vector<Comparison> &comparisons) const
         if (own == mMedians.end() || other == mMedians.end()) {
             continue;
         }
-        const double ratio = own->second / other->second;
         text += line({name, timeText(own->second), beside, timeText(other->second),
-                      ratioText(ratio), aimText(aim), verdict(aim, own->second, ratio)});
+                      ratioText(own->second / other->second), aimText(aim),
+                      verdict(aim, own->second, other->second)});
     }
     return text;
 }

@@ -1,5 +1,6 @@
 #include "bench/BenchSite.h"
 #include "bench/Clicks.h"
+#include "bench/DialogCosts.h"
 #include "bench/Drawings.h"
 #include "bench/Interruption.h"
 #include "bench/LongEdits.h"
@@ -69,20 +70,31 @@ void run(const QString &home)
                            LongEdits::comparisons(), Tickets::comparisons()});
 }
 
+QProcessEnvironment environmentAt(const QString &display)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert(QStringLiteral("DISPLAY"), display);
+    return environment;
+}
+
+QString pluginFolder(int qt)
+{
+    return QStringLiteral(KV_LIBRARIES "/qt%1/plugins").arg(qt);
+}
+
 /// Applications that do not print: a small one without a display, and one that people use.
 std::vector<StartedApplication> startedApplications(const QString &display)
 {
     const QString build = QStringLiteral(KV_BUILD_FOLDER);
     const auto offscreen = QProcessEnvironment::systemEnvironment();
-    auto onDisplay = offscreen;
-    onDisplay.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    onDisplay.insert(QStringLiteral("DISPLAY"), display);
+    const auto onDisplay = environmentAt(display);
     std::vector<StartedApplication> applications;
     const auto add = [&](int qt, const QString &used) {
         const QString own = QStringLiteral("%1/bin/kvprint-bench-start-qt%2").arg(build).arg(qt);
         const QString leaver =
             QStringLiteral("%1/bin/libkvprint-bench-leave-qt%2.so").arg(build).arg(qt);
-        const QString plugins = QStringLiteral(KV_LIBRARIES "/qt%1/plugins").arg(qt);
+        const QString plugins = pluginFolder(qt);
         const std::string qtName = " (Qt " + std::to_string(qt) + ")";
         applications.push_back(
             {"A window without a display" + qtName, own, leaver, plugins, offscreen});
@@ -96,15 +108,30 @@ std::vector<StartedApplication> startedApplications(const QString &display)
     return applications;
 }
 
-/// What the plug-in costs applications that do not print.
-void compareStarts()
+/// An application that shows print dialogs.
+DialogApplication dialogApplication(int qt, const QString &display)
 {
-    DisplayServer server;
-    const QString fault = server.open();
-    if (!fault.isEmpty()) {
-        throw std::runtime_error(fault.toStdString());
-    }
-    for (const StartedApplication &application : startedApplications(server.name())) {
+    return {"Qt " + std::to_string(qt),
+            QStringLiteral(KV_BUILD_FOLDER "/bin/kvprint-bench-dialog-qt%1").arg(qt),
+            pluginFolder(qt), environmentAt(display)};
+}
+
+/// What the extension costs applications that show print dialogs.
+void compareDialogs(const QString &display)
+{
+    DialogCosts costs;
+    costs.measureOpenings(dialogApplication(6, display));
+#ifdef KV_HAS_QT5
+    costs.measureOpenings(dialogApplication(5, display));
+#endif
+    costs.measureMoments(dialogApplication(6, display));
+    costs.print(std::cout);
+}
+
+/// What the plug-in costs applications that do not print.
+void compareStarts(const QString &display)
+{
+    for (const StartedApplication &application : startedApplications(display)) {
         std::cout << "\n";
         StartComparison(application, QStringLiteral(KV_BUILD_FOLDER)).run(std::cout);
     }
@@ -124,7 +151,12 @@ int main(int argc, char **argv)
         const QString home = liveIn(folder);
         const QApplication application(argc, argv);
         run(home);
-        compareStarts();
+        DisplayServer server;
+        if (const QString fault = server.open(); !fault.isEmpty()) {
+            throw std::runtime_error(fault.toStdString());
+        }
+        compareDialogs(server.name());
+        compareStarts(server.name());
     } catch (const std::exception &error) {
         if (Interruption::hasCome()) {
             return interruptedStatus;

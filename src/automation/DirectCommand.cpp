@@ -4,7 +4,7 @@
 #include "automation/Picture.h"
 #include "automation/StandardOutput.h"
 #include "host/JobSubmission.h"
-#include "host/PrintQueue.h"
+#include "host/PrinterRecord.h"
 #include "plugin/PDEPanel.h"
 
 #include <QFileInfo>
@@ -61,9 +61,11 @@ ExitStatus DirectCommand::setUp()
     std::optional<PanelTarget> target;
     if (mCommandLine.ppd.isNull()) {
         mQueue = PrintQueue::choose(mScheduler, mCommandLine.printer, &fault);
-        target = mQueue.isNull()
-                     ? std::nullopt
-                     : PanelTarget::ofQueue(mScheduler, mQueue, PPDFile::Marks::Defaults, &fault);
+        if (!mQueue.isNull()) {
+            const PrinterRecord printer = PrinterRecord::read(mScheduler, mQueue);
+            mSavedOptions = printer.queue ? printer.queue->jobOptions() : JobOptions();
+            target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &fault);
+        }
     } else {
         target = PanelTarget::ofPPD(mCommandLine.ppd, PPDFile::Marks::Defaults, &fault);
     }
@@ -84,23 +86,19 @@ ExitStatus DirectCommand::setUp()
 
 ExitStatus DirectCommand::print()
 {
-    QString error;
-    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD(&error);
-    if (!error.isNull()) {
-        return fail(ExitStatus::NotPrinted, error);
-    }
+    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD();
     if (mCommandLine.copies > 0) {
         options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
     }
     const QString title = QFileInfo(mCommandLine.files.first()).fileName();
+    QString error;
     mJobId = JobSubmission::print(mScheduler, mQueue, mCommandLine.files, title, options, &error);
     return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
 }
 
-JobOptions DirectCommand::optionsWithoutPPD(QString *error)
+JobOptions DirectCommand::optionsWithoutPPD() const
 {
-    const auto queue = PrintQueue::find(mScheduler, mQueue, error);
-    JobOptions options = queue ? queue->jobOptions() : JobOptions();
+    JobOptions options = mSavedOptions;
     options.merge(mCommandLine.options);
     return options;
 }

@@ -30,7 +30,7 @@ private:
     ExitStatus writePicture();
     ExitStatus fail(ExitStatus status, const QString &fault);
     QString faultOfFiles() const;
-    JobOptions optionsWithoutPPD(QString *error);
+    JobOptions optionsWithoutPPD() const;
 
     CommandLine mCommandLine;
     SchedulerConnection mScheduler;
@@ -39,6 +39,8 @@ private:
     PanelBundles mBundles;
     /// The queue; null for a PPD alone.
     QString mQueue;
+    /// What the queue's jobs start from.
+    JobOptions mSavedOptions;
     /// Null for a queue without a PPD.
     std::unique_ptr<JobSetup> mSetup;
     int mJobId = 0;

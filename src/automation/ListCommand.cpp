@@ -21,12 +21,13 @@ ExitStatus ListCommand::run()
     QString fault;
     if (!mCommandLine.ppd.isNull()) {
         list.addPPD(mCommandLine.ppd, &fault);
-    } else if (const QString queue = PrintQueue::choose(scheduler, mCommandLine.printer, &fault);
-               !queue.isNull()) {
+    } else {
         const auto known = PrintQueue::names(scheduler, &fault);
-        const QStringList queues = mCommandLine.printer.isNull() ? known.all : QStringList(queue);
-        for (const QString &name : queues) {
-            list.addQueue(scheduler, name, name == known.byDefault);
+        const QString chosen = known.choose(mCommandLine.printer, &fault);
+        for (const QString &name : known.all) {
+            if (mCommandLine.printer.isNull() || name == chosen) {
+                list.addQueue(scheduler, name, name == known.byDefault);
+            }
         }
     }
     if (fault.isNull()) {

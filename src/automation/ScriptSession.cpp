@@ -180,8 +180,12 @@ std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
     }
     QString error;
     SchedulerConnection scheduler(mSetup.schedulerLimit);
-    auto target = printer.isNull() ? PanelTarget::ofPPD(ppd, marks, &error)
-                                   : PanelTarget::ofQueue(scheduler, printer, marks, &error);
+    std::optional<PanelTarget> target;
+    if (printer.isNull()) {
+        target = PanelTarget::ofPPD(ppd, marks, &error);
+    } else if (!PrintQueue::choose(scheduler, printer, &error).isNull()) {
+        target = PanelTarget::ofQueue(scheduler, printer, marks, &error);
+    }
     if (!target) {
         request.refuse(error.isNull() ? QStringLiteral("the printer %1 has no PPD").arg(printer)
                                       : error);

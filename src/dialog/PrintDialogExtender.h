@@ -13,7 +13,8 @@ class PrintDialogExtender
 public:
     virtual ~PrintDialogExtender() = default;
 
-    /// Extends a QPrintDialog that is being shown and has not been extended before.
+    /// Extends a QPrintDialog that has been shown, or is just being hidden again, and has not been
+    /// extended before.
     virtual void extend(QObject *printDialog) = 0;
 };
 

@@ -10,11 +10,20 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QPluginLoader>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
+using namespace std::chrono_literals;
+
+/// How long a dialog may be shown without being painted, as on another desktop, before it is
+/// extended all the same.
+constexpr auto longestUnpainted = 500ms;
+
+constexpr char printDialogClass[] = "QPrintDialog";
+
 /// Whether the dialog has been extended before, by us or by the application itself as kvprint does.
 bool isExtended(const QObject &dialog)
 {
@@ -73,17 +82,43 @@ PrintDialogWatcher::PrintDialogWatcher()
 
 bool PrintDialogWatcher::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Show && watched->inherits("QPrintDialog")) {
-        extend(watched);
+    switch (event->type()) {
+    case QEvent::Show:
+        if (watched->inherits(printDialogClass) && !isExtended(*watched)) {
+            mShown.insert(watched);
+            extendIn(longestUnpainted, watched);
+        }
+        break;
+    case QEvent::Paint:
+        if (mShown.contains(watched)) {
+            extendIn(0ms, watched);
+        }
+        break;
+    case QEvent::Hide:
+        // The user may have been quick to print.
+        extendShown(watched);
+        break;
+    default:
+        break;
     }
     return false;
 }
 
+void PrintDialogWatcher::extendIn(std::chrono::milliseconds time, QObject *dialog)
+{
+    QTimer::singleShot(time, dialog, [this, dialog] { extendShown(dialog); });
+}
+
+void PrintDialogWatcher::extendShown(QObject *dialog)
+{
+    // One that is hidden as it is deleted is no print dialog any more.
+    if (mShown.remove(dialog) && dialog->inherits(printDialogClass) && !isExtended(*dialog)) {
+        extend(dialog);
+    }
+}
+
 void PrintDialogWatcher::extend(QObject *dialog)
 {
-    if (isExtended(*dialog)) {
-        return;
-    }
     if (!std::exchange(mHasTriedToLoad, true)) {
         checkSwitch();
         loadExtender();

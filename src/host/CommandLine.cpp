@@ -1,5 +1,7 @@
 #include "host/CommandLine.h"
 
+#include "printcore/ProblemLine.h"
+
 #include <QCommandLineParser>
 
 #include <algorithm>
@@ -20,7 +22,7 @@ CommandLine answer(CommandLine::Action action, const QString &message)
 CommandLine refuse(const QString &reason)
 {
     return answer(CommandLine::Action::Refuse,
-                  QStringLiteral("%1\nTry 'kvprint --help'.").arg(reason));
+                  QStringLiteral("%1\nTry 'kvprint --help'.").arg(asOneLine(reason)));
 }
 
 constexpr char ppdNeeds[] = "--dry-run, --list, --screenshot or --script";

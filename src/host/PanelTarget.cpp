@@ -18,9 +18,6 @@ std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Mark
 std::optional<PanelTarget> PanelTarget::ofQueue(SchedulerConnection &scheduler, const QString &name,
                                                 PPDFile::Marks marks, QString *error)
 {
-    if (PrintQueue::choose(scheduler, name, error).isNull()) {
-        return std::nullopt;
-    }
     return of(PrinterRecord::read(scheduler, name), marks, error);
 }
 

@@ -70,6 +70,9 @@ PrintDialogAttachment::PrintDialogAttachment(QPrintDialog *dialog, const PanelBu
     qApp->installEventFilter(this);
     followPrinter();
     checkResourcesLater();
+    if (!mDialog->isVisible()) {
+        endShowing();
+    }
 }
 
 PrintDialogAttachment::~PrintDialogAttachment()

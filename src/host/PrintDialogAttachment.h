@@ -39,7 +39,8 @@ class PrintDialogAttachment : public QObject
 
 public:
     /**
-     * @param dialog owns the attachment.
+     * @param dialog owns the attachment. It may be hidden, visible, or just being hidden because it
+     *        has been accepted: then the job gets its options at once.
      * @param bundles must outlive the dialog, and so must the reporter and the last choices.
      * @param lastChoices what the panels start from, kept up to date.
      * @param requested choices that the user has made before, for any printer; those that the

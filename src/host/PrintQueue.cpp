@@ -39,6 +39,17 @@ struct DestinationDeleter
 };
 using Destination = std::unique_ptr<cups_dest_t, DestinationDeleter>;
 
+constexpr QLatin1Char instanceSeparator('/');
+
+Destination namedDestination(http_t *http, const QString &name)
+{
+    const NoOtherConnections atAll;
+    const QByteArray queue = PrintQueue::queueOf(name).toUtf8();
+    const QByteArray instance = name.section(instanceSeparator, 1).toUtf8();
+    return Destination(cupsGetNamedDest(http, queue.constData(),
+                                        instance.isEmpty() ? nullptr : instance.constData()));
+}
+
 struct AnswerDeleter
 {
     void operator()(ipp_t *answer) const { ippDelete(answer); }
@@ -62,8 +73,6 @@ Answer ask(http_t *http, const QByteArray &queue)
     Answer answer(cupsDoRequest(http, request, "/"));
     return cupsLastError() <= IPP_STATUS_OK_CONFLICTING ? std::move(answer) : nullptr;
 }
-
-constexpr QLatin1Char instanceSeparator('/');
 
 QString nameOf(const cups_dest_t &destination)
 {
@@ -94,21 +103,25 @@ PrintQueue::Names PrintQueue::names(SchedulerConnection &scheduler, QString *err
     return names;
 }
 
-QString PrintQueue::choose(SchedulerConnection &scheduler, const QString &asked, QString *error)
+QString PrintQueue::Names::choose(const QString &asked, QString *error) const
 {
-    const Names known = names(scheduler, error);
-    if (known.all.isEmpty()) {
+    if (all.isEmpty()) {
         return {};
     }
     if (asked.isEmpty()) {
-        return known.byDefault.isNull() ? known.all.first() : known.byDefault;
+        return byDefault.isNull() ? all.first() : byDefault;
     }
-    if (!known.all.contains(asked)) {
+    if (!all.contains(asked)) {
         *error = QStringLiteral("there is no printer %1; the printers are: %2")
-                     .arg(asked, known.all.join(QStringLiteral(", ")));
+                     .arg(asked, all.join(QStringLiteral(", ")));
         return {};
     }
     return asked;
+}
+
+QString PrintQueue::choose(SchedulerConnection &scheduler, const QString &asked, QString *error)
+{
+    return names(scheduler, error).choose(asked, error);
 }
 
 std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const QString &name,
@@ -118,16 +131,12 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
     if (!http) {
         return std::nullopt;
     }
-    const QByteArray queue = queueOf(name).toUtf8();
-    // libcups goes on to ask on a connection of its own, without a limit, when this one has failed.
-    const Answer probe = ask(http, queue);
+    const Answer probe = ask(http, queueOf(name).toUtf8());
     if (!probe && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
         *error = scheduler.fault();
         return std::nullopt;
     }
-    const QByteArray instance = name.section(instanceSeparator, 1).toUtf8();
-    const Destination destination(cupsGetNamedDest(
-        http, queue.constData(), instance.isEmpty() ? nullptr : instance.constData()));
+    const Destination destination = namedDestination(http, name);
     if (destination && nameOf(*destination) == name) {
         PrintQueue found(*destination);
         ipp_attribute_t *members =

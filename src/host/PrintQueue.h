@@ -24,11 +24,16 @@ public:
         QStringList all;
         /// The user's default queue or instance; null when there is none.
         QString byDefault;
+
+        /// The name of the queue that a user means: the one that is @p asked for, else the default
+        /// one, else the first. Null when there is none, with the reason in @p error when it is not
+        /// that there are no queues.
+        QString choose(const QString &asked, QString *error) const;
     };
     /// Empty, with the reason in @p error, when there are none.
     static Names names(SchedulerConnection &scheduler, QString *error);
-    /// The name of the queue that a user means: the one that is @p asked for, else the default one,
-    /// else the first. Null, with the reason in @p error, when there is none.
+    /// Asks for the names and chooses one of them; null, with the reason in @p error, when there is
+    /// none.
     static QString choose(SchedulerConnection &scheduler, const QString &asked, QString *error);
     /// The queue of that name, or an instance of it with the options that the user has saved for
     /// it, none for an instance that nobody has made; nothing, with what is missing, the queue or

@@ -24,15 +24,32 @@ SchedulerAddress SchedulerAddress::ofThisThread()
     return {cupsServer(), ippPort(), cupsEncryption(), cupsUser()};
 }
 
-void SchedulerAddress::use() const
+void SchedulerAddress::useServer() const
 {
     // The port goes with the server's name.
     const bool isSocket = server.startsWith('/');
     const QByteArray withPort = isSocket ? server : server + ':' + QByteArray::number(port);
     cupsSetServer(withPort.constData());
+}
+
+void SchedulerAddress::use() const
+{
+    useServer();
     cupsSetEncryption(encryption);
     cupsSetUser(user.constData());
     cupsSetPasswordCB2(noPassword, nullptr);
+}
+
+NoOtherConnections::NoOtherConnections()
+    : mAddress(SchedulerAddress::ofThisThread())
+{
+    // No socket, and so refused at once.
+    cupsSetServer("/dev/null");
+}
+
+NoOtherConnections::~NoOtherConnections()
+{
+    mAddress.useServer();
 }
 
 SchedulerConnection::SchedulerConnection(Milliseconds limit, const std::atomic_bool *isCancelled)

@@ -15,12 +15,28 @@ struct SchedulerAddress
     static SchedulerAddress ofThisThread();
     /// Has libcups use this address in the calling thread, and ask for no password.
     void use() const;
+    /// Has libcups use the server and its port alone.
+    void useServer() const;
 
     /// A host's name or address, or the path of a socket.
     QByteArray server;
     int port = 0;
     http_encryption_t encryption = HTTP_ENCRYPTION_IF_REQUESTED;
     QByteArray user;
+};
+
+/// While it lives, libcups opens no connections of its own in the calling thread: it does so behind
+/// a failure on ours, and waits there without a limit.
+class NoOtherConnections
+{
+public:
+    NoOtherConnections();
+    ~NoOtherConnections();
+    NoOtherConnections(const NoOtherConnections &) = delete;
+    NoOtherConnections &operator=(const NoOtherConnections &) = delete;
+
+private:
+    SchedulerAddress mAddress;
 };
 
 /**

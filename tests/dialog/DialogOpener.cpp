@@ -28,7 +28,12 @@ DialogOpener::~DialogOpener()
 
 QStringList DialogOpener::tabs(const QString &printer)
 {
-    mProcess.write(printer.toUtf8() + '\n');
+    return answer(QStringLiteral("tabs"), printer);
+}
+
+QStringList DialogOpener::answer(const QString &way, const QString &printer)
+{
+    mProcess.write(QStringLiteral("%1|%2\n").arg(way, printer).toUtf8());
     while (!mProcess.canReadLine() && mProcess.waitForReadyRead(timeoutMs)) {
     }
     const QString line = QString::fromUtf8(mProcess.readLine()).trimmed();

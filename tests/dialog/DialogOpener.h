@@ -28,6 +28,9 @@ public:
 
     /// The titles of the tabs of a new dialog for the printer; none when the application is gone.
     QStringList tabs(const QString &printer);
+    /// What the application answers when it shows a new dialog for the printer in one of the ways
+    /// of dialogopener.cpp.
+    QStringList answer(const QString &way, const QString &printer);
     /// Whether the application has loaded a library of that name up to now.
     bool hasLoaded(const QString &library) const;
     /// Whether it has loaded anything from a folder up to now.

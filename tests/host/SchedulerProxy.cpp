@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr int pollMs = 20;
+constexpr int lookMs = 20;
 
 sockaddr_in onLoopback(int port)
 {
@@ -46,7 +46,8 @@ SchedulerProxy::SchedulerProxy(const QByteArray &scheduler)
     const auto any = reinterpret_cast<sockaddr *>(&address);
     if (bind(mListener, any, size) == 0 && listen(mListener, SOMAXCONN) == 0 &&
         getsockname(mListener, any, &size) == 0) {
-        cupsSetServer("127.0.0.1:" + QByteArray::number(ntohs(address.sin_port)));
+        mAddress = "127.0.0.1:" + QByteArray::number(ntohs(address.sin_port));
+        cupsSetServer(mAddress.constData());
     }
     mThread = std::thread([this] { acceptAll(); });
 }
@@ -64,7 +65,7 @@ void SchedulerProxy::acceptAll()
     std::vector<std::thread> connections;
     pollfd listener{mListener, POLLIN, 0};
     while (!mIsStopping) {
-        if (poll(&listener, 1, pollMs) > 0) {
+        if (poll(&listener, 1, lookMs) > 0) {
             const int client = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
             connections.emplace_back(
                 [this, client, isSilent = mIsSilent.load()] { forward(client, isSilent); });
@@ -84,8 +85,9 @@ void SchedulerProxy::forward(int client, bool isSilent)
     std::array<char, 4096> bytes{};
     // What is left of the answer that is to be cut; −1 while there is none.
     int left = -1;
-    while (isOpen && !mIsStopping) {
-        if (poll(ends.data(), ends.size(), pollMs) <= 0) {
+    const int closings = mClosings;
+    while (isOpen && !mIsStopping && closings == mClosings) {
+        if (poll(ends.data(), ends.size(), lookMs) <= 0) {
             continue;
         }
         const bool isRequest = (ends[0].revents & (POLLIN | POLLHUP)) != 0;
@@ -94,8 +96,9 @@ void SchedulerProxy::forward(int client, bool isSilent)
         if (isRequest && isOpen) {
             const QByteArray start(bytes.data(), int(std::min<ssize_t>(size, 256)));
             if (start.startsWith("GET ") || start.startsWith("POST ")) {
-                ++mRequests;
+                isSilent = ++mRequests > mAnswered || isSilent;
                 left = start.contains(".ppd HTTP") ? int(mCut) : -1;
+                std::this_thread::sleep_for(mDelay.load());
             }
         } else if (isOpen && left >= 0) {
             size = std::min<ssize_t>(size, left);

@@ -3,6 +3,8 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <chrono>
+#include <limits>
 #include <thread>
 
 /**
@@ -19,11 +21,20 @@ public:
     SchedulerProxy(const SchedulerProxy &) = delete;
     SchedulerProxy &operator=(const SchedulerProxy &) = delete;
 
+    /// Where the proxy listens ("127.0.0.1:50000").
+    const QByteArray &address() const { return mAddress; }
+
     /// Breaks connections off behind so many bytes of the answer to a request for a PPD; −1 for
     /// none.
     void cutPPDsAfter(int bytes) { mCut = bytes; }
     /// Gives no more answers on connections that are opened from now on.
     void setSilent(bool isSilent) { mIsSilent = isSilent; }
+    /// Gives no more answers once there have been so many requests in all.
+    void silenceAfter(int requests) { mAnswered = requests; }
+    /// Closes every connection that is open, as a scheduler does with idle ones.
+    void closeConnections() { ++mClosings; }
+    /// Has each answer come so much later from now on.
+    void delayAnswers(std::chrono::milliseconds time) { mDelay = time; }
     /// How many requests there have been.
     int requests() const { return mRequests; }
 
@@ -32,10 +43,14 @@ private:
     void forward(int client, bool isSilent);
 
     QByteArray mScheduler;
+    QByteArray mAddress;
     int mListener = -1;
     std::thread mThread;
     std::atomic_bool mIsStopping = false;
     std::atomic_bool mIsSilent = false;
     std::atomic_int mCut = -1;
+    std::atomic_int mAnswered = std::numeric_limits<int>::max();
+    std::atomic_int mClosings = 0;
+    std::atomic<std::chrono::milliseconds> mDelay = {};
     std::atomic_int mRequests = 0;
 };

@@ -263,6 +263,9 @@ void tst_commandline::refusedArguments_data()
     QTest::newRow("blank option") << QStringList{u"-o"_s, u" "_s, a} << option.arg(u" "_s);
     QTest::newRow("blank option behind another")
         << QStringList{u"-o"_s, u"A=1"_s, u"-o"_s, u" "_s, a} << option.arg(u" "_s);
+    QTest::newRow("option that would make up a line")
+        << QStringList{u"-o"_s, u"=\nkvprint: all is well\x1b[2J"_s, a}
+        << option.arg(u"=\\nkvprint: all is well\\x1b[2J"_s);
     QTest::newRow("option without a key")
         << QStringList{u"-o"_s, u"=ON"_s, a} << option.arg(u"=ON"_s);
 }

@@ -1,5 +1,6 @@
 #include "Application.h"
 #include "AttachedDialog.h"
+#include "CommandRun.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "SchedulerProxy.h"
@@ -9,6 +10,8 @@
 
 #include <QFile>
 #include <QTest>
+
+#include <functional>
 
 /// The dialog and the scheduler that answers late, half, or no more what it answered before.
 class SchedulerAnswersTest : public QObject
@@ -20,16 +23,18 @@ private Q_SLOTS:
     void cutPPDIsNone_data();
     void cutPPDIsNone();
     void ppdNeedsNoRoomOnADisk();
-    void requestsAreFew();
+    void requestsOfEachMoment();
     void silentSchedulerHoldsNobody();
     void answerBehindPrintStillCounts();
     void silenceEndsWithTheTruth();
+    void jobOfALongDialogIsPrinted();
     void changedPPDKeepsChoicesOut();
     void anotherPrinterKeepsTheTicks_data();
     void anotherPrinterKeepsTheTicks();
 
 private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     bool addTape(const QString &without = {});
+    QList<int> requestsAtMoments(bool isExtended);
 
     PrintingSite mSite;
 };
@@ -105,20 +110,48 @@ void SchedulerAnswersTest::ppdNeedsNoRoomOnADisk()
     QCOMPARE(dialog.problems(), QStringList());
 }
 
-void SchedulerAnswersTest::requestsAreFew()
+/// How many requests there are at each moment of a dialog; none when something is not as it should.
+QList<int> SchedulerAnswersTest::requestsAtMoments(bool isExtended)
 {
     const SchedulerProxy proxy(mSite.scheduler().address());
     Application application;
-    QPrintDialog &dialog = application.makeDialog(tapeQueue);
-    dialog.open();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    const int ofQt = proxy.requests();
-    QVERIFY(application.show());
-    QCOMPARE(proxy.requests() - ofQt, 3);
-    QVERIFY(application.openTab());
-    QCOMPARE(proxy.requests() - ofQt, 3);
-    auto *attachment = dialog.findChild<PrintDialogAttachment *>();
-    QVERIFY(attachment->host());
+    const QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    DialogDriver &user = application.user();
+    const auto show = [&] {
+        return isExtended ? application.show() : user.open();
+    };
+    const std::function<bool()> moments[] = {
+        show,
+        [&] { return isExtended ? application.openTab() : user.showOptions(); },
+        [&] { return user.pickPrinter(u"label"_s); },
+        [&] { return user.pickPrinter(tapeQueue); },
+        [&] { return user.cancel(); },
+        show,
+        // Before the application prints.
+        [&] { return user.print(); },
+    };
+    QList<int> requests;
+    for (const auto &moment : moments) {
+        const int before = proxy.requests();
+        if (!moment() || bool(dialog.findChild<PrintDialogAttachment *>()) != isExtended) {
+            return {};
+        }
+        requests.append(proxy.requests() - before);
+    }
+    return requests;
+}
+
+void SchedulerAnswersTest::requestsOfEachMoment()
+{
+    const QList<int> without = requestsAtMoments(false);
+    const QList<int> with = requestsAtMoments(true);
+    QList<int> more;
+    for (int i = 0; i < int(std::min(with.size(), without.size())); ++i) {
+        more.append(with.at(i) - without.at(i));
+    }
+    // Three for each printer, and whether its PPD has changed when it prints. All of them are made
+    // in the background: what is asked on the application's thread would come on top.
+    QCOMPARE(more, QList<int>({3, 0, 3, 0, 0, 0, 1}));
 }
 
 void SchedulerAnswersTest::silentSchedulerHoldsNobody()
@@ -129,7 +162,14 @@ void SchedulerAnswersTest::silentSchedulerHoldsNobody()
     proxy.setSilent(true);
     QVERIFY(!application.show());
     QVERIFY(dialog.isVisible());
-    QVERIFY(dialog.findChild<PrintDialogAttachment *>()->isWaiting());
+    const auto *attachment = dialog.findChild<PrintDialogAttachment *>();
+    QVERIFY(attachment->isWaiting());
+    // Nobody waits, but whoever asks for the printer in the background.
+    const int requests = proxy.requests();
+    dialog.reject();
+    QVERIFY(!application.show());
+    QVERIFY(attachment->isWaiting());
+    QCOMPARE(proxy.requests(), requests + 1);
     proxy.setSilent(false);
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 1);
@@ -165,6 +205,19 @@ void SchedulerAnswersTest::silenceEndsWithTheTruth()
     QCOMPARE(error, truth);
     SchedulerConnection read(limit);
     QCOMPARE(PrinterRecord::read(read, tapeQueue).error, truth);
+}
+
+void SchedulerAnswersTest::jobOfALongDialogIsPrinted()
+{
+    SchedulerProxy proxy(mSite.scheduler().address());
+    CommandRun run(tapeQueue, {mSite.document()});
+    QVERIFY(run.openTab());
+    QVERIFY(PanelUser(run.user()).click(halfCut));
+    // As a scheduler does with connections that nothing comes over for half a minute.
+    proxy.closeConnections();
+    const int job = run.print();
+    QVERIFY(job > 0);
+    QVERIFY(mSite.choices(job).contains(halfCutOn));
 }
 
 void SchedulerAnswersTest::changedPPDKeepsChoicesOut()

@@ -1,0 +1,167 @@
+#include "bench/DialogCosts.h"
+
+#include "bench/Interruption.h"
+#include "bench/PairedTimes.h"
+#include "bench/RatioTable.h"
+
+#include <ostream>
+
+namespace {
+using namespace std::chrono_literals;
+
+constexpr int openingPairs = 9;
+constexpr int mostRequests = 3;
+/// More than three late answers take.
+constexpr auto patience = 3s;
+constexpr Aim onScreen = {Aim::Kind::Ratio, 1.05};
+constexpr Aim unnoticed = {Aim::Kind::Difference, 0.05};
+
+constexpr const char *openingTimes[] = {"", ", again"};
+
+std::string without(const std::string &name)
+{
+    return name + ", without";
+}
+} // namespace
+
+/// How the scheduler answers once the dialog has been made.
+struct DialogCosts::Answers
+{
+    /// What a dialog is asked to do.
+    struct Moment
+    {
+        const char *name;
+        const char *deed;
+    };
+
+    const char *name;
+    std::chrono::milliseconds delay;
+    bool isStopped;
+    int pairs;
+    std::vector<Moment> moments;
+};
+
+const DialogCosts::Answers DialogCosts::allAnswers[] = {
+    {"at once",
+     0ms,
+     false,
+     5,
+     {{"shown", "show"},
+      {"tab turned", "turn"},
+      {"printer changed", "pick"},
+      {"Cancel", "cancel"},
+      {"shown again", "show"},
+      {"Print", "print"}}},
+    {"after 0.5 s",
+     500ms,
+     false,
+     2,
+     {{"shown", "show"},
+      {"tab turned", "turn"},
+      {"printer changed", "pick"},
+      {"Cancel", "cancel"},
+      {"shown again", "show"},
+      {"Print", "print"}}},
+    // For another printer, and to print, Qt itself would wait for the scheduler.
+    {"never",
+     0ms,
+     true,
+     3,
+     {{"shown", "show"}, {"tab turned", "turn"}, {"Cancel", "cancel"}, {"shown again", "show"}}},
+};
+
+void DialogCosts::measureOpenings(const DialogApplication &application)
+{
+    ComparisonGroup group = {"Print dialogs, until they are on the screen: " + application.title,
+                             {}};
+    for (const auto &[printer, title] :
+         {std::pair("tape", "printer with a panel"), {"plain", "printer without a panel"}}) {
+        const std::string name = application.title + ", " + title;
+        for (int pair = 0; pair < openingPairs; ++pair) {
+            open(application, printer, name, pair % 2 == 0);
+            open(application, printer, name, pair % 2 != 0);
+        }
+        for (const char *time : openingTimes) {
+            compare(group, name + time, onScreen);
+        }
+    }
+    mGroups.push_back(group);
+}
+
+void DialogCosts::open(const DialogApplication &application, const char *printer,
+                       const std::string &name, bool isExtended)
+{
+    Interruption::check();
+    const int before = mSite.requests();
+    const auto run = mSite.start(application, printer, isExtended, patience);
+    for (const char *time : openingTimes) {
+        run->time("make");
+        add(name + time, isExtended, run->time("show").untilSeen);
+        if (!*time) {
+            Requests &requests = mRequests[name];
+            (isExtended ? requests.with : requests.without) = mSite.requests() - before;
+        }
+        run->time("cancel");
+    }
+}
+
+void DialogCosts::measureMoments(const DialogApplication &application)
+{
+    for (const Answers &answers : allAnswers) {
+        for (int pair = 0; pair < answers.pairs; ++pair) {
+            work(application, answers, pair % 2 == 0);
+            work(application, answers, pair % 2 != 0);
+        }
+        ComparisonGroup group = {std::string("The longest time for which an application with a "
+                                             "print dialog does not answer: the scheduler does ") +
+                                     answers.name,
+                                 {}};
+        for (const Answers::Moment &moment : answers.moments) {
+            compare(group, std::string(answers.name) + ": " + moment.name, unnoticed);
+        }
+        mGroups.push_back(group);
+    }
+}
+
+void DialogCosts::work(const DialogApplication &application, const Answers &answers,
+                       bool isExtended)
+{
+    Interruption::check();
+    const auto run =
+        mSite.start(application, "tape", isExtended, answers.isStopped ? 0ms : patience);
+    run->time("make");
+    mSite.delayAnswers(answers.delay);
+    mSite.stop(answers.isStopped);
+    for (const Answers::Moment &moment : answers.moments) {
+        add(std::string(answers.name) + ": " + moment.name, isExtended,
+            run->time(moment.deed).longest);
+    }
+    mSite.stop(false);
+    mSite.delayAnswers(0ms);
+}
+
+void DialogCosts::add(const std::string &name, bool isExtended, double seconds)
+{
+    mTimes[isExtended ? name : without(name)].push_back(seconds);
+}
+
+void DialogCosts::compare(ComparisonGroup &group, const std::string &name, const Aim &aim)
+{
+    group.comparisons.push_back({name, without(name), aim});
+}
+
+void DialogCosts::print(std::ostream &stream) const
+{
+    std::map<std::string, double> medians;
+    for (const auto &[name, times] : mTimes) {
+        medians[name] = PairedTimes::median(times);
+    }
+    RatioTable(medians).print(stream, mGroups);
+    stream << "\nRequests to the scheduler until a dialog is there\n";
+    for (const auto &[name, requests] : mRequests) {
+        const int more = requests.with - requests.without;
+        stream << name << ": " << requests.without << " without the extension, " << requests.with
+               << " with it; at most " << mostRequests
+               << " more: " << (more <= mostRequests ? "met\n" : "missed\n");
+    }
+}

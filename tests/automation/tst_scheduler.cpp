@@ -1,0 +1,111 @@
+#include "PrintingSite.h"
+#include "ProgramRun.h"
+#include "SchedulerProxy.h"
+
+#include <QTest>
+
+/// What kvprint without a dialog asks the scheduler, and what becomes of a job when the scheduler
+/// answers no more.
+class tst_scheduler : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void requestsAreFew_data();
+    void requestsAreFew();
+    void silenceLeavesNoHalfJob_data();
+    void silenceLeavesNoHalfJob();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    PrintingSite mSite;
+    QString mDocument;
+    QString mOther;
+};
+
+namespace {
+/// What the scheduler is asked by all that choose a printer: the default one, and all of them.
+constexpr int toChoose = 2;
+/// What it is asked for a printer: whether it is there, its attributes, its PPD.
+constexpr int toRead = 3;
+
+ProgramRun runAt(const SchedulerProxy &proxy, const QStringList &arguments)
+{
+    return runKvprint(arguments, {{}, {u"CUPS_SERVER="_s + QString::fromLatin1(proxy.address())}});
+}
+} // namespace
+
+void tst_scheduler::initTestCase()
+{
+    QCOMPARE(mSite.open(), QString());
+    mDocument = mSite.document();
+    mOther = mSite.document(QStringLiteral("other.txt"));
+    QString error;
+    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+}
+
+void tst_scheduler::requestsAreFew_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("requests");
+    const auto printers = int(PrintingSite::printers().size()) + 1;
+    QTest::newRow("job") << atPrinter(u"tape"_s, {mDocument}) << toChoose + toRead + 2;
+    QTest::newRow("job of two files")
+        << atPrinter(u"tape"_s, {mDocument, mOther}) << toChoose + toRead + 3;
+    QTest::newRow("job at a printer without a PPD")
+        << atPrinter(u"bare"_s, {mDocument}) << toChoose + toRead + 2;
+    QTest::newRow("dry run") << QStringList{u"--dry-run"_s, mDocument} << toChoose + toRead;
+    QTest::newRow("a printer") << QStringList{u"--list"_s, u"-d"_s, u"tape"_s} << toChoose + toRead;
+    QTest::newRow("all printers") << QStringList{u"--list"_s} << toChoose + printers * toRead;
+}
+
+void tst_scheduler::requestsAreFew()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const int, requests);
+    const SchedulerProxy proxy(mSite.scheduler().address());
+    const ProgramRun run = runAt(proxy, arguments);
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    QCOMPARE(proxy.requests(), requests);
+}
+
+void tst_scheduler::silenceLeavesNoHalfJob_data()
+{
+    QTest::addColumn<int>("answered");
+    QTest::addColumn<QStringList>("states");
+    constexpr int toPrepare = toChoose + toRead;
+    for (int answered = 0; answered < toPrepare; ++answered) {
+        QTest::addRow("before there is a job, behind answer %d", answered)
+            << answered << QStringList();
+    }
+    // Without a document there is nothing to print.
+    QTest::newRow("the job's number is not told") << toPrepare << QStringList{u"pending-held"_s};
+    QTest::newRow("behind the first file") << toPrepare + 1 << QStringList{u"canceled"_s};
+    QTest::newRow("behind the last file")
+        << toPrepare + 2 << QStringList{u"canceled"_s, u"completed"_s};
+}
+
+void tst_scheduler::silenceLeavesNoHalfJob()
+{
+    QFETCH(const int, answered);
+    QFETCH(const QStringList, states);
+    const QList<int> before = mSite.scheduler().jobIds();
+    SchedulerProxy proxy(mSite.scheduler().address());
+    proxy.silenceAfter(answered);
+    const ProgramRun run =
+        runAt(proxy, atPrinter(u"tape"_s, {u"--timeout"_s, u"1"_s, mDocument, mOther}));
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.endsWith(u"the print scheduler at 127.0.0.1 does not answer\n"),
+             qPrintable(run.errors));
+    const QList<int> after = mSite.scheduler().jobIds();
+    QCOMPARE(after.size(), before.size() + (states.isEmpty() ? 0 : 1));
+    if (!states.isEmpty()) {
+        const auto state = [this, &after] {
+            return mSite.job(after.last()).value(u"job-state"_s);
+        };
+        QVERIFY2(QTest::qWaitFor([&] { return states.contains(state()); }), qPrintable(state()));
+    }
+}
+
+KV_TEST(tst_scheduler)
+#include "tst_scheduler.moc"

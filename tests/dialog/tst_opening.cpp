@@ -1,0 +1,90 @@
+#include "DialogOpener.h"
+#include "PrintingSite.h"
+#include "support/DialogNames.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+/// When the extension comes to a dialog: once it has been seen, and always before it prints.
+class tst_opening : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data();
+    void initTestCase();
+    void dialogIsSeenFirst();
+    void tabsCome_data();
+    void tabsCome();
+    void quickJobHasTheChoices_data();
+    void quickJobHasTheChoices();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    PrintingSite mSite;
+    QTemporaryDir mFolder;
+};
+
+void tst_opening::initTestCase_data()
+{
+    QTest::addColumn<QString>("qt");
+    for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
+        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
+    }
+}
+
+void tst_opening::initTestCase()
+{
+    const QString error = mSite.open();
+    QVERIFY2(error.isNull(), qPrintable(error));
+}
+
+void tst_opening::dialogIsSeenFirst()
+{
+    QFETCH_GLOBAL(const QString, qt);
+    DialogOpener opener(qt, mFolder.path(), mFolder.path());
+    for (int dialog = 0; dialog < 2; ++dialog) {
+        QCOMPARE(opener.answer(u"order"_s, tape), QStringList{u"seen first"_s});
+    }
+    QVERIFY(opener.hasLoaded(u"libkvprintdialog-qt%1.so"_s.arg(qt)));
+    QCOMPARE(opener.finish(), QStringLiteral(""));
+}
+
+void tst_opening::tabsCome_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("to a dialog that is never painted") << u"tabs unpainted"_s;
+    QTest::newRow("to a dialog behind deleted ones") << u"tabs behind deleted"_s;
+}
+
+void tst_opening::tabsCome()
+{
+    QFETCH_GLOBAL(const QString, qt);
+    QFETCH(const QString, way);
+    DialogOpener opener(qt, mFolder.path(), mFolder.path());
+    QVERIFY(opener.answer(way, tape).contains(kPanelTab));
+    QCOMPARE(opener.finish(), QStringLiteral(""));
+}
+
+void tst_opening::quickJobHasTheChoices_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way :
+         {"accepted once open", "accepted in exec", "accepted when shown again"}) {
+        QTest::newRow(way) << QString::fromLatin1(way);
+    }
+}
+
+void tst_opening::quickJobHasTheChoices()
+{
+    QFETCH_GLOBAL(const QString, qt);
+    QFETCH(const QString, way);
+    DialogOpener opener(qt, mFolder.path(), mFolder.path());
+    const QStringList options = opener.answer(way, tape);
+    for (const char *key : {"KvAutoTapeCut", "KvHalfCut", "KvMirror"}) {
+        QCOMPARE(options.count(QLatin1String(key)), 1);
+    }
+    QCOMPARE(opener.finish(), QStringLiteral(""));
+}
+
+KV_CORE_TEST(tst_opening)
+#include "tst_opening.moc"
