@@ -239,8 +239,10 @@ double StripPicture::differenceTo(const StripPicture &other, const QColor &groun
     int pixels = 0;
     for (int y = 0; y < mine.height(); ++y) {
         for (int x = 0; x < mine.width(); ++x) {
-            pixels += contrast(luminanceOf(mine.pixel(x, y)), luminanceOf(others.pixel(x, y))) >
-                      tellingContrast;
+            const QRgb one = mine.pixel(x, y);
+            const QRgb another = others.pixel(x, y);
+            pixels += one != another &&
+                      contrast(luminanceOf(one), luminanceOf(another)) > tellingContrast;
         }
     }
     return pixels / double(scale * scale);
