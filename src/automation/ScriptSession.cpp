@@ -4,6 +4,7 @@
 #include "automation/Picture.h"
 #include "automation/ScriptRequest.h"
 #include "host/PPDPaper.h"
+#include "host/PrintQueue.h"
 #include "plugin/PDEPanelAutomation.h"
 
 #include <QApplication>
