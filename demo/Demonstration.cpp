@@ -102,7 +102,7 @@ bool Demonstration::runAlone()
     PrintCommand command(line, QStringLiteral(KV_BUNDLE_FOLDER));
     ExitStatus status = ExitStatus::NotPrinted;
     QPrintDialog *dialog = command.prepare(&status);
-    if (!dialog || !command.attachment()->host()) {
+    if (!dialog) {
         return false;
     }
     DialogDriver user(*dialog);

@@ -90,7 +90,7 @@ bool DialogStage::open(const QString &queue)
     mCommand = std::make_unique<PrintCommand>(line, QStringLiteral(KV_BUNDLE_FOLDER));
     ExitStatus status = ExitStatus::NotPrinted;
     mDialog = mCommand->prepare(&status);
-    if (!mDialog || !mCommand->attachment()->host()) {
+    if (!mDialog) {
         return false;
     }
     mUser = std::make_unique<DialogDriver>(*mDialog);
