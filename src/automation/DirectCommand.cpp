@@ -29,7 +29,7 @@ ExitStatus DirectCommand::fail(ExitStatus status, const QString &fault)
 
 ExitStatus DirectCommand::run()
 {
-    const QString fault = faultOfFiles();
+    const QString fault = JobSubmission::faultOf(mCommandLine.files);
     if (!fault.isNull()) {
         mReporter.report(fault);
         if (!mCommandLine.isDryRun) {
@@ -43,16 +43,6 @@ ExitStatus DirectCommand::run()
         return writePicture();
     }
     return mCommandLine.isDryRun ? tell() : print();
-}
-
-QString DirectCommand::faultOfFiles() const
-{
-    for (const QString &file : mCommandLine.files) {
-        if (QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
-            return fault;
-        }
-    }
-    return {};
 }
 
 ExitStatus DirectCommand::setUp()

@@ -29,7 +29,6 @@ private:
     ExitStatus tell();
     ExitStatus writePicture();
     ExitStatus fail(ExitStatus status, const QString &fault);
-    QString faultOfFiles() const;
     JobOptions optionsWithoutPPD() const;
 
     CommandLine mCommandLine;

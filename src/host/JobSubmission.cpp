@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QUrl>
 
 #include <cups/cups.h>
 
@@ -19,18 +18,34 @@ using namespace std::chrono_literals;
 constexpr auto cancelLimit = 1s;
 constexpr qint64 pieceSize = 65'536;
 
-QByteArray uriOf(const QByteArray &queue)
+QString faultOfFile(const QString &file)
 {
-    return "ipp://localhost/printers/" + QUrl::toPercentEncoding(QString::fromUtf8(queue));
+    const QFileInfo info(file);
+    if (info.isDir()) {
+        return QStringLiteral("%1: is a folder").arg(file);
+    }
+    // What a pipe holds could be read only once.
+    if (info.exists() && !info.isFile()) {
+        return QStringLiteral("%1: is no regular file").arg(file);
+    }
+    QFile readable(file);
+    if (!readable.open(QIODevice::ReadOnly)) {
+        return QStringLiteral("%1: %2").arg(file, readable.errorString());
+    }
+    char first = 0;
+    if (readable.read(&first, 1) != 1) {
+        return QStringLiteral("%1: is empty").arg(file);
+    }
+    return {};
 }
 
-/// Makes a job without documents: its number, 0 when that fails. What libcups has for it asks the
-/// scheduler for more, on connections of its own that have no limit.
+/// Makes a job without documents: its number, 0 when that fails. cupsCreateJob() would ask the
+/// scheduler for more than that, on connections of its own that have no limit.
 int create(http_t *http, const QByteArray &queue, const QString &title, const CupsOptions &options)
 {
     ipp_t *request = ippNewRequest(IPP_OP_CREATE_JOB);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
-                 uriOf(queue).constData());
+                 PrintQueue::uriOf(QString::fromUtf8(queue)).constData());
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
                  cupsUser());
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
@@ -101,23 +116,12 @@ void cancel(const QByteArray &queue, int job)
 }
 } // namespace
 
-QString JobSubmission::faultOf(const QString &file)
+QString JobSubmission::faultOf(const QStringList &files)
 {
-    const QFileInfo info(file);
-    if (info.isDir()) {
-        return QStringLiteral("%1: is a folder").arg(file);
-    }
-    // What a pipe holds could be read only once.
-    if (info.exists() && !info.isFile()) {
-        return QStringLiteral("%1: is no regular file").arg(file);
-    }
-    QFile readable(file);
-    if (!readable.open(QIODevice::ReadOnly)) {
-        return QStringLiteral("%1: %2").arg(file, readable.errorString());
-    }
-    char first = 0;
-    if (readable.read(&first, 1) != 1) {
-        return QStringLiteral("%1: is empty").arg(file);
+    for (const QString &file : files) {
+        if (QString fault = faultOfFile(file); !fault.isNull()) {
+            return fault;
+        }
     }
     return {};
 }

@@ -11,9 +11,9 @@ class SchedulerConnection;
 class JobSubmission
 {
 public:
-    /// What is wrong with a file that is to be printed: missing, a folder, a device or pipe,
-    /// unreadable or empty; null when nothing is.
-    static QString faultOf(const QString &file);
+    /// What is wrong with the first of the files that cannot be printed: missing, a folder, a
+    /// device or pipe, unreadable or empty; null when nothing is.
+    static QString faultOf(const QStringList &files);
 
     /**
      * Sends the files as one job.

@@ -89,8 +89,11 @@ void PanelHost::request(const QString &key, const QString &choice)
                              .arg(key, choice, ppd().choices(key).join(QStringLiteral(", "))));
         return;
     }
-    mRequests.set(key, choice);
-    tellPanels(key, choice);
+    // libcups takes "off" for "OFF".
+    const QString marked = ppd().markedChoice(key);
+    const bool isMarked = marked.compare(choice, Qt::CaseInsensitive) == 0;
+    mRequests.set(key, isMarked ? marked : choice);
+    tellPanels(key, mRequests.value(key));
 }
 
 QWidget *PanelHost::view(PDEPanel &panel)

@@ -102,16 +102,6 @@ SchedulerConnection::Milliseconds PrintCommand::schedulerLimit() const
     return std::chrono::seconds(mCommandLine.timeout);
 }
 
-QString PrintCommand::faultOfFiles() const
-{
-    for (const QString &file : mCommandLine.files) {
-        if (QString fault = JobSubmission::faultOf(file); !fault.isNull()) {
-            return fault;
-        }
-    }
-    return {};
-}
-
 ExitStatus PrintCommand::checkOptions(SchedulerConnection &scheduler, const QString &queue)
 {
     const PrinterRecord printer = PrinterRecord::read(scheduler, queue);
@@ -132,7 +122,7 @@ ExitStatus PrintCommand::checkOptions(SchedulerConnection &scheduler, const QStr
 QPrintDialog *PrintCommand::prepare(ExitStatus *status)
 {
     *status = ExitStatus::NotPrinted;
-    QString fault = faultOfFiles();
+    QString fault = JobSubmission::faultOf(mCommandLine.files);
     SchedulerConnection scheduler(schedulerLimit());
     const QString queue =
         fault.isNull() ? PrintQueue::choose(scheduler, mCommandLine.printer, &fault) : QString();

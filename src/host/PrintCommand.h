@@ -47,7 +47,6 @@ public:
 private:
     /// How long the scheduler may be silent.
     SchedulerConnection::Milliseconds schedulerLimit() const;
-    QString faultOfFiles() const;
     /// Spells the options as the printer does. Printed when nothing is wrong with them.
     ExitStatus checkOptions(SchedulerConnection &scheduler, const QString &queue);
     /// The number of copies asked for, which is the dialog's business from then on.

@@ -244,6 +244,7 @@ void PrintDialogAttachment::buildHost()
         }
     }
     addTabs();
+    hidePanelsOptions();
 }
 
 void PrintDialogAttachment::addTabs()
@@ -306,13 +307,19 @@ void PrintDialogAttachment::watchProperties(QWidget *properties)
         mPickedPaper = chosenPageSize(*properties);
         followPageSize(mPickedPaper);
     });
-    if (mHost) {
-        QStringList texts;
-        for (const QString &key : mHost->keys()) {
-            texts.append(mHost->ppd().optionText(key));
-        }
-        hideListedOptions(*properties, texts);
+    hidePanelsOptions();
+}
+
+void PrintDialogAttachment::hidePanelsOptions()
+{
+    if (!mHost || !mProperties) {
+        return;
     }
+    QStringList texts;
+    for (const QString &key : mHost->keys()) {
+        texts.append(mHost->ppd().optionText(key));
+    }
+    hideListedOptions(*mProperties, texts);
 }
 
 void PrintDialogAttachment::followPageSize(const QPageSize &size)
@@ -382,9 +389,14 @@ void PrintDialogAttachment::passPanelsChoices()
             QStringLiteral("%1: a panel keeps the job from being printed").arg(mQueue));
         return;
     }
-    const JobOptions choices = choicesThatThePrinterHas(mHost->jobOptions());
+    const JobOptions shown = mHost->jobOptions();
+    const JobOptions choices = choicesThatThePrinterHas(shown);
     mLastChoices.remember(mQueue, choices);
     JobOptions options = jobOptions();
+    // Those that the user has saved are there already.
+    for (const auto &[key, choice] : shown.pairs()) {
+        options.remove(key);
+    }
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);
 }

@@ -84,6 +84,8 @@ private:
     void dropTabs();
     void deleteTabs();
     void watchProperties(QWidget *properties);
+    /// Hides what the panels show from the list of options in the printer's properties.
+    void hidePanelsOptions();
     void followPageSize(const QPageSize &size);
     void passChoicesToJob();
     /// Waits a moment for what has not been told yet.

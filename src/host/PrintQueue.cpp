@@ -61,13 +61,20 @@ QString noPrinter(const QString &name)
     return QStringLiteral("the print scheduler has no printer %1").arg(name);
 }
 
-/// Asks for the names of a class's members; null when there is no such queue, or no answer.
-Answer ask(http_t *http, const QByteArray &queue)
+/// Whether the scheduler has answered the last request, if only that there is no such thing.
+bool isAnswered()
 {
-    const QByteArray uri =
-        "ipp://localhost/printers/" + QUrl::toPercentEncoding(QString::fromUtf8(queue));
+    return cupsLastError() <= IPP_STATUS_OK_CONFLICTING ||
+           cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
+}
+
+/// Asks whether there is a queue, and for the names of the members when it is a class; null when
+/// there is none, or no answer.
+Answer probe(http_t *http, const QString &queue)
+{
     ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
+                 PrintQueue::uriOf(queue).constData());
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
                  "member-names");
     Answer answer(cupsDoRequest(http, request, "/"));
@@ -97,8 +104,9 @@ PrintQueue::Names PrintQueue::names(SchedulerConnection &scheduler, QString *err
         }
     }
     if (names.all.isEmpty()) {
-        *error = scheduler.isSilent() ? scheduler.fault()
-                                      : QStringLiteral("the print scheduler has no printer");
+        *error = isAnswered() && !scheduler.isSilent()
+                     ? QStringLiteral("the print scheduler has no printer")
+                     : scheduler.fault();
     }
     return names;
 }
@@ -131,8 +139,8 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
     if (!http) {
         return std::nullopt;
     }
-    const Answer probe = ask(http, queueOf(name).toUtf8());
-    if (!probe && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
+    const Answer answer = probe(http, queueOf(name));
+    if (!isAnswered()) {
         *error = scheduler.fault();
         return std::nullopt;
     }
@@ -140,12 +148,12 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
     if (destination && nameOf(*destination) == name) {
         PrintQueue found(*destination);
         ipp_attribute_t *members =
-            probe ? ippFindAttribute(probe.get(), "member-names", IPP_TAG_NAME) : nullptr;
+            answer ? ippFindAttribute(answer.get(), "member-names", IPP_TAG_NAME) : nullptr;
         found.mPPDQueue =
             members ? QString::fromUtf8(ippGetString(members, 0, nullptr)) : queueOf(name);
         return found;
     }
-    *error = scheduler.isSilent() ? scheduler.fault() : noPrinter(name);
+    *error = isAnswered() && !scheduler.isSilent() ? noPrinter(name) : scheduler.fault();
     return std::nullopt;
 }
 
@@ -155,16 +163,21 @@ bool PrintQueue::exists(SchedulerConnection &scheduler, const QString &name, QSt
     if (!http) {
         return false;
     }
-    if (ask(http, queueOf(name).toUtf8())) {
+    if (probe(http, queueOf(name))) {
         return true;
     }
-    *error = cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND ? noPrinter(name) : scheduler.fault();
+    *error = isAnswered() ? noPrinter(name) : scheduler.fault();
     return false;
 }
 
 QString PrintQueue::queueOf(const QString &name)
 {
     return name.section(instanceSeparator, 0, 0);
+}
+
+QByteArray PrintQueue::uriOf(const QString &queue)
+{
+    return "ipp://localhost/printers/" + QUrl::toPercentEncoding(queue);
 }
 
 PrintQueue::PrintQueue(const cups_dest_t &destination)

@@ -47,6 +47,8 @@ public:
 
     /// The name of the queue that a printer's jobs go to: without the instance.
     static QString queueOf(const QString &name);
+    /// The URI by which requests name a queue or a class, which is given without an instance.
+    static QByteArray uriOf(const QString &queue);
 
     const QString &name() const { return mName; }
     /// The name without the instance.

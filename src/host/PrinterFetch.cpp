@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -16,6 +17,19 @@ struct PrinterFetch::Shared
     /// Null when nobody is interested any more.
     PrinterFetch *owner = nullptr;
     std::atomic_bool isCancelled = false;
+
+    /// Has the owner tell the record when it is back in its event loop.
+    void tellOwner() const
+    {
+        if (owner) {
+            const auto tell = [owner = owner] {
+                if (const auto answer = owner->take()) {
+                    Q_EMIT owner->answered(*answer);
+                }
+            };
+            QMetaObject::invokeMethod(owner, tell, Qt::QueuedConnection);
+        }
+    }
 };
 
 PrinterFetch::PrinterFetch(Question question, QObject *parent)
@@ -31,18 +45,17 @@ PrinterFetch::PrinterFetch(Question question, QObject *parent)
         const std::scoped_lock lock(shared->mutex);
         shared->record = std::move(record);
         shared->isAnswered.notify_all();
-        if (shared->owner) {
-            QMetaObject::invokeMethod(
-                shared->owner,
-                [owner = shared->owner] {
-                    if (const auto answer = owner->take()) {
-                        Q_EMIT owner->answered(*answer);
-                    }
-                },
-                Qt::QueuedConnection);
-        }
+        shared->tellOwner();
     };
-    std::thread(ask).detach();
+    try {
+        std::thread(ask).detach();
+    } catch (const std::system_error &fault) {
+        PrinterRecord record;
+        record.error = QStringLiteral("the printer cannot be asked about: %1")
+                           .arg(QString::fromLocal8Bit(fault.what()));
+        mShared->record = std::move(record);
+        mShared->tellOwner();
+    }
 }
 
 PrinterFetch::~PrinterFetch()

@@ -1,15 +1,17 @@
 #include "host/QueuePPD.h"
 
-#include <QUrl>
-
 namespace {
 /// A PPD with pictures of its choices in 50 languages is still smaller.
 constexpr int mostBytes = 16 << 20;
 
+/// With encryption, and with who the user is.
+constexpr int attempts = 3;
+
 /// The answer's status; HTTP_STATUS_ERROR when there was none.
-http_status_t get(http_t *http, const QueuePPD &known, const QByteArray &resource)
+http_status_t getOnce(http_t *http, const QueuePPD &known, const QByteArray &resource)
 {
     httpClearFields(http);
+    httpSetField(http, HTTP_FIELD_AUTHORIZATION, httpGetAuthString(http));
     if (!known.text.isNull() && known.modified != 0) {
         char date[64] = {};
         httpGetDateString2(known.modified, date, sizeof date);
@@ -23,6 +25,28 @@ http_status_t get(http_t *http, const QueuePPD &known, const QByteArray &resourc
     http_status_t status = HTTP_STATUS_CONTINUE;
     while (status == HTTP_STATUS_CONTINUE) {
         status = httpUpdate(http);
+    }
+    return status;
+}
+
+/// That, with what the scheduler asks for before it answers: who the user is, or encryption.
+http_status_t get(SchedulerConnection &scheduler, const QueuePPD &known, const QByteArray &resource)
+{
+    http_t *http = scheduler.open(nullptr);
+    bool isOpen = true;
+    http_status_t status = HTTP_STATUS_ERROR;
+    for (int attempt = 0; isOpen && attempt < attempts; ++attempt) {
+        status = getOnce(http, known, resource);
+        if (status == HTTP_STATUS_UNAUTHORIZED) {
+            httpFlush(http);
+            isOpen = cupsDoAuthentication(http, "GET", resource.constData()) == 0 &&
+                     scheduler.reconnect();
+        } else if (status == HTTP_STATUS_UPGRADE_REQUIRED) {
+            httpFlush(http);
+            isOpen = scheduler.reconnect() && httpEncryption(http, HTTP_ENCRYPTION_REQUIRED) == 0;
+        } else {
+            break;
+        }
     }
     return status;
 }
@@ -63,8 +87,9 @@ QueuePPD::Answer QueuePPD::update(SchedulerConnection &scheduler, const QString 
     if (!http) {
         return Answer::Failed;
     }
-    const QByteArray resource = "/printers/" + QUrl::toPercentEncoding(queue) + ".ppd";
-    const http_status_t status = get(http, *this, resource);
+    // libcups encodes it.
+    const QByteArray resource = "/printers/" + queue.toUtf8() + ".ppd";
+    const http_status_t status = get(scheduler, *this, resource);
     if (status == HTTP_STATUS_OK) {
         modified = httpGetDateTime(httpGetField(http, HTTP_FIELD_LAST_MODIFIED));
         text = readContent(scheduler, error);

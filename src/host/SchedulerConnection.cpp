@@ -84,6 +84,12 @@ http_t *SchedulerConnection::open(QString *error)
     return mHTTP;
 }
 
+bool SchedulerConnection::reconnect()
+{
+    return mHTTP &&
+           httpReconnect2(mHTTP, int(std::min(mLimit, connectLimit).count()), nullptr) == 0;
+}
+
 QString SchedulerConnection::fault() const
 {
     return mIsSilent ? QStringLiteral("the print scheduler at %1 does not answer")
@@ -96,6 +102,6 @@ int SchedulerConnection::waitOn(http_t *http, void *connection)
     auto *self = static_cast<SchedulerConnection *>(connection);
     const std::chrono::seconds silence(std::time(nullptr) - httpGetActivity(http));
     const bool isCancelled = self->mIsCancelled && *self->mIsCancelled;
-    self->mIsSilent = self->mIsSilent || isCancelled || silence >= self->mLimit;
+    self->mIsSilent = self->mIsSilent || isCancelled || silence > self->mLimit;
     return self->mIsSilent ? 0 : 1;
 }

@@ -65,6 +65,10 @@ public:
     /// null, when the scheduler cannot be reached.
     http_t *open(QString *error);
 
+    /// Connects anew, which ends what was asked on the connection before; false when the scheduler
+    /// cannot be reached.
+    bool reconnect();
+
     /// Whether the scheduler has been silent for too long, or the waiting has been cancelled.
     bool isSilent() const { return mIsSilent; }
 

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void initTestCase();
     void requestsAreFew_data();
     void requestsAreFew();
+    void halfAPPDIsNoOptions();
     void silenceLeavesNoHalfJob_data();
     void silenceLeavesNoHalfJob();
 
@@ -67,6 +68,16 @@ void tst_scheduler::requestsAreFew()
     const ProgramRun run = runAt(proxy, arguments);
     QVERIFY2(run.status == 0, qPrintable(run.errors));
     QCOMPARE(proxy.requests(), requests);
+}
+
+void tst_scheduler::halfAPPDIsNoOptions()
+{
+    SchedulerProxy proxy(mSite.scheduler().address());
+    proxy.cutPPDsAfter(1000);
+    const ProgramRun run = runAt(proxy, {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument});
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(u"PPD of tape: the scheduler's answer breaks off"_s),
+             qPrintable(run.errors));
 }
 
 void tst_scheduler::silenceLeavesNoHalfJob_data()

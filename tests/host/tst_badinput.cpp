@@ -364,7 +364,7 @@ void tst_badinput::fileThatCannotBePrinted()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, fault);
-    QCOMPARE(JobSubmission::faultOf(file), QStringLiteral("%1: %2").arg(file, fault));
+    QCOMPARE(JobSubmission::faultOf({file}), QStringLiteral("%1: %2").arg(file, fault));
 
     const QList<int> before = mSite.scheduler().jobIds();
     ExitStatus status = ExitStatus::Printed;
@@ -383,7 +383,7 @@ void tst_badinput::unreadableFile()
     QString fault;
     {
         const OrdinaryUser user;
-        fault = JobSubmission::faultOf(file);
+        fault = JobSubmission::faultOf({file});
     }
     QCOMPARE(fault, file + QStringLiteral(": Permission denied"));
 }
