@@ -1,5 +1,6 @@
 #include "AccessBus.h"
 
+#include "DisplayServer.h"
 #include "Waiting.h"
 
 #include <QDBusMessage>
@@ -15,12 +16,6 @@ const QString path = QStringLiteral("/org/a11y/bus");
 AccessBus::AccessBus()
     : mFolder(QStringLiteral("/tmp/access-XXXXXX"))
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char *folder : {"HOME", "XDG_RUNTIME_DIR"}) {
-        environment.insert(QLatin1String(folder), mFolder.path());
-    }
-    environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
-    mSessionBus.setProcessEnvironment(environment);
     mSessionBus.setStandardErrorFile(QProcess::nullDevice());
 }
 
@@ -41,14 +36,21 @@ QString AccessBus::variable() const
     return QStringLiteral("DBUS_SESSION_BUS_ADDRESS=") + socket();
 }
 
-QString AccessBus::open()
+QString AccessBus::open(const DisplayServer &display)
 {
-    const QString error = startSessionBus();
+    const QString error = startSessionBus(display);
     return error.isEmpty() ? connectToAccessBus() : error;
 }
 
-QString AccessBus::startSessionBus()
+QString AccessBus::startSessionBus(const DisplayServer &display)
 {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *folder : {"HOME", "XDG_RUNTIME_DIR"}) {
+        environment.insert(QLatin1String(folder), mFolder.path());
+    }
+    environment.insert(QStringLiteral("DISPLAY"), display.name());
+    environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    mSessionBus.setProcessEnvironment(environment);
     mSessionBus.start(QStringLiteral("dbus-daemon"),
                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
                        QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1"),

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+class DisplayServer;
+
 /// The bus of assistive technology, and the session bus that leads applications to it, on sockets
 /// in a folder of their own. They end with this object.
 class AccessBus
@@ -18,8 +20,9 @@ public:
     AccessBus &operator=(const AccessBus &) = delete;
 
     /// Starts both, and has applications told that assistive technology is there; the reason when
-    /// that fails.
-    QString open();
+    /// that fails. The display's root window names the bus: Qt 5 may not wait for the session bus
+    /// to tell its address.
+    QString open(const DisplayServer &display);
 
     /// Whether an application has told assistive technology of itself.
     bool hasApplications() const;
@@ -32,7 +35,7 @@ public:
 
 private:
     QString socket() const;
-    QString startSessionBus();
+    QString startSessionBus(const DisplayServer &display);
     QString connectToAccessBus();
 
     QTemporaryDir mFolder;
