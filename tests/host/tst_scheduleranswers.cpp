@@ -235,18 +235,27 @@ void SchedulerAnswersTest::jobOfALongDialogIsPrinted()
 
 void SchedulerAnswersTest::changedPPDKeepsChoicesOut()
 {
-    // libcups does not care for the case.
-    QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=on\n"));
-    AttachedDialog dialog(tapeQueue);
-    QVERIFY(mSite.saveUserOptions(""));
-    QVERIFY(dialog.openTab());
-    QVERIFY(PanelUser(dialog.user()).isTicked(halfCut));
-    QVERIFY(addTape(u"KvHalfCut"_s));
-    const QStringList choices = mSite.choices(dialog.print(mSite.scheduler()));
+    // On a busy machine the scheduler may not answer in the short time that the dialog waits for
+    // it.
+    constexpr int mostAttempts = 20;
+    QStringList choices{halfCutOn};
+    QStringList problems;
+    for (int attempts = 0; choices.contains(halfCutOn) && attempts < mostAttempts; ++attempts) {
+        QVERIFY(addTape());
+        // libcups does not care for the case.
+        QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=on\n"));
+        AttachedDialog dialog(tapeQueue);
+        QVERIFY(mSite.saveUserOptions(""));
+        QVERIFY(dialog.openTab());
+        QVERIFY(PanelUser(dialog.user()).isTicked(halfCut));
+        QVERIFY(addTape(u"KvHalfCut"_s));
+        choices = mSite.choices(dialog.print(mSite.scheduler()));
+        problems = dialog.problems();
+    }
     QVERIFY(addTape());
     QVERIFY(!choices.isEmpty());
     QCOMPARE(choices.filter(u"KvHalfCut"_s), QStringList());
-    QCOMPARE(dialog.problems(),
+    QCOMPARE(problems,
              QStringList{u"tape: KvHalfCut=ON is left out: the printer's PPD has changed, and has "
                          "no such choice"_s});
 }
