@@ -19,6 +19,7 @@ ExitStatus ListCommand::run()
     PrinterList list(mBundles, mReporter);
     SchedulerConnection scheduler{std::chrono::seconds(mCommandLine.timeout)};
     QString fault;
+    bool isWhole = true;
     if (!mCommandLine.ppd.isNull()) {
         list.addPPD(mCommandLine.ppd, &fault);
     } else {
@@ -26,7 +27,7 @@ ExitStatus ListCommand::run()
         const QString chosen = known.choose(mCommandLine.printer, &fault);
         for (const QString &name : known.all) {
             if (mCommandLine.printer.isNull() || name == chosen) {
-                list.addQueue(scheduler, name, name == known.byDefault);
+                isWhole = list.addQueue(scheduler, name, name == known.byDefault) && isWhole;
             }
         }
     }
@@ -36,5 +37,5 @@ ExitStatus ListCommand::run()
                                 : printerTable(list.toJSON()).toLocal8Bit());
     }
     mReporter.report(fault);
-    return fault.isNull() ? ExitStatus::Printed : ExitStatus::NotPrinted;
+    return fault.isNull() && isWhole ? ExitStatus::Printed : ExitStatus::NotPrinted;
 }

@@ -1,5 +1,6 @@
 #include "automation/PrinterList.h"
 
+#include "host/PrinterRecord.h"
 #include "host/ProblemReporter.h"
 #include "plugin/PDEPanelAutomation.h"
 
@@ -100,12 +101,14 @@ PrinterList::PrinterList(const PanelBundles &bundles, ProblemReporter &reporter)
 {
 }
 
-void PrinterList::addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault)
+bool PrinterList::addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault)
 {
+    const PrinterRecord printer = PrinterRecord::read(scheduler, name);
     QString error;
-    auto target = PanelTarget::ofQueue(scheduler, name, PPDFile::Marks::Defaults, &error);
+    auto target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &error);
     mReporter.report(error);
     add({{nameMember, name}, {defaultMember, isDefault}}, std::move(target));
+    return printer.error.isNull();
 }
 
 bool PrinterList::addPPD(const QString &path, QString *error)

@@ -14,8 +14,9 @@ public:
     /// @param bundles and @param reporter must outlive the list.
     PrinterList(const PanelBundles &bundles, ProblemReporter &reporter);
 
-    /// Adds a queue of the scheduler's; one without a PPD has no options.
-    void addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault);
+    /// Adds a queue of the scheduler's; one without a PPD, or with a broken one, has no options.
+    /// False, with a report, when the scheduler has not told what the queue has.
+    bool addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault);
     /// Adds a PPD without a queue; false, with the reason in @p error, when it cannot be opened.
     bool addPPD(const QString &path, QString *error);
 

@@ -136,13 +136,16 @@ int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
     }
     const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     const CupsOptions cupsOptions(options);
-    QString fileFault;
-    const int job = create(http, queue, title, cupsOptions);
-    if (job != 0 && send(http, queue, job, files, cupsOptions, &fileFault)) {
+    QString fault;
+    int job = create(http, queue, title, cupsOptions);
+    if (job == 0 && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND &&
+        PrintQueue::makeTemporary(scheduler, PrintQueue::queueOf(printer), &fault)) {
+        job = create(http, queue, title, cupsOptions);
+    }
+    if (job != 0 && send(http, queue, job, files, cupsOptions, &fault)) {
         return job;
     }
-    *error =
-        QStringLiteral("%1: %2").arg(printer, fileFault.isNull() ? scheduler.fault() : fileFault);
+    *error = QStringLiteral("%1: %2").arg(printer, fault.isNull() ? scheduler.fault() : fault);
     cancel(queue, job);
     return 0;
 }

@@ -18,6 +18,9 @@ public:
     /**
      * Sends the files as one job.
      *
+     * A printer of the network that has no queue gets one for the time: see
+     * PrintQueue::makeTemporary().
+     *
      * @param printer the queue's name, with or without an instance, whose saved options are not
      *        added to the others.
      * @param title of the job.

@@ -153,7 +153,9 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
             members ? QString::fromUtf8(ippGetString(members, 0, nullptr)) : queueOf(name);
         return found;
     }
-    *error = isAnswered() && !scheduler.isSilent() ? noPrinter(name) : scheduler.fault();
+    // Of a connection that breaks off, libcups says that it has no such printer, too.
+    const bool isBroken = scheduler.isSilent() || (answer && !destination);
+    *error = isBroken ? scheduler.fault() : noPrinter(name);
     return std::nullopt;
 }
 
@@ -167,6 +169,24 @@ bool PrintQueue::exists(SchedulerConnection &scheduler, const QString &name, QSt
         return true;
     }
     *error = isAnswered() ? noPrinter(name) : scheduler.fault();
+    return false;
+}
+
+bool PrintQueue::makeTemporary(SchedulerConnection &scheduler, const QString &queue, QString *error)
+{
+    http_t *http = scheduler.open(error);
+    const Destination destination = http ? namedDestination(http, queue) : nullptr;
+    if (!destination) {
+        *error = scheduler.fault();
+        return false;
+    }
+    if (cups_dinfo_t *information = cupsCopyDestInfo(http, destination.get())) {
+        cupsFreeDestInfo(information);
+        return true;
+    }
+    *error = scheduler.isSilent()
+                 ? scheduler.fault()
+                 : QStringLiteral("the print scheduler makes no queue for this printer");
     return false;
 }
 

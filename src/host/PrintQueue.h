@@ -45,6 +45,12 @@ public:
     /// when there is none. Nothing is known of instances.
     static bool exists(SchedulerConnection &scheduler, const QString &name, QString *error);
 
+    /// Has libcups make a queue for a printer of the network that has none; it goes again when it
+    /// is not used any more. False, with the reason in @p error, when there is none then. The limit
+    /// of @p scheduler does not hold for the request that makes the queue, nor for the time in
+    /// which the scheduler asks the printer what it can do: both are libcups' own.
+    static bool makeTemporary(SchedulerConnection &scheduler, const QString &queue, QString *error);
+
     /// The name of the queue that a printer's jobs go to: without the instance.
     static QString queueOf(const QString &name);
     /// The URI by which requests name a queue or a class, which is given without an instance.

@@ -2,6 +2,7 @@
 
 #include "host/SchedulerConnection.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <system_error>
@@ -16,7 +17,8 @@ struct PrinterFetch::Shared
     std::optional<PrinterRecord> record;
     /// Null when nobody is interested any more.
     PrinterFetch *owner = nullptr;
-    std::atomic_bool isCancelled = false;
+    /// libcups reads it, too.
+    int isCancelled = 0;
 
     /// Has the owner tell the record when it is back in its event loop.
     void tellOwner() const
@@ -62,7 +64,7 @@ PrinterFetch::~PrinterFetch()
 {
     const std::scoped_lock lock(mShared->mutex);
     mShared->owner = nullptr;
-    mShared->isCancelled = true;
+    std::atomic_ref(mShared->isCancelled) = 1;
 }
 
 std::optional<PrinterRecord> PrinterFetch::waitFor(std::chrono::milliseconds time)

@@ -12,7 +12,8 @@
 /**
  * Asks the scheduler for a printer in a thread of its own, so that nobody has to wait for it.
  *
- * A request that nobody is interested in any more ends within a tenth of a second.
+ * A request that nobody is interested in any more ends within a quarter of a second: see
+ * SchedulerConnection.
  */
 class PrinterFetch : public QObject
 {

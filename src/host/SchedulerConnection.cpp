@@ -1,6 +1,7 @@
 #include "host/SchedulerConnection.h"
 
 #include <algorithm>
+#include <atomic>
 #include <ctime>
 
 using namespace std::chrono_literals;
@@ -17,19 +18,36 @@ const char *noPassword(const char * /*prompt*/, http_t * /*http*/, const char * 
 {
     return nullptr;
 }
+
+/// libcups tells it of messages alone.
+QByteArray versionOfRequests()
+{
+    ipp_t *message = ippNew();
+    int minor = 0;
+    const int major = ippGetVersion(message, &minor);
+    ippDelete(message);
+    return QByteArray::number(major) + '.' + QByteArray::number(minor);
+}
+
+/// As libcups reads it.
+void setServer(const QByteArray &host, int port, const QByteArray &version)
+{
+    cupsSetServer((host + ':' + QByteArray::number(port) + "/version=" + version).constData());
+}
 } // namespace
 
 SchedulerAddress SchedulerAddress::ofThisThread()
 {
-    return {cupsServer(), ippPort(), cupsEncryption(), cupsUser()};
+    return {cupsServer(), ippPort(), versionOfRequests(), cupsEncryption(), cupsUser()};
 }
 
 void SchedulerAddress::useServer() const
 {
-    // The port goes with the server's name.
-    const bool isSocket = server.startsWith('/');
-    const QByteArray withPort = isSocket ? server : server + ':' + QByteArray::number(port);
-    cupsSetServer(withPort.constData());
+    if (server.startsWith('/')) {
+        cupsSetServer(server.constData());
+    } else {
+        setServer(server, port, version);
+    }
 }
 
 void SchedulerAddress::use() const
@@ -43,8 +61,8 @@ void SchedulerAddress::use() const
 NoOtherConnections::NoOtherConnections()
     : mAddress(SchedulerAddress::ofThisThread())
 {
-    // No socket, and so refused at once.
-    cupsSetServer("/dev/null");
+    // No connection can be made to all hosts, so it is refused at once.
+    setServer("255.255.255.255", mAddress.port, mAddress.version);
 }
 
 NoOtherConnections::~NoOtherConnections()
@@ -52,7 +70,7 @@ NoOtherConnections::~NoOtherConnections()
     mAddress.useServer();
 }
 
-SchedulerConnection::SchedulerConnection(Milliseconds limit, const std::atomic_bool *isCancelled)
+SchedulerConnection::SchedulerConnection(Milliseconds limit, int *isCancelled)
     : mLimit(limit)
     , mIsCancelled(isCancelled)
 {
@@ -70,7 +88,7 @@ http_t *SchedulerConnection::open(QString *error)
     if (!mHTTP) {
         const auto limit = std::min(mLimit, connectLimit);
         mHTTP = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                             int(limit.count()), nullptr);
+                             int(limit.count()), mIsCancelled);
         if (mHTTP) {
             httpSetTimeout(mHTTP, std::chrono::duration<double>(slice).count(), waitOn, this);
         }
@@ -87,21 +105,27 @@ http_t *SchedulerConnection::open(QString *error)
 bool SchedulerConnection::reconnect()
 {
     return mHTTP &&
-           httpReconnect2(mHTTP, int(std::min(mLimit, connectLimit).count()), nullptr) == 0;
+           httpReconnect2(mHTTP, int(std::min(mLimit, connectLimit).count()), mIsCancelled) == 0;
 }
 
 QString SchedulerConnection::fault() const
 {
-    return mIsSilent ? QStringLiteral("the print scheduler at %1 does not answer")
-                           .arg(QString::fromUtf8(cupsServer()))
-                     : QString::fromUtf8(cupsLastErrorString());
+    const QString server = QString::fromUtf8(cupsServer());
+    if (mIsSilent) {
+        return QStringLiteral("the print scheduler at %1 does not answer").arg(server);
+    }
+    // For that libcups has no text.
+    if (mHTTP && httpError(mHTTP) != 0 && httpGetStatus(mHTTP) < HTTP_STATUS_BAD_REQUEST) {
+        return QStringLiteral("the print scheduler at %1 breaks off").arg(server);
+    }
+    return QString::fromUtf8(cupsLastErrorString());
 }
 
 int SchedulerConnection::waitOn(http_t *http, void *connection)
 {
     auto *self = static_cast<SchedulerConnection *>(connection);
     const std::chrono::seconds silence(std::time(nullptr) - httpGetActivity(http));
-    const bool isCancelled = self->mIsCancelled && *self->mIsCancelled;
+    const bool isCancelled = self->mIsCancelled && std::atomic_ref(*self->mIsCancelled) != 0;
     self->mIsSilent = self->mIsSilent || isCancelled || silence > self->mLimit;
     return self->mIsSilent ? 0 : 1;
 }

@@ -5,7 +5,6 @@
 
 #include <cups/cups.h>
 
-#include <atomic>
 #include <chrono>
 
 /// Where the print scheduler is and who asks it: what libcups knows for each thread by itself.
@@ -15,12 +14,14 @@ struct SchedulerAddress
     static SchedulerAddress ofThisThread();
     /// Has libcups use this address in the calling thread, and ask for no password.
     void use() const;
-    /// Has libcups use the server and its port alone.
+    /// Has libcups use the server, its port and the version of requests alone.
     void useServer() const;
 
     /// A host's name or address, or the path of a socket.
     QByteArray server;
     int port = 0;
+    /// The version of IPP in which the server is asked ("2.0").
+    QByteArray version;
     http_encryption_t encryption = HTTP_ENCRYPTION_IF_REQUESTED;
     QByteArray user;
 };
@@ -52,11 +53,11 @@ public:
 
     /**
      * @param limit how long the scheduler may be silent, to the second.
-     * @param isCancelled ends all waiting within a tenth of a second once it is true; must outlive
-     *        the connection, and may be null.
+     * @param isCancelled ends all waiting within a quarter of a second once it is not 0, but for
+     *        the server's name to be looked up and for encryption to be agreed on; must outlive the
+     *        connection, and may be null.
      */
-    explicit SchedulerConnection(Milliseconds limit = defaultLimit,
-                                 const std::atomic_bool *isCancelled = nullptr);
+    explicit SchedulerConnection(Milliseconds limit = defaultLimit, int *isCancelled = nullptr);
     ~SchedulerConnection();
     SchedulerConnection(const SchedulerConnection &) = delete;
     SchedulerConnection &operator=(const SchedulerConnection &) = delete;
@@ -72,7 +73,8 @@ public:
     /// Whether the scheduler has been silent for too long, or the waiting has been cancelled.
     bool isSilent() const { return mIsSilent; }
 
-    /// Why the last request has failed: that the scheduler is silent, else what libcups says.
+    /// Why the last request has failed: that the scheduler is silent or breaks off, else
+    /// what libcups says.
     QString fault() const;
 
 private:
@@ -80,7 +82,7 @@ private:
     static int waitOn(http_t *http, void *connection);
 
     const Milliseconds mLimit;
-    const std::atomic_bool *const mIsCancelled;
+    int *const mIsCancelled;
     http_t *mHTTP = nullptr;
     bool mIsSilent = false;
 };

@@ -2,6 +2,8 @@
 #include "ProgramRun.h"
 #include "SchedulerProxy.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTest>
 
 /// What kvprint without a dialog asks the scheduler, and what becomes of a job when the scheduler
@@ -14,7 +16,12 @@ private Q_SLOTS:
     void initTestCase();
     void requestsAreFew_data();
     void requestsAreFew();
+    void printerOfTheNetworkGetsAQueue();
+    void ppdForKnownUsersAlone();
+    void halfAPPDIsNoOptions_data();
     void halfAPPDIsNoOptions();
+    void brokenConnectionIsNoMissingPrinter_data();
+    void brokenConnectionIsNoMissingPrinter();
     void silenceLeavesNoHalfJob_data();
     void silenceLeavesNoHalfJob();
 
@@ -70,14 +77,70 @@ void tst_scheduler::requestsAreFew()
     QCOMPARE(proxy.requests(), requests);
 }
 
-void tst_scheduler::halfAPPDIsNoOptions()
+/// There is no such printer here, so the queue is not found when the job is made, and is there when
+/// libcups looks for it.
+void tst_scheduler::printerOfTheNetworkGetsAQueue()
+{
+    const int jobs = int(mSite.scheduler().jobIds().size());
+    SchedulerProxy proxy(mSite.scheduler().address());
+    constexpr int toMakeQueue = 2;
+    proxy.misnamePrinterIn(toChoose + toRead + 1);
+    const ProgramRun run = runAt(proxy, atPrinter(u"tape"_s, {mDocument}));
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    QCOMPARE(proxy.requests(), toChoose + toRead + 1 + toMakeQueue + 2);
+    QCOMPARE(mSite.scheduler().jobIds().size(), jobs + 1);
+}
+
+void tst_scheduler::ppdForKnownUsersAlone()
 {
     SchedulerProxy proxy(mSite.scheduler().address());
+    proxy.askWhoWantsPPDs();
+    const QString folder = QFileInfo(mSite.path(u"certs"_s)).path();
+    QVERIFY(QDir(folder).mkpath(u"certs"_s));
+    QVERIFY(!mSite.file(u"certs/0"_s, "local").isNull());
+    const ProgramRun run = runKvprint(
+        {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument},
+        {{},
+         {u"CUPS_STATEDIR="_s + folder, u"CUPS_SERVER="_s + QString::fromLatin1(proxy.address())}});
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    QVERIFY2(run.output.contains(u"KvHalfCut="_s), qPrintable(run.output));
+    QCOMPARE(proxy.requests(), toChoose + toRead + 1);
+}
+
+void tst_scheduler::halfAPPDIsNoOptions_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("dry run") << QStringList{u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument};
+    QTest::newRow("list") << QStringList{u"--list"_s};
+}
+
+void tst_scheduler::halfAPPDIsNoOptions()
+{
+    QFETCH(const QStringList, arguments);
+    SchedulerProxy proxy(mSite.scheduler().address());
     proxy.cutPPDsAfter(1000);
-    const ProgramRun run = runAt(proxy, {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument});
+    const ProgramRun run = runAt(proxy, arguments);
     QCOMPARE(run.status, 3);
     QVERIFY2(run.errors.contains(u"PPD of tape: the scheduler's answer breaks off"_s),
              qPrintable(run.errors));
+}
+
+void tst_scheduler::brokenConnectionIsNoMissingPrinter_data()
+{
+    QTest::addColumn<int>("answered");
+    for (int answered = 0; answered < toChoose + toRead; ++answered) {
+        QTest::addRow("behind answer %d", answered) << answered;
+    }
+}
+
+void tst_scheduler::brokenConnectionIsNoMissingPrinter()
+{
+    QFETCH(const int, answered);
+    SchedulerProxy proxy(mSite.scheduler().address());
+    proxy.breakOffAfter(answered);
+    const ProgramRun run = runAt(proxy, {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument});
+    QCOMPARE(run.status, 3);
+    QVERIFY2(run.errors.contains(u"breaks off"_s), qPrintable(run.errors));
 }
 
 void tst_scheduler::silenceLeavesNoHalfJob_data()

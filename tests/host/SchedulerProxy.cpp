@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 #include <arpa/inet.h>
@@ -13,6 +14,9 @@
 
 namespace {
 constexpr int lookMs = 20;
+constexpr char whoAreYou[] = "HTTP/1.1 401 Unauthorized\r\n"
+                             "WWW-Authenticate: Local trc=\"y\"\r\n"
+                             "Content-Length: 0\r\n\r\n";
 
 sockaddr_in onLoopback(int port)
 {
@@ -85,6 +89,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
     std::array<char, 4096> bytes{};
     // What is left of the answer that is to be cut; −1 while there is none.
     int left = -1;
+    int number = 0;
     const int closings = mClosings;
     while (isOpen && !mIsStopping && closings == mClosings) {
         if (poll(ends.data(), ends.size(), lookMs) <= 0) {
@@ -94,11 +99,22 @@ void SchedulerProxy::forward(int client, bool isSilent)
         ssize_t size = recv(isRequest ? client : server, bytes.data(), bytes.size(), 0);
         isOpen = size > 0;
         if (isRequest && isOpen) {
-            const QByteArray start(bytes.data(), int(std::min<ssize_t>(size, 256)));
-            if (start.startsWith("GET ") || start.startsWith("POST ")) {
-                isSilent = ++mRequests > mAnswered || isSilent;
-                left = start.contains(".ppd HTTP") ? int(mCut) : -1;
+            QByteArray request(bytes.data(), int(size));
+            if (request.startsWith("GET ") || request.startsWith("POST ")) {
+                number = ++mRequests;
+                isSilent = number > mAnswered || isSilent;
+                isOpen = number <= mUnbroken;
+                const bool isForPPD = request.contains(".ppd HTTP");
+                left = isForPPD ? int(mCut) : -1;
                 std::this_thread::sleep_for(mDelay.load());
+                if (isForPPD && mAsksWho && !request.contains("Authorization: Local local")) {
+                    send(client, whoAreYou, std::strlen(whoAreYou));
+                    continue;
+                }
+            }
+            if (number == mMisnamed) {
+                request.replace("/printers/", "/printerz/");
+                std::copy(request.begin(), request.end(), bytes.begin());
             }
         } else if (isOpen && left >= 0) {
             size = std::min<ssize_t>(size, left);

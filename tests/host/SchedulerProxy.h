@@ -31,6 +31,12 @@ public:
     void setSilent(bool isSilent) { mIsSilent = isSilent; }
     /// Gives no more answers once there have been so many requests in all.
     void silenceAfter(int requests) { mAnswered = requests; }
+    /// Closes a connection in place of an answer once there have been so many requests in all.
+    void breakOffAfter(int requests) { mUnbroken = requests; }
+    /// Has this request, counted from 1, name a printer that there is not.
+    void misnamePrinterIn(int request) { mMisnamed = request; }
+    /// Gives PPDs away to those alone who prove to be a local user with the certificate "local".
+    void askWhoWantsPPDs() { mAsksWho = true; }
     /// Closes every connection that is open, as a scheduler does with idle ones.
     void closeConnections() { ++mClosings; }
     /// Has each answer come so much later from now on.
@@ -50,6 +56,9 @@ private:
     std::atomic_bool mIsSilent = false;
     std::atomic_int mCut = -1;
     std::atomic_int mAnswered = std::numeric_limits<int>::max();
+    std::atomic_int mUnbroken = std::numeric_limits<int>::max();
+    std::atomic_int mMisnamed = 0;
+    std::atomic_bool mAsksWho = false;
     std::atomic_int mClosings = 0;
     std::atomic<std::chrono::milliseconds> mDelay = {};
     std::atomic_int mRequests = 0;
