@@ -91,16 +91,20 @@ QueuePPD::Answer QueuePPD::update(SchedulerConnection &scheduler, const QString 
     const QByteArray resource = "/printers/" + queue.toUtf8() + ".ppd";
     const http_status_t status = get(scheduler, *this, resource);
     if (status == HTTP_STATUS_OK) {
-        modified = httpGetDateTime(httpGetField(http, HTTP_FIELD_LAST_MODIFIED));
-        text = readContent(scheduler, error);
-        return text.isNull() ? Answer::Failed : Answer::Sent;
+        const time_t date = httpGetDateTime(httpGetField(http, HTTP_FIELD_LAST_MODIFIED));
+        const QByteArray content = readContent(scheduler, error);
+        if (content.isNull()) {
+            return Answer::Failed;
+        }
+        *this = {content, date};
+        return Answer::Sent;
     }
     httpFlush(http);
     if (status == HTTP_STATUS_NOT_MODIFIED) {
         return Answer::Unchanged;
     }
     if (status == HTTP_STATUS_NOT_FOUND) {
-        text = QByteArray();
+        *this = {};
         return Answer::None;
     }
     *error = scheduler.isSilent()          ? scheduler.fault()

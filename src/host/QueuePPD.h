@@ -25,7 +25,7 @@ struct QueuePPD
     /**
      * Asks the scheduler for a queue's PPD, unless it is still the one that is here.
      *
-     * An answer that breaks off, or is too long for a PPD, is a failure.
+     * An answer that breaks off, or is too long for a PPD, is a failure, and leaves what is here.
      *
      * @param queue without an instance.
      * @param error set, without the queue's name, for Answer::Failed.

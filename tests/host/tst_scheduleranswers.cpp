@@ -5,13 +5,18 @@
 #include "PrintingSite.h"
 #include "SchedulerProxy.h"
 #include "host/PrintDialogAttachment.h"
+#include "host/PrinterFetch.h"
 #include "host/PrinterRecord.h"
 #include "support/DialogNames.h"
 
 #include <QFile>
 #include <QTest>
 
+#include <chrono>
 #include <functional>
+#include <thread>
+
+#include <pthread.h>
 
 /// The dialog and the scheduler that answers late, half, or no more what it answered before.
 class SchedulerAnswersTest : public QObject
@@ -22,12 +27,17 @@ private Q_SLOTS:
     void initTestCase();
     void cutPPDIsNone_data();
     void cutPPDIsNone();
+    void failureKeepsThePPD();
     void ppdNeedsNoRoomOnADisk();
     void ppdOfAnyName();
     void requestsOfEachMoment();
     void silentSchedulerHoldsNobody();
     void answerBehindPrintStillCounts();
     void silenceEndsWithTheTruth();
+    void slowAnswersAreNoSilence();
+    void cancelledRequestIsNotMade();
+    void noThreadIsTold();
+    void versionOfRequestsIsKept();
     void jobOfALongDialogIsPrinted();
     void changedPPDKeepsChoicesOut();
     void anotherPrinterKeepsTheTicks_data();
@@ -41,6 +51,8 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 };
 
 namespace {
+using namespace std::chrono_literals;
+
 const QString tapeQueue = QStringLiteral("tape");
 const QString halfCut = QStringLiteral("mHalfCutChkBx");
 } // namespace
@@ -99,6 +111,21 @@ void SchedulerAnswersTest::cutPPDIsNone()
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 1);
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
+}
+
+void SchedulerAnswersTest::failureKeepsThePPD()
+{
+    SchedulerProxy proxy(mSite.scheduler().address());
+    SchedulerConnection scheduler;
+    PrinterRecord record = PrinterRecord::read(scheduler, tapeQueue);
+    const QueuePPD before = record.ppd;
+    QVERIFY(!before.text.isNull());
+    // So that it was not changed within the second.
+    record.ppd.modified -= 1;
+    proxy.cutPPDsAfter(1000);
+    QCOMPARE(record.update(scheduler), QueuePPD::Answer::Failed);
+    QCOMPARE(record.ppd.text, before.text);
+    QCOMPARE(record.ppd.modified, before.modified - 1);
 }
 
 void SchedulerAnswersTest::ppdNeedsNoRoomOnADisk()
@@ -218,6 +245,67 @@ void SchedulerAnswersTest::silenceEndsWithTheTruth()
     QCOMPARE(error, truth);
     SchedulerConnection read(limit);
     QCOMPARE(PrinterRecord::read(read, tapeQueue).error, truth);
+}
+
+void SchedulerAnswersTest::slowAnswersAreNoSilence()
+{
+    SchedulerProxy proxy(mSite.scheduler().address());
+    // Seconds are counted whole: of the three answers, some come in another one.
+    proxy.delayAnswers(500ms);
+    SchedulerConnection scheduler(1s);
+    QCOMPARE(PrinterRecord::read(scheduler, tapeQueue).error, QString());
+}
+
+void SchedulerAnswersTest::cancelledRequestIsNotMade()
+{
+    const SchedulerProxy proxy(mSite.scheduler().address());
+    int isCancelled = 0;
+    SchedulerConnection scheduler(SchedulerConnection::defaultLimit, &isCancelled);
+    QVERIFY(scheduler.open(nullptr));
+    isCancelled = 1;
+    QVERIFY(!scheduler.reconnect());
+    SchedulerConnection other(SchedulerConnection::defaultLimit, &isCancelled);
+    QString error;
+    QVERIFY(!other.open(&error));
+}
+
+void SchedulerAnswersTest::noThreadIsTold()
+{
+    // No machine has room for such a stack.
+    pthread_attr_t former;
+    pthread_attr_t huge;
+    QCOMPARE(pthread_getattr_default_np(&former), 0);
+    QCOMPARE(pthread_getattr_default_np(&huge), 0);
+    QCOMPARE(pthread_attr_setstacksize(&huge, std::size_t(1) << 60), 0);
+    QCOMPARE(pthread_setattr_default_np(&huge), 0);
+    PrinterFetch fetch([](SchedulerConnection & /*scheduler*/) { return PrinterRecord(); });
+    QCOMPARE(pthread_setattr_default_np(&former), 0);
+    QString error;
+    QObject::connect(&fetch, &PrinterFetch::answered,
+                     [&error](const PrinterRecord &record) { error = record.error; });
+    QTRY_VERIFY2(error.startsWith(u"the printer cannot be asked about: "_s), qPrintable(error));
+}
+
+void SchedulerAnswersTest::versionOfRequestsIsKept()
+{
+    cupsSetServer(mSite.scheduler().address() + "/version=1.1");
+    const auto version = [] {
+        return SchedulerAddress::ofThisThread().version;
+    };
+    const SchedulerAddress address = SchedulerAddress::ofThisThread();
+    QByteArray alone;
+    {
+        const NoOtherConnections others;
+        alone = version();
+    }
+    const QByteArray behind = version();
+    QByteArray inThread;
+    std::thread([&] {
+        address.use();
+        inThread = version();
+    }).join();
+    cupsSetServer(mSite.scheduler().address().constData());
+    QCOMPARE(QByteArrayList({alone, behind, inThread}), QByteArrayList({"1.1", "1.1", "1.1"}));
 }
 
 void SchedulerAnswersTest::jobOfALongDialogIsPrinted()
