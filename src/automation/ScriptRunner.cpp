@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -17,12 +16,11 @@ public:
     /// @param file "-" for standard input.
     explicit LineReader(const QString &file)
         : mFile(file == QLatin1String("-") ? stdin : std::fopen(QFile::encodeName(file), "re"))
-        , mError(mFile ? 0 : errno)
+        , mError(mFile ? QString() : textOf(errno))
     {
     }
     ~LineReader()
     {
-        std::free(mLine);
         if (mFile && mFile != stdin) {
             std::fclose(mFile);
         }
@@ -32,24 +30,31 @@ public:
     /// The next line with its end; false when there is none.
     bool read(QByteArray *line)
     {
-        errno = 0;
-        const ssize_t length = mFile ? getline(&mLine, &mCapacity, mFile) : -1;
-        if (length < 0) {
-            mError = mFile && std::ferror(mFile) ? errno : mError;
-            return false;
+        line->clear();
+        while (mFile && mError.isNull() && !line->endsWith('\n')) {
+            const int byte = std::getc(mFile);
+            if (byte == EOF) {
+                mError = std::ferror(mFile) ? textOf(errno) : QString();
+                break;
+            }
+            line->append(char(byte));
+            if (line->size() > mostBytes) {
+                mError = QStringLiteral("a line is longer than %1 bytes").arg(mostBytes);
+            }
         }
-        *line = QByteArray(mLine, length);
-        return true;
+        return mError.isNull() && !line->isEmpty();
     }
 
-    /// Why reading has ended, as errno says; 0 at the end of the file.
-    int error() const { return mError; }
+    /// Why reading has ended; null at the end of the file.
+    const QString &error() const { return mError; }
 
 private:
+    static constexpr int mostBytes = 4 << 20;
+
+    static QString textOf(int error) { return QString::fromLocal8Bit(std::strerror(error)); }
+
     FILE *mFile;
-    int mError;
-    char *mLine = nullptr;
-    std::size_t mCapacity = 0;
+    QString mError;
 };
 } // namespace
 
@@ -68,9 +73,8 @@ bool ScriptRunner::run(const QString &file, QString *error)
             return false;
         }
     }
-    if (script.error() != 0) {
-        *error = QStringLiteral("%1: %2").arg(
-            file, QString::fromLocal8Bit(std::strerror(script.error())));
+    if (!script.error().isNull()) {
+        *error = QStringLiteral("%1: %2").arg(file, script.error());
     }
-    return script.error() == 0;
+    return script.error().isNull();
 }

@@ -6,6 +6,8 @@
 #include "host/PPDPaper.h"
 #include "host/PrintQueue.h"
 #include "plugin/PDEPanelAutomation.h"
+#include "printcore/CheckedFile.h"
+#include "printcore/PropertyList.h"
 
 #include <QApplication>
 #include <QDir>
@@ -67,13 +69,11 @@ PrintSettings settingsOf(ScriptRequest &request)
     if (path.isNull()) {
         return {};
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        request.refuse(QStringLiteral("%1: %2").arg(path, file.errorString()));
-        return {};
-    }
-    QString error;
-    const auto settings = PrintSettings::fromData(file.readAll(), &error);
+    CheckedFile file = CheckedFile::ofAnybody(path);
+    const QByteArray bytes = file.read(PropertyList::kGreatestSize);
+    QString error = file.fault();
+    const auto settings =
+        error.isNull() ? PrintSettings::fromData(bytes, &error) : std::optional<PrintSettings>();
     if (!settings) {
         request.refuse(QStringLiteral("%1: %2").arg(path, error));
     }

@@ -82,13 +82,14 @@ bool sendDocument(http_t *http, const QByteArray &queue, int job, const QString 
     }
     http_status_t status =
         cupsStartDocument(http, queue.constData(), job, name.constData(), format, isLast);
-    while (status == HTTP_STATUS_CONTINUE && !file.atEnd()) {
-        const QByteArray piece = file.read(pieceSize);
-        if (piece.isEmpty()) {
-            *fileFault = QStringLiteral("%1: %2").arg(path, file.errorString());
-            return false;
-        }
+    // To its end and not to its size: those of the kernel have none.
+    for (QByteArray piece = file.read(pieceSize);
+         status == HTTP_STATUS_CONTINUE && !piece.isEmpty(); piece = file.read(pieceSize)) {
         status = cupsWriteRequestData(http, piece.constData(), std::size_t(piece.size()));
+    }
+    if (file.error() != QFileDevice::NoError) {
+        *fileFault = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return false;
     }
     // Without an answer libcups may tell a success. It waits for a request behind a whole answer
     // alone.

@@ -3,6 +3,7 @@
 #include "SampleChoices.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTest>
 
 namespace {
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void copies();
     void filesAndTitle();
     void oddFileNames();
+    void fileThatTellsNoSize();
     void paper_data();
     void paper();
     void paperReplacesTheSavedOne_data();
@@ -302,6 +304,15 @@ void tst_directprinting::oddFileNames()
         QVERIFY2(mRun.status == 0, qPrintable(mRun.errors));
         QCOMPARE(attribute(mSite.scheduler().jobIds().last(), "job-name"), name);
     }
+}
+
+void tst_directprinting::fileThatTellsNoSize()
+{
+    const QString file = u"/proc/version"_s;
+    QCOMPARE(QFileInfo(file).size(), 0);
+    const int job = print(atPrinter(u"tape"_s, {file}));
+    QVERIFY2(job > 0, qPrintable(mRun.errors));
+    QVERIFY(attribute(job, "job-k-octets").toInt() > 0);
 }
 
 void tst_directprinting::paper_data()

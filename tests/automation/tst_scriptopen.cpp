@@ -174,7 +174,8 @@ void tst_scriptopen::settingsThatCannotBeUsed_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("fault");
     const QString missing = mSite.path(u"missing.plist"_s);
-    QTest::newRow("missing") << missing << missing + u": No such file or directory"_s;
+    QTest::newRow("missing") << missing << missing + u": is missing"_s;
+    QTest::newRow("a device") << u"/dev/null"_s << u"/dev/null: is a device"_s;
     const QString text = mSite.file(u"text.plist"_s, "no property list");
     QTest::newRow("a text") << text << text + u": "_s;
     const QString empty = mSite.file(u"empty.plist"_s, "");

@@ -183,9 +183,11 @@ void tst_scriptprogram::scriptThatCannotBeRead()
 {
     const QString missing = mSite.path(u"missing.jsonl"_s);
     const QString folder = QFileInfo(missing).path();
+    const QString endless = mSite.file(u"endless.jsonl"_s, QByteArray((4 << 20) + 1, ' '));
     const std::pair<QString, QString> faults[] = {
         {missing, missing + u": No such file or directory"_s},
         {folder, folder + u": Is a directory"_s},
+        {endless, endless + u": a line is longer than 4194304 bytes"_s},
     };
     for (const auto &[file, fault] : faults) {
         const ProgramRun run = runKvprint({script, file});
