@@ -43,7 +43,9 @@ private:
 /**
  * A connection to the print scheduler that ends when the scheduler is silent for too long.
  *
- * Opened when it is first needed. Belongs to one thread.
+ * Opened when it is first needed. Belongs to one thread. A call of libcups' that makes several
+ * requests may connect again in between, for which libcups takes up to 30 seconds when the host is
+ * gone.
  */
 class SchedulerConnection
 {
