@@ -16,21 +16,10 @@ namespace {
 constexpr double dialogHeightAroundView = 96.0;
 } // namespace
 
-std::unique_ptr<BasePDE13_v400_>
-BasePDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
-                                  std::shared_ptr<Bundle> bundle)
-{
-    if (!callback || !bundle) {
-        return nullptr;
-    }
-    return std::unique_ptr<BasePDE13_v400_>(
-        new BasePDE13_v400_(std::move(callback), std::move(bundle)));
-}
-
 BasePDE13_v400_::BasePDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
                                  std::shared_ptr<Bundle> bundle)
-    : pdePluginCallbackObject(std::move(callback))
-    , nsPDEBundle(std::move(bundle))
+    : nsPDEBundle(std::move(bundle))
+    , pdePluginCallbackObject(std::move(callback))
 {
     printSession = pdePluginCallbackObject->printSession();
     pmPrintSettings = pdePluginCallbackObject->printSettings();
@@ -236,10 +225,10 @@ void BasePDE13_v400_::stopWaitingFor(const QWidget *view)
 void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
                                         const char *cStrKey, const QString &nStrKey)
 {
-    if (!option || !choices || ppdFindMarkedChoice(ppd, cStrKey)) {
+    if (!option || ppdFindMarkedChoice(ppd, cStrKey)) {
         return;
     }
-    const int index = indexOfDefaultOption(*choices);
+    const int index = choices ? indexOfDefaultOption(*choices) : 0;
     if (index < 0 || index >= option->num_choices) {
         return;
     }

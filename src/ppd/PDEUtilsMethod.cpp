@@ -78,8 +78,9 @@ bool PDEUtilsMethod13::isSupportedItem(ppd_file_t *ppd, const char *name)
 
 QPointF PDEUtilsMethod13::originItem(ppd_file_t *ppd, const char *name)
 {
-    static const QRegularExpression point(QStringLiteral(
-        R"(^\s*\{?\s*([+-]?(?:\d+\.?\d*|\.\d+))(?:\s*,\s*([+-]?(?:\d+\.?\d*|\.\d+)))?)"));
+    static const QString number = QStringLiteral(R"(([+-]?(?:\d+\.?\d*|\.\d+)(?:[eE][+-]?\d+)?))");
+    static const QRegularExpression point(
+        QStringLiteral(R"(^\s*\{?\s*%1(?:\s*,\s*%1)?)").arg(number));
     const QRegularExpressionMatch match = point.match(ppdAttrValStr(ppd, name));
     return {match.captured(1).toDouble(), match.captured(2).toDouble()};
 }

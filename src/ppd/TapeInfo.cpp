@@ -56,10 +56,18 @@ std::optional<qint64> wholeNumber(const QVariant &value)
 {
     switch (value.userType()) {
     case QMetaType::Double:
+    case QMetaType::Float:
         return RoundDouble(std::trunc(value.toDouble()));
     case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
     case QMetaType::Int:
     case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
         return value.toLongLong();

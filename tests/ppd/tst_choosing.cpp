@@ -21,6 +21,7 @@ private Q_SLOTS:
     void unmarkedOptionGetsItsDefault();
     void markedOptionKeepsItsChoice();
     void optionWithoutDefaultIsLeftAlone();
+    void optionWithoutAListGetsItsFirstChoice();
     void optionWithoutChoicesIsLeftAlone();
     void absentOptionIsLeftAlone();
 };
@@ -204,6 +205,14 @@ void ChoosingTest::optionWithoutDefaultIsLeftAlone()
     QVERIFY(dialog.host->marked("KvTest").isNull());
     dialog.setDefault();
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
+}
+
+void ChoosingTest::optionWithoutAListGetsItsFirstChoice()
+{
+    const Dialog dialog(onOff("ON"));
+    dialog.unmark();
+    dialog.panel->setDefaultChoices(dialog.option(), nullptr, "KvTest", u"KvTest"_s);
+    QCOMPARE(dialog.host->takeTold(), (QList<Pair>{{u"KvTest"_s, u"OFF"_s}}));
 }
 
 void ChoosingTest::optionWithoutChoicesIsLeftAlone()

@@ -150,7 +150,7 @@ void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
 {
     const auto bundle = testBundle();
     const auto host = std::make_shared<RecordingHost>();
-    const auto panel = BasePDE13_v400_::initWithCallback(host, bundle);
+    const auto panel = std::make_unique<PlainPanel>(host, bundle);
     const QStringList asked = host->calls;
     const QWidget *view = panel->panelView();
     QVERIFY(view);
