@@ -161,6 +161,8 @@ void ChoosingTest::findsTheDefaultChoice()
     QCOMPARE(dialog.panel->indexOfDefaultOption(*dialog.choices()), 1);
     QCOMPARE(dialog.panel->indexOfDefaultOption(*Dialog(onOff({})).choices()), -1);
     QCOMPARE(dialog.panel->indexOfDefaultOption({}), 0);
+    const Dialog twice(PPDText().option("KvTest", {"OFF", "ON", "ON"}, "ON"));
+    QCOMPARE(twice.panel->indexOfDefaultOption(*twice.choices()), 1);
 }
 
 void ChoosingTest::storesTheSupportedOptions()

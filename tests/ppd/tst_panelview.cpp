@@ -395,6 +395,8 @@ void PanelViewTest::panelThatGoesWaitsNoMore()
     dialog.panel->setViewFrameSize({320, viewHeight});
     const QWidget *view = dialog.view;
     dialog.panel.reset();
+    // It is the panel's, whatever window it stands in.
+    QVERIFY(!dialog.view);
     NotificationCenter::defaultCenter().postNotification(NSViewDidUpdateTrackingAreasNotification,
                                                          view);
     QCOMPARE(dialog.host->resizes, 0);
