@@ -6,6 +6,7 @@
 #include "support/TestHost.h"
 #include "toolkit/NibLoader.h"
 #include "toolkit/TrackingArea.h"
+#include "toolkit/ViewGeometry.h"
 
 #include <QApplication>
 #include <QTest>
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void manyResizesAreToldOnceWhenTheWindowHasGrown();
     void resizeWithoutAnActiveWindowIsNotTold();
     void dialogThatOffersNoResizeKeepsTheSize();
+    void heightsAreInPoints();
     void dialogNeedNotKnowOfResizes();
     void dialogMayLetTheViewGrowAndDoNoMore();
     void panelThatGoesWaitsNoMore();
@@ -366,6 +368,23 @@ void PanelViewTest::dialogThatOffersNoResizeKeepsTheSize()
     QCOMPARE(dialog.view->size(), QSize(300, 100));
     dialog.view->move(0, 10);
     QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::heightsAreInPoints()
+{
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPixelSize(40);
+    for (const bool isTallEnough : {false, true}) {
+        QApplication::setFont(large);
+        OpenDialog dialog;
+        QApplication::setFont(font);
+        const double scale = pixelsPerPoint(dialog.view);
+        QVERIFY(scale > 1.5);
+        QVERIFY(dialog.open(int((viewHeight + spare) * scale) + int(isTallEnough)));
+        dialog.panel->setViewFrameSize({320, viewHeight});
+        QCOMPARE(dialog.host->resizes, int(isTallEnough));
+    }
 }
 
 void PanelViewTest::dialogNeedNotKnowOfResizes()
