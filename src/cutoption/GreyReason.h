@@ -2,6 +2,8 @@
 
 #include "cutoption/OptionCatalogue.h"
 
+#include <optional>
+
 /// Why the rules keep a control greyed.
 struct GreyReason
 {
@@ -16,14 +18,11 @@ struct GreyReason
 
     /// Key of the sentence that says so.
     const char *key;
-    /// The option whose title stands for the sentence's "%1"; OptionCatalogue::Count for none.
-    OptionCatalogue::Option other;
+    /// The option whose title stands for the sentence's "%1".
+    std::optional<OptionCatalogue::Option> other;
 
-    /**
-     * The reason that applies to a control that is greyed.
-     *
-     * @param control the option; OptionCatalogue::Count for the count field and its stepper.
-     * @param causes the causes that are given now.
-     */
-    static GreyReason of(OptionCatalogue::Option control, quint32 causes);
+    /// Why the option's box is greyed, when these causes are given.
+    static GreyReason ofOption(OptionCatalogue::Option option, quint32 causes);
+    /// Why the count's field and stepper are.
+    static GreyReason ofCount(quint32 causes);
 };

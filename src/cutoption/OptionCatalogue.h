@@ -18,10 +18,35 @@ enum ItemType : quint32 {
     CutMarkItem = 0x80000,
 };
 
+/// The nine options of the panel, in the order in which every per-option sequence runs.
+struct OptionCatalogue
+{
+    /// Index of an option's row.
+    enum Option : std::size_t {
+        CutEvery,
+        CutAtEnd,
+        Mirror,
+        AutoCut,
+        HalfCut,
+        ChainPrint,
+        SpecialTape,
+        RemoveBlkSpace,
+        CutMark,
+    };
+
+    static constexpr std::size_t size = 9;
+
+    static const std::array<OptionRow, size> rows;
+
+    /// The row of a PPD keyword; null for any other keyword.
+    static const OptionRow *rowForKeyword(const QString &keyword);
+};
+
 /// One option: its names at the print system and in the string table, and its fields of the
 /// panel.
 struct OptionRow
 {
+    OptionCatalogue::Option id;
     /// The option's PPD keyword.
     const char *keyword;
     /// The check box's object name in the nib.
@@ -37,33 +62,10 @@ struct OptionRow
     /// Key of what the option does, for its tip.
     const char *helpKey;
     /// The default choice keyword with which the box starts ticked.
-    const char *checkedKeyword;
+    const char *checkedKeyword = "ON";
     quint32 itemType;
-    /// Whether special tape, shown and on, makes the option be saved as off.
-    bool offUnderSpecialTape;
+    /// Whether special tape, shown and on, makes the box be saved as off.
+    bool offUnderSpecialTape = false;
     /// Whether a disabled box keeps its state in a refresh.
-    bool keptWhileDisabled;
-};
-
-/// The nine options of the panel, in the order in which every per-option sequence runs.
-struct OptionCatalogue
-{
-    /// Index of an option's row.
-    enum Option : std::size_t {
-        CutEvery,
-        CutAtEnd,
-        Mirror,
-        AutoCut,
-        HalfCut,
-        ChainPrint,
-        SpecialTape,
-        RemoveBlkSpace,
-        CutMark,
-        Count,
-    };
-
-    static const std::array<OptionRow, Count> rows;
-
-    /// The row of a PPD keyword; null for any other keyword.
-    static const OptionRow *rowForKeyword(const QString &keyword);
+    bool keptWhileDisabled = false;
 };

@@ -2,6 +2,7 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "ppd/PDEUtilsMethod.h"
+#include "ppd/PaperClass.h"
 #include "ppd/TapeInfo.h"
 #include "preview/OptionView.h"
 #include "printcore/NotificationCenter.h"
@@ -78,9 +79,28 @@ TapeInfo OptionPDE13_v400_::currentTapeInfo() const
 
 bool OptionPDE13_v400_::isHSPaper() const
 {
-    return tapePaperName(pdePluginCallbackObject->printSettings(),
-                         pdePluginCallbackObject->pageFormat())
-        .startsWith(QLatin1String("HS"));
+    return paperClassOf(currentTapeInfo().paperName.toUtf8()) == PaperClass::HeatShrink;
+}
+
+PaperClass OptionPDE13_v400_::paperClass() const
+{
+    return paperClassOf(paperNameOfPageFormat(pdePluginCallbackObject->pageFormat()));
+}
+
+Strip OptionPDE13_v400_::strip() const
+{
+    const auto box = [this](OptionCatalogue::Option option) -> QAbstractButton * {
+        return this->*OptionCatalogue::rows[option].checkBox;
+    };
+    return Strip::of({.cutEvery = box(OptionCatalogue::CutEvery),
+                      .cutAtEnd = box(OptionCatalogue::CutAtEnd),
+                      .mirror = box(OptionCatalogue::Mirror),
+                      .autoCut = box(OptionCatalogue::AutoCut),
+                      .halfCut = box(OptionCatalogue::HalfCut),
+                      .chainPrint = box(OptionCatalogue::ChainPrint),
+                      .specialTape = box(OptionCatalogue::SpecialTape),
+                      .removeBlkSpace = box(OptionCatalogue::RemoveBlkSpace),
+                      .cutMark = box(OptionCatalogue::CutMark)});
 }
 
 void OptionPDE13_v400_::markAutoCutOff()
@@ -98,7 +118,7 @@ const QStringList *OptionPDE13_v400_::supportedPPDOptionKeys()
                 mSupportedOptions->append(QLatin1String(row.keyword));
             }
             // The cut-every box drives the auto-cut key where that has no option of its own.
-            if (row.itemType == CutEveryItem && mCutEvery_Option && !mAutoCut_Option) {
+            if (row.id == OptionCatalogue::CutEvery && mCutEvery_Option && !mAutoCut_Option) {
                 mSupportedOptions->append(
                     QLatin1String(OptionCatalogue::rows[OptionCatalogue::AutoCut].keyword));
             }
@@ -169,12 +189,6 @@ void OptionPDE13_v400_::PPDOptionKeyValueDidChange(const QString &key, const QSt
         return;
     }
     const auto &choices = this->*row->choices;
-    // The dialog has marked the choice, as a rule.
-    const int marked = indexOfMarkedOption(choices.get(), key);
-    if (marked >= 0 && (*choices)[std::size_t(marked)]->ppdTitle() == ppdChoice) {
-        this->*row->selection = (*choices)[std::size_t(marked)].get();
-        return;
-    }
     this->*row->selection =
         choices ? PDEUtilsMethod13::findChoiceForString(ppdChoice, *choices) : nullptr;
 }

@@ -15,7 +15,9 @@ class QAbstractButton;
 class Stepper;
 struct OptionCatalogue;
 struct OptionRow;
-struct StripWords;
+struct GreyReason;
+struct Strip;
+enum class PaperClass;
 struct TapeInfo;
 
 /**
@@ -196,6 +198,8 @@ private:
     void markAutoCutOff();
     TapeInfo currentTapeInfo() const;
     bool isHSPaper() const;
+    PaperClass paperClass() const;
+    Strip strip() const;
 
     void connectActions();
     void hideControls();
@@ -213,9 +217,10 @@ private:
     void explainControls();
     void explainCount();
     QString countHelp() const;
-    /// Why a control is greyed: an index of the catalogue, or OptionCatalogue::Count for the count.
-    QString greyReason(std::size_t control) const;
-    StripWords stripWords() const;
+    /// The causes that are given now for the option's controls to be greyed, of GreyReason::Cause.
+    quint32 greyCauses(const OptionRow &row) const;
+    QString textOf(const GreyReason &reason) const;
+    QString stripText() const;
 
     QString localized(const char *key) const;
     QString localizedOptionTitle(const OptionRow &row, const char *fallbackKey) const;

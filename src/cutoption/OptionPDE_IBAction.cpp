@@ -52,7 +52,7 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
     });
     if (row != rows.end()) {
         const bool isOn = sender->isChecked();
-        const bool isCutEvery = row->itemType == CutEveryItem;
+        const bool isCutEvery = row->id == OptionCatalogue::CutEvery;
         if (isCutEvery && isOn && isHSPaper() && !warnOfAutoCut()) {
             return;
         }
@@ -108,13 +108,4 @@ void OptionPDE13_v400_::controlTextDidChange(QObject *field)
     if (field && field == mCutEveryTxBx) {
         changeCutEveryValue(field);
     }
-}
-
-bool OptionPDE13_v400_::validateMenuItem(int tag) const
-{
-    constexpr int disabledOnFLPaper[] = {6, 7, 8, 10, 11, 12, 13};
-    if (!paperNameOfPageFormat(pdePluginCallbackObject->pageFormat()).startsWith("FL")) {
-        return true;
-    }
-    return std::ranges::find(disabledOnFLPaper, tag) == std::end(disabledOnFLPaper);
 }

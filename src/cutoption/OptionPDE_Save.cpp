@@ -2,6 +2,7 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "ppd/TapeInfo.h"
+#include "preview/Strip.h"
 #include "toolkit/CheckBox.h"
 
 #include <algorithm>
@@ -117,7 +118,5 @@ void OptionPDE13_v400_::savePair(const ppd_option_t *option, const ChoiceList &c
 
 qint32 OptionPDE13_v400_::indexForSaveAutoChain(const QAbstractButton *checkBox) const
 {
-    const bool specialTape =
-        mSpecialTapeChkBx && !mSpecialTapeChkBx->isHidden() && mSpecialTapeChkBx->isChecked();
-    return checkBox && !specialTape ? qint32(checkBox->isChecked()) : 0;
+    return checkBox && !isOn(mSpecialTapeChkBx) ? qint32(checkBox->isChecked()) : 0;
 }

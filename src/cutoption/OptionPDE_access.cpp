@@ -4,7 +4,7 @@
 #include "cutoption/GreyReason.h"
 #include "cutoption/OptionCatalogue.h"
 #include "cutoption/StripWords.h"
-#include "ppd/TapeInfo.h"
+#include "ppd/PaperClass.h"
 #include "preview/OptionView.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
@@ -34,21 +34,22 @@ void OptionPDE13_v400_::describeControls()
 
 void OptionPDE13_v400_::explainControls()
 {
-    for (std::size_t i = 0; i < OptionCatalogue::Count; ++i) {
-        const OptionRow &row = OptionCatalogue::rows[i];
+    for (const OptionRow &row : OptionCatalogue::rows) {
         CheckBox *box = this->*row.checkBox;
-        setTip(box, isControlEnabled(box) ? localized(row.helpKey) : greyReason(i));
+        setTip(box, isControlEnabled(box) ? localized(row.helpKey)
+                                          : textOf(GreyReason::ofOption(row.id, greyCauses(row))));
     }
     explainCount();
-    setTip(mOptionView, stripWords().text(*nsPDEBundle));
+    setTip(mOptionView, stripText());
 }
 
 void OptionPDE13_v400_::explainCount()
 {
     const QWidget *control =
         mCutEveryTxBx ? mCutEveryTxBx.data() : static_cast<const QWidget *>(mCutEveryStpr.data());
+    const quint32 causes = greyCauses(OptionCatalogue::rows[OptionCatalogue::CutEvery]);
     const QString text =
-        isControlEnabled(control) ? countHelp() : greyReason(OptionCatalogue::Count);
+        isControlEnabled(control) ? countHelp() : textOf(GreyReason::ofCount(causes));
     setTip(mCutEveryTxBx, text);
     setTip(mCutEveryStpr, text);
     setTip(mCutEveryStr, text);
@@ -62,45 +63,30 @@ QString OptionPDE13_v400_::countHelp() const
         .replace(QLatin1String("%2"), QString::number(bounds.largest));
 }
 
-QString OptionPDE13_v400_::greyReason(std::size_t control) const
+quint32 OptionPDE13_v400_::greyCauses(const OptionRow &row) const
 {
-    const auto &rows = OptionCatalogue::rows;
-    const std::size_t cutEvery = OptionCatalogue::CutEvery;
-    const OptionRow &row = rows[control == OptionCatalogue::Count ? cutEvery : control];
     quint32 causes = 0;
     const auto add = [&causes](GreyReason::Cause cause, bool isGiven) {
         causes |= isGiven ? cause : 0U;
     };
     add(GreyReason::OptionMissing, !(this->*row.option));
-    add(GreyReason::FlagTape,
-        paperNameOfPageFormat(pdePluginCallbackObject->pageFormat()).startsWith("FL"));
+    add(GreyReason::FlagTape, paperClass() == PaperClass::Flag);
     add(GreyReason::SpecialTapeOn, isOn(mSpecialTapeChkBx));
     add(GreyReason::CutEveryOff, !isOn(mCutEveryChkBx));
+    return causes;
+}
 
-    const GreyReason reason = GreyReason::of(OptionCatalogue::Option(control), causes);
+QString OptionPDE13_v400_::textOf(const GreyReason &reason) const
+{
     const CheckBox *other =
-        reason.other == OptionCatalogue::Count ? nullptr : this->*rows[reason.other].checkBox;
+        reason.other ? (this->*OptionCatalogue::rows[*reason.other].checkBox).data() : nullptr;
     return localized(reason.key).replace(QLatin1String("%1"), other ? other->title() : QString());
 }
 
-StripWords OptionPDE13_v400_::stripWords() const
+QString OptionPDE13_v400_::stripText() const
 {
-    StripWords strip;
-    strip.isSpecialTape = isOn(mSpecialTapeChkBx);
-    strip.isMirrored = isOn(mMirrorPrintChkBx);
-    strip.hasNoBlankSpace = isOn(mRemoveBlkSpaceChkBx) && isControlEnabled(mRemoveBlkSpaceChkBx);
-    strip.isCutAtEnd = isOn(mCutAndEndChkBx);
-    if (strip.isSpecialTape) {
-        return strip;
-    }
-    strip.isCut = isOn(mCutEveryChkBx) || isOn(mAutoCutChkBx);
-    strip.isHalfCut = isOn(mHalfCutChkBx);
-    strip.isChained = isOn(mChainPrintChkBx);
-    strip.hasCutMarks = isOn(mCutMarkChkBx);
-    // A tape printer cuts after the last label, too, unless that waits for the next job.
-    strip.isCutAtEnd = strip.isCutAtEnd || (!isRVPrinter() && strip.isCut && !strip.isChained);
-    if (isOn(mCutEveryChkBx) && mCutEveryTxBx) {
-        strip.count = mCutEveryTxBx->text();
-    }
-    return strip;
+    Strip shown = strip();
+    shown.hasNoBlankSpace = shown.hasNoBlankSpace && isControlEnabled(mRemoveBlkSpaceChkBx);
+    return stripWords(shown, isRVPrinter(), mCutEveryTxBx ? mCutEveryTxBx->text() : QString(),
+                      *nsPDEBundle);
 }

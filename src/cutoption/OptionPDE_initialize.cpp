@@ -2,6 +2,7 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "ppd/PDEUtilsMethod.h"
+#include "ppd/PaperClass.h"
 #include "ppd/TapeInfo.h"
 #include "printcore/IntegerValue.h"
 #include "printcore/SystemEncoding.h"
@@ -10,14 +11,6 @@
 #include "toolkit/Stepper.h"
 
 #include <cstring>
-
-namespace {
-bool isLabelSize(const QByteArray &paperName)
-{
-    return paperName.startsWith("DC") || paperName.startsWith("AV") || paperName.startsWith("FL") ||
-           paperName.startsWith("C_");
-}
-} // namespace
 
 void OptionPDE13_v400_::initializeUI_CutLabel()
 {
@@ -110,9 +103,9 @@ void OptionPDE13_v400_::showTitleAndDefault(const OptionRow &row)
 
 void OptionPDE13_v400_::enabledCheck_OP()
 {
-    const QByteArray paperName = paperNameOfPageFormat(pdePluginCallbackObject->pageFormat());
-    const bool isFLPaper = paperName.startsWith("FL");
-    setControlEnabled(mRemoveBlkSpaceChkBx, !isLabelSize(paperName));
+    const PaperClass paper = paperClass();
+    const bool isFLPaper = paper == PaperClass::Flag;
+    setControlEnabled(mRemoveBlkSpaceChkBx, !isLabelPaper(paper));
     if (isFLPaper) {
         setControlEnabled(mHalfCutChkBx, false);
     }

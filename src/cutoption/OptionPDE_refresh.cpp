@@ -1,8 +1,9 @@
 #include "cutoption/OptionPDE.h"
 
 #include "cutoption/OptionCatalogue.h"
+#include "cutoption/Preset.h"
 #include "ppd/PDEUtilsMethod.h"
-#include "ppd/TapeInfo.h"
+#include "ppd/PaperClass.h"
 #include "preview/OptionView.h"
 #include "printcore/IntegerValue.h"
 #include "textinput/FieldEdits.h"
@@ -10,38 +11,9 @@
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 
+#include <algorithm>
+
 namespace {
-constexpr int firstTag = 1;
-constexpr int lastTag = 17;
-
-/// What a preset does to one check box.
-enum Setting : qint8 {
-    Off = 0,
-    On = 1,
-    Keep = -1,
-};
-
-/// The columns of the preset table.
-constexpr OptionCatalogue::Option presetColumns[] = {
-    OptionCatalogue::AutoCut, OptionCatalogue::CutEvery,   OptionCatalogue::CutAtEnd,
-    OptionCatalogue::HalfCut, OptionCatalogue::ChainPrint, OptionCatalogue::SpecialTape,
-    OptionCatalogue::CutMark,
-};
-
-/// One row per tag, from firstTag on. Every preset turns mirror printing off besides.
-constexpr Setting presetSettings[lastTag][std::size(presetColumns)] = {
-    // auto, every, end, half, chain, special, mark
-    {Keep, Off, Off, Keep, Keep, Keep, Keep}, {Keep, Off, On, Keep, Keep, Keep, Keep},
-    {Keep, On, Off, Keep, Keep, Keep, Keep},  {Keep, On, On, Keep, Keep, Keep, Keep},
-    {Off, Off, Keep, Off, Off, Off, Keep},    {Off, Off, Keep, Off, On, Off, Keep},
-    {Off, Off, Keep, On, Off, Off, Keep},     {Off, Off, Keep, On, On, Off, Keep},
-    {On, On, Keep, Off, Off, Off, Keep},      {On, On, Keep, Off, On, Off, Keep},
-    {On, On, Keep, On, Off, Off, Keep},       {On, On, Keep, On, On, Off, Keep},
-    {Keep, Keep, Keep, Keep, Keep, On, Keep}, {Keep, Keep, Keep, Keep, Off, Keep, On},
-    {Keep, Keep, Keep, Keep, On, Keep, On},   {Keep, Keep, Keep, Keep, On, Keep, Off},
-    {Keep, Keep, Keep, Keep, Off, Keep, Off},
-};
-
 void setState(CheckBox *box, bool on)
 {
     if (box) {
@@ -52,32 +24,11 @@ void setState(CheckBox *box, bool on)
 /// The place of the selection itself, not of its equal; −1 when it is not in the list.
 int indexOfIdentical(const ChoiceList *choices, const PDEChoice *selection)
 {
-    if (!choices || !selection) {
+    if (!choices) {
         return -1;
     }
-    const int index = PDEUtilsMethod13::indexOfRecord(*choices, selection->choice());
-    return index >= 0 && (*choices)[std::size_t(index)].get() == selection ? index : -1;
-}
-
-int tagOfLabelSeries(bool every, bool atEnd)
-{
-    return firstTag + 2 * int(every) + int(atEnd);
-}
-
-int tagOnFLPaper(bool anyCut, bool half)
-{
-    if (half) {
-        return 1;
-    }
-    return anyCut ? 9 : 5;
-}
-
-int tagOfCutMarkModel(bool mark, bool chain)
-{
-    if (mark) {
-        return chain ? 15 : 14;
-    }
-    return chain ? 16 : 17;
+    const auto found = std::ranges::find(*choices, selection, &std::unique_ptr<PDEChoice>::get);
+    return found == choices->end() ? -1 : int(found - choices->begin());
 }
 } // namespace
 
@@ -88,7 +39,7 @@ void OptionPDE13_v400_::updateMarkedSelections(quint32 itemType)
             continue;
         }
         this->*row.selection = markedChoice(row, this->*row.selection);
-        if (row.itemType == CutEveryItem) {
+        if (row.id == OptionCatalogue::CutEvery) {
             mAutoCut_CutEvery_Selection = markedChoice(
                 OptionCatalogue::rows[OptionCatalogue::AutoCut], mAutoCut_CutEvery_Selection);
         }
@@ -129,7 +80,7 @@ void OptionPDE13_v400_::updateUIItem(quint32 itemType)
 
 void OptionPDE13_v400_::showSelection(const OptionRow &row)
 {
-    if (row.itemType == CutEveryItem) {
+    if (row.id == OptionCatalogue::CutEvery) {
         showCutEverySelection();
         return;
     }
@@ -163,36 +114,21 @@ void OptionPDE13_v400_::showCutEverySelection()
 
 void OptionPDE13_v400_::applyPreset(int tag)
 {
-    if (tag < firstTag || tag > lastTag) {
-        return;
-    }
-    const auto &settings = presetSettings[tag - firstTag];
-    for (std::size_t i = 0; i < std::size(presetColumns); ++i) {
-        if (settings[i] != Keep) {
-            setState(this->*OptionCatalogue::rows[presetColumns[i]].checkBox, settings[i] == On);
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        if (const auto isOn = Preset::settingOf(tag, row.id)) {
+            setState(this->*row.checkBox, *isOn);
         }
     }
-    setState(mMirrorPrintChkBx, false);
 }
 
 int OptionPDE13_v400_::targetPopUpButtonTag() const
 {
-    const QByteArray paperName = paperNameOfPageFormat(pdePluginCallbackObject->pageFormat());
-    const bool special = isOn(mSpecialTapeChkBx);
-    const bool every = !special && isOn(mCutEveryChkBx);
-    const bool half = !special && isOn(mHalfCutChkBx);
-    const bool autoCut = !special && isOn(mAutoCutChkBx);
-    const bool chain = !special && isOn(mChainPrintChkBx);
-    const bool anyCut = autoCut || every;
+    return Preset::tagOf(strip(), {.isLabelSeries = isRVPrinter(),
+                                   .hasFlagPaper = paperClass() == PaperClass::Flag,
+                                   .showsCutMark = mCutMarkChkBx && !mCutMarkChkBx->isHidden()});
+}
 
-    if (isRVPrinter()) {
-        return tagOfLabelSeries(every, isOn(mCutAndEndChkBx));
-    }
-    if (paperName.startsWith("FL")) {
-        return tagOnFLPaper(anyCut, half);
-    }
-    if (mCutMarkChkBx && !mCutMarkChkBx->isHidden()) {
-        return tagOfCutMarkModel(isOn(mCutMarkChkBx), chain);
-    }
-    return special ? 13 : 5 + 4 * int(anyCut) + 2 * int(half) + int(chain);
+bool OptionPDE13_v400_::validateMenuItem(int tag) const
+{
+    return paperClass() != PaperClass::Flag || Preset::suitsFlagPaper(tag);
 }

@@ -1,37 +1,33 @@
 #include "cutoption/StripWords.h"
 
+#include "preview/Strip.h"
 #include "printcore/Bundle.h"
 
 #include <QStringList>
 
-namespace {
-struct Sentence
+QString stripWords(const Strip &strip, bool isLabelSeries, const QString &count,
+                   const Bundle &bundle)
 {
-    bool (*applies)(const StripWords &strip);
-    const char *key;
-};
-
-constexpr Sentence sentences[] = {
-    {[](const StripWords &s) { return s.isSpecialTape; }, "RS_Strip_SpecialTape"},
-    {[](const StripWords &s) { return !s.isSpecialTape && !s.isCut && !s.isCutAtEnd; },
-     "RS_Strip_Uncut"},
-    {[](const StripWords &s) { return s.isCut; }, "RS_Strip_Cut"},
-    {[](const StripWords &s) { return s.isCut && !s.count.isNull(); }, "RS_Strip_Count"},
-    {[](const StripWords &s) { return s.isCutAtEnd; }, "RS_Strip_CutAtEnd"},
-    {[](const StripWords &s) { return s.isHalfCut; }, "RS_Strip_HalfCut"},
-    {[](const StripWords &s) { return s.isChained; }, "RS_Strip_ChainPrint"},
-    {[](const StripWords &s) { return s.hasCutMarks; }, "RS_Strip_CutMark"},
-    {[](const StripWords &s) { return s.hasNoBlankSpace; }, "RS_Strip_RemoveBlkSpace"},
-    {[](const StripWords &s) { return s.isMirrored; }, "RS_Strip_Mirror"},
-};
-} // namespace
-
-QString StripWords::text(const Bundle &bundle) const
-{
+    const bool isSpecial = strip.isSpecialTape;
+    // A tape printer cuts after the last label, too, unless that waits for the next job.
+    const bool isCutAtEnd =
+        strip.isCutAtEnd || (!isLabelSeries && strip.isCut() && !strip.isChained);
+    const std::pair<bool, const char *> sentences[] = {
+        {isSpecial, "RS_Strip_SpecialTape"},
+        {!isSpecial && !strip.isCut() && !isCutAtEnd, "RS_Strip_Uncut"},
+        {strip.isCut(), "RS_Strip_Cut"},
+        {strip.isCutEvery && !count.isNull(), "RS_Strip_Count"},
+        {isCutAtEnd, "RS_Strip_CutAtEnd"},
+        {strip.isHalfCut, "RS_Strip_HalfCut"},
+        {strip.isChained, "RS_Strip_ChainPrint"},
+        {strip.hasCutMarks && !isSpecial, "RS_Strip_CutMark"},
+        {strip.hasNoBlankSpace, "RS_Strip_RemoveBlkSpace"},
+        {strip.isMirrored, "RS_Strip_Mirror"},
+    };
     QStringList lines;
-    for (const Sentence &sentence : sentences) {
-        if (sentence.applies(*this)) {
-            lines.append(bundle.localizedStringForKey(QLatin1String(sentence.key))
+    for (const auto &[applies, key] : sentences) {
+        if (applies) {
+            lines.append(bundle.localizedStringForKey(QLatin1String(key))
                              .replace(QLatin1String("%1"), count));
         }
     }

@@ -16,21 +16,10 @@ namespace {
 constexpr double dialogHeightAroundView = 96.0;
 } // namespace
 
-std::unique_ptr<BasePDE13_v400_>
-BasePDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
-                                  std::shared_ptr<Bundle> bundle)
-{
-    if (!callback || !bundle) {
-        return nullptr;
-    }
-    return std::unique_ptr<BasePDE13_v400_>(
-        new BasePDE13_v400_(std::move(callback), std::move(bundle)));
-}
-
 BasePDE13_v400_::BasePDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
                                  std::shared_ptr<Bundle> bundle)
-    : pdePluginCallbackObject(std::move(callback))
-    , nsPDEBundle(std::move(bundle))
+    : nsPDEBundle(std::move(bundle))
+    , pdePluginCallbackObject(std::move(callback))
 {
     printSession = pdePluginCallbackObject->printSession();
     pmPrintSettings = pdePluginCallbackObject->printSettings();
@@ -164,11 +153,7 @@ const PDEChoice *BasePDE13_v400_::selectionForItem(int item, const QString &key,
 int BasePDE13_v400_::indexOfMarkedOption(const ChoiceList *choices, const QString &key) const
 {
     const ppd_choice_t *marked = ppd ? ppdFindMarkedChoice(ppd, key.toUtf8().constData()) : nullptr;
-    if (!marked || !choices) {
-        return -1;
-    }
-    const int index = PDEUtilsMethod13::indexOfRecord(*choices, marked);
-    return index >= 0 ? index : indexOfChoices(choices, QString::fromUtf8(marked->choice));
+    return marked ? indexOfChoices(choices, QString::fromUtf8(marked->choice)) : -1;
 }
 
 int BasePDE13_v400_::indexOfChoices(const ChoiceList *choices, const QString &value) const
@@ -236,10 +221,10 @@ void BasePDE13_v400_::stopWaitingFor(const QWidget *view)
 void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
                                         const char *cStrKey, const QString &nStrKey)
 {
-    if (!option || !choices || ppdFindMarkedChoice(ppd, cStrKey)) {
+    if (!option || ppdFindMarkedChoice(ppd, cStrKey)) {
         return;
     }
-    const int index = indexOfDefaultOption(*choices);
+    const int index = choices ? indexOfDefaultOption(*choices) : 0;
     if (index < 0 || index >= option->num_choices) {
         return;
     }

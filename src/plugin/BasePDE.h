@@ -24,16 +24,6 @@ class BasePDE13_v400_ : public QObject, public PDEPanel
     Q_OBJECT
 
 public:
-    /**
-     * A panel of the base class alone.
-     *
-     * @param callback the dialog, kept by the panel.
-     * @param bundle where the nib, the texts and the pictures are; kept by the panel.
-     * @return null when the callback or the bundle is.
-     */
-    static std::unique_ptr<BasePDE13_v400_>
-    initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,
-                     std::shared_ptr<Bundle> bundle);
     ~BasePDE13_v400_() override;
 
     /// Loads the nib "OptionPDE" on first use; null when it has no view named "kPDEView".
@@ -103,9 +93,9 @@ public:
     /// Index of the PPD's default choice; −1 when there is none, but 0 for an empty list.
     virtual int indexOfDefaultOption(const ChoiceList &choices) const;
 
-    void setSupportedOptions(std::shared_ptr<QStringList> options);
+    virtual void setSupportedOptions(std::shared_ptr<QStringList> options);
     /// What setSupportedOptions() stored; null before.
-    std::shared_ptr<QStringList> supportedOptions() const { return mSupportedOptions; }
+    virtual std::shared_ptr<QStringList> supportedOptions() const { return mSupportedOptions; }
 
     /**
      * Resizes the view and tells the dialog so: at once when the active window is more than 96
@@ -123,15 +113,18 @@ public:
      * Tells the dialog the PPD's default for an option without a marked choice.
      *
      * @param option null for an absent one.
+     * @param choices null stands for the option's first choice.
      * @param cStrKey the option's keyword, and again as @p nStrKey.
      */
     virtual void setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
                                    const char *cStrKey, const QString &nStrKey);
 
     /// Always 0 here.
-    qint16 imageModeFlag() const { return mImageModeFlag; }
+    virtual qint16 imageModeFlag() const { return mImageModeFlag; }
 
 protected:
+    /// @param callback the dialog, kept by the panel.
+    /// @param bundle where the nib, the texts and the pictures are; kept by the panel.
     BasePDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
                     std::shared_ptr<Bundle> bundle);
 
@@ -145,10 +138,12 @@ protected:
     /// Whether the control itself is enabled, whatever its parents are; false for null.
     static bool isControlEnabled(const QWidget *control);
 
-    std::shared_ptr<PDEPluginCallback13_v400_> pdePluginCallbackObject;
-    QPointer<QWidget> kPDEView;
-    QString thePDEName;
+    // What the panel shares goes in the opposite order, behind its view.
     std::shared_ptr<Bundle> nsPDEBundle;
+    std::shared_ptr<PDEPluginCallback13_v400_> pdePluginCallbackObject;
+    QString thePDEName;
+    std::shared_ptr<QStringList> mSupportedOptions;
+    QPointer<QWidget> kPDEView;
     ppd_file_t *ppd = nullptr;
     qint16 mImageModeFlag = 0;
     PMPrintSession printSession = nullptr;
@@ -158,7 +153,6 @@ protected:
     PMPrinter printer = nullptr;
     /// The printer's device URI in the system encoding; empty when unknown or over 254 bytes long.
     std::array<char, 256> deviceURI{};
-    std::shared_ptr<QStringList> mSupportedOptions;
     qint32 mLoadedNibFlg = 0;
     qint32 mFormattedItemFlg = 0;
 

@@ -78,8 +78,9 @@ bool PDEUtilsMethod13::isSupportedItem(ppd_file_t *ppd, const char *name)
 
 QPointF PDEUtilsMethod13::originItem(ppd_file_t *ppd, const char *name)
 {
-    static const QRegularExpression point(QStringLiteral(
-        R"(^\s*\{?\s*([+-]?(?:\d+\.?\d*|\.\d+))(?:\s*,\s*([+-]?(?:\d+\.?\d*|\.\d+)))?)"));
+    static const QString number = QStringLiteral(R"(([+-]?(?:\d+\.?\d*|\.\d+)(?:[eE][+-]?\d+)?))");
+    static const QRegularExpression point(
+        QStringLiteral(R"(^\s*\{?\s*%1(?:\s*,\s*%1)?)").arg(number));
     const QRegularExpressionMatch match = point.match(ppdAttrValStr(ppd, name));
     return {match.captured(1).toDouble(), match.captured(2).toDouble()};
 }
@@ -95,14 +96,6 @@ std::unique_ptr<ChoiceList> PDEUtilsMethod13::arrayFromPPDOption(ppd_option_t *o
         choices->push_back(PDEChoice::choiceWithChoice(option->choices + i));
     }
     return choices;
-}
-
-int PDEUtilsMethod13::indexOfRecord(const ChoiceList &choices, const ppd_choice_t *record)
-{
-    const std::ptrdiff_t index = record - record->option->choices;
-    const bool isThere = index >= 0 && std::size_t(index) < choices.size() &&
-                         choices[std::size_t(index)]->choice() == record;
-    return isThere ? int(index) : -1;
 }
 
 const PDEChoice *PDEUtilsMethod13::findChoiceForString(const QString &string,

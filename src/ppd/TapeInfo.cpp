@@ -1,6 +1,7 @@
 #include "ppd/TapeInfo.h"
 
 #include "ppd/PDEUtilsMethod.h"
+#include "ppd/PaperClass.h"
 #include "printcore/PropertyList.h"
 #include "printcore/QtVersions.h"
 
@@ -55,10 +56,18 @@ std::optional<qint64> wholeNumber(const QVariant &value)
 {
     switch (value.userType()) {
     case QMetaType::Double:
+    case QMetaType::Float:
         return RoundDouble(std::trunc(value.toDouble()));
     case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
     case QMetaType::Int:
     case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
         return value.toLongLong();
@@ -77,14 +86,12 @@ bool isListedSize(const ppd_file_t *ppd, const QByteArray &name)
                        [&name](const ppd_size_t &size) { return name == size.name; });
 }
 
-qint32 tapeStateOfListedSize(const QByteArray &name)
+qint32 tapeStateOfListedSize(PaperClass paper)
 {
-    for (const char *prefix : {"DC", "AV", "FL", "C_"}) {
-        if (name.startsWith(prefix)) {
-            return 1;
-        }
+    if (isLabelPaper(paper)) {
+        return 1;
     }
-    return name.startsWith("Custom") ? 2 : 0;
+    return paper == PaperClass::Custom ? 2 : 0;
 }
 } // namespace
 
@@ -120,20 +127,10 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
     if (cName.isEmpty()) {
         info->tapeState = 2;
     } else if (isListedSize(ppd, cName)) {
-        info->tapeState = tapeStateOfListedSize(cName);
+        info->tapeState = tapeStateOfListedSize(paperClassOf(cName));
     }
     GetColorSetting(printSession, printSettings, info);
     return noErr;
-}
-
-QString tapePaperName(PMPrintSettings printSettings, PMPageFormat pageFormat)
-{
-    PMPaper paper = nullptr;
-    if (PMGetPageFormatPaper(pageFormat, &paper) != noErr || !paper) {
-        return {};
-    }
-    const QString name = ppdNameOf(paper);
-    return name.isNull() ? ticketString(printSettings, kTicketPaperName) : name;
 }
 
 OSStatus GetTapeInfo2(PMPrintSession, PMPrintSettings printSettings, TapeInfo *info)
@@ -209,10 +206,6 @@ double InchToMiri(double inches)
 QByteArray paperNameOfPageFormat(PMPageFormat pageFormat)
 {
     PMPaper paper = nullptr;
-    QString name;
-    if (PMGetPageFormatPaper(pageFormat, &paper) != noErr ||
-        PMPaperGetPPDPaperName(paper, &name) != noErr) {
-        return {};
-    }
-    return nameAsCString(name);
+    return PMGetPageFormatPaper(pageFormat, &paper) == noErr ? nameAsCString(ppdNameOf(paper))
+                                                             : QByteArray();
 }

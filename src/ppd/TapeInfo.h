@@ -11,8 +11,8 @@ struct TapeInfo
 {
     /// Height of the paper in millimetres; 100 when it is not known.
     double length = 100.0;
-    /// 0: a standard size of the PPD; 1: a label size, whose name begins with "DC", "AV", "FL" or
-    /// "C_"; 2: a custom size, or a name known from the private ticket alone.
+    /// 0: a standard size of the PPD; 1: one of isLabelPaper(); 2: a custom size, or a name known
+    /// from the private ticket alone.
     qint32 tapeState = 0;
     /// The PPD's name of the paper; null when it is not known.
     QString paperName;
@@ -42,9 +42,6 @@ inline const QString kPrivateTicketKey =
  */
 OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
                      PMPageFormat pageFormat, const ppd_file_t *ppd, TapeInfo *info);
-
-/// TapeInfo::paperName alone, without a look at the PPD's sizes, of which there may be many.
-QString tapePaperName(PMPrintSettings printSettings, PMPageFormat pageFormat);
 
 /// Takes the paper name from the private ticket, null when it has none; always 0.
 OSStatus GetTapeInfo2(PMPrintSession printSession, PMPrintSettings printSettings, TapeInfo *info);

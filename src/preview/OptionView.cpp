@@ -24,8 +24,6 @@ constexpr const char *picturesMQ[] = {
     "CTMROnOnOff",      "CTMROffOnOff",
 };
 
-constexpr std::size_t firstSpecialTapePicture = 16;
-
 void loadPictures(std::span<PictureFile> pictures, std::span<const char *const> names,
                   const Bundle &bundle)
 {
@@ -35,11 +33,6 @@ void loadPictures(std::span<PictureFile> pictures, std::span<const char *const> 
             pictures[i] = PictureFile(path);
         }
     }
-}
-
-bool isOn(const QAbstractButton *box)
-{
-    return box && !box->isHidden() && box->isChecked();
 }
 } // namespace
 
@@ -78,20 +71,8 @@ QString OptionView13_v400_::targetDrawImageName() const
 
 std::size_t OptionView13_v400_::targetDrawIndex() const
 {
-    const bool special = isOn(mSpecialTapeChkBx);
-    const bool anyCut = !special && (isOn(mCutEveryChkBx) || isOn(mAutoCutChkBx));
-    const bool half = !special && isOn(mHalfCutChkBx);
-    const bool chain = !special && isOn(mChainPrintChkBx);
-    const bool mirror = isOn(mMirrorPrintChkBx);
-    if (mIsRV) {
-        const std::size_t cut = anyCut ? 2 : std::size_t(isOn(mCutAndEndChkBx));
-        return cut + (mirror ? 3 : 0);
-    }
-    if (special) {
-        return firstSpecialTapePicture + std::size_t(mirror);
-    }
-    return 8 * std::size_t(anyCut) + 4 * std::size_t(half) + 2 * std::size_t(chain) +
-           std::size_t(mirror);
+    const Strip strip = Strip::of(mBoxes);
+    return mIsRV ? strip.pictureOfLabelSeries() : strip.pictureOfTapeFamily();
 }
 
 void OptionView13_v400_::paintEvent(QPaintEvent *event)

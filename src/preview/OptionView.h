@@ -1,23 +1,18 @@
 #pragma once
 
+#include "preview/Strip.h"
 #include "toolkit/PictureFile.h"
 
 #include <QPixmap>
-#include <QPointer>
 #include <QWidget>
 
 #include <array>
 #include <memory>
 
 class Bundle;
-class QAbstractButton;
 
-/**
- * The picture of the strip that will come out: draws the ready-made picture that matches the
- * panel's check boxes, in its lower left corner and at its natural size.
- *
- * A check box counts as on only when it is there, not hidden, and ticked.
- */
+/// The picture of the strip that will come out: draws the ready-made picture that matches the
+/// panel's check boxes, in its lower left corner and at its natural size.
 class OptionView13_v400_ : public QWidget
 {
     Q_OBJECT
@@ -44,23 +39,23 @@ public:
     bool isRV() const { return mIsRV; }
 
     // The panel's check boxes, owned by the panel; null for none.
-    void setCutEveryChkBx(QAbstractButton *box) { mCutEveryChkBx = box; }
-    void setCutAndEndChkBx(QAbstractButton *box) { mCutAndEndChkBx = box; }
-    void setMirrorPrintChkBx(QAbstractButton *box) { mMirrorPrintChkBx = box; }
-    void setAutoCutChkBx(QAbstractButton *box) { mAutoCutChkBx = box; }
-    void setHalfCutChkBx(QAbstractButton *box) { mHalfCutChkBx = box; }
-    void setChainPrintChkBx(QAbstractButton *box) { mChainPrintChkBx = box; }
-    void setSpecialTapeChkBx(QAbstractButton *box) { mSpecialTapeChkBx = box; }
-    void setRemoveBlkSpaceChkBx(QAbstractButton *box) { mRemoveBlkSpaceChkBx = box; }
-    void setCutMarkChkBx(QAbstractButton *box) { mCutMarkChkBx = box; }
-    QAbstractButton *cutEveryChkBx() const { return mCutEveryChkBx; }
-    QAbstractButton *cutAndEndChkBx() const { return mCutAndEndChkBx; }
-    QAbstractButton *mirrorPrintChkBx() const { return mMirrorPrintChkBx; }
-    QAbstractButton *autoCutChkBx() const { return mAutoCutChkBx; }
-    QAbstractButton *halfCutChkBx() const { return mHalfCutChkBx; }
-    QAbstractButton *chainPrintChkBx() const { return mChainPrintChkBx; }
-    QAbstractButton *specialTapeChkBx() const { return mSpecialTapeChkBx; }
-    QAbstractButton *removeBlkSpaceChkBx() const { return mRemoveBlkSpaceChkBx; }
+    void setCutEveryChkBx(QAbstractButton *box) { mBoxes.cutEvery = box; }
+    void setCutAndEndChkBx(QAbstractButton *box) { mBoxes.cutAtEnd = box; }
+    void setMirrorPrintChkBx(QAbstractButton *box) { mBoxes.mirror = box; }
+    void setAutoCutChkBx(QAbstractButton *box) { mBoxes.autoCut = box; }
+    void setHalfCutChkBx(QAbstractButton *box) { mBoxes.halfCut = box; }
+    void setChainPrintChkBx(QAbstractButton *box) { mBoxes.chainPrint = box; }
+    void setSpecialTapeChkBx(QAbstractButton *box) { mBoxes.specialTape = box; }
+    void setRemoveBlkSpaceChkBx(QAbstractButton *box) { mBoxes.removeBlkSpace = box; }
+    void setCutMarkChkBx(QAbstractButton *box) { mBoxes.cutMark = box; }
+    QAbstractButton *cutEveryChkBx() const { return mBoxes.cutEvery; }
+    QAbstractButton *cutAndEndChkBx() const { return mBoxes.cutAtEnd; }
+    QAbstractButton *mirrorPrintChkBx() const { return mBoxes.mirror; }
+    QAbstractButton *autoCutChkBx() const { return mBoxes.autoCut; }
+    QAbstractButton *halfCutChkBx() const { return mBoxes.halfCut; }
+    QAbstractButton *chainPrintChkBx() const { return mBoxes.chainPrint; }
+    QAbstractButton *specialTapeChkBx() const { return mBoxes.specialTape; }
+    QAbstractButton *removeBlkSpaceChkBx() const { return mBoxes.removeBlkSpace; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -75,13 +70,5 @@ private:
     /// Pictures of the tape-printer family; empty for the other kind.
     std::array<PictureFile, 22> mOptionImgMQ;
     bool mIsRV = false;
-    QPointer<QAbstractButton> mCutEveryChkBx;
-    QPointer<QAbstractButton> mCutAndEndChkBx;
-    QPointer<QAbstractButton> mMirrorPrintChkBx;
-    QPointer<QAbstractButton> mAutoCutChkBx;
-    QPointer<QAbstractButton> mHalfCutChkBx;
-    QPointer<QAbstractButton> mChainPrintChkBx;
-    QPointer<QAbstractButton> mSpecialTapeChkBx;
-    QPointer<QAbstractButton> mRemoveBlkSpaceChkBx;
-    QPointer<QAbstractButton> mCutMarkChkBx;
+    StripBoxes mBoxes;
 };

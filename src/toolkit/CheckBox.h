@@ -39,9 +39,3 @@ private:
     QString mTitle;
     bool mIsSetByProgram = false;
 };
-
-/// Whether a check box counts as on: it is there, not hidden, and ticked.
-inline bool isOn(const CheckBox *box)
-{
-    return box && !box->isHidden() && box->isChecked();
-}

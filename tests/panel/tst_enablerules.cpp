@@ -228,9 +228,15 @@ void EnableRulesTest::labelPaperDisablesHalfCutAndChainDespiteSpecialTape()
 {
     PanelFixture fixture;
     fixture.show();
-    fixture.click(specialTape);
-    fixture.host->changePaper(u"FL30"_s);
-    QVERIFY(fixture.isOn(specialTape));
+    // As it comes from a preset on the same paper, nothing is disabled yet.
+    fixture.setOn(specialTape, true);
+    QVERIFY(fixture.box(OptionCatalogue::HalfCut)->isEnabled());
+    QVERIFY(fixture.box(OptionCatalogue::ChainPrint)->isEnabled());
+    fixture.host->setPaper(u"FL30"_s);
+    fixture.panel->enabledCheck_OP();
+    // Special tape has no say there.
+    QVERIFY(fixture.box(autoCut)->isEnabled());
+    QVERIFY(fixture.box(cutEvery)->isEnabled());
     QVERIFY(!fixture.box(specialTape)->isEnabled());
     QVERIFY(!fixture.box(OptionCatalogue::HalfCut)->isEnabled());
     QVERIFY(!fixture.box(OptionCatalogue::ChainPrint)->isEnabled());

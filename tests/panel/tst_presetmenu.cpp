@@ -1,4 +1,5 @@
 #include "PanelFixture.h"
+#include "toolkit/NibLoader.h"
 
 #include <QAbstractItemView>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@ class PresetMenuTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void nibNamesEveryPreset();
     void presetsAreOfferedByPaper_data();
     void presetsAreOfferedByPaper();
     void openedListGreysWhatThePaperForbids();
@@ -100,6 +102,26 @@ void PresetMenuTest::initTestCase()
 {
     // A list that has just been opened takes no click for that long.
     QApplication::setDoubleClickInterval(0);
+}
+
+void PresetMenuTest::nibNamesEveryPreset()
+{
+    const auto nib = NibLoader::load(testBundle()->pathForResource(u"OptionPDE"_s, u"ui"_s));
+    const auto *menu = nib->findChild<PopUpButton *>();
+    QStringList items;
+    for (int i = 0; i < menu->count(); ++i) {
+        items.append(u"%1 %2"_s.arg(menu->tagAt(i)).arg(menu->itemText(i)));
+    }
+    // Which of the options are on: every, end and mirror; auto, half, chain and mirror; special and
+    // mirror; mark, chain and mirror.
+    QCOMPARE(items,
+             QStringList({u"1 EveryEndMirrorOffOffOff"_s, u"2 EveryEndMirrorOffOnOff"_s,
+                          u"3 EveryEndMirrorOnOffOff"_s, u"4 EveryEndMirrorOnOnOff"_s,
+                          u"5 AHCMOffOffOffOff"_s, u"6 AHCMOffOffOnOff"_s, u"7 AHCMOffOnOffOff"_s,
+                          u"8 AHCMOffOnOnOff"_s, u"9 AHCMOnOffOffOff"_s, u"10 AHCMOnOffOnOff"_s,
+                          u"11 AHCMOnOnOffOff"_s, u"12 AHCMOnOnOnOff"_s, u"13 SPMROnOff"_s,
+                          u"14 CTMROnOffOff"_s, u"15 CTMROnOnOff"_s, u"16 CTMROffOnOff"_s,
+                          u"17 CTMROffOffOff"_s}));
 }
 
 void PresetMenuTest::presetsAreOfferedByPaper_data()

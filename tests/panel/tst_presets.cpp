@@ -1,8 +1,7 @@
 #include "PanelFixture.h"
+#include "StripTable.h"
 
-#include <bitset>
-
-/// The table of presets in both directions, for every combination of check boxes.
+/// What a preset does to the check boxes, and which one the menu shows of them.
 class PresetsTest : public QObject
 {
     Q_OBJECT
@@ -10,22 +9,11 @@ class PresetsTest : public QObject
 private Q_SLOTS:
     void presetSetsTheBoxesOfItsRow_data();
     void presetSetsTheBoxesOfItsRow();
-    void boxesGiveTheirPreset_data();
-    void boxesGiveTheirPreset();
-    void hiddenBoxCountsAsOff_data();
-    void hiddenBoxCountsAsOff();
-    void missingBoxesCountAsOff_data();
-    void missingBoxesCountAsOff();
     void refreshSelectsThePresetInTheMenu_data();
     void refreshSelectsThePresetInTheMenu();
-    void specialTapeOverridesTheOthers();
-    void halfCutOnLabelPaperOverridesTheOthers();
 };
 
 namespace {
-/// One bit for each option in the catalogue's order.
-using Boxes = std::bitset<9>;
-
 /// What each preset does in the catalogue's order: every, end, mirror, auto, half, chain, special,
 /// remove, mark; '1' on, '0' off, '-' left as it is.
 constexpr const char *rowsOfTags[] = {
@@ -37,36 +25,6 @@ constexpr const char *rowsOfTags[] = {
 };
 
 const QList<int> allTags = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17};
-
-enum Model {
-    LabelPrinter,
-    TapePrinter,
-    CutMarkPrinter,
-};
-
-/// The preset that describes the boxes that are shown and on.
-int expectedTag(Model model, bool isFLPaper, const Boxes &on)
-{
-    constexpr int byEveryAndEnd[2][2] = {{1, 2}, {3, 4}};
-    constexpr int byCutAndHalf[2][2] = {{5, 1}, {9, 1}};
-    constexpr int byMarkAndChain[2][2] = {{17, 16}, {14, 15}};
-    constexpr int byCutHalfAndChain[2][2][2] = {{{5, 6}, {7, 8}}, {{9, 10}, {11, 12}}};
-    const bool special = on[OptionCatalogue::SpecialTape];
-    const bool every = on[OptionCatalogue::CutEvery] && !special;
-    const bool half = on[OptionCatalogue::HalfCut] && !special;
-    const bool chain = on[OptionCatalogue::ChainPrint] && !special;
-    const bool cut = every || (on[OptionCatalogue::AutoCut] && !special);
-    if (model == LabelPrinter) {
-        return byEveryAndEnd[every][on[OptionCatalogue::CutAtEnd]];
-    }
-    if (isFLPaper) {
-        return byCutAndHalf[cut][half];
-    }
-    if (model == CutMarkPrinter) {
-        return byMarkAndChain[on[OptionCatalogue::CutMark]][chain];
-    }
-    return special ? 13 : byCutHalfAndChain[cut][half][chain];
-}
 
 TestPrinter printerOf(Model model)
 {
@@ -139,70 +97,6 @@ void PresetsTest::presetSetsTheBoxesOfItsRow()
     QCOMPARE(fixture.takeTold(), QStringList());
 }
 
-void PresetsTest::boxesGiveTheirPreset_data()
-{
-    addModelRows();
-}
-
-void PresetsTest::boxesGiveTheirPreset()
-{
-    QFETCH(int, model);
-    QFETCH(QString, paper);
-    QFETCH(bool, isFLPaper);
-    PanelFixture fixture(printerOf(Model(model)));
-    fixture.load();
-    fixture.host->setPaper(paper);
-    for (unsigned long long on = 0; on < everyCombination; ++on) {
-        setBoxes(fixture, on);
-        QCOMPARE(fixture.panel->targetPopUpButtonTag(), expectedTag(Model(model), isFLPaper, on));
-    }
-}
-
-void PresetsTest::hiddenBoxCountsAsOff_data()
-{
-    addModelRows();
-}
-
-void PresetsTest::hiddenBoxCountsAsOff()
-{
-    QFETCH(int, model);
-    QFETCH(QString, paper);
-    QFETCH(bool, isFLPaper);
-    PanelFixture fixture(printerOf(Model(model)));
-    fixture.load();
-    fixture.host->setPaper(paper);
-    for (const Option hidden : everyOption) {
-        const bool wasHidden = fixture.box(hidden)->isHidden();
-        fixture.box(hidden)->hide();
-        const bool losesCutMark = model == CutMarkPrinter && hidden == OptionCatalogue::CutMark;
-        const Model shown = losesCutMark ? TapePrinter : Model(model);
-        for (unsigned long long on = 0; on < everyCombination; ++on) {
-            setBoxes(fixture, on);
-            Boxes counted = on;
-            counted[hidden] = false;
-            QCOMPARE(fixture.panel->targetPopUpButtonTag(), expectedTag(shown, isFLPaper, counted));
-        }
-        fixture.box(hidden)->setHidden(wasHidden);
-    }
-}
-
-void PresetsTest::missingBoxesCountAsOff_data()
-{
-    QTest::addColumn<bool>("labelSeries");
-    QTest::addColumn<int>("tag");
-    QTest::newRow("label printer") << true << 1;
-    QTest::newRow("tape printer") << false << 5;
-}
-
-void PresetsTest::missingBoxesCountAsOff()
-{
-    QFETCH(bool, labelSeries);
-    QFETCH(int, tag);
-    PanelFixture fixture({.labelSeries = labelSeries});
-    fixture.build();
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), tag);
-}
-
 void PresetsTest::refreshSelectsThePresetInTheMenu_data()
 {
     addModelRows();
@@ -223,32 +117,6 @@ void PresetsTest::refreshSelectsThePresetInTheMenu()
         QCOMPARE(fixture.selectedTag(), expectedTag(Model(model), isFLPaper, on));
         QCOMPARE(boxes(fixture).to_string(), Boxes(on).to_string());
     }
-}
-
-void PresetsTest::specialTapeOverridesTheOthers()
-{
-    PanelFixture fixture(printerOf(TapePrinter));
-    fixture.load();
-    setBoxes(fixture, everyCombination - 1);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 13);
-    fixture.setOn(OptionCatalogue::SpecialTape, false);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 12);
-}
-
-void PresetsTest::halfCutOnLabelPaperOverridesTheOthers()
-{
-    PanelFixture fixture(printerOf(TapePrinter));
-    fixture.load();
-    fixture.host->setPaper(u"FL30"_s);
-    setBoxes(fixture, everyCombination - 1);
-    fixture.setOn(OptionCatalogue::SpecialTape, false);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 1);
-    fixture.setOn(OptionCatalogue::HalfCut, false);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 9);
-    fixture.setOn(OptionCatalogue::AutoCut, false);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 9);
-    fixture.setOn(OptionCatalogue::CutEvery, false);
-    QCOMPARE(fixture.panel->targetPopUpButtonTag(), 5);
 }
 
 KV_TEST(PresetsTest)

@@ -1,10 +1,10 @@
 #include "PanelFixture.h"
+#include "StripTable.h"
 #include "support/BundleCopy.h"
 
 #include <QPainter>
 
 #include <array>
-#include <bitset>
 
 /// The picture of the strip that will come out.
 class PreviewTest : public QObject
@@ -16,8 +16,6 @@ private Q_SLOTS:
     void everyCombinationHasItsPicture();
     void pictureStandsInTheLowerLeftCorner_data();
     void pictureStandsInTheLowerLeftCorner();
-    void hiddenBoxCountsAsOff_data();
-    void hiddenBoxCountsAsOff();
     void missingPictureLeavesItsCombinationsBlank_data();
     void missingPictureLeavesItsCombinationsBlank();
     void unreadablePictureCountsAsMissing();
@@ -25,20 +23,12 @@ private Q_SLOTS:
     void onlyThePrintersKindIsLoaded_data();
     void onlyThePrintersKindIsLoaded();
     void viewStartsWithoutBoxes();
-    void deletedBoxesCountAsOff();
-    void labelPrinterShowsCutEveryAndCutAtEndAsCutEvery();
-    void labelPrinterShowsAutoCutAsCutEvery();
-    void specialTapeShowsNoChainPrinting();
-    void tapePrinterShowsCutEveryAsAutoCut();
     void cutMarkNeverChangesThePicture();
     void clickIsShownInThePanel_data();
     void clickIsShownInThePanel();
 };
 
 namespace {
-/// One bit for each option in the catalogue's order.
-using Boxes = std::bitset<9>;
-
 /// A preview with nine check boxes of its own, all shown.
 struct Preview
 {
@@ -80,28 +70,6 @@ struct Preview
     std::array<QCheckBox *, 9> boxes{};
     std::unique_ptr<OptionView13_v400_> view;
 };
-
-QString word(bool on)
-{
-    return on ? u"On"_s : u"Off"_s;
-}
-
-/// The name of the picture for the boxes that are shown and on.
-QString expectedName(bool isRV, const Boxes &on)
-{
-    const bool special = on[OptionCatalogue::SpecialTape];
-    const bool mirror = on[OptionCatalogue::Mirror];
-    const bool cut = !special && (on[OptionCatalogue::CutEvery] || on[OptionCatalogue::AutoCut]);
-    if (isRV) {
-        return u"EveryEndMirror"_s + word(cut) + word(on[OptionCatalogue::CutAtEnd] && !cut) +
-               word(mirror);
-    }
-    if (special) {
-        return u"SPMROn"_s + word(mirror);
-    }
-    return u"AHCM"_s + word(cut) + word(on[OptionCatalogue::HalfCut]) +
-           word(on[OptionCatalogue::ChainPrint]) + word(mirror);
-}
 
 QImage imageOf(QWidget *widget)
 {
@@ -187,27 +155,6 @@ void PreviewTest::pictureStandsInTheLowerLeftCorner()
         const QImage expected = withPicture(size, expectedName(isRV, on));
         QCOMPARE(imageOf(preview.view.get()), expected);
         QVERIFY(expected != blank(size));
-    }
-}
-
-void PreviewTest::hiddenBoxCountsAsOff_data()
-{
-    addKindRows();
-}
-
-void PreviewTest::hiddenBoxCountsAsOff()
-{
-    QFETCH(bool, isRV);
-    Preview preview(isRV, *testBundle());
-    for (const Option hidden : everyOption) {
-        preview.boxes.at(hidden)->hide();
-        for (unsigned long long on = 0; on < everyCombination; ++on) {
-            preview.setOn(on);
-            Boxes counted = on;
-            counted[hidden] = false;
-            QCOMPARE(preview.view->targetDrawImageName(), expectedName(isRV, counted));
-        }
-        preview.boxes.at(hidden)->show();
     }
 }
 
@@ -305,53 +252,6 @@ void PreviewTest::viewStartsWithoutBoxes()
         QCOMPARE(view->targetDrawImageName(),
                  isRV ? u"EveryEndMirrorOffOffOff"_s : u"AHCMOffOffOffOff"_s);
     }
-}
-
-void PreviewTest::deletedBoxesCountAsOff()
-{
-    Preview preview(false, *testBundle());
-    preview.setOn(everyCombination - 1);
-    QCOMPARE(preview.view->targetDrawImageName(), u"SPMROnOn"_s);
-    delete preview.boxes.at(OptionCatalogue::SpecialTape);
-    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOn"_s);
-    delete preview.boxes.at(OptionCatalogue::Mirror);
-    QCOMPARE(preview.view->targetDrawImageName(), u"AHCMOnOnOnOff"_s);
-}
-
-void PreviewTest::labelPrinterShowsCutEveryAndCutAtEndAsCutEvery()
-{
-    Preview preview(true, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd}),
-             u"EveryEndMirrorOnOffOff"_s);
-    QCOMPARE(preview.name(
-                 {OptionCatalogue::CutEvery, OptionCatalogue::CutAtEnd, OptionCatalogue::Mirror}),
-             u"EveryEndMirrorOnOffOn"_s);
-}
-
-void PreviewTest::labelPrinterShowsAutoCutAsCutEvery()
-{
-    Preview preview(true, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::AutoCut}), u"EveryEndMirrorOnOffOff"_s);
-    QCOMPARE(preview.name({OptionCatalogue::AutoCut, OptionCatalogue::SpecialTape}),
-             u"EveryEndMirrorOffOffOff"_s);
-}
-
-void PreviewTest::specialTapeShowsNoChainPrinting()
-{
-    Preview preview(false, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint}),
-             u"SPMROnOff"_s);
-    QCOMPARE(preview.name({OptionCatalogue::SpecialTape, OptionCatalogue::ChainPrint,
-                           OptionCatalogue::Mirror}),
-             u"SPMROnOn"_s);
-}
-
-void PreviewTest::tapePrinterShowsCutEveryAsAutoCut()
-{
-    Preview preview(false, *testBundle());
-    QCOMPARE(preview.name({OptionCatalogue::CutEvery}), u"AHCMOnOffOffOff"_s);
-    QCOMPARE(preview.name({OptionCatalogue::CutEvery, OptionCatalogue::HalfCut}),
-             u"AHCMOnOnOffOff"_s);
 }
 
 void PreviewTest::cutMarkNeverChangesThePicture()

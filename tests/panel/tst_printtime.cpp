@@ -130,12 +130,12 @@ void PrintTimeTest::unknownKeywordChangesNothing_data()
 {
     QTest::addColumn<QString>("keyword");
     QTest::addColumn<QString>("choice");
-    QTest::newRow("another option") << u"PageSize"_s << u"ON"_s;
-    QTest::newRow("lower case") << u"kvmirror"_s << u"ON"_s;
-    QTest::newRow("longer") << u"KvMirrors"_s << u"ON"_s;
-    QTest::newRow("shorter") << u"KvMirro"_s << u"ON"_s;
-    QTest::newRow("empty") << u""_s << u"ON"_s;
-    QTest::newRow("no keyword") << QString() << u"ON"_s;
+    QTest::newRow("another option") << u"PageSize"_s << u"OFF"_s;
+    QTest::newRow("lower case") << u"kvmirror"_s << u"OFF"_s;
+    QTest::newRow("longer") << u"KvMirrors"_s << u"OFF"_s;
+    QTest::newRow("shorter") << u"KvMirro"_s << u"OFF"_s;
+    QTest::newRow("empty") << u""_s << u"OFF"_s;
+    QTest::newRow("no keyword") << QString() << u"OFF"_s;
     QTest::newRow("no choice") << u"KvMirror"_s << QString();
 }
 

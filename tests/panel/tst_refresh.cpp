@@ -30,6 +30,7 @@ private Q_SLOTS:
     void presetOutsideTheTableChangesNoBox_data();
     void presetOutsideTheTableChangesNoBox();
     void emptyMenuChangesNoBox();
+    void menuShowsTheBoxesAsTheyHaveBecome();
     void presetThatTheMenuLacksIsNotSelected();
     void presetKeepsTheMirrorSelection();
     void mirrorPrintingIsOffAfterShowing();
@@ -387,6 +388,21 @@ void RefreshTest::emptyMenuChangesNoBox()
     fixture.panel->updateUIItem(0x40000);
     fixture.panel->updateUIItem(0);
     QCOMPARE(fixture.optionsOn(), everyOption);
+}
+
+void RefreshTest::menuShowsTheBoxesAsTheyHaveBecome()
+{
+    PanelFixture fixture(allOff());
+    fixture.show();
+    fixture.host->mark("KvChainPrint", "ON");
+    fixture.panel->updateMarkedSelections(factsOf(OptionCatalogue::ChainPrint).itemType);
+    fixture.replaceMenu({16, 17});
+    fixture.panel->updateUIItem(factsOf(OptionCatalogue::ChainPrint).itemType);
+    QCOMPARE(fixture.selectedTag(), 16);
+    fixture.host->mark("KvChainPrint", "OFF");
+    fixture.panel->updateMarkedSelections(factsOf(OptionCatalogue::ChainPrint).itemType);
+    fixture.panel->updateUIItem(factsOf(OptionCatalogue::ChainPrint).itemType);
+    QCOMPARE(fixture.selectedTag(), 17);
 }
 
 void RefreshTest::presetThatTheMenuLacksIsNotSelected()

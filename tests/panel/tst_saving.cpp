@@ -335,8 +335,10 @@ void SavingTest::autoCutFollowsItsMarkWithoutField()
     QFETCH(QByteArray, marked);
     QFETCH(QByteArray, defaultChoice);
     QFETCH(QString, told);
-    PanelFixture fixture(printerWith(autoCut, {"A", "B", "C"}, defaultChoice, false));
-    fixture.build();
+    BundleCopy copy;
+    QVERIFY(copy.removeOutlet(u"mCutEveryTxBx"_s));
+    PanelFixture fixture(printerWith(autoCut, {"A", "B", "C"}, defaultChoice, false), copy.open());
+    fixture.load();
     if (marked.isNull()) {
         fixture.unmark("KvAutoTapeCut");
     } else {

@@ -186,7 +186,9 @@ void SummaryTest::otherChoicesShowTheirText()
 void SummaryTest::cutEveryShowsTheCountWhileAutoCutIsOn()
 {
     for (const bool separate : {true, false}) {
-        PanelFixture fixture = restored(TestPrinter{.separateAutoCut = separate}.text());
+        // The count's text in the PPD is another than its keyword.
+        PanelFixture fixture =
+            restored(printerWith(cutEvery, {"1/One", "7/Seven", "9/Nine"}, "1", separate));
         fixture.host->mark("KvCutLabel", "7");
         fixture.panel->setPDEItems2();
         QCOMPARE(valueOf(fixture, cutEvery), u"No"_s);

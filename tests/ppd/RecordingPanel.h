@@ -4,15 +4,21 @@
 
 #include <QStringList>
 
-/// A panel of the base class that records which hooks are called, with its state open to a test.
-class RecordingPanel : public BasePDE13_v400_
+/// A panel of the base class as it stands.
+class PlainPanel : public BasePDE13_v400_
 {
 public:
-    RecordingPanel(std::shared_ptr<PDEPluginCallback13_v400_> callback,
-                   std::shared_ptr<Bundle> bundle)
+    PlainPanel(std::shared_ptr<PDEPluginCallback13_v400_> callback, std::shared_ptr<Bundle> bundle)
         : BasePDE13_v400_(std::move(callback), std::move(bundle))
     {
     }
+};
+
+/// A panel of the base class that records which hooks are called, with its state open to a test.
+class RecordingPanel : public PlainPanel
+{
+public:
+    using PlainPanel::PlainPanel;
 
     void initSetTitleTexts() override { note("initSetTitleTexts"); }
     void initUI() override { note("initUI"); }

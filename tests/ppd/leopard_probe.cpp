@@ -7,15 +7,8 @@
 #include <cstdio>
 
 namespace {
-/// A version such as "10.4.11"; nothing, which makes the query fail, for anything else.
-std::optional<SystemVersion> versionFrom(const char *argument)
-{
-    const QByteArrayList numbers = QByteArray(argument).split('.');
-    if (numbers.size() != 3) {
-        return std::nullopt;
-    }
-    return SystemVersion{numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt()};
-}
+/// Major, minor and bug-fix number of the system; what is no number cannot be had.
+QByteArrayList version;
 
 const char *asked()
 {
@@ -23,16 +16,28 @@ const char *asked()
 }
 } // namespace
 
+/// Stands for the printing core's, which the plug-in would call.
+OSStatus Gestalt(quint32 selector, qint32 *response)
+{
+    bool isNumber = false;
+    const int number = version.value(int(selector - gestaltSystemVersionMajor)).toInt(&isNumber);
+    if (isNumber) {
+        *response = number;
+    }
+    return isNumber ? noErr : gestaltUndefSelectorErr;
+}
+
 /// leopard_probe VERSION LATER: prints what the plug-in says of the first version, what it says
-/// once the version has become the other, and whether it then agrees to be used.
+/// once the version has become the other, and whether it then agrees to be used. In place of a
+/// version's number "?" stands for one that cannot be had.
 int main(int argc, char *argv[])
 {
     if (argc != 3) {
         return 2;
     }
-    setSystemVersion(versionFrom(argv[1]));
+    version = QByteArray(argv[1]).split('.');
     std::printf("%s", asked());
-    setSystemVersion(versionFrom(argv[2]));
+    version = QByteArray(argv[2]).split('.');
     std::printf(" %s", asked());
     KVMQRVOptionsPlugIn13_v400_ plugIn;
     std::printf(" %s\n", plugIn.initWithBundle(nullptr) ? "loads" : "declines");

@@ -15,9 +15,8 @@ class BasePanelTest : public QObject
 
 private Q_SLOTS:
     void cleanup();
-    void needsACallbackAndABundle();
     void fetchesTheObjectsOfTheJobOnce();
-    void keepsTheDialogAndTheBundle();
+    void letsGoOfTheDialogBeforeTheBundle();
     void startsWithNoChoicesOfItsOwn();
     void copiesTheDeviceURI_data();
     void copiesTheDeviceURI();
@@ -64,14 +63,6 @@ void BasePanelTest::cleanup()
     SystemEncoding::setName({});
 }
 
-void BasePanelTest::needsACallbackAndABundle()
-{
-    const auto host = std::make_shared<TestHost>(PPDText().open());
-    QVERIFY(BasePDE13_v400_::initWithCallback(host, testBundle()));
-    QVERIFY(!BasePDE13_v400_::initWithCallback(nullptr, testBundle()));
-    QVERIFY(!BasePDE13_v400_::initWithCallback(host, nullptr));
-}
-
 void BasePanelTest::fetchesTheObjectsOfTheJobOnce()
 {
     const auto host = std::make_shared<RecordingHost>();
@@ -95,20 +86,23 @@ void BasePanelTest::fetchesTheObjectsOfTheJobOnce()
     QCOMPARE(host->calls, fetched);
 }
 
-void BasePanelTest::keepsTheDialogAndTheBundle()
+void BasePanelTest::letsGoOfTheDialogBeforeTheBundle()
 {
-    auto host = std::make_shared<RecordingHost>();
-    auto bundle = testBundle();
+    QStringList gone;
+    const auto kept = [&gone](auto object, const char *name) {
+        using Object = typename decltype(object)::element_type;
+        return std::shared_ptr<Object>(
+            object.get(), [object, name, &gone](Object *) { gone.append(QLatin1String(name)); });
+    };
+    auto host = kept(std::make_shared<RecordingHost>(), "dialog");
+    auto bundle = kept(testBundle(), "bundle");
     auto panel = std::make_unique<RecordingPanel>(host, bundle);
-    const std::weak_ptr<RecordingHost> keptHost = host;
-    const std::weak_ptr<Bundle> keptBundle = bundle;
+    panel->setSupportedOptions(kept(std::make_shared<QStringList>(), "options"));
     host.reset();
     bundle.reset();
-    QVERIFY(!keptHost.expired());
-    QVERIFY(!keptBundle.expired());
+    QCOMPARE(gone, QStringList());
     panel.reset();
-    QVERIFY(keptHost.expired());
-    QVERIFY(keptBundle.expired());
+    QCOMPARE(gone, QStringList({u"options"_s, u"dialog"_s, u"bundle"_s}));
 }
 
 void BasePanelTest::startsWithNoChoicesOfItsOwn()
@@ -192,7 +186,7 @@ void BasePanelTest::answersTheProtocol()
 void BasePanelTest::hooksOfTheBaseDoNothing()
 {
     const auto host = std::make_shared<RecordingHost>();
-    const auto panel = BasePDE13_v400_::initWithCallback(host, testBundle());
+    const auto panel = std::make_unique<PlainPanel>(host, testBundle());
     const Calls fetched = host->calls;
     panel->initSetTitleTexts();
     panel->initUI();

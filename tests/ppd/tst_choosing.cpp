@@ -21,6 +21,7 @@ private Q_SLOTS:
     void unmarkedOptionGetsItsDefault();
     void markedOptionKeepsItsChoice();
     void optionWithoutDefaultIsLeftAlone();
+    void optionWithoutAListGetsItsFirstChoice();
     void optionWithoutChoicesIsLeftAlone();
     void absentOptionIsLeftAlone();
 };
@@ -160,6 +161,8 @@ void ChoosingTest::findsTheDefaultChoice()
     QCOMPARE(dialog.panel->indexOfDefaultOption(*dialog.choices()), 1);
     QCOMPARE(dialog.panel->indexOfDefaultOption(*Dialog(onOff({})).choices()), -1);
     QCOMPARE(dialog.panel->indexOfDefaultOption({}), 0);
+    const Dialog twice(PPDText().option("KvTest", {"OFF", "ON", "ON"}, "ON"));
+    QCOMPARE(twice.panel->indexOfDefaultOption(*twice.choices()), 1);
 }
 
 void ChoosingTest::storesTheSupportedOptions()
@@ -204,6 +207,14 @@ void ChoosingTest::optionWithoutDefaultIsLeftAlone()
     QVERIFY(dialog.host->marked("KvTest").isNull());
     dialog.setDefault();
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
+}
+
+void ChoosingTest::optionWithoutAListGetsItsFirstChoice()
+{
+    const Dialog dialog(onOff("ON"));
+    dialog.unmark();
+    dialog.panel->setDefaultChoices(dialog.option(), nullptr, "KvTest", u"KvTest"_s);
+    QCOMPARE(dialog.host->takeTold(), (QList<Pair>{{u"KvTest"_s, u"OFF"_s}}));
 }
 
 void ChoosingTest::optionWithoutChoicesIsLeftAlone()

@@ -162,7 +162,7 @@ void OddPPDTest::optionsWithoutChoicesAlone()
     }
     const OpenPanel job(text.attribute("KvAutoCutObjHidden", "False"));
     QVERIFY(job.open());
-    for (std::size_t option = 0; option < Catalogue::Count; ++option) {
+    for (std::size_t option = 0; option < Catalogue::size; ++option) {
         QCOMPARE(job.click(Catalogue::Option(option)), Pairs());
     }
     QCOMPARE(job.save(), Pairs());

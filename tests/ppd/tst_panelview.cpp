@@ -6,6 +6,7 @@
 #include "support/TestHost.h"
 #include "toolkit/NibLoader.h"
 #include "toolkit/TrackingArea.h"
+#include "toolkit/ViewGeometry.h"
 
 #include <QApplication>
 #include <QTest>
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void manyResizesAreToldOnceWhenTheWindowHasGrown();
     void resizeWithoutAnActiveWindowIsNotTold();
     void dialogThatOffersNoResizeKeepsTheSize();
+    void heightsAreInPoints();
     void dialogNeedNotKnowOfResizes();
     void dialogMayLetTheViewGrowAndDoNoMore();
     void panelThatGoesWaitsNoMore();
@@ -150,7 +152,7 @@ void PanelViewTest::viewOfTheBaseIsTheNibAsItStands()
 {
     const auto bundle = testBundle();
     const auto host = std::make_shared<RecordingHost>();
-    const auto panel = BasePDE13_v400_::initWithCallback(host, bundle);
+    const auto panel = std::make_unique<PlainPanel>(host, bundle);
     const QStringList asked = host->calls;
     const QWidget *view = panel->panelView();
     QVERIFY(view);
@@ -174,8 +176,12 @@ void PanelViewTest::pipeIsNoNib()
 
 void PanelViewTest::viewGoesWithThePanel()
 {
+    // A view that is but a part of the nib, and stands in the dialog's window by now.
+    BundleCopy copy;
+    QVERIFY(copy.replaceInNib(u"name=\"kPDEView\""_s, u"name=\"nib\""_s));
+    QVERIFY(copy.replaceInNib(u"name=\"mOptionDummyView\""_s, u"name=\"kPDEView\""_s));
+    PanelDialog dialog(copy.open());
     QWidget window;
-    PanelDialog dialog;
     const QPointer<QWidget> view = dialog.panel->panelView();
     view->setParent(&window);
     dialog.panel.reset();
@@ -362,6 +368,23 @@ void PanelViewTest::dialogThatOffersNoResizeKeepsTheSize()
     QCOMPARE(dialog.view->size(), QSize(300, 100));
     dialog.view->move(0, 10);
     QCOMPARE(dialog.host->resizes, 0);
+}
+
+void PanelViewTest::heightsAreInPoints()
+{
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPixelSize(40);
+    for (const bool isTallEnough : {false, true}) {
+        QApplication::setFont(large);
+        OpenDialog dialog;
+        QApplication::setFont(font);
+        const double scale = pixelsPerPoint(dialog.view);
+        QVERIFY(scale > 1.5);
+        QVERIFY(dialog.open(int((viewHeight + spare) * scale) + int(isTallEnough)));
+        dialog.panel->setViewFrameSize({320, viewHeight});
+        QCOMPARE(dialog.host->resizes, int(isTallEnough));
+    }
 }
 
 void PanelViewTest::dialogNeedNotKnowOfResizes()

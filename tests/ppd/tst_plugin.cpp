@@ -232,11 +232,17 @@ void PlugInTest::runsOnSystemsFrom105_data()
     QTest::newRow("10.5.0") << u"10.5.0"_s << older << runs;
     QTest::newRow("10.10.0") << u"10.10.0"_s << older << runs;
     QTest::newRow("11.0.0") << u"11.0.0"_s << older << runs;
-    QTest::newRow("11.4.9") << u"11.4.9"_s << u"none"_s << runs;
+    QTest::newRow("11.4.9") << u"11.4.9"_s << u"?.?.?"_s << runs;
     QTest::newRow("13.0.0") << u"13.0.0"_s << older << runs;
     QTest::newRow("9.9.0") << u"9.9.0"_s << newer << declines;
     QTest::newRow("9.11.9") << u"9.11.9"_s << newer << declines;
-    QTest::newRow("query that fails") << u"none"_s << newer << declines;
+    // What cannot be had counts as 10.4.0.
+    QTest::newRow("query that fails") << u"?.?.?"_s << newer << declines;
+    QTest::newRow("no major number, 5") << u"?.5.0"_s << older << runs;
+    QTest::newRow("no major number, 4") << u"?.4.0"_s << newer << declines;
+    QTest::newRow("no minor number, 10") << u"10.?.0"_s << newer << declines;
+    QTest::newRow("no minor number, 11") << u"11.?.0"_s << older << runs;
+    QTest::newRow("no bug-fix number") << u"10.5.?"_s << older << runs;
 }
 
 void PlugInTest::runsOnSystemsFrom105()

@@ -172,7 +172,7 @@ void TapeInfoTest::sizesOfOtherNamesAreStandard_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("unknown") << u"DC99"_s;
-    QTest::newRow("other case") << u"Dc24"_s;
+    QTest::newRow("other case") << u"DC24A"_s;
     QTest::newRow("listed one and more") << u"DC24x"_s;
     QTest::newRow("start of a listed one") << u"DC2"_s;
     QTest::newRow("Custom") << u"Custom.1x1"_s;
@@ -182,7 +182,7 @@ void TapeInfoTest::sizesOfOtherNamesAreStandard_data()
 void TapeInfoTest::sizesOfOtherNamesAreStandard()
 {
     QFETCH(QString, name);
-    TestHost host(ppdWithSizes({"DC24", "C_62", "DC" + QByteArray(38, '9')}));
+    TestHost host(ppdWithSizes({"DC24", "DC24a", "C_62", "DC" + QByteArray(38, '9')}));
     host.setPaper(name);
     const TapeInfo info = infoOf(host);
     QCOMPARE(info.tapeState, 0);

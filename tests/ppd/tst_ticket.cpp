@@ -164,6 +164,15 @@ void TicketTest::readsNumbersOfTheSession_data()
     QTest::newRow("largest") << QVariant(qlonglong(2147483647)) << 2147483647;
     QTest::newRow("smallest") << QVariant(qlonglong(-2147483648LL))
                               << std::numeric_limits<qint32>::min();
+    QTest::newRow("character") << QVariant::fromValue('\x3e') << 62;
+    QTest::newRow("signed character") << QVariant::fromValue(static_cast<signed char>(-7)) << -7;
+    QTest::newRow("byte") << QVariant::fromValue(uchar(200)) << 200;
+    QTest::newRow("short") << QVariant::fromValue(short(-7)) << -7;
+    QTest::newRow("unsigned short") << QVariant::fromValue(ushort(40'000)) << 40'000;
+    QTest::newRow("unsigned") << QVariant::fromValue(62U) << 62;
+    QTest::newRow("long") << QVariant::fromValue(-7L) << -7;
+    QTest::newRow("unsigned long") << QVariant::fromValue(62UL) << 62;
+    QTest::newRow("single precision") << QVariant::fromValue(3.75F) << 3;
     QTest::newRow("fraction") << QVariant(3.75) << 3;
     QTest::newRow("negative fraction") << QVariant(-3.75) << -3;
 }

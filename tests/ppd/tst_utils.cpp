@@ -286,6 +286,7 @@ void UtilsTest::readsPoints_data()
     QTest::newRow("whole numbers") << QByteArray("{12, 34}") << QPointF(12, 34);
     QTest::newRow("no space") << QByteArray("{12,34}") << QPointF(12, 34);
     QTest::newRow("fractions") << QByteArray("{12.5, 0.25}") << QPointF(12.5, 0.25);
+    QTest::newRow("exponents") << QByteArray("{1.25e2, 5E-1}") << QPointF(125, 0.5);
     QTest::newRow("negative") << QByteArray("{-1.5, -2}") << QPointF(-1.5, -2);
     QTest::newRow("one number") << QByteArray("{12}") << QPointF(12, 0);
     QTest::newRow("words") << QByteArray("left, top") << QPointF(0, 0);

@@ -39,14 +39,12 @@ private Q_SLOTS:
     void readsIntegers();
 
     void tellsTheSystemVersion();
-    void tellsAnotherSystemVersion();
     void leavesTheResponseAloneWhenItFails();
 };
 
 void EncodingTest::cleanup()
 {
     SystemEncoding::setName({});
-    setSystemVersion(SystemVersion{13, 0, 0});
 }
 
 void EncodingTest::systemEncodingIsTheLocalesUntilChosen()
@@ -284,21 +282,11 @@ void EncodingTest::tellsTheSystemVersion()
     QCOMPARE(bugFix, 0);
 }
 
-void EncodingTest::tellsAnotherSystemVersion()
-{
-    setSystemVersion(SystemVersion{10, 4, 11});
-    qint32 bugFix = -1;
-    QCOMPARE(Gestalt(gestaltSystemVersionBugFix, &bugFix), noErr);
-    QCOMPARE(bugFix, 11);
-}
-
 void EncodingTest::leavesTheResponseAloneWhenItFails()
 {
     qint32 response = 77;
     QCOMPARE(Gestalt(0x73797376, &response), gestaltUndefSelectorErr);
     QCOMPARE(Gestalt(gestaltSystemVersionMajor, nullptr), kPMInvalidParameter);
-    setSystemVersion(std::nullopt);
-    QCOMPARE(Gestalt(gestaltSystemVersionMajor, &response), gestaltUndefSelectorErr);
     QCOMPARE(response, 77);
 }
 

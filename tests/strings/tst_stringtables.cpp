@@ -156,7 +156,7 @@ QStringList menuOf(const PPDText &printer)
 QSet<QStringList> everyMenu()
 {
     QList<int> all;
-    for (int option = 0; option < int(OptionCatalogue::Count); ++option) {
+    for (int option = 0; option < int(OptionCatalogue::size); ++option) {
         all.append(option);
     }
     QList<QList<int>> sets{all};
@@ -256,7 +256,7 @@ void StringTablesTest::keysAreFoundWhereTheyComeFrom()
 {
     QCOMPARE(LookedUpKeys::beginnings(), QSet<QString>{QStringLiteral("RS_Preset_")});
     QCOMPARE(sorted(LookedUpKeys::strayLookUps()), QStringList());
-    QCOMPARE(LookedUpKeys::optionTexts().size(), qsizetype(OptionCatalogue::Count));
+    QCOMPARE(LookedUpKeys::optionTexts().size(), qsizetype(OptionCatalogue::size));
     // The form's menu is the one that a panel shows.
     const QStringList identifiers = LookedUpKeys::presetIdentifiers();
     QVERIFY(!identifiers.isEmpty());
