@@ -59,14 +59,28 @@ QJsonArray PanelEvents::take()
 
 bool PanelEvents::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Show) {
-        if (auto *alert = qobject_cast<QMessageBox *>(watched)) {
-            add({QStringLiteral("alert"), alert->informativeText()});
-            answerSoon(alert);
-            Q_EMIT alerted(alert->informativeText());
+    auto *alert = qobject_cast<QMessageBox *>(watched);
+    if (!alert) {
+        return false;
+    }
+    // A new one is polished before it is shown: the cut-option panel's at once, to be shown when
+    // the panel is done.
+    if (event->type() == QEvent::Polish) {
+        mPolished.insert(alert);
+        addAlert(alert->informativeText());
+    } else if (event->type() == QEvent::Show) {
+        if (!mPolished.remove(alert)) {
+            addAlert(alert->informativeText());
         }
+        answerSoon(alert);
     }
     return false;
+}
+
+void PanelEvents::addAlert(const QString &informativeText)
+{
+    add({QStringLiteral("alert"), informativeText});
+    Q_EMIT alerted(informativeText);
 }
 
 #include "moc_PanelEvents.cpp"

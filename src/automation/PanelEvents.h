@@ -4,6 +4,7 @@
 
 #include <QJsonArray>
 #include <QObject>
+#include <QSet>
 
 /**
  * Records what panels tell the dialog, the user and the rest of the process, and answers their
@@ -29,12 +30,15 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// An alert has been shown, and is about to be answered.
+    /// An alert is shown, and answered, as soon as the panel is done.
     void alerted(const QString &informativeText);
 
 private:
     void add(const QJsonArray &event) { mEvents.append(event); }
+    void addAlert(const QString &informativeText);
 
     QJsonArray mEvents;
     Beeper mFormerBeeper;
+    /// The alerts that have been told of and are still to be shown: to be compared with alone.
+    QSet<const QObject *> mPolished;
 };

@@ -234,8 +234,6 @@ private:
     void takeTick(CheckBox *box);
     /// Somebody edited the count: as keys, which do nothing to a disabled field.
     void takeCount(QLineEdit *field, const QString &before);
-    /// Warns of auto cut on heat-shrink tube; false when that was the end of the panel.
-    bool warnOfAutoCut();
     void recordChoice(int index, const char *keyword, const ChoiceList *choices, quint32 itemType);
 
     void saveOption(const OptionRow &row);

@@ -53,8 +53,8 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
     if (row != rows.end()) {
         const bool isOn = sender->isChecked();
         const bool isCutEvery = row->id == OptionCatalogue::CutEvery;
-        if (isCutEvery && isOn && isHSPaper() && !warnOfAutoCut()) {
-            return;
+        if (isCutEvery && isOn && isHSPaper()) {
+            openAlert(kPDEView, panelName(), localized("RS_Alrt_AutoCutWithHS"));
         }
         // The cut-every box drives the auto-cut keyword; its count is the field's business.
         const OptionRow &recorded = isCutEvery ? rows[OptionCatalogue::AutoCut] : *row;
@@ -62,14 +62,6 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
                      row->itemType);
     }
     enabledCheck_OP();
-}
-
-bool OptionPDE13_v400_::warnOfAutoCut()
-{
-    // An application may do away with its dialog as soon as another window comes up.
-    const QPointer<OptionPDE13_v400_> self(this);
-    openAlert(kPDEView, panelName(), localized("RS_Alrt_AutoCutWithHS"));
-    return self;
 }
 
 void OptionPDE13_v400_::recordChoice(int index, const char *keyword, const ChoiceList *choices,

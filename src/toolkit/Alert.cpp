@@ -1,5 +1,6 @@
 #include "toolkit/Alert.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -21,18 +22,27 @@ public:
         layOutWithoutText();
         addButton(QStringLiteral("OK"), AcceptRole);
         parentWidget()->installEventFilter(this);
-        connect(view, &QObject::destroyed, this, [this] { done(Rejected); });
+        connect(view, &QObject::destroyed, this, &Alert::goAway);
+        // Whoever follows alerts hears of it now.
+        ensurePolished();
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (watched == parentWidget() && event->type() == QEvent::Hide && !event->spontaneous()) {
-            done(Rejected);
+            goAway();
         }
         return QMessageBox::eventFilter(watched, event);
     }
 
 private:
+    void goAway()
+    {
+        // It may not be open yet.
+        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        done(Rejected);
+    }
+
     /// Gives the informative text the room that the empty text would take.
     void layOutWithoutText()
     {
@@ -44,22 +54,13 @@ private:
         }
     }
 };
-
-/// Whether the window is just being shown, so that it would come up above what is opened now.
-bool isAboutToAppear(const QWidget *window)
-{
-    const QWindow *handle = window->windowHandle();
-    return window->isVisible() && !(handle && handle->isVisible());
-}
 } // namespace
 
 void openAlert(QWidget *view, const QString &title, const QString &informativeText)
 {
-    if (!view) {
-        return;
+    if (view) {
+        auto *alert = new Alert(view, title, informativeText);
+        // An application may do away with anything as soon as another window comes up.
+        QMetaObject::invokeMethod(alert, &QDialog::open, Qt::QueuedConnection);
     }
-    auto *alert = new Alert(view, title, informativeText);
-    QMetaObject::invokeMethod(
-        alert, [alert] { alert->open(); },
-        isAboutToAppear(view->window()) ? Qt::QueuedConnection : Qt::DirectConnection);
 }

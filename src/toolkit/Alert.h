@@ -4,7 +4,8 @@ class QString;
 class QWidget;
 
 /**
- * Opens a warning with an empty message text, and does not wait for the user.
+ * Has a warning with an empty message text opened when the program waits for events, so that no
+ * function of the caller is running then, and does not wait for the user.
  *
  * Until it is closed, nothing else can be done in the view's window. It goes with the view, and
  * with the window when that is hidden or destroyed.

@@ -3,7 +3,9 @@
 #include "PrintingSite.h"
 #include "host/PrintCommand.h"
 #include "host/PrintDialogAttachment.h"
+#include "host/PrintDialogWidgets.h"
 
+#include <QComboBox>
 #include <QMessageBox>
 #include <QTabWidget>
 #include <QTest>
@@ -82,6 +84,33 @@ private:
     bool mWasLeftOpen = false;
 };
 
+/// Picks another printer as soon as the warning comes up.
+class HastyApplication : public QObject
+{
+public:
+    explicit HastyApplication(QPrintDialog &dialog)
+        : mDialog(dialog)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched)) {
+            QComboBox *printers = printersMenu(mDialog);
+            printers->setCurrentIndex(printers->findText(tape));
+            mHasPicked = true;
+        }
+        return false;
+    }
+
+    bool hasPicked() const { return mHasPicked; }
+
+private:
+    QPrintDialog &mDialog;
+    bool mHasPicked = false;
+};
+
 /// The application shows the dialog, if it is not there, and the user goes back to the panel.
 bool showAgain(AttachedDialog &dialog)
 {
@@ -117,6 +146,8 @@ private Q_SLOTS:
     void warningOfADialogThatIsShownAgain();
     void warningGoesWithTheDialog_data();
     void warningGoesWithTheDialog();
+    void anotherPrinterAsTheWarningComesUp_data();
+    void anotherPrinterAsTheWarningComesUp();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     PrintingSite mSite;
@@ -189,6 +220,38 @@ void tst_dialoggone::warningGoesWithTheDialog()
     const QStringList choices = mSite.choices(job);
     QVERIFY(choices.contains(QStringLiteral("KvMirror=ON")));
     QCOMPARE(choices.contains(QStringLiteral("KvAutoTapeCut=ON")), isTicked);
+    QCOMPARE(dialog.problems(), QStringList());
+}
+
+void tst_dialoggone::anotherPrinterAsTheWarningComesUp_data()
+{
+    QTest::addColumn<Doing>("act");
+    QTest::newRow("ticked") << Doing(provokeWarning);
+    QTest::newRow("tab seen again") << Doing([](AttachedDialog &dialog) {
+        dialog.user().showTab(kSummaryTab);
+        dialog.user().showTab(kPanelTab);
+    });
+    QTest::newRow("dialog shown again") << Doing([](AttachedDialog &dialog) {
+        dialog.dialog().hide();
+        dialog.dialog().show();
+    });
+}
+
+void tst_dialoggone::anotherPrinterAsTheWarningComesUp()
+{
+    QFETCH(const Doing, act);
+    AttachedDialog dialog(QStringLiteral("follow"), {QStringLiteral("media=HS12x100")});
+    QVERIFY(dialog.openTab());
+    provokeWarning(dialog);
+    closeAlerts();
+    const HastyApplication application(dialog.dialog());
+    act(dialog);
+    QVERIFY(QTest::qWaitFor([&] { return application.hasPicked(); }));
+    QVERIFY(dialog.user().awaitPrinter());
+    QVERIFY(!openAlert());
+    QVERIFY(PanelUser(dialog.user()).openTab());
+    QVERIFY(dialog.user().click(mirrorBox));
+    QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(QStringLiteral("KvMirror=ON")));
     QCOMPARE(dialog.problems(), QStringList());
 }
 

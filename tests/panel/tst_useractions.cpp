@@ -28,9 +28,10 @@ private Q_SLOTS:
 
 namespace {
 
-/// The warning that is open; null when there is none.
+/// The warning that is open when everything has been done; null when there is none.
 QMessageBox *openWarning()
 {
+    QCoreApplication::sendPostedEvents();
     return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
 }
 
