@@ -1,5 +1,6 @@
 #include "textinput/FormatterProperties.h"
 
+#include "printcore/ProblemLine.h"
 #include "textinput/FormatterAdapter.h"
 #include "textinput/PDEFormatter.h"
 
@@ -75,8 +76,8 @@ void FormatterProperties::apply(QLineEdit *field, const QByteArray &name)
     } else if (const std::optional<qint32> number = integerOf(value)) {
         (formatterFor(field)->*property->set)(*number);
     } else {
-        qWarning().noquote() << QStringLiteral("%1: %2 is no integer of 32 bits: %3")
-                                    .arg(field->objectName(), QLatin1String(name),
-                                         value.toString());
+        qWarning().noquote() << asOneLine(
+            QStringLiteral("%1: %2 is no integer of 32 bits: %3")
+                .arg(field->objectName(), QLatin1String(name), value.toString()));
     }
 }

@@ -524,6 +524,7 @@ void TextFieldTest::warnsOfPropertiesThatAreNoIntegers_data()
 
     QTest::newRow("text") << QByteArray("<string>twelve</string>") << QByteArray("twelve");
     QTest::newRow("number and text") << QByteArray("<string>12 mm</string>") << QByteArray("12 mm");
+    QTest::newRow("two lines") << QByteArray("<string>1&#10;2</string>") << QByteArray("1\\n2");
     QTest::newRow("no text") << QByteArray("<string></string>") << QByteArray();
     QTest::newRow("real") << QByteArray("<double>1.5</double>") << QByteArray("1.5");
     QTest::newRow("truth") << QByteArray("<bool>true</bool>") << QByteArray("true");
