@@ -1,15 +1,44 @@
 #include "printcore/FormCheck.h"
 
+#include "printcore/ProblemLine.h"
 #include "printcore/ResourceLimits.h"
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
-/// Counts what has been read of a form up to now.
-class FormCount
+/// Properties that name files, or have texts taken for markup that does.
+constexpr const char *fileProperties[] = {"markdown", "source", "styleSheet", "textFormat"};
+
+/// Whether Qt, which repeats what it makes nothing of, would break a line of its own by it.
+bool hasControlCharacters(const QString &name)
+{
+    return asOneLine(name) != name;
+}
+
+QString faultOfAttribute(const QString &element, const QXmlStreamAttribute &attribute)
+{
+    const QString value = attribute.value().toString();
+    if (hasControlCharacters(value)) {
+        return QStringLiteral("there are control characters in the attribute \"%1\"")
+            .arg(attribute.name().toString());
+    }
+    const bool isFile =
+        element == QLatin1String("property") &&
+        std::any_of(std::begin(fileProperties), std::end(fileProperties),
+                    [&value](const char *name) { return value == QLatin1String(name); });
+    return isFile ? QStringLiteral("there is the property \"%1\", which may have files read")
+                        .arg(value)
+                  : QString();
+}
+
+/// Counts and checks what is read of a form.
+class FormContents
 {
 public:
-    /// Why the element that begins here is one too many; null when it is not.
+    /// Why the element that begins here must not be in a form; null when it may.
     QString begin(const QXmlStreamReader &form)
     {
         if (++mDepth > ResourceLimits::kFormDepth) {
@@ -18,17 +47,39 @@ public:
         if (++mElements > ResourceLimits::kFormElements) {
             return tooMany("elements", ResourceLimits::kFormElements);
         }
-        if (form.name() == QLatin1String("widget") && ++mWidgets > ResourceLimits::kFormWidgets) {
+        // As Qt compares them.
+        const QString element = form.name().toString().toCaseFolded();
+        if (element == QLatin1String("widget") && ++mWidgets > ResourceLimits::kFormWidgets) {
             return tooMany("widgets", ResourceLimits::kFormWidgets);
         }
-        if (form.name() == QLatin1String("pixmap") || form.name() == QLatin1String("iconset")) {
+        if (element == QLatin1String("pixmap") || element == QLatin1String("iconset")) {
             return QStringLiteral("there is a picture, which would be read from a file");
         }
-        return {};
+        mIsText = element == QLatin1String("string");
+        return mIsText ? QString() : faultOfAttributes(element, form.attributes());
+    }
+    /// Why the text must not be in a form; null when it may.
+    QString text(const QString &text) const
+    {
+        if (text.contains(QLatin1Char('<'))) {
+            return QStringLiteral("there is a \"<\" in a text: markup may have files read");
+        }
+        return mIsText || !hasControlCharacters(text.trimmed())
+                   ? QString()
+                   : QStringLiteral("there are control characters in a name");
     }
     void end() { --mDepth; }
 
 private:
+    static QString faultOfAttributes(const QString &element, const QXmlStreamAttributes &attributes)
+    {
+        QString fault;
+        for (const QXmlStreamAttribute &attribute : attributes) {
+            fault = fault.isNull() ? faultOfAttribute(element, attribute) : fault;
+        }
+        return fault;
+    }
+
     static QString tooMany(const char *what, int limit)
     {
         return QStringLiteral("there are more than %1 %2").arg(limit).arg(QLatin1String(what));
@@ -37,22 +88,27 @@ private:
     int mDepth = 0;
     int mElements = 0;
     int mWidgets = 0;
+    /// Whether texts are what a user sees, and not names.
+    bool mIsText = false;
 };
 } // namespace
 
 QString formFault(const QByteArray &form)
 {
-    FormCount count;
+    FormContents contents;
     QXmlStreamReader reader(form);
     while (!reader.atEnd()) {
         reader.readNext();
+        QString fault;
         if (reader.isStartElement()) {
-            const QString fault = count.begin(reader);
-            if (!fault.isNull()) {
-                reader.raiseError(fault);
-            }
+            fault = contents.begin(reader);
         } else if (reader.isEndElement()) {
-            count.end();
+            contents.end();
+        } else if (reader.isCharacters()) {
+            fault = contents.text(reader.text().toString());
+        }
+        if (!fault.isNull()) {
+            reader.raiseError(fault);
         }
     }
     return reader.hasError() ? QStringLiteral("is no form: line %1: %2")

@@ -301,12 +301,31 @@ void tst_badbundle::spoiltBundle_data()
     add("form of many elements",
         overwriting(form, formWith(QByteArray("<item/>").repeated(10'000))), Tab::Empty,
         "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there are more than 10000 elements$");
-    add("form with a picture",
-        overwriting(form,
-                    formWith("<property name=\"pixmap\"><pixmap>/dev/zero</pixmap></property>")),
-        Tab::Empty,
-        "^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: there is a picture, which would be read "
-        "from a file$");
+    const auto addForm = [&](const QByteArray &name, const QByteArray &contents,
+                             const QString &problem) {
+        add(name.constData(), overwriting(form, formWith(contents)), Tab::Empty,
+            qPrintable(QStringLiteral("^Spoilt\\.pde: OptionPDE\\.ui is no form: line 1: ") +
+                       QRegularExpression::escape(problem) + QLatin1Char('$')));
+    };
+    for (const QByteArray element : {"pixmap", "PixMap"}) {
+        addForm("form with a " + element,
+                "<property name=\"pixmap\"><" + element + ">/dev/zero</" + element + "></property>",
+                QStringLiteral("there is a picture, which would be read from a file"));
+    }
+    for (const QByteArray property : {"markdown", "source", "styleSheet", "textFormat"}) {
+        addForm("form with a " + property,
+                "<property name=\"" + property + "\"><string/></property>",
+                QStringLiteral("there is the property \"%1\", which may have files read")
+                    .arg(QLatin1String(property)));
+    }
+    addForm("form with markup",
+            "<property name=\"toolTip\"><string>a&#10;&lt;img src='b'/></string></property>",
+            QStringLiteral("there is a \"<\" in a text: markup may have files read"));
+    addForm("form with a class of two lines", "<widget class=\"A&#10;B\"/>",
+            QStringLiteral("there are control characters in the attribute \"class\""));
+    addForm("form with a value of two lines",
+            "<property name=\"focusPolicy\"><enum>A&#10;B</enum></property>",
+            QStringLiteral("there are control characters in a name"));
     add("picture of many pixels", overwriting(picture, pictureOf(4097, 1024)), Tab::Whole,
         "^Spoilt\\.pde: AHCMOnOffOffOff\\.png has more than 4194304 pixels$");
 }
