@@ -43,6 +43,41 @@ void checkSwitch()
     }
 }
 
+/// The folder of bundles beside our libraries, where the dynamic linker never looks.
+constexpr char bundlesFolder[] = "pde";
+/// How deep below a folder the dynamic linker looks for libraries for the machine's processor: into
+/// glibc-hwcaps/x86-64-v2, and of old into tls/haswell/avx512_1/x86_64.
+constexpr int processorFolders = 4;
+
+/// What is wrong with anything that the dynamic linker could find in the folder, with its path;
+/// null when nothing is.
+/// @param needed names of libraries that must be there: the folder may be closed to those who list
+/// it.
+QString faultIn(const QDir &folder, const QStringList &needed, int depth)
+{
+    const CheckedFile checked = CheckedFile::trusted(folder.path(), FileUse::Enter, folder.path());
+    if (!checked.fault().isNull()) {
+        return QStringLiteral("%1 %2").arg(folder.path(), checked.fault());
+    }
+    const QStringList names =
+        needed + folder.entryList({QStringLiteral("*.so*")}, QDir::AllEntries | QDir::System);
+    for (const QString &name : names) {
+        const CheckedFile library = checked.file(name);
+        if (!library.fault().isNull()) {
+            return QStringLiteral("%1 %2").arg(folder.filePath(name), library.fault());
+        }
+    }
+    const QStringList folders =
+        depth == 0 ? QStringList() : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QString fault;
+    for (const QString &name : folders) {
+        if (fault.isNull() && name != QLatin1String(bundlesFolder)) {
+            fault = faultIn(QDir(folder.filePath(name)), {}, depth - 1);
+        }
+    }
+    return fault;
+}
+
 /// What is wrong with a library of ours before it is loaded, or with one that the dynamic linker
 /// could find beside it; null when nothing is.
 QString faultOf(const CheckedFile &library)
@@ -50,20 +85,10 @@ QString faultOf(const CheckedFile &library)
     if (!library.fault().isNull()) {
         return QStringLiteral("%1 %2").arg(library.path(), library.fault());
     }
-    const QDir folder = QFileInfo(library.path()).dir();
-    const CheckedFile checked = CheckedFile::trusted(folder.path(), FileUse::Enter, folder.path());
-    // The one that it needs in any case: the folder may be closed to those who list it.
-    const QStringList names =
-        QStringList(QStringLiteral(KV_CORE)) +
-        folder.entryList({QStringLiteral("*.so*")}, QDir::AllEntries | QDir::System);
-    for (const QString &name : names) {
-        const CheckedFile other = checked.file(name);
-        if (!other.fault().isNull()) {
-            return QStringLiteral("%1 is not loaded: %2 %3")
-                .arg(library.path(), folder.filePath(name), other.fault());
-        }
-    }
-    return {};
+    const QString fault =
+        faultIn(QFileInfo(library.path()).dir(), {QStringLiteral(KV_CORE)}, processorFolders);
+    return fault.isNull() ? QString()
+                          : QStringLiteral("%1 is not loaded: %2").arg(library.path(), fault);
 }
 
 /// Why a library is none that extends print dialogs, with its path.

@@ -1,10 +1,19 @@
 #include "DialogOpener.h"
 
 #include <QFile>
+#include <QTest>
 
 namespace {
 constexpr int timeoutMs = 60'000;
 } // namespace
+
+void addQtVersionRows()
+{
+    QTest::addColumn<QString>("qt");
+    for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
+        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
+    }
+}
 
 DialogOpener::DialogOpener(const QString &qt, const QString &userFolder,
                            const QString &systemFolder, const QString &libraries)

@@ -10,6 +10,9 @@
 using FileChange = std::function<bool(const QString &path)>;
 Q_DECLARE_METATYPE(FileChange)
 
+/// Adds a column "qt" and a row for each version of Qt that the plug-in is built for.
+void addQtVersionRows();
+
 /// A run of an application that shows print dialogs and knows nothing of us.
 class DialogOpener
 {

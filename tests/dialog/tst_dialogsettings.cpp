@@ -35,7 +35,7 @@ class tst_dialogsettings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
+    void initTestCase_data() { addQtVersionRows(); }
     void initTestCase();
     void applications_data();
     void applications();
@@ -52,14 +52,6 @@ private Q_SLOTS:
 private:
     PrintingSite mSite;
 };
-
-void tst_dialogsettings::initTestCase_data()
-{
-    QTest::addColumn<QString>("qt");
-    for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
-        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
-    }
-}
 
 void tst_dialogsettings::initTestCase()
 {

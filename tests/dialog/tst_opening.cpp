@@ -11,7 +11,7 @@ class tst_opening : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
+    void initTestCase_data() { addQtVersionRows(); }
     void initTestCase();
     void dialogIsSeenFirst();
     void tabsCome_data();
@@ -23,14 +23,6 @@ private: // NOLINT(readability-redundant-access-specifiers)
     PrintingSite mSite;
     QTemporaryDir mFolder;
 };
-
-void tst_opening::initTestCase_data()
-{
-    QTest::addColumn<QString>("qt");
-    for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
-        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
-    }
-}
 
 void tst_opening::initTestCase()
 {

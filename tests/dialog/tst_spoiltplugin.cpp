@@ -57,6 +57,19 @@ bool addOthersLibrary(const QString &folder)
     return writeOthersFile(folder + QStringLiteral("/libcups.so.2"));
 }
 
+const QString processorFolder = QStringLiteral("/glibc-hwcaps/x86-64-v2");
+
+bool addOthersProcessorLibrary(const QString &folder)
+{
+    return addOthersLibrary(folder + processorFolder);
+}
+
+bool addOpenProcessorFolder(const QString &folder)
+{
+    const QString path = folder + processorFolder;
+    return QDir().mkpath(path) && chmod(QFile::encodeName(path).constData(), 0777) == 0;
+}
+
 FileChange setMode(mode_t mode)
 {
     return [mode](const QString &path) {
@@ -71,7 +84,7 @@ class tst_spoiltplugin : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
+    void initTestCase_data() { addQtVersionRows(); }
     void initTestCase();
     void libraryIsNotLoaded_data();
     void libraryIsNotLoaded();
@@ -84,14 +97,6 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     PrintingSite mSite;
 };
-
-void tst_spoiltplugin::initTestCase_data()
-{
-    QTest::addColumn<QString>("qt");
-    for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
-        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
-    }
-}
 
 void tst_spoiltplugin::initTestCase()
 {
@@ -129,6 +134,11 @@ void tst_spoiltplugin::libraryIsNotLoaded_data()
         "is not loaded: %1 is not in KVPRINT but in OTHERS");
     row("something else to be found there", folder, addOthersLibrary,
         "is not loaded: KVPRINT/libcups.so.2 can be written by others (mode 666)");
+    row("something else for a processor", folder, addOthersProcessorLibrary,
+        "is not loaded: KVPRINT/glibc-hwcaps/x86-64-v2/libcups.so.2 can be written by others "
+        "(mode 666)");
+    row("processor's folder open to others", folder, addOpenProcessorFolder,
+        "is not loaded: KVPRINT/glibc-hwcaps/x86-64-v2 can be written by others (mode 777)");
 }
 
 void tst_spoiltplugin::libraryIsNotLoaded()
