@@ -30,7 +30,7 @@ void FieldEdits::byProgram(QLineEdit *field, const std::function<void()> &change
 
 void FieldEdits::setText(QLineEdit *field, const QString &text)
 {
-    if (field) {
+    if (field && field->text() != text) {
         byProgram(field, [field, &text] { field->setText(text); });
     }
 }

@@ -23,7 +23,8 @@ public:
 
     /// Lets the program change the field, which is no edit.
     static void byProgram(QLineEdit *field, const std::function<void()> &change);
-    /// Sets the field's text for the program; does nothing for null.
+    /// Gives the field another text for the program; does nothing for null. Where the field has
+    /// that text, the caret, the selection and what can be undone stay.
     static void setText(QLineEdit *field, const QString &text);
 
 Q_SIGNALS:

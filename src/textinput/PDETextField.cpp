@@ -46,7 +46,7 @@ void PDETextField13_v400_::textDidEndEditing()
 
 void PDETextField13_v400_::setText(const QString &text)
 {
-    FieldEdits::setText(this, text);
+    FieldEdits::byProgram(this, [this, &text] { QLineEdit::setText(text); });
 }
 
 void PDETextField13_v400_::clear()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void disabledFieldTakesNoCount_data() { waysToEdit(); }
     void disabledFieldTakesNoCount();
     void boxThatIsToggledBackFollowsToo();
+    void caretStaysWhereTheUserTypes();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     static void waysToTick();
@@ -250,6 +251,21 @@ void OtherHandsTest::boxThatIsToggledBackFollowsToo()
     fixture.panel->restoreValuesAndReturnError(nullptr);
     QVERIFY(!box->isChecked());
     QCOMPARE(fixture.host->marked("KvHalfCut"), u"OFF"_s);
+}
+
+void OtherHandsTest::caretStaysWhereTheUserTypes()
+{
+    PanelFixture fixture({.defaults = {{autoCut, "ON"}}});
+    fixture.show();
+    fixture.type(u"5"_s);
+    QLineEdit *field = fixture.panel->mCutEveryTxBx;
+    QTest::keyClick(field, Qt::Key_Home);
+    QTest::keyClicks(field, u"4"_s);
+    QCOMPARE(field->text(), u"45"_s);
+    QCOMPARE(field->cursorPosition(), 1);
+    QTest::keySequence(field, QKeySequence::Undo);
+    QCOMPARE(field->text(), u"5"_s);
+    QCOMPARE(fixture.selectedKeyword(cutEvery), u"5"_s);
 }
 
 KV_TEST(OtherHandsTest)
