@@ -1,6 +1,6 @@
 #include "PropertiesDialog.h"
 
-#include "AttachedDialog.h"
+#include "demo/DialogDriver.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -17,7 +17,7 @@ QWidget *optionsPage(const QDialog &properties)
 }
 } // namespace
 
-bool PropertiesDialog::with(AttachedDialog &dialog, bool accept,
+bool PropertiesDialog::with(DialogDriver &user, bool accept,
                             const std::function<void(QDialog &)> &action)
 {
     bool opened = false;
@@ -29,7 +29,7 @@ bool PropertiesDialog::with(AttachedDialog &dialog, bool accept,
             accept ? properties->accept() : properties->reject();
         }
     });
-    QTest::mouseClick(dialog.user().widget(QStringLiteral("properties")), Qt::LeftButton);
+    QTest::mouseClick(user.widget(QStringLiteral("properties")), Qt::LeftButton);
     return opened;
 }
 

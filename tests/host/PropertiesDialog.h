@@ -4,12 +4,12 @@
 
 #include <functional>
 
-class AttachedDialog;
+class DialogDriver;
 
 /// The dialog behind the Properties button of a print dialog.
 namespace PropertiesDialog {
 /// Opens the dialog, does something with it and closes it; false when it did not come up.
-bool with(AttachedDialog &dialog, bool accept, const std::function<void(QDialog &)> &action);
+bool with(DialogDriver &user, bool accept, const std::function<void(QDialog &)> &action);
 
 /// The PPD name of the paper that is chosen.
 QString paper(const QDialog &properties);

@@ -388,7 +388,7 @@ void tst_attachment::propertiesDoNotListThePanelsOptions()
         AttachedDialog dialog(QString::fromLatin1(printer));
         QVERIFY(dialog.user().open());
         bool isShown = true;
-        QVERIFY(PropertiesDialog::with(dialog, false, [&](const QDialog &properties) {
+        QVERIFY(PropertiesDialog::with(dialog.user(), false, [&](const QDialog &properties) {
             isShown = PropertiesDialog::hasOptions(properties);
         }));
         QVERIFY2(!isShown, printer);
@@ -402,7 +402,7 @@ void tst_attachment::propertiesStillListOtherOptions()
         QVERIFY(dialog.user().open());
         QStringList texts;
         bool isShown = false;
-        QVERIFY(PropertiesDialog::with(dialog, false, [&](const QDialog &properties) {
+        QVERIFY(PropertiesDialog::with(dialog.user(), false, [&](const QDialog &properties) {
             texts = PropertiesDialog::options(properties);
             isShown = PropertiesDialog::hasOptions(properties);
         }));
@@ -417,7 +417,7 @@ void tst_attachment::choiceOfThePropertiesReachesTheJob()
     AttachedDialog dialog(QStringLiteral("mixed"));
     QVERIFY(dialog.openTab());
     QVERIFY(PanelUser(dialog.user()).click(QStringLiteral("mMirrorPrintChkBx")));
-    QVERIFY(PropertiesDialog::with(dialog, true, [](const QDialog &properties) {
+    QVERIFY(PropertiesDialog::with(dialog.user(), true, [](const QDialog &properties) {
         QVERIFY(PropertiesDialog::pickChoice(properties, QStringLiteral("Dark")));
     }));
     QVERIFY(PanelUser(dialog.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));

@@ -61,7 +61,7 @@ void tst_requests::requestedPaperIsShownAndPrinted()
     QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), paper);
     for (int i = 0; i < 2; ++i) {
         QString shown;
-        QVERIFY(PropertiesDialog::with(dialog, accept, [&](const QDialog &properties) {
+        QVERIFY(PropertiesDialog::with(dialog.user(), accept, [&](const QDialog &properties) {
             shown = PropertiesDialog::paper(properties);
         }));
         QCOMPARE(shown, paper);

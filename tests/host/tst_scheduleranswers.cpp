@@ -3,6 +3,7 @@
 #include "CommandRun.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
+#include "PropertiesDialog.h"
 #include "SchedulerProxy.h"
 #include "host/PrintDialogAttachment.h"
 #include "host/PrinterFetch.h"
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void requestsOfEachMoment();
     void silentSchedulerHoldsNobody();
     void answerBehindPrintStillCounts();
+    void answerBehindPropertiesStillCounts();
     void silenceEndsWithTheTruth();
     void slowAnswersAreNoSilence();
     void cancelledRequestIsNotMade();
@@ -231,6 +233,29 @@ void SchedulerAnswersTest::answerBehindPrintStillCounts()
     QVERIFY(mSite.saveUserOptions(""));
     QVERIFY(application.handedOver().contains(u"KvHalfCut"_s));
     QCOMPARE(application.problems(), QStringList());
+}
+
+void SchedulerAnswersTest::answerBehindPropertiesStillCounts()
+{
+    SchedulerProxy proxy(mSite.scheduler().address());
+    Application application;
+    const QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    QVERIFY(application.user().open());
+    proxy.delayAnswers(std::chrono::milliseconds(500));
+    application.attach();
+    const auto *attachment = dialog.findChild<PrintDialogAttachment *>();
+    bool wereListed = false;
+    bool areListed = true;
+    const auto awaitAnswer = [&](const QDialog &properties) {
+        QVERIFY(attachment->isWaiting());
+        wereListed = PropertiesDialog::hasOptions(properties);
+        QVERIFY(QTest::qWaitFor([&] { return !attachment->isWaiting(); }));
+        areListed = PropertiesDialog::hasOptions(properties);
+    };
+    QVERIFY(PropertiesDialog::with(application.user(), false, awaitAnswer));
+    QVERIFY(wereListed);
+    // The panel has them now.
+    QVERIFY(!areListed);
 }
 
 void SchedulerAnswersTest::silenceEndsWithTheTruth()
