@@ -4,6 +4,8 @@
 #include "bench/PairedTimes.h"
 #include "bench/RatioTable.h"
 
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 
 namespace {
@@ -24,51 +26,42 @@ std::string without(const std::string &name)
 }
 } // namespace
 
+/// What a dialog is asked to do.
+struct DialogCosts::Moment
+{
+    const char *name;
+    const char *deed;
+    /// Whether Qt itself waits for the scheduler: for another printer, and to print.
+    bool isQtWaiting = false;
+};
+
 /// How the scheduler answers once the dialog has been made.
 struct DialogCosts::Answers
 {
-    /// What a dialog is asked to do.
-    struct Moment
-    {
-        const char *name;
-        const char *deed;
-    };
-
     const char *name;
     std::chrono::milliseconds delay;
     bool isStopped;
     int pairs;
-    std::vector<Moment> moments;
+
+    /// What can be asked of a dialog while it answers like that, in order.
+    std::vector<Moment> moments() const;
+};
+
+const DialogCosts::Moment DialogCosts::allMoments[] = {
+    {"shown", "show"},    {"tab turned", "turn"},  {"printer changed", "pick", true},
+    {"Cancel", "cancel"}, {"shown again", "show"}, {"Print", "print", true},
 };
 
 const DialogCosts::Answers DialogCosts::allAnswers[] = {
-    {"at once",
-     0ms,
-     false,
-     5,
-     {{"shown", "show"},
-      {"tab turned", "turn"},
-      {"printer changed", "pick"},
-      {"Cancel", "cancel"},
-      {"shown again", "show"},
-      {"Print", "print"}}},
-    {"after 0.5 s",
-     500ms,
-     false,
-     2,
-     {{"shown", "show"},
-      {"tab turned", "turn"},
-      {"printer changed", "pick"},
-      {"Cancel", "cancel"},
-      {"shown again", "show"},
-      {"Print", "print"}}},
-    // For another printer, and to print, Qt itself would wait for the scheduler.
-    {"never",
-     0ms,
-     true,
-     3,
-     {{"shown", "show"}, {"tab turned", "turn"}, {"Cancel", "cancel"}, {"shown again", "show"}}},
-};
+    {"at once", 0ms, false, 5}, {"after 0.5 s", 500ms, false, 2}, {"never", 0ms, true, 3}};
+
+std::vector<DialogCosts::Moment> DialogCosts::Answers::moments() const
+{
+    std::vector<Moment> moments;
+    std::copy_if(std::begin(allMoments), std::end(allMoments), std::back_inserter(moments),
+                 [this](const Moment &moment) { return !isStopped || !moment.isQtWaiting; });
+    return moments;
+}
 
 void DialogCosts::measureOpenings(const DialogApplication &application)
 {
@@ -116,7 +109,7 @@ void DialogCosts::measureMoments(const DialogApplication &application)
                                              "print dialog does not answer: the scheduler does ") +
                                      answers.name,
                                  {}};
-        for (const Answers::Moment &moment : answers.moments) {
+        for (const Moment &moment : answers.moments()) {
             compare(group, std::string(answers.name) + ": " + moment.name, unnoticed);
         }
         mGroups.push_back(group);
@@ -132,7 +125,7 @@ void DialogCosts::work(const DialogApplication &application, const Answers &answ
     run->time("make");
     mSite.delayAnswers(answers.delay);
     mSite.stop(answers.isStopped);
-    for (const Answers::Moment &moment : answers.moments) {
+    for (const Moment &moment : answers.moments()) {
         add(std::string(answers.name) + ": " + moment.name, isExtended,
             run->time(moment.deed).longest);
     }

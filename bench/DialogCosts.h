@@ -27,6 +27,7 @@ public:
     void print(std::ostream &stream) const;
 
 private:
+    struct Moment;
     struct Answers;
     /// How many requests there have been, without the extension and with it.
     struct Requests
@@ -47,5 +48,6 @@ private:
     std::map<std::string, Requests> mRequests;
     std::vector<ComparisonGroup> mGroups;
 
+    static const Moment allMoments[];
     static const Answers allAnswers[];
 };

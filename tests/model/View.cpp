@@ -22,22 +22,26 @@ struct NibItem
     QLatin1String title;
 };
 
-const std::array<NibItem, View::OutletCount> nib = {{
-    {QLatin1String("mCutEveryChkBx"), 20, 42, 190, 22, QLatin1String("Cut every")},
-    {QLatin1String("mCutAndEndChkBx"), 20, 120, 190, 22, QLatin1String("Cut at end")},
-    {QLatin1String("mMirrorPrintChkBx"), 20, 224, 190, 22, QLatin1String("Mirror printing")},
-    {QLatin1String("mAutoCutChkBx"), 20, 94, 190, 22, QLatin1String("Auto cut")},
-    {QLatin1String("mHalfCutChkBx"), 20, 146, 190, 22, QLatin1String("Half cut")},
-    {QLatin1String("mChainPrintChkBx"), 20, 198, 190, 22, QLatin1String("Chain printing")},
-    {QLatin1String("mSpecialTapeChkBx"), 20, 172, 190, 22,
-     QLatin1String("Special tape (no cutting)")},
-    {QLatin1String("mRemoveBlkSpaceChkBx"), 20, 250, 190, 22, QLatin1String("Remove blank space")},
-    {QLatin1String("mCutMarkChkBx"), 20, 16, 190, 22, QLatin1String("Cut marks")},
-    {QLatin1String("mCutEveryTxBx"), 44, 68, 56, 26, QLatin1String("")},
-    {QLatin1String("mCutEveryStpr"), 102, 67, 20, 28, QLatin1String("")},
-    {QLatin1String("mCutEveryStr"), 128, 66, 80, 22, QLatin1String("labels")},
-    {QLatin1String("mOptionPopUpButton"), 220, 12, 240, 26, QLatin1String("")},
-}};
+NibItem checkBox(const char *outlet, int top, const char *title)
+{
+    return {QLatin1String(outlet), 20, top, 190, 22, QLatin1String(title)};
+}
+
+const std::array<NibItem, View::OutletCount> nib = {
+    checkBox("mCutEveryChkBx", 42, "Cut every"),
+    checkBox("mCutAndEndChkBx", 120, "Cut at end"),
+    checkBox("mMirrorPrintChkBx", 224, "Mirror printing"),
+    checkBox("mAutoCutChkBx", 94, "Auto cut"),
+    checkBox("mHalfCutChkBx", 146, "Half cut"),
+    checkBox("mChainPrintChkBx", 198, "Chain printing"),
+    checkBox("mSpecialTapeChkBx", 172, "Special tape (no cutting)"),
+    checkBox("mRemoveBlkSpaceChkBx", 250, "Remove blank space"),
+    checkBox("mCutMarkChkBx", 16, "Cut marks"),
+    NibItem{QLatin1String("mCutEveryTxBx"), 44, 68, 56, 26, QLatin1String("")},
+    NibItem{QLatin1String("mCutEveryStpr"), 102, 67, 20, 28, QLatin1String("")},
+    NibItem{QLatin1String("mCutEveryStr"), 128, 66, 80, 22, QLatin1String("labels")},
+    NibItem{QLatin1String("mOptionPopUpButton"), 220, 12, 240, 26, QLatin1String("")},
+};
 
 /// A row of the view, and the presets that go when it is there or when it is not.
 struct Row
