@@ -189,6 +189,12 @@ void OptionPDE13_v400_::PPDOptionKeyValueDidChange(const QString &key, const QSt
         return;
     }
     const auto &choices = this->*row->choices;
+    // The dialog has marked the choice, as a rule.
+    const int marked = indexOfMarkedOption(choices.get(), key);
+    if (marked >= 0 && (*choices)[std::size_t(marked)]->ppdTitle() == ppdChoice) {
+        this->*row->selection = (*choices)[std::size_t(marked)].get();
+        return;
+    }
     this->*row->selection =
         choices ? PDEUtilsMethod13::findChoiceForString(ppdChoice, *choices) : nullptr;
 }

@@ -11,8 +11,6 @@
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
 
-#include <algorithm>
-
 namespace {
 void setState(CheckBox *box, bool on)
 {
@@ -24,11 +22,11 @@ void setState(CheckBox *box, bool on)
 /// The place of the selection itself, not of its equal; −1 when it is not in the list.
 int indexOfIdentical(const ChoiceList *choices, const PDEChoice *selection)
 {
-    if (!choices) {
+    if (!choices || !selection) {
         return -1;
     }
-    const auto found = std::ranges::find(*choices, selection, &std::unique_ptr<PDEChoice>::get);
-    return found == choices->end() ? -1 : int(found - choices->begin());
+    const int index = PDEUtilsMethod13::indexOfRecord(*choices, selection->choice());
+    return index >= 0 && (*choices)[std::size_t(index)].get() == selection ? index : -1;
 }
 } // namespace
 

@@ -153,7 +153,11 @@ const PDEChoice *BasePDE13_v400_::selectionForItem(int item, const QString &key,
 int BasePDE13_v400_::indexOfMarkedOption(const ChoiceList *choices, const QString &key) const
 {
     const ppd_choice_t *marked = ppd ? ppdFindMarkedChoice(ppd, key.toUtf8().constData()) : nullptr;
-    return marked ? indexOfChoices(choices, QString::fromUtf8(marked->choice)) : -1;
+    if (!marked || !choices) {
+        return -1;
+    }
+    const int index = PDEUtilsMethod13::indexOfRecord(*choices, marked);
+    return index >= 0 ? index : indexOfChoices(choices, QString::fromUtf8(marked->choice));
 }
 
 int BasePDE13_v400_::indexOfChoices(const ChoiceList *choices, const QString &value) const

@@ -98,6 +98,14 @@ std::unique_ptr<ChoiceList> PDEUtilsMethod13::arrayFromPPDOption(ppd_option_t *o
     return choices;
 }
 
+int PDEUtilsMethod13::indexOfRecord(const ChoiceList &choices, const ppd_choice_t *record)
+{
+    const std::ptrdiff_t index = record - record->option->choices;
+    const bool isThere = index >= 0 && std::size_t(index) < choices.size() &&
+                         choices[std::size_t(index)]->choice() == record;
+    return isThere ? int(index) : -1;
+}
+
 const PDEChoice *PDEUtilsMethod13::findChoiceForString(const QString &string,
                                                        const ChoiceList &choices)
 {
