@@ -79,7 +79,9 @@ TapeInfo OptionPDE13_v400_::currentTapeInfo() const
 
 bool OptionPDE13_v400_::isHSPaper() const
 {
-    return paperClassOf(currentTapeInfo().paperName.toUtf8()) == PaperClass::HeatShrink;
+    const QString name = tapePaperName(pdePluginCallbackObject->printSettings(),
+                                       pdePluginCallbackObject->pageFormat());
+    return paperClassOf(name.toUtf8()) == PaperClass::HeatShrink;
 }
 
 PaperClass OptionPDE13_v400_::paperClass() const

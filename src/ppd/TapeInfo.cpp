@@ -51,6 +51,13 @@ QString ppdNameOf(PMPaper paper)
     return PMPaperGetPPDPaperName(paper, &name) == noErr ? name : QString();
 }
 
+/// The paper's name as the PPD has it, or else the private ticket; null when neither has one.
+QString nameOf(PMPaper paper, PMPrintSettings printSettings)
+{
+    const QString name = ppdNameOf(paper);
+    return name.isNull() ? ticketString(printSettings, kTicketPaperName) : name;
+}
+
 /// A number's part before the decimal point; nothing for what is no number.
 std::optional<qint64> wholeNumber(const QVariant &value)
 {
@@ -107,12 +114,7 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
         return noErr;
     }
 
-    const QString name = ppdNameOf(paper);
-    if (name.isNull()) {
-        GetTapeInfo2(printSession, printSettings, info);
-    } else {
-        info->paperName = name;
-    }
+    info->paperName = nameOf(paper, printSettings);
 
     double height = 0.0;
     if (const OSStatus status = PMPaperGetHeight(paper, &height); status != noErr) {
@@ -123,7 +125,7 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
     }
     info->length = height / pointsPerInch / inchesPerMillimetre;
 
-    const QByteArray cName = nameAsCString(name);
+    const QByteArray cName = nameAsCString(ppdNameOf(paper));
     if (cName.isEmpty()) {
         info->tapeState = 2;
     } else if (isListedSize(ppd, cName)) {
@@ -131,6 +133,13 @@ OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
     }
     GetColorSetting(printSession, printSettings, info);
     return noErr;
+}
+
+QString tapePaperName(PMPrintSettings printSettings, PMPageFormat pageFormat)
+{
+    PMPaper paper = nullptr;
+    const bool hasPaper = PMGetPageFormatPaper(pageFormat, &paper) == noErr && paper;
+    return hasPaper ? nameOf(paper, printSettings) : QString();
 }
 
 OSStatus GetTapeInfo2(PMPrintSession, PMPrintSettings printSettings, TapeInfo *info)

@@ -43,6 +43,9 @@ inline const QString kPrivateTicketKey =
 OSStatus GetTapeInfo(PMPrintSession printSession, PMPrintSettings printSettings,
                      PMPageFormat pageFormat, const ppd_file_t *ppd, TapeInfo *info);
 
+/// TapeInfo::paperName alone, without a search of the PPD's sizes, of which there may be many.
+QString tapePaperName(PMPrintSettings printSettings, PMPageFormat pageFormat);
+
 /// Takes the paper name from the private ticket, null when it has none; always 0.
 OSStatus GetTapeInfo2(PMPrintSession printSession, PMPrintSettings printSettings, TapeInfo *info);
 
