@@ -1,35 +1,35 @@
-# A thin front for the CMake presets. Each target installs the packages that it needs and lacks.
+# A front end for the CMake presets. Each target installs the packages that it needs.
 
 JOBS ?= $(shell nproc)
-# Tests wait more than they compute.
+# More tests than processors: they mostly wait.
 TEST_JOBS ?= $(shell expr 3 '*' $(JOBS))
 PREFIX ?= /usr/local
 # More options for CMake, such as -DKV_QT_VERSIONS=6 for a build without Qt 5.
 CMAKE_OPTIONS ?=
-# How long "make prove" takes, and each fuzzer of "make fuzz", in seconds; 600 and 60 by default.
+# Seconds for "make prove" (600 by default) and for each fuzzer of "make fuzz" (60).
 FOR ?=
 # The Debian release of "make check-package" and "make check-release"; this machine's by default.
 RELEASE ?= $(shell . /etc/os-release && echo $$VERSION_CODENAME)
-# What "make check-release" runs, each with no packages but those of its own lists.
+# What "make check-release" runs, each with only the packages of its own lists.
 COMMANDS ?= run test package
-# The lists of packages that building for a user needs, and "make run" more.
+# The lists of packages to install before building; "make run" adds one.
 lists = build
 
 .PHONY: all run test lint test-optimised test-sanitize prove fuzz coverage bench screenshots deps \
 	install uninstall package check-package check-release clean
 .NOTPARALLEL:
 
-# A user's umask may let a group write; from folders that others can write to nothing is loaded.
+# Sets the umask to 022: nothing is loaded from folders that others can write to.
 SHELL = tools/shell
 export CMAKE_OPTIONS JOBS
 
-# What has to be built for a user.
+# Builds everything that is installed.
 all:
 	tools/deps $(lists)
 	cmake --preset release $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target installed kvprint-demo
 
-# Prints a sample label through the dialog, at a scheduler of its own.
+# Prints a sample label through the dialog, with a private print scheduler.
 run: lists += run
 run: all
 	build/release/bin/kvprint-demo build/run
@@ -53,34 +53,34 @@ test-optimised test-sanitize: test-%: deps
 	cmake --build --preset $* --parallel $(JOBS)
 	ctest --preset $* --parallel $(TEST_JOBS)
 
-# Holds the panel against a model of its rules, in random conversations, for FOR seconds.
+# Compares the panel with a model of its rules in random conversations, for FOR seconds.
 prove: deps
 	cmake --preset optimised
 	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-model
 	tests/isolated KV_MODEL_SECONDS=$(or $(FOR),600) build/optimised/tests/model tst_model
 
-# Tries random inputs on everything that reads files, scripts or texts, each fuzzer for FOR seconds.
+# Runs each fuzzer for FOR seconds.
 fuzz:
 	tools/deps build fuzz
 	cmake --preset fuzz
 	cmake --build --preset fuzz --parallel $(JOBS)
 	tools/fuzz build/fuzz $(or $(FOR),60) $(JOBS)
 
-# Says which lines of the panel the tests reach, and fails when they are too few.
+# Measures the line coverage of the panel, and fails if it is too low.
 coverage:
 	tools/deps build run qt5 test coverage
 	cmake --preset coverage
 	cmake --build --preset coverage --parallel $(JOBS)
 	tools/coverage build/coverage $(JOBS)
 
-# Measures how long the panel takes.
+# Measures the panel, and what the extension costs applications.
 bench:
 	tools/deps build run qt5 bench
 	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	tests/isolated build/release/bin/kvprint-bench
 
-# Photographs the panel in every language, style, theme and scale, and for the guide.
+# Draws the panel in every language, style, theme and scale, and the guide's pictures.
 screenshots:
 	tools/deps build run qt5 screenshots
 	cmake --preset release -DKV_BUILD_SCREENSHOTS=ON $(CMAKE_OPTIONS)
@@ -95,19 +95,19 @@ install: all
 uninstall:
 	tools/uninstall build/release/install_manifest.txt
 
-# Builds Debian packages in build/package, and has lintian look at them.
+# Builds Debian packages in build/package, and checks them with lintian.
 package:
 	tools/deps build qt5 package
 	tools/package build/package
 
-# Installs the packages in a Debian of their own, of the same release, prints with them, and removes
-# them without a trace. As root, with the network.
+# Installs the packages in a chroot of the Debian release, prints, removes them, and checks that no file
+# is left. Needs root and the network.
 check-package: package
 	tools/deps check-release
 	tests/package/check $(RELEASE) build/package build/check-package
 
-# Does what a newcomer does on a fresh Debian of that release, and checks the packages that come out.
-# As root, with the network.
+# Runs COMMANDS in a new chroot of the Debian release, and checks the packages that they build. Needs
+# root and the network.
 check-release:
 	tools/deps check-release
 	tests/package/check-release $(RELEASE) build/check-release $(COMMANDS)

@@ -1,11 +1,10 @@
-"""Opens the print dialog of an application as its user would, by the names that assistive
-technologies see, and tells what is in it.
+"""Opens the print dialog of an application through the accessibility interface and lists its contents.
 
 usage: print_dialog.py PICTURE PROGRAM [ARGUMENT...]
 
-Writes a line "tab TITLE" for each tab of the dialog, "control NAME" for each check box of the tab
-"Cut Options", which is turned to, and "library PATH" for each library that the application has
-loaded of ours; leaves a picture of the dialog, and ends the application.
+Prints "tab TITLE" for each tab of the dialog, "control NAME" for each check box of the tab "Cut
+Options", which it selects, and "library PATH" for each of our libraries that the application has
+loaded; saves a picture of the dialog, and ends the application.
 """
 
 import subprocess
