@@ -23,20 +23,21 @@ public:
     };
 
     /**
-     * @param bundles and @param reporter must outlive this object, and are told and asked as
-     *        PanelHost does.
+     * @param bundles and @param reporter must outlive this object; PanelHost uses them.
      */
     JobSetup(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter);
 
-    /// Works the panels; what is refused, null when nothing is. Once only.
+    /// Applies the wish to the panels' controls; may be called once.
+    ///
+    /// @return null, or what is refused.
     QString apply(const Wish &wish);
 
     PanelHost &panels() const { return *mHost; }
     PPDFile &ppd() const { return mHost->ppd(); }
 
-    /// What the user asked for, as the panels have it: what lp has to be told.
+    /// The options that the user asked for, with the values that the panels have: those for lp.
     JobOptions askedOptions() const;
-    /// The options of the job, those included that the user has saved for the queue.
+    /// The options of the job, including those that the user has saved for the queue.
     JobOptions jobOptions() const;
 
 private:

@@ -39,6 +39,7 @@ private:
 
     QJsonArray mEvents;
     Beeper mFormerBeeper;
-    /// The alerts that have been told of and are still to be shown: to be compared with alone.
+    /// The alerts that have been reported and are still to be shown. They may have been deleted:
+    /// only their addresses are compared.
     QSet<const QObject *> mPolished;
 };

@@ -4,6 +4,7 @@
 
 class QWidget;
 
-/// Writes a picture of a widget as PNG. What went wrong, with the file's name, and then nothing has
-/// been written; null when nothing did.
+/// Writes a picture of a widget as PNG.
+///
+/// @return null, or the error with the file's name; nothing has been written then.
 QString writePictureOf(QWidget &widget, const QString &path);

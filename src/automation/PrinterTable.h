@@ -3,8 +3,8 @@
 #include <QJsonObject>
 #include <QString>
 
-/// A PrinterList for people: for each printer a table of its options and one of its presets, with
-/// runs of consecutive numbers among the choices as ranges.
+/// A PrinterList as text: for each printer a table of its options and one of its presets, with
+/// consecutive numbers among the choices as ranges.
 ///
 /// @param list as PrinterList::toJSON() answers it.
 QString printerTable(const QJsonObject &list);

@@ -31,18 +31,17 @@ public:
 
     bool has(const char *member) const { return mMembers.contains(QLatin1String(member)); }
 
-    /// A text that must be there, without null characters, which no name holds; null when it is
-    /// not.
+    /// A required text without null characters; null when it is missing or has one.
     QString name(const char *member);
-    /// Any text that must be there; null when it is not.
+    /// A required text; null when it is missing.
     QString text(const char *member);
-    /// A name that may be missing, or null where @p mayBeNull; null in both cases.
+    /// An optional name, which may be JSON's null if @p mayBeNull; null when it is missing or null.
     QString optionalName(const char *member, bool mayBeNull = false);
-    /// A number that may be missing.
+    /// An optional number.
     std::optional<double> optionalNumber(const char *member);
-    /// A whole number of 32 bits that must be there; 0 when it is not.
+    /// A required 32-bit integer; 0 when it is missing.
     int integer(const char *member);
-    /// Yes or no; @p otherwise when it is missing.
+    /// An optional Boolean; @p otherwise when it is missing.
     bool flag(const char *member, bool otherwise);
 
 private:

@@ -88,7 +88,7 @@ private:
     PDEPanel &panel() const { return *mConversation->panel(); }
 
     Setup mSetup;
-    /// Stands for the dialog; before the events, which its end must not reach.
+    /// Stands for the dialog. Declared before mEvents, which must not record its destruction.
     QWidget mWindow;
     PanelEvents mEvents;
     ProblemReporter mReporter;

@@ -3,5 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// Writes bytes to standard output at once; why that went wrong, null when it did not.
+/// Writes bytes to standard output at once.
+///
+/// @return null, or the error.
 QString writeToStandardOutput(const QByteArray &bytes);

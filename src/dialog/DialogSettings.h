@@ -10,22 +10,22 @@ class ProblemReporter;
  * kvprint/dialog.conf, the user's (below ~/.config) and the system's (below /etc/xdg).
  *
  * A key is the name of a program's file, or "*" for all that have no key of their own. Its value is
- * "on" or "off". What the user's file says goes before the system's.
+ * "on" or "off". The user's file overrides the system's.
  */
 class DialogSettings
 {
 public:
-    /// @param reporter told once of a file or value that makes no sense; must outlive the settings.
+    /// @param reporter told once of each invalid file or value; must outlive the settings.
     explicit DialogSettings(ProblemReporter &reporter);
 
-    /// Reads whether the dialogs of the program are extended, as they are unless a file says "off".
+    /// Reads the files: whether the dialogs of the program are extended. The default is true.
     bool isOn(const QString &program) const;
 
 private:
     /// A line of the section.
     struct Line;
 
-    /// Adds the lines of a file whose keys have none yet.
+    /// Adds those lines of a file whose keys are not in @p lines.
     void read(const QString &file, QHash<QString, Line> &lines) const;
 
     ProblemReporter &mReporter;

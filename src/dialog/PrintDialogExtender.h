@@ -5,8 +5,8 @@
 class QObject;
 
 /**
- * What the library of the print dialog extension offers to the plug-in that waits for print
- * dialogs: the plug-in is all that an application loads until its first print dialog.
+ * The interface of the extension's library to the plug-in that waits for print dialogs. Until its
+ * first print dialog an application loads only the plug-in.
  */
 class PrintDialogExtender
 {

@@ -4,7 +4,7 @@
 
 /**
  * The plug-in that every Qt application loads at its start when QT_QPA_GENERIC_PLUGINS names it. It
- * needs QtGui alone and loads nothing else of ours before the first print dialog.
+ * needs only QtGui, and loads none of our other libraries before the first print dialog.
  */
 class PrintDialogPlugIn : public QGenericPlugin
 {

@@ -8,9 +8,9 @@
 class PrintDialogExtender;
 
 /**
- * Waits for the application's print dialogs, and has each extended as soon as it has been painted,
- * so that it is on the screen as early as ever. The library that does so is loaded for the first of
- * them.
+ * Waits for the application's print dialogs, and extends each when it has been painted, so that it
+ * is on the screen as early as without the extension. Loads the library that extends them for the
+ * first dialog.
  */
 class PrintDialogWatcher : public QObject
 {
@@ -30,6 +30,7 @@ private:
 
     PrintDialogExtender *mExtender = nullptr;
     bool mHasTriedToLoad = false;
-    /// The dialogs that have been shown and are still to be extended: to be compared with alone.
+    /// The dialogs that have been shown and are still to be extended. They may have been deleted:
+    /// only their addresses are compared.
     QSet<const QObject *> mShown;
 };

@@ -18,8 +18,7 @@ public:
     /**
      * Sends the files as one job.
      *
-     * A printer of the network that has no queue gets one for the time: see
-     * PrintQueue::makeTemporary().
+     * A network printer without a queue gets a temporary one: see PrintQueue::makeTemporary().
      *
      * @param printer the queue's name, with or without an instance, whose saved options are not
      *        added to the others.

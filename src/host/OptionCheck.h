@@ -6,8 +6,8 @@
 
 class PPDFile;
 
-/// What is wrong with options that a user has asked for: the first one whose value is no choice of
-/// the PPD's; null when nothing is. Options that the PPD lacks are not looked at.
+/// The error about the first option whose value is not one of the PPD's choices; null when there is
+/// none. Options that the PPD lacks are not checked.
 QString faultOfOptions(const PPDFile &ppd, const JobOptions &options);
 
 /// The options with keywords and choices as the PPD writes them, where only the case of letters

@@ -47,12 +47,12 @@ public:
      */
     void request(const QString &key, const QString &choice);
 
-    /// A preset that the user has asked for, null for none: chosen when the panel is first shown,
-    /// behind the choices that have been requested before and in front of those that follow.
+    /// A preset that the user has asked for, null for none. It is chosen when the panel is first
+    /// shown, after the choices that were requested before it and before the later ones.
     void requestPreset(const QString &identifier);
 
-    /// The choices requested behind the preset that the panels' controls have not taken, or that
-    /// are not marked now.
+    /// Of the choices that were requested after the preset, those that the panels' controls have
+    /// not taken or that are not marked now.
     JobOptions unmetRequests() const;
     /// Whether a requested preset could not be chosen.
     bool isPresetUnmet() const { return !mPreset.isNull(); }
@@ -65,10 +65,10 @@ public:
     /// The panel's tab is about to be seen. What the user has set in it stays set.
     void show(PDEPanel &panel);
 
-    /// The panel's tab is not seen any more: its choices are taken over.
+    /// The panel's tab is hidden: its choices are saved.
     void hide(PDEPanel &panel);
 
-    /// Takes over the choices of the panels that have been seen.
+    /// Saves the choices of the panels that have been shown.
     void saveShown();
 
     /// The user has picked another paper.
@@ -100,7 +100,9 @@ private:
     void showAgain(PDEPanel &panel);
     void applyPreset(PDEPanel &panel);
     void applyRequests(PDEPanel &panel, const JobOptions &requests);
-    /// Those of the keys whose requested choice a control of the view does not take.
+    /// Sets the controls of the view to the requested choices of the keys.
+    ///
+    /// @return the keys whose choice no control takes.
     QStringList choose(QWidget *view, QStringList keys, const JobOptions &requests);
     void save(PDEPanel &panel);
 

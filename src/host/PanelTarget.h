@@ -12,7 +12,7 @@
 class SchedulerConnection;
 struct PrinterRecord;
 
-/// What the panels of a dialog are about.
+/// The printer and paper that the panels of a dialog are for.
 struct PanelTarget
 {
     /**

@@ -47,9 +47,9 @@ public:
 private:
     /// How long the scheduler may be silent.
     SchedulerConnection::Milliseconds schedulerLimit() const;
-    /// Spells the options as the printer does. Printed when nothing is wrong with them.
+    /// Spells the options as the printer does. ExitStatus::Printed when they are valid.
     ExitStatus checkOptions(SchedulerConnection &scheduler, const QString &queue);
-    /// The number of copies asked for, which is the dialog's business from then on.
+    /// Takes the number of copies out of the options: from then on the dialog has it.
     int takeCopies();
     /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.
     JobOptions optionsOfPrinter() const;

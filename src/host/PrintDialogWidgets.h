@@ -10,8 +10,8 @@ class QWidget;
 
 /**
  * @file
- * The parts of Qt's print dialog that it does not offer by its interface, found by their object
- * and class names.
+ * Access to those parts of Qt's print dialog that have no public interface, by their object and
+ * class names.
  */
 
 /// The object name of the dialog's menu of printers.
@@ -22,7 +22,7 @@ inline constexpr char kPropertiesDialogClass[] = "QPrintPropertiesDialog";
 /// The menu of printers; null when the dialog has none.
 QComboBox *printersMenu(const QPrintDialog &dialog);
 
-/// Whether the dialog's menu of printers stands at its own item for printing into a file.
+/// Whether "Print to File" is selected in the dialog's menu of printers.
 bool isPrintingToFile(const QPrintDialog &dialog);
 
 /// The tabs of the dialog; null when it has none.

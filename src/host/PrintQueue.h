@@ -25,9 +25,9 @@ public:
         /// The user's default queue or instance; null when there is none.
         QString byDefault;
 
-        /// The name of the queue that a user means: the one that is @p asked for, else the default
-        /// one, else the first. Null when there is none, with the reason in @p error when it is not
-        /// that there are no queues.
+        /// The name of the queue to use: @p asked unless that is empty, else the default queue,
+        /// else the first one. Null when there is none; @p error is set to the reason when there
+        /// are queues, but not that one.
         QString choose(const QString &asked, QString *error) const;
     };
     /// Empty, with the reason in @p error, when there are none.
@@ -35,25 +35,27 @@ public:
     /// Asks for the names and chooses one of them; null, with the reason in @p error, when there is
     /// none.
     static QString choose(SchedulerConnection &scheduler, const QString &asked, QString *error);
-    /// The queue of that name, or an instance of it with the options that the user has saved for
-    /// it, none for an instance that nobody has made; nothing, with what is missing, the queue or
-    /// the scheduler, in @p error, when there is no such queue.
+    /// The queue or instance of that name with its saved options; nothing, with the reason in
+    /// @p error, when there is no such queue or the scheduler does not answer. An instance that
+    /// nobody has created has no saved options.
     static std::optional<PrintQueue> find(SchedulerConnection &scheduler, const QString &name,
                                           QString *error);
 
-    /// Whether there is a queue of that name; what is missing, it or the scheduler, in @p error
-    /// when there is none. Nothing is known of instances.
+    /// Whether there is a queue of that name, disregarding the instance. False, with the reason in
+    /// @p error, when there is none or the scheduler does not answer.
     static bool exists(SchedulerConnection &scheduler, const QString &name, QString *error);
 
-    /// Has libcups make a queue for a printer of the network that has none; it goes again when it
-    /// is not used any more. False, with the reason in @p error, when there is none then. The limit
-    /// of @p scheduler does not hold for the request that makes the queue, nor for the time in
-    /// which the scheduler asks the printer what it can do: both are libcups' own.
+    /// Makes libcups create a temporary queue for a network printer that has none; the scheduler
+    /// removes it when it is no longer used. False, with the reason in @p error, when that fails.
+    /// The time limit of @p scheduler applies neither to the request that creates the queue nor to
+    /// the time in which the scheduler asks the printer for its abilities.
     static bool makeTemporary(SchedulerConnection &scheduler, const QString &queue, QString *error);
 
     /// The name of the queue that a printer's jobs go to: without the instance.
     static QString queueOf(const QString &name);
-    /// The URI by which requests name a queue or a class, which is given without an instance.
+    /// The URI of a queue or a class for requests to the scheduler.
+    ///
+    /// @param queue without an instance.
     static QByteArray uriOf(const QString &queue);
 
     const QString &name() const { return mName; }

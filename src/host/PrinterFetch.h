@@ -10,9 +10,9 @@
 #include <optional>
 
 /**
- * Asks the scheduler for a printer in a thread of its own, so that nobody has to wait for it.
+ * Asks the scheduler for a printer in a separate thread, so that nobody has to wait for it.
  *
- * A request that nobody is interested in any more ends within a quarter of a second: see
+ * Deleting this object cancels the request, which then ends within a quarter of a second: see
  * SchedulerConnection.
  */
 class PrinterFetch : public QObject
@@ -24,10 +24,11 @@ public:
     using Question = std::function<PrinterRecord(SchedulerConnection &scheduler)>;
 
     explicit PrinterFetch(Question question, QObject *parent = nullptr);
-    /// Gives the request up.
+    /// Cancels the request.
     ~PrinterFetch() override;
 
-    /// Waits for the answer; nothing when there is none in time. Given once, here or by answered().
+    /// Waits for the answer; nothing when it does not come in time. An answer is given only once,
+    /// here or by answered().
     std::optional<PrinterRecord> waitFor(std::chrono::milliseconds time);
 
 Q_SIGNALS:

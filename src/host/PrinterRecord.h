@@ -17,8 +17,8 @@ struct PrinterRecord
     /// Asks the scheduler, in three requests.
     static PrinterRecord read(SchedulerConnection &scheduler, const QString &name);
 
-    /// Asks the scheduler, in one request, whether it has another PPD for the printer by now, which
-    /// is then here. Answer::Failed leaves everything as it was but the error.
+    /// Asks the scheduler, in one request, whether the printer's PPD has changed, and takes the new
+    /// one. Answer::Failed changes only the error.
     QueuePPD::Answer update(SchedulerConnection &scheduler);
 
     /**

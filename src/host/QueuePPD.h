@@ -10,22 +10,22 @@
 /// The PPD of a queue as the scheduler has sent it, whole.
 struct QueuePPD
 {
-    /// What became of the request.
+    /// The result of a request.
     enum class Answer {
-        /// The PPD is here.
+        /// The scheduler has sent a PPD, which is stored.
         Sent,
-        /// It is what it was.
+        /// The stored PPD is still current.
         Unchanged,
         /// The scheduler has no PPD for the queue, or no such queue.
         None,
-        /// See the error.
+        /// The request failed: see the error.
         Failed,
     };
 
     /**
-     * Asks the scheduler for a queue's PPD, unless it is still the one that is here.
+     * Asks the scheduler for a queue's PPD, unless the stored one is still current.
      *
-     * An answer that breaks off, or is too long for a PPD, is a failure, and leaves what is here.
+     * An answer that is incomplete, or too long for a PPD, is a failure, which changes nothing.
      *
      * @param queue without an instance.
      * @param error set, without the queue's name, for Answer::Failed.

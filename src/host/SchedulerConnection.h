@@ -7,14 +7,14 @@
 
 #include <chrono>
 
-/// Where the print scheduler is and who asks it: what libcups knows for each thread by itself.
+/// The address of the print scheduler and the user's name, which libcups keeps for each thread.
 struct SchedulerAddress
 {
-    /// What libcups knows in the calling thread.
+    /// The values of the calling thread.
     static SchedulerAddress ofThisThread();
-    /// Has libcups use this address in the calling thread, and ask for no password.
+    /// Makes libcups use these values in the calling thread, and not ask for passwords.
     void use() const;
-    /// Has libcups use the server, its port and the version of requests alone.
+    /// Makes libcups use only the server, its port and the IPP version.
     void useServer() const;
 
     /// A host's name or address, or the path of a socket.
@@ -26,8 +26,8 @@ struct SchedulerAddress
     QByteArray user;
 };
 
-/// While it lives, libcups opens no connections of its own in the calling thread: it does so behind
-/// a failure on ours, and waits there without a limit.
+/// As long as this object lives, libcups opens no connections of its own in the calling thread. It
+/// would do so after a failure on our connection, and wait there without a time limit.
 class NoOtherConnections
 {
 public:
@@ -55,8 +55,8 @@ public:
 
     /**
      * @param limit how long the scheduler may be silent, to the second.
-     * @param isCancelled ends all waiting within a quarter of a second once it is not 0, but for
-     *        the server's name to be looked up and for encryption to be agreed on; must outlive the
+     * @param isCancelled ends any wait within a quarter of a second when it is no longer 0, except
+     *        for looking up the server's name and negotiating encryption; must outlive the
      *        connection, and may be null.
      */
     explicit SchedulerConnection(Milliseconds limit = defaultLimit, int *isCancelled = nullptr);
@@ -64,12 +64,13 @@ public:
     SchedulerConnection(const SchedulerConnection &) = delete;
     SchedulerConnection &operator=(const SchedulerConnection &) = delete;
 
-    /// The open connection, owned by this object; null, with the reason in @p error, which may be
-    /// null, when the scheduler cannot be reached.
+    /// The open connection, owned by this object; null when the scheduler cannot be reached.
+    ///
+    /// @param error set to the reason; may be null.
     http_t *open(QString *error);
 
-    /// Connects anew, which ends what was asked on the connection before; false when the scheduler
-    /// cannot be reached.
+    /// Connects again, which ends any request on the connection; false when the scheduler cannot be
+    /// reached.
     bool reconnect();
 
     /// Whether the scheduler has been silent for too long, or the waiting has been cancelled.
@@ -80,7 +81,7 @@ public:
     QString fault() const;
 
 private:
-    /// Called by libcups behind each slice of silence: whether to wait on.
+    /// Called by libcups whenever nothing has arrived for a while: whether to go on waiting.
     static int waitOn(http_t *http, void *connection);
 
     const Milliseconds mLimit;

@@ -1,5 +1,5 @@
 #pragma once
 
-/// Lets the application that is made next work without a display, whatever the user's environment
-/// says, and without remarks on standard error on what such a platform lacks.
+/// Makes the application that is created next use Qt's offscreen platform, whatever the environment
+/// says, and suppresses that platform's warnings on standard error.
 void useOffscreenPlatform();

@@ -21,7 +21,7 @@ class QJsonValue;
  *
  * | entry | type | meaning |
  * |---|---|---|
- * | `identifier` | string | the bundle's name in the world ("com.korvane.…") |
+ * | `identifier` | string | the bundle's unique name, a reversed domain ("com.korvane.…") |
  * | `version` | string | of the bundle |
  * | `principalClass` | string | the class that the host instantiates |
  * | `libraries` | object | file names in `Contents/Linux`, by the version of Qt: "qt5", "qt6" |
@@ -79,10 +79,10 @@ public:
     void setLanguages(const QStringList &languages);
 
     /**
-     * What is wrong with the declared resources and the wanted string tables: a sentence for the
-     * resources folder when that cannot be used; else for a list of more names than are used, and
-     * for each way in which files are missing, unreadable or not to be trusted, with the name of
-     * the first and how many there are.
+     * What is wrong with the declared resources and the wanted string tables, one sentence for
+     * each: the resources folder cannot be used; or else, the list has too many names; files are
+     * missing, unreadable or not trusted, with the name of the first and their number for each
+     * reason.
      */
     QStringList problems() const;
 

@@ -11,36 +11,36 @@ struct stat;
 enum class FileUse { Read, Enter, List };
 
 /**
- * A file or folder that is looked at before it is opened, and used through what was opened.
+ * A file or folder that is checked before and after it is opened, and read through the descriptor
+ * that was checked.
  *
- * Nothing but a regular file or a folder is opened: a pipe would keep whoever opens it waiting, and
- * devices do things when they are opened. What lies at the path is looked at first and what has
- * been opened again, so that it does not matter whether something else was put there in between.
+ * Only regular files and folders are opened: opening a pipe would block, and opening a device can
+ * have effects. Both the path and the open descriptor are checked, so exchanging the file in
+ * between has no effect.
  *
- * A trusted file is one that nobody but root and the user can change: these two own it and every
- * folder on the way to it, and no group and not everybody can write to them. The way is the real
- * path, from the root folder down, one name at a time: each folder is opened relative to the one
- * before it, without following links, and asked through its descriptor. Who cannot write to a
- * folder cannot exchange what its names lead to. So path() goes on leading to what was checked
- * until root or the user changes that, and may be handed to what opens files by their path alone,
- * such as the dynamic linker, with all its links resolved.
+ * A trusted file is one that only root and the user can change: they own the file and every folder
+ * on its real path, and no group and no other user can write to them. The path is walked from the
+ * root folder down: each folder is opened relative to the previous one, without following links,
+ * and checked through its descriptor. Nobody who cannot write to a folder can exchange its entries.
+ * Therefore path(), with all links resolved, leads to the checked file until root or the user
+ * changes that, and can be passed to code that opens files by path, such as the dynamic linker.
  *
- * Above the top folder, which is where the files that belong together begin, two more kinds of
- * folders pass, as nobody else can exchange what is of root's and the user's in them: those with
- * the sticky bit, such as /tmp, and those that the user's own group can write to, which has the
- * user's number. Where that group has other members they are trusted like the user.
+ * Above the top folder, which contains the files that belong together, two more kinds of folders
+ * are accepted, because others cannot exchange the files of root and the user in them: folders with
+ * the sticky bit, such as /tmp, and folders that the user's own group can write to, whose number is
+ * the user's. Other members of that group are trusted like the user.
  */
 class KVPRINTCORE_EXPORT CheckedFile
 {
 public:
-    /// Opens a file, whosever it is, for reading. Links are followed.
+    /// Opens a file for reading, whoever owns it. Links are followed.
     static CheckedFile ofAnybody(const QString &path);
 
     /**
      * Opens a trusted file or folder.
      *
-     * @param top the folder that it must be in, or be itself; the one that the path names when
-     * null. Links that lead out of it are refused.
+     * @param top the folder that it must be in or be itself; null for the folder of the path. Links
+     *        that lead out of it are refused.
      */
     static CheckedFile trusted(const QString &path, FileUse use = FileUse::Read,
                                const QString &top = {});
@@ -54,12 +54,12 @@ public:
     CheckedFile &operator=(const CheckedFile &) = delete;
     CheckedFile &operator=(CheckedFile &&) = delete;
 
-    /// What keeps it from being used, to be said behind its name ("is missing"); null when nothing
-    /// does.
+    /// Why it cannot be used, to be shown after its name ("is missing"); null when it can.
     const QString &fault() const { return mFault; }
-    /// Whether there is nothing of that name, not even a link that leads nowhere.
+    /// Whether nothing of that name exists, not even a dangling link.
     bool isMissing() const { return mIsMissing; }
-    /// Of a trusted file or folder the real path, without links, when it was found.
+    /// The real path, without links, of a trusted file or folder that was found; else the given
+    /// one.
     QString path() const;
 
     /// Reads the whole file. When it is larger than that many bytes, or cannot be read, the result

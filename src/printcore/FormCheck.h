@@ -5,8 +5,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// Why the data is no form of Qt Designer's that may be made widgets of, with the line, to be said
-/// behind the file's name; null when it is one. A form must keep within the ResourceLimits, and
-/// must not have other files read, which nobody would have checked: it has no pictures, style
-/// sheets or markup. Nor are there control characters in its names.
+/// Checks that the data is a form of Qt Designer's within the ResourceLimits. It must not contain
+/// pictures, style sheets or markup, which could read other files without a check, nor names with
+/// control characters.
+///
+/// @return null, or the error with its line, to be shown after the file's name.
 KVPRINTCORE_EXPORT QString formFault(const QByteArray &form);

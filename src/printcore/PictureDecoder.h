@@ -5,7 +5,8 @@
 #include <QByteArray>
 #include <QImage>
 
-/// The picture that a file's bytes are. Null when they are none, or when it has more pixels than
-/// the ResourceLimits allow, which is found out without decoding it; @p fault is set to that then,
-/// to be said behind the file's name, unless it is null.
+/// Decodes the bytes of a picture file. Null when they are not a picture, or when it has more
+/// pixels than the ResourceLimits allow, which is checked before decoding.
+///
+/// @param fault set when there are too many pixels, to be shown after the file's name; may be null.
 KVPRINTCORE_EXPORT QImage decodePicture(const QByteArray &bytes, QString *fault = nullptr);

@@ -25,11 +25,11 @@ public:
     static QStringList usersLanguages();
 
     /**
-     * The names of the tables that languages ("de-AT", "zh-Hant-HK") are served by, best first,
+     * The names of the tables to use for these languages ("de-AT", "zh-Hant-HK"), best first,
      * English last.
      *
-     * After a language follow those that it is a variant of. Chinese goes by the script, which the
-     * country tells where none is named; Portuguese of any country takes Brazil's.
+     * Each language is followed by those that it is a variant of. For Chinese the script counts, by
+     * default that of the country; Portuguese of every country uses Brazil's table.
      */
     static QStringList namesFor(const QStringList &languages);
 

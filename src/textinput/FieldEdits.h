@@ -28,7 +28,7 @@ public:
     static void setText(QLineEdit *field, const QString &text);
 
 Q_SIGNALS:
-    /// Somebody else than the program has changed the text.
+    /// The text has been changed by other means than byProgram() and setText().
     /// @param before the text before the change.
     void edited(const QString &before);
 

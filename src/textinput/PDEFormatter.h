@@ -80,9 +80,11 @@ public:
     /// Says whether the smallest value is checked.
     void setValidityMinValue(bool checked) { mIsValidityMinValue = checked; }
 
-    /// Refuses a string, once more when it is refused already; nothing happens for none.
+    /// Adds a string to the refused ones, also when it is one of them already; does nothing for
+    /// null.
     void addInvalidCharacter(const QString &string);
-    /// Refuses no more the first string that compares equal, nor any identical to that one.
+    /// Removes the first refused string that compares equal, and all that are identical to that
+    /// one.
     void removeInvalidCharacter(const QString &string);
     /// Whether a refused string compares equal to the whole string, however its accents are coded.
     bool isInvalidCharacter(const QString &string) const;
@@ -105,10 +107,10 @@ public:
     bool getObjectValue(QVariant *object, const QString &string, QString *errorDescription) const;
 
     /**
-     * Whether an edit may be made. One that does not move the caret forward always may; else the
-     * text between the carets has to keep the rules, or the refusal is told.
+     * Whether an edit is allowed. An edit that does not move the caret forward always is; otherwise
+     * the text between the carets must satisfy the rules, or the observers are notified.
      *
-     * Observers may do anything when they are told, even destroy the formatter.
+     * Observers may do anything then, even destroy the formatter.
      *
      * @param proposedText the text after the edit; none for no check.
      * @param proposedSelectedRange the selection or caret after the edit; null for no check.

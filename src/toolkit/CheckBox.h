@@ -24,8 +24,8 @@ public:
     int widthForTitle(const QString &title) const;
 
 Q_SIGNALS:
-    /// Somebody else than the program has ticked the box or taken the tick away, by whatever means:
-    /// a click, a key, assistive technology or setChecked().
+    /// The box has been ticked or unticked by other means than setState(): a click, a key,
+    /// assistive technology or setChecked().
     void chosen();
 
 protected:

@@ -7,17 +7,17 @@
 class CheckedFile;
 
 /**
- * A picture whose file is read at once, and decoded when it is first asked for.
+ * A picture whose file is read at once, and decoded when it is first used.
  *
- * Beside the file there may be finer ones of the same picture, with "@1.5x", "@2x" and "@3x" in
- * their names.
+ * Beside the file there may be files of the same picture with a higher resolution, with "@1.5x",
+ * "@2x" and "@3x" in their names.
  */
 class PictureFile
 {
 public:
     PictureFile() = default;
-    /// Reads the coarsest of the files that is as fine as the screen, or the finest there is, of
-    /// those that are trusted and within the ResourceLimits.
+    /// Reads the file with the lowest resolution that is sufficient for the screen, else the one
+    /// with the highest. Only trusted files within the ResourceLimits are used.
     explicit PictureFile(const QString &path);
 
     /// The picture; a null one when the file could not be read or is no picture.
