@@ -21,6 +21,12 @@ QString asFile(const QString &name)
     return name.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + name : name;
 }
 
+/// A name as libcups reads it behind "-o", where a brace in front is one around all options.
+QString shielded(const QString &name)
+{
+    return name.startsWith(QLatin1Char('{')) ? QLatin1Char(' ') + name : name;
+}
+
 /// A value as libcups reads it behind "-o", where spaces end it.
 QString escaped(QString value)
 {
@@ -40,7 +46,7 @@ QString lpCommand(const QString &queue, int copies, const JobOptions &options,
         words << QStringLiteral("-n") << QString::number(copies);
     }
     for (const auto &[key, value] : options.pairs()) {
-        words << QStringLiteral("-o") << quoted(key + QLatin1Char('=') + escaped(value));
+        words << QStringLiteral("-o") << quoted(shielded(key) + QLatin1Char('=') + escaped(value));
     }
     words << QStringLiteral("--");
     for (const QString &file : files) {
