@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QTimeZone>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -129,6 +130,8 @@ private:
             break;
         case 4:
             field.redo();
+            // Qt may leave the caret behind the text's end.
+            field.setCursorPosition(std::min(field.cursorPosition(), int(field.text().size())));
             break;
         case 5:
             field.insert(reader.text());
