@@ -1,7 +1,7 @@
 #include "bench/BenchSite.h"
 
 #include "bench/Interruption.h"
-#include "host/PPDPaper.h"
+#include "cups/PPDPaper.h"
 #include "host/ProblemReporter.h"
 
 #include <QFile>

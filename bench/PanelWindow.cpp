@@ -1,7 +1,7 @@
 #include "bench/PanelWindow.h"
 
+#include "dialog/PanelTab.h"
 #include "host/PanelHost.h"
-#include "host/PanelTab.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>

@@ -3,9 +3,9 @@
 #include "demo/DialogDriver.h"
 #include "demo/Output.h"
 #include "demo/SamplePrinters.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
-#include "host/PrintCommand.h"
-#include "host/PrintDialogAttachment.h"
+#include "kvprint/PrintCommand.h"
 
 #include <QCoreApplication>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "demo/DialogDriver.h"
 
-#include "host/PrintDialogAttachment.h"
-#include "host/PrintDialogWidgets.h"
+#include "dialog/PrintDialogAttachment.h"
+#include "dialog/PrintDialogWidgets.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -1,9 +1,9 @@
 // Command lines: the options of a job become the words of a command, and the same options again.
 
-#include "host/CommandLine.h"
+#include "kvprint/CommandLine.h"
 #include "FuzzTarget.h"
-#include "automation/LpCommand.h"
-#include "host/JobOptions.h"
+#include "cups/JobOptions.h"
+#include "kvprint/LpCommand.h"
 
 namespace {
 /// The words of a command that is quoted for a shell.

@@ -2,7 +2,7 @@
 
 #include "FuzzTarget.h"
 #include "MemoryFile.h"
-#include "host/PPDPaper.h"
+#include "cups/PPDPaper.h"
 #include "host/PanelHost.h"
 #include "host/ProblemReporter.h"
 #include "plugin/PDEPanelAutomation.h"

@@ -1,8 +1,8 @@
 // Text input: formatters with a field, formats of messages and of dates.
 
 #include "FuzzTarget.h"
-#include "diagnostics/FormatString.h"
 #include "textinput/CalendarFormat.h"
+#include "textinput/FormatString.h"
 #include "textinput/FormatterAdapter.h"
 #include "textinput/PDEFormatter.h"
 #include "textinput/PDETextField.h"

@@ -1,7 +1,7 @@
 #include "demo/screenshots/DialogStage.h"
 
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
-#include "host/PrintDialogAttachment.h"
 
 #include <QAbstractAnimation>
 #include <QApplication>

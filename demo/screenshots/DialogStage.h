@@ -1,7 +1,7 @@
 #pragma once
 
 #include "demo/DialogDriver.h"
-#include "host/PrintCommand.h"
+#include "kvprint/PrintCommand.h"
 
 #include <QImage>
 #include <QTemporaryDir>

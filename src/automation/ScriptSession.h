@@ -2,8 +2,8 @@
 
 #include "automation/PanelConversation.h"
 #include "automation/PanelEvents.h"
+#include "cups/SchedulerConnection.h"
 #include "host/ProblemReporter.h"
-#include "host/SchedulerConnection.h"
 
 #include <QJsonObject>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "diagnostics/FormatString.h"
+#include "textinput/FormatString.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "diagnostics/PDELog.h"
 
-#include "diagnostics/SystemLog.h"
 #include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
+#include "printcore/SystemLog.h"
 
 #include <QSaveFile>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "diagnostics/FormatString.h"
 #include "ppd/PPD.h"
 #include "printcore/PMCore.h"
+#include "textinput/FormatString.h"
 
 #include <QString>
 

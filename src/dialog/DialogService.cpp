@@ -2,7 +2,7 @@
 
 #include "dialog/DialogSettings.h"
 #include "dialog/OwnFile.h"
-#include "host/PrintDialogAttachment.h"
+#include "dialog/PrintDialogAttachment.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

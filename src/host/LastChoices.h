@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/JobOptions.h"
+#include "cups/JobOptions.h"
 
 #include <QMap>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "cups/JobOptions.h"
 #include "host/DialogCallback.h"
-#include "host/JobOptions.h"
 #include "host/PanelBundle.h"
 #include "host/PanelTarget.h"
 

@@ -1,7 +1,7 @@
 #include "host/PanelTarget.h"
 
-#include "host/PPDPaper.h"
-#include "host/PrinterRecord.h"
+#include "cups/PPDPaper.h"
+#include "cups/PrinterRecord.h"
 
 std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Marks marks,
                                               QString *error)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/JobOptions.h"
-#include "host/PPDFile.h"
+#include "cups/JobOptions.h"
+#include "cups/PPDFile.h"
 #include "printcore/Paper.h"
 #include "printcore/PrintSettings.h"
 #include "printcore/Printer.h"

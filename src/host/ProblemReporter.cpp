@@ -1,9 +1,23 @@
 #include "host/ProblemReporter.h"
 
 #include "printcore/ProblemLine.h"
+#include "printcore/SystemLog.h"
+
+#include <unistd.h>
+
+namespace {
+void tellUser(const QString &problem)
+{
+    tellProblem(problem);
+    // Nobody sees the standard error of what a menu has started.
+    if (!isatty(STDERR_FILENO)) {
+        logToSystem(asOneLine(problem));
+    }
+}
+} // namespace
 
 ProblemReporter::ProblemReporter()
-    : mHandler(tellProblem)
+    : mHandler(tellUser)
 {
 }
 

@@ -11,7 +11,8 @@ class ProblemReporter
 public:
     using Handler = std::function<void(const QString &problem)>;
 
-    /// Writes problems to standard error, each as one line.
+    /// Writes problems to standard error, each as one line, and to the system log when that is no
+    /// terminal.
     ProblemReporter();
     /// Hands problems to the handler instead.
     explicit ProblemReporter(Handler handler);

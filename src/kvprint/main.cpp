@@ -1,10 +1,10 @@
-#include "automation/DirectCommand.h"
-#include "automation/ListCommand.h"
-#include "automation/ScriptRunner.h"
-#include "host/CommandLine.h"
-#include "host/PrintCommand.h"
 #include "host/ProblemReporter.h"
+#include "kvprint/CommandLine.h"
+#include "kvprint/DirectCommand.h"
+#include "kvprint/ListCommand.h"
 #include "kvprint/OffscreenPlatform.h"
+#include "kvprint/PrintCommand.h"
+#include "kvprint/ScriptRunner.h"
 #include "printcore/ProblemLine.h"
 
 #include <QApplication>

@@ -3,6 +3,7 @@
 #include "ppd/PDEUtilsMethod.h"
 #include "printcore/NotificationCenter.h"
 #include "printcore/SystemEncoding.h"
+#include "textinput/PDETextField.h"
 #include "toolkit/NibLoader.h"
 #include "toolkit/TrackingArea.h"
 #include "toolkit/ViewGeometry.h"
@@ -53,8 +54,10 @@ QWidget *BasePDE13_v400_::panelView()
 {
     if (!kPDEView) {
         delete mNib;
+        const NibClass textField = NibClass::of<PDETextField13_v400_>();
         mNib = NibLoader::load(
-                   nsPDEBundle->pathForResource(QStringLiteral("OptionPDE"), QStringLiteral("ui")))
+                   nsPDEBundle->pathForResource(QStringLiteral("OptionPDE"), QStringLiteral("ui")),
+                   nullptr, {&textField, 1})
                    .release();
         if (mNib) {
             connectOutlets(mNib);

@@ -1,6 +1,5 @@
 #include "textinput/PDEFormatter.h"
 
-#include "diagnostics/FormatString.h"
 #include "ppd/PDEUtilsMethod.h"
 #include "printcore/Beep.h"
 #include "printcore/IntegerValue.h"
@@ -8,6 +7,7 @@
 #include "printcore/QtVersions.h"
 #include "printcore/SystemEncoding.h"
 #include "textinput/CalendarFormat.h"
+#include "textinput/FormatString.h"
 #include "textinput/TextStyle.h"
 
 #include <QScopedValueRollback>

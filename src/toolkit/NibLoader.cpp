@@ -3,7 +3,6 @@
 #include "printcore/CheckedFile.h"
 #include "printcore/FormCheck.h"
 #include "printcore/ResourceLimits.h"
-#include "textinput/PDETextField.h"
 #include "toolkit/CheckBox.h"
 #include "toolkit/PopUpButton.h"
 #include "toolkit/Stepper.h"
@@ -15,40 +14,37 @@
 #include <QFileInfo>
 #include <QUiLoader>
 
+#include <iterator>
+#include <vector>
+
 namespace {
-template <typename Widget>
-QWidget *make(QWidget *parent)
-{
-    return new Widget(parent);
-}
-
-struct CustomWidget
-{
-    QLatin1String className;
-    QWidget *(*make)(QWidget *parent);
-};
-
-const CustomWidget customWidgets[] = {
-    {QLatin1String("CheckBox"), make<CheckBox>},
-    {QLatin1String("PDETextField13_v400_"), make<PDETextField13_v400_>},
-    {QLatin1String("PopUpButton"), make<PopUpButton>},
-    {QLatin1String("Stepper"), make<Stepper>},
-};
+/// The folder's own.
+const NibClass ownClasses[] = {NibClass::of<CheckBox>(), NibClass::of<PopUpButton>(),
+                               NibClass::of<Stepper>()};
 
 class Loader : public QUiLoader
 {
 public:
+    explicit Loader(std::span<const NibClass> classes)
+        : mClasses(std::begin(ownClasses), std::end(ownClasses))
+    {
+        mClasses.insert(mClasses.end(), classes.begin(), classes.end());
+    }
+
     QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override
     {
-        for (const CustomWidget &custom : customWidgets) {
-            if (className == custom.className) {
-                QWidget *widget = custom.make(parent);
+        for (const NibClass &known : mClasses) {
+            if (className == known.name) {
+                QWidget *widget = known.make(parent);
                 widget->setObjectName(name);
                 return widget;
             }
         }
         return QUiLoader::createWidget(className, parent, name);
     }
+
+private:
+    std::vector<NibClass> mClasses;
 };
 
 /// While it lives, Qt finds no plug-ins.
@@ -65,10 +61,10 @@ private:
 };
 
 /// A QUiLoader loads all plug-ins of Qt Designer that it finds as it is made.
-Loader makeLoader()
+Loader makeLoader(std::span<const NibClass> classes)
 {
     const PlugInsHidden hidden;
-    return {};
+    return Loader(classes);
 }
 
 /// The bytes of a form that may be made widgets of; else @p fault tells why there are none.
@@ -81,13 +77,14 @@ QByteArray readForm(const QString &path, QString *fault)
 }
 } // namespace
 
-std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error)
+std::unique_ptr<QWidget> NibLoader::load(const QString &path, QString *error,
+                                         std::span<const NibClass> classes)
 {
     QString fault;
     std::unique_ptr<QWidget> top;
     QByteArray form = readForm(path, &fault);
     if (fault.isNull()) {
-        Loader loader = makeLoader();
+        Loader loader = makeLoader(classes);
         loader.setWorkingDirectory(QFileInfo(path).absoluteDir());
         QBuffer buffer(&form);
         top.reset(loader.load(&buffer));

@@ -1,5 +1,5 @@
 #include "Talker.h"
-#include "diagnostics/FormatString.h"
+#include "textinput/FormatString.h"
 
 #include "printcore/SystemEncoding.h"
 

@@ -1,9 +1,9 @@
 #include "diagnostics/PDELog.h"
 
 #include "Talker.h"
-#include "diagnostics/SystemLog.h"
 #include "ppd/PDEChoice.h"
 #include "printcore/SystemEncoding.h"
+#include "printcore/SystemLog.h"
 #include "support/PPDText.h"
 
 #include <QTest>

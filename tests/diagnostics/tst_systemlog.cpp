@@ -1,5 +1,5 @@
 #include "diagnostics/PDELog.h"
-#include "diagnostics/SystemLog.h"
+#include "printcore/SystemLog.h"
 
 #include "PrivateRoot.h"
 #include "printcore/UTF8.h"

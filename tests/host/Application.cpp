@@ -1,7 +1,7 @@
 #include "Application.h"
 
 #include "PanelUser.h"
-#include "host/PrintDialogAttachment.h"
+#include "dialog/PrintDialogAttachment.h"
 
 #include <QPainter>
 #include <QPrintEngine>

@@ -2,7 +2,7 @@
 
 #include "PanelUser.h"
 #include "demo/PrivateScheduler.h"
-#include "host/PrintDialogAttachment.h"
+#include "dialog/PrintDialogAttachment.h"
 
 #include <QPainter>
 #include <QTabWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "cups/JobOptions.h"
 #include "demo/DialogDriver.h"
-#include "host/JobOptions.h"
 #include "host/LastChoices.h"
 #include "host/PanelBundle.h"
 #include "host/ProblemReporter.h"

@@ -3,12 +3,12 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "SampleChoices.h"
-#include "host/JobSubmission.h"
-#include "host/PPDFile.h"
+#include "cups/JobSubmission.h"
+#include "cups/PPDFile.h"
+#include "cups/PrintQueue.h"
+#include "cups/SchedulerConnection.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
-#include "host/PrintDialogAttachment.h"
-#include "host/PrintQueue.h"
-#include "host/SchedulerConnection.h"
 
 #include <QDir>
 #include <QTest>

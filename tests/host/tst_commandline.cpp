@@ -1,7 +1,7 @@
 #include "PrintingSite.h"
 #include "SampleChoices.h"
-#include "host/CommandLine.h"
-#include "host/PrintCommand.h"
+#include "kvprint/CommandLine.h"
+#include "kvprint/PrintCommand.h"
 
 #include <QProcess>
 #include <QTest>

@@ -1,9 +1,9 @@
 #include "AttachedDialog.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
-#include "host/PrintCommand.h"
-#include "host/PrintDialogAttachment.h"
-#include "host/PrintDialogWidgets.h"
+#include "dialog/PrintDialogAttachment.h"
+#include "dialog/PrintDialogWidgets.h"
+#include "kvprint/PrintCommand.h"
 
 #include <QComboBox>
 #include <QMessageBox>

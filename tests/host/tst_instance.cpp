@@ -4,10 +4,10 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "SampleChoices.h"
+#include "cups/PrintQueue.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
 #include "host/PanelTarget.h"
-#include "host/PrintDialogAttachment.h"
-#include "host/PrintQueue.h"
 #include "support/DialogNames.h"
 
 #include <QTest>

@@ -2,9 +2,9 @@
 #include "BundleFolder.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
-#include "host/PrintCommand.h"
-#include "host/PrintDialogAttachment.h"
+#include "kvprint/PrintCommand.h"
 
 #include <QLabel>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "PrintingSite.h"
-#include "host/PPDFile.h"
-#include "host/PPDPaper.h"
+#include "cups/PPDFile.h"
+#include "cups/PPDPaper.h"
 
 #include <QTest>
 

@@ -2,8 +2,8 @@
 #include "PanelUser.h"
 #include "PrintingSite.h"
 #include "PropertiesDialog.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
-#include "host/PrintDialogAttachment.h"
 
 #include <QTest>
 

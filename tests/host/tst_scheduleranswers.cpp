@@ -5,9 +5,9 @@
 #include "PrintingSite.h"
 #include "PropertiesDialog.h"
 #include "SchedulerProxy.h"
-#include "host/PrintDialogAttachment.h"
-#include "host/PrinterFetch.h"
-#include "host/PrinterRecord.h"
+#include "cups/PrinterFetch.h"
+#include "cups/PrinterRecord.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "support/DialogNames.h"
 
 #include <QFile>

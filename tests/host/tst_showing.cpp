@@ -1,7 +1,7 @@
 #include "Application.h"
 #include "PanelUser.h"
 #include "PrintingSite.h"
-#include "host/PrintDialogAttachment.h"
+#include "dialog/PrintDialogAttachment.h"
 #include "support/DialogNames.h"
 
 #include <QCloseEvent>

@@ -1,4 +1,4 @@
-#include "plugin/KVMQRVOptionsPlugIn.h"
+#include "cutoption/KVMQRVOptionsPlugIn.h"
 #include "printcore/Bundle.h"
 #include "printcore/Gestalt.h"
 

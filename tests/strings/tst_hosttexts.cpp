@@ -1,9 +1,9 @@
 #include "TranslationFile.h"
+#include "dialog/PanelTab.h"
+#include "dialog/SummaryTab.h"
 #include "host/HostText.h"
 #include "host/PanelHost.h"
-#include "host/PanelTab.h"
 #include "host/ProblemReporter.h"
-#include "host/SummaryTab.h"
 
 #include <QApplication>
 #include <QTest>

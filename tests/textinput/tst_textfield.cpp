@@ -83,7 +83,8 @@ std::unique_ptr<QWidget> formWith(const QByteArray &widgets, const QByteArray &c
                R"(<widget class="QWidget" name="form">)" +
                widgets + "</widget><connections>" + connections + "</connections></ui>");
     file.close();
-    return NibLoader::load(path);
+    const NibClass textField = NibClass::of<PDETextField13_v400_>();
+    return NibLoader::load(path, nullptr, {&textField, 1});
 }
 
 /// How assistive technology edits the field.

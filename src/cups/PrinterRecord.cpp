@@ -1,0 +1,40 @@
+#include "cups/PrinterRecord.h"
+
+#include "cups/SchedulerConnection.h"
+
+namespace {
+QString nameOfPPD(const QString &printer)
+{
+    return QStringLiteral("PPD of %1").arg(printer);
+}
+} // namespace
+
+PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString &name)
+{
+    PrinterRecord record;
+    record.name = name;
+    record.queue = PrintQueue::find(scheduler, name, &record.error);
+    if (record.queue) {
+        record.update(scheduler);
+    }
+    return record;
+}
+
+QueuePPD::Answer PrinterRecord::update(SchedulerConnection &scheduler)
+{
+    if (!scheduler.open(&error)) {
+        return QueuePPD::Answer::Failed;
+    }
+    QString reason;
+    const QueuePPD::Answer answer =
+        queue ? ppd.update(scheduler, queue->ppdQueue(), &reason) : QueuePPD::Answer::None;
+    if (!reason.isNull()) {
+        error = QStringLiteral("%1: %2").arg(nameOfPPD(name), reason);
+    }
+    return answer;
+}
+
+std::unique_ptr<PPDFile> PrinterRecord::openPPD(QString *reason, PPDFile::Marks marks) const
+{
+    return ppd.text.isNull() ? nullptr : PPDFile::read(ppd.text, nameOfPPD(name), reason, marks);
+}

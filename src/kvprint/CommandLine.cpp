@@ -1,0 +1,267 @@
+#include "kvprint/CommandLine.h"
+
+#include "printcore/ProblemLine.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+constexpr int mostCopies = 9999;
+constexpr int longestTimeout = 3600;
+
+CommandLine answer(CommandLine::Action action, const QString &message)
+{
+    CommandLine line;
+    line.action = action;
+    line.message = message;
+    return line;
+}
+
+CommandLine refuse(const QString &reason)
+{
+    return answer(CommandLine::Action::Refuse,
+                  QStringLiteral("%1\nTry 'kvprint --help'.").arg(asOneLine(reason)));
+}
+
+constexpr char ppdNeeds[] = "--dry-run, --list, --screenshot or --script";
+
+/// An option of kvprint's.
+struct KnownOption
+{
+    const char *name;
+    const char *description;
+    /// What its value is called; null when it takes none.
+    const char *value;
+    /// What it needs besides, when the dialog does not know it; null when it does.
+    const char *needs;
+};
+
+constexpr KnownOption knownOptions[] = {
+    {"d", "Use this printer.", "PRINTER", nullptr},
+    {"n", "Print this number of copies.", "COPIES", nullptr},
+    {"o", "Set this job option; may be repeated.", "KEY=VALUE", nullptr},
+    {"preset", "Start from this preset of the panel.", "NAME",
+     "--no-dialog, --dry-run or --screenshot"},
+    {"no-dialog", "Print without a dialog.", nullptr, nullptr},
+    {"dry-run", "Do not print; show the summary and the lp command.", nullptr, nullptr},
+    {"ppd", "Use this PPD file, without a print scheduler.", "FILE", ppdNeeds},
+    {"list", "List printers, options and presets.", nullptr, nullptr},
+    {"json", "Write the list as JSON.", nullptr, "--list"},
+    {"screenshot", "Write a picture of the panel to this PNG file.", "FILE", nullptr},
+    {"timeout", "Give up if the print scheduler does not respond for this time.", "SECONDS",
+     nullptr},
+    {"script", "Run the script in this file; - for standard input.", "FILE", nullptr},
+    {"help", "Show this help.", nullptr, nullptr},
+    {"version", "Show the version.", nullptr, nullptr},
+};
+
+QCommandLineOption optionFor(const KnownOption &known)
+{
+    QStringList names(QString::fromLatin1(known.name));
+    if (names.first() == QLatin1String("help") || names.first() == QLatin1String("version")) {
+        names.prepend(names.first().left(1));
+    }
+    return QCommandLineOption(names, QString::fromLatin1(known.description),
+                              QString::fromLatin1(known.value));
+}
+
+/// What goes with an action, and whether it takes files.
+struct ActionRule
+{
+    CommandLine::Action action;
+    /// The options that ask for the action; it is the default one without any.
+    QStringList askedBy;
+    QStringList goesWith;
+    bool takesFiles;
+};
+
+const ActionRule actionRules[] = {
+    {CommandLine::Action::PrintDirectly,
+     {QStringLiteral("no-dialog"), QStringLiteral("dry-run")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("n"), QStringLiteral("o"),
+      QStringLiteral("preset"), QStringLiteral("timeout")},
+     true},
+    {CommandLine::Action::List,
+     {QStringLiteral("list")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("json"),
+      QStringLiteral("timeout")},
+     false},
+    {CommandLine::Action::Screenshot,
+     {QStringLiteral("screenshot")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("o"), QStringLiteral("preset"),
+      QStringLiteral("timeout")},
+     false},
+    {CommandLine::Action::RunScript,
+     {QStringLiteral("script")},
+     {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("timeout")},
+     false},
+    {CommandLine::Action::Print,
+     {},
+     {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout")},
+     true},
+};
+
+/// An option as the user types it.
+QString typed(const QString &name)
+{
+    return (name.size() > 1 ? QStringLiteral("--") : QStringLiteral("-")) + name;
+}
+
+QString faultOfNeed(const QString &name, const char *needs)
+{
+    return QStringLiteral("%1 needs %2.").arg(typed(name), QString::fromLatin1(needs));
+}
+
+/// The option that asks for the rule's action; null when none does.
+QString askedOption(const QCommandLineParser &parser, const ActionRule &rule)
+{
+    for (const QString &name : rule.askedBy) {
+        if (parser.isSet(name)) {
+            return name;
+        }
+    }
+    return {};
+}
+
+const ActionRule &ruleFor(const QCommandLineParser &parser)
+{
+    return *std::ranges::find_if(actionRules, [&parser](const ActionRule &rule) {
+        return rule.askedBy.isEmpty() || !askedOption(parser, rule).isNull();
+    });
+}
+
+/// What is wrong with an option that has been given; null when nothing is.
+QString faultOfOption(const QCommandLineParser &parser, const ActionRule &rule,
+                      const KnownOption &known)
+{
+    const QString name = QString::fromLatin1(known.name);
+    const QString asked = askedOption(parser, rule);
+    if (known.value && parser.value(name).isEmpty()) {
+        return QStringLiteral("%1 needs a value: %2.")
+            .arg(typed(name), QString::fromLatin1(known.value));
+    }
+    if (rule.askedBy.contains(name) || rule.goesWith.contains(name)) {
+        return {};
+    }
+    return known.needs && asked.isNull()
+               ? faultOfNeed(name, known.needs)
+               : QStringLiteral("%1 does not go with %2.").arg(typed(name), typed(asked));
+}
+
+/// What is wrong with the combination of arguments; null when nothing is.
+QString faultOfCombination(const QCommandLineParser &parser, const ActionRule &rule)
+{
+    for (const KnownOption &known : knownOptions) {
+        if (parser.isSet(QString::fromLatin1(known.name))) {
+            if (QString fault = faultOfOption(parser, rule, known); !fault.isNull()) {
+                return fault;
+            }
+        }
+    }
+    const bool hasPPD = parser.isSet(QStringLiteral("ppd"));
+    if (hasPPD && parser.isSet(QStringLiteral("d"))) {
+        return QStringLiteral("--ppd does not go with -d.");
+    }
+    if (hasPPD && rule.takesFiles && !parser.isSet(QStringLiteral("dry-run"))) {
+        return faultOfNeed(QStringLiteral("ppd"), ppdNeeds);
+    }
+    const bool hasFiles = !parser.positionalArguments().isEmpty();
+    if (rule.takesFiles && !hasFiles) {
+        return QStringLiteral("There is no file to print.");
+    }
+    return rule.takesFiles || !hasFiles
+               ? QString()
+               : QStringLiteral("%1 prints no file.").arg(typed(askedOption(parser, rule)));
+}
+
+/// Reads an option's value, a number from 1 to the most; what is wrong with it, null when nothing
+/// is.
+QString readNumber(const QCommandLineParser &parser, const QString &name, const char *what,
+                   int most, int *number)
+{
+    if (!parser.isSet(name)) {
+        return {};
+    }
+    bool isNumber = false;
+    const QString value = parser.value(name);
+    const int read = value.toInt(&isNumber);
+    if (!isNumber || read < 1 || read > most) {
+        return QStringLiteral("%1 %2: the number of %3 is 1 to %4.")
+            .arg(typed(name), value, QLatin1String(what))
+            .arg(most);
+    }
+    *number = read;
+    return {};
+}
+
+/// Reads the values of the options; what is wrong with them, null when nothing is.
+QString readValues(const QCommandLineParser &parser, CommandLine &line)
+{
+    line.printer = parser.value(QStringLiteral("d"));
+    line.ppd = parser.value(QStringLiteral("ppd"));
+    line.preset = parser.value(QStringLiteral("preset"));
+    line.isDryRun = parser.isSet(QStringLiteral("dry-run"));
+    line.asJSON = parser.isSet(QStringLiteral("json"));
+    line.files = parser.positionalArguments();
+    QString fault = readNumber(parser, QStringLiteral("n"), "copies", mostCopies, &line.copies);
+    if (fault.isNull()) {
+        fault =
+            readNumber(parser, QStringLiteral("timeout"), "seconds", longestTimeout, &line.timeout);
+    }
+    if (!fault.isNull()) {
+        return fault;
+    }
+    const QStringList given = parser.values(QStringLiteral("o"));
+    for (const QString &argument : given) {
+        JobOptions parsed;
+        parsed.parse(argument);
+        if (parsed.pairs().isEmpty()) {
+            return QStringLiteral("-o %1: an option is KEY=VALUE.").arg(argument);
+        }
+        line.options.merge(parsed);
+    }
+    return {};
+}
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList &arguments, const QString &version)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Prints files on tape and label printers: opens the print dialog with the "
+                       "printers' finishing options, or works without one."));
+    for (const KnownOption &known : knownOptions) {
+        parser.addOption(optionFor(known));
+    }
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("What to print: PDF, a picture or text."),
+                                 QStringLiteral("FILE..."));
+    if (!parser.parse(arguments)) {
+        return refuse(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        // Without an application object Qt does not know the program's name.
+        return answer(Action::ShowHelp,
+                      parser.helpText().replace(QLatin1String("<executable_name>"),
+                                                QLatin1String("kvprint")));
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        return answer(Action::ShowVersion, QStringLiteral("kvprint %1\n").arg(version));
+    }
+    const ActionRule &rule = ruleFor(parser);
+    CommandLine line;
+    line.action = rule.action;
+    QString fault = faultOfCombination(parser, rule);
+    if (fault.isNull()) {
+        fault = readValues(parser, line);
+    }
+    if (!fault.isNull()) {
+        return refuse(fault);
+    }
+    if (!rule.takesFiles) {
+        line.actionFile = parser.value(rule.askedBy.first());
+    }
+    return line;
+}

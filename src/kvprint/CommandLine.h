@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cups/JobOptions.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What the user asked kvprint for.
+struct CommandLine
+{
+    enum class Action {
+        /// Open the dialog and print.
+        Print,
+        /// Print, or tell what would be printed, without a dialog.
+        PrintDirectly,
+        /// Tell the printers' options and presets.
+        List,
+        /// Write a picture of the panel.
+        Screenshot,
+        RunScript,
+        ShowHelp,
+        ShowVersion,
+        /// The arguments make no sense: see message.
+        Refuse,
+    };
+
+    /// Reads the arguments, the program's name first.
+    static CommandLine parse(const QStringList &arguments, const QString &version);
+
+    Action action = Action::Print;
+    /// What to show for ShowHelp, ShowVersion and Refuse.
+    QString message;
+    /// The queue; null when the user did not say.
+    QString printer;
+    /// The PPD to work on without a scheduler; null for none.
+    QString ppd;
+    /// The identifier of the preset to start from; null for none.
+    QString preset;
+    /// Whether PrintDirectly only tells what it would do.
+    bool isDryRun = false;
+    /// Whether List writes JSON instead of a table.
+    bool asJSON = false;
+    /// The script of RunScript, "-" for standard input; the picture of Screenshot.
+    QString actionFile;
+    /// The number of copies; 0 when the user did not say.
+    int copies = 0;
+    /// How many seconds the scheduler may be silent.
+    int timeout = 10;
+    /// The options in the order of the arguments.
+    JobOptions options;
+    QStringList files;
+};

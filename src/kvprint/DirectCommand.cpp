@@ -1,0 +1,123 @@
+#include "kvprint/DirectCommand.h"
+
+#include "automation/Picture.h"
+#include "cups/JobSubmission.h"
+#include "cups/PrinterRecord.h"
+#include "kvprint/LpCommand.h"
+#include "kvprint/StandardOutput.h"
+#include "plugin/PDEPanel.h"
+
+#include <QFileInfo>
+#include <QWidget>
+
+DirectCommand::DirectCommand(CommandLine commandLine, const QString &bundleFolder)
+    : mCommandLine(std::move(commandLine))
+    , mScheduler(std::chrono::seconds(mCommandLine.timeout))
+    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+{
+    QObject::connect(&mEvents, &PanelEvents::alerted,
+                     [this](const QString &text) { mReporter.report(text); });
+}
+
+DirectCommand::~DirectCommand() = default;
+
+ExitStatus DirectCommand::fail(ExitStatus status, const QString &fault)
+{
+    mReporter.report(fault);
+    return status;
+}
+
+ExitStatus DirectCommand::run()
+{
+    const QString fault = JobSubmission::faultOf(mCommandLine.files);
+    if (!fault.isNull()) {
+        mReporter.report(fault);
+        if (!mCommandLine.isDryRun) {
+            return ExitStatus::NotPrinted;
+        }
+    }
+    if (const ExitStatus status = setUp(); status != ExitStatus::Printed) {
+        return status;
+    }
+    if (mCommandLine.action == CommandLine::Action::Screenshot) {
+        return writePicture();
+    }
+    return mCommandLine.isDryRun ? tell() : print();
+}
+
+ExitStatus DirectCommand::setUp()
+{
+    QString fault;
+    std::optional<PanelTarget> target;
+    if (mCommandLine.ppd.isNull()) {
+        mQueue = PrintQueue::choose(mScheduler, mCommandLine.printer, &fault);
+        if (!mQueue.isNull()) {
+            const PrinterRecord printer = PrinterRecord::read(mScheduler, mQueue);
+            mSavedOptions = printer.queue ? printer.queue->jobOptions() : JobOptions();
+            target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &fault);
+        }
+    } else {
+        target = PanelTarget::ofPPD(mCommandLine.ppd, PPDFile::Marks::Defaults, &fault);
+    }
+    if (!fault.isNull()) {
+        return fail(ExitStatus::NotPrinted, fault);
+    }
+    if (!target) {
+        return mCommandLine.preset.isNull()
+                   ? ExitStatus::Printed
+                   : fail(ExitStatus::Usage,
+                          QStringLiteral("the printer %1 has no PPD, and so no presets")
+                              .arg(mQueue));
+    }
+    mSetup = std::make_unique<JobSetup>(std::move(*target), mBundles, mReporter);
+    fault = mSetup->apply({mCommandLine.preset, mCommandLine.options});
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::Usage, fault);
+}
+
+ExitStatus DirectCommand::print()
+{
+    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD();
+    if (mCommandLine.copies > 0) {
+        options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
+    }
+    const QString title = QFileInfo(mCommandLine.files.first()).fileName();
+    QString error;
+    mJobId = JobSubmission::print(mScheduler, mQueue, mCommandLine.files, title, options, &error);
+    return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
+}
+
+JobOptions DirectCommand::optionsWithoutPPD() const
+{
+    JobOptions options = mSavedOptions;
+    options.merge(mCommandLine.options);
+    return options;
+}
+
+ExitStatus DirectCommand::tell()
+{
+    QString text;
+    const auto summary = mSetup ? mSetup->panels().summary() : QList<PanelHost::SummaryLine>();
+    for (const PanelHost::SummaryLine &line : summary) {
+        text += QStringLiteral("%1: %2\n").arg(line.title, line.value);
+    }
+    JobOptions options = mSetup ? mSetup->askedOptions() : mCommandLine.options;
+    if (mCommandLine.copies > 0) {
+        options.remove(QStringLiteral("copies"));
+    }
+    text += lpCommand(mQueue, mCommandLine.copies, options, mCommandLine.files) + QLatin1Char('\n');
+    const QString fault = writeToStandardOutput(text.toLocal8Bit());
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, fault);
+}
+
+ExitStatus DirectCommand::writePicture()
+{
+    QWidget *view = nullptr;
+    if (mSetup && !mSetup->panels().panels().empty()) {
+        view = mSetup->panels().view(*mSetup->panels().panels().front());
+    }
+    if (!view) {
+        return fail(ExitStatus::NotPrinted, QStringLiteral("the printer has no panel"));
+    }
+    const QString fault = writePictureOf(*view, mCommandLine.actionFile);
+    return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, fault);
+}
