@@ -356,7 +356,7 @@ QJsonObject ScriptSession::restore(ScriptRequest &)
 
 QJsonObject ScriptSession::keys(ScriptRequest &)
 {
-    const QStringList *keys = panel().supportedPPDOptionKeys();
+    const auto keys = panel().supportedPPDOptionKeys();
     return member("keys", keys ? QJsonValue(QJsonArray::fromStringList(*keys)) : QJsonValue());
 }
 

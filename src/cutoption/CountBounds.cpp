@@ -2,10 +2,11 @@
 
 #include "printcore/IntegerValue.h"
 
-CountBounds CountBounds::of(const ChoiceList *choices)
+CountBounds CountBounds::of(const ChoiceList &choices)
 {
-    if (!choices || choices->empty()) {
+    if (choices.isEmpty()) {
         return {};
     }
-    return {integerValue(choices->front()->ppdTitle()), integerValue(choices->back()->ppdTitle())};
+    return {integerValue(choices.at(0)->ppdTitle()),
+            integerValue(choices.at(choices.size() - 1)->ppdTitle())};
 }

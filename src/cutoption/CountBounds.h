@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ppd/PDEChoice.h"
+#include "ppd/ChoiceList.h"
 
 #include <QtGlobal>
 
@@ -10,6 +10,6 @@ struct CountBounds
     qint32 smallest = 1;
     qint32 largest = 99;
 
-    /// @param choices null for an absent option.
-    static CountBounds of(const ChoiceList *choices);
+    /// The bounds above when there is no choice.
+    static CountBounds of(const ChoiceList &choices);
 };

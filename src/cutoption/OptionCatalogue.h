@@ -1,8 +1,11 @@
 #pragma once
 
-#include "cutoption/OptionPDE.h"
+#include "cutoption/OptionOutlets.h"
+#include "cutoption/OptionRecords.h"
 
 #include <array>
+
+struct OptionRow;
 
 /// Bits of an item-type word: the items of the panel that a refresh is about.
 enum ItemType : quint32 {
@@ -51,10 +54,10 @@ struct OptionRow
     const char *keyword;
     /// The check box's object name in the nib.
     const char *outlet;
-    QPointer<CheckBox> OptionPDE13_v400_::*checkBox;
-    ppd_option_t *OptionPDE13_v400_::*option;
-    std::unique_ptr<ChoiceList> OptionPDE13_v400_::*choices;
-    const PDEChoice *OptionPDE13_v400_::*selection;
+    QPointer<CheckBox> OptionOutlets::*checkBox;
+    ppd_option_t *OptionRecords::*option;
+    ChoiceList OptionRecords::*choices;
+    const PDEChoice *OptionRecords::*selection;
     /// Key of the check box's title, for an option whose PPD text cannot be read.
     const char *labelKey;
     /// Key of the summary line's title, likewise.

@@ -24,6 +24,7 @@ OptionPDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> c
 OptionPDE13_v400_::OptionPDE13_v400_(std::shared_ptr<PDEPluginCallback13_v400_> callback,
                                      std::shared_ptr<Bundle> bundle)
     : BasePDE13_v400_(std::move(callback), std::move(bundle))
+    , mWords(*this, *this, nsPDEBundle)
 {
     testConnection();
     const std::span rows(OptionCatalogue::rows);
@@ -89,32 +90,16 @@ PaperClass OptionPDE13_v400_::paperClass() const
     return paperClassOf(paperNameOfPageFormat(pdePluginCallbackObject->pageFormat()));
 }
 
-Strip OptionPDE13_v400_::strip() const
-{
-    const auto box = [this](OptionCatalogue::Option option) -> QAbstractButton * {
-        return this->*OptionCatalogue::rows[option].checkBox;
-    };
-    return Strip::of({.cutEvery = box(OptionCatalogue::CutEvery),
-                      .cutAtEnd = box(OptionCatalogue::CutAtEnd),
-                      .mirror = box(OptionCatalogue::Mirror),
-                      .autoCut = box(OptionCatalogue::AutoCut),
-                      .halfCut = box(OptionCatalogue::HalfCut),
-                      .chainPrint = box(OptionCatalogue::ChainPrint),
-                      .specialTape = box(OptionCatalogue::SpecialTape),
-                      .removeBlkSpace = box(OptionCatalogue::RemoveBlkSpace),
-                      .cutMark = box(OptionCatalogue::CutMark)});
-}
-
 void OptionPDE13_v400_::markAutoCutOff()
 {
     ppdMarkOption(ppd, OptionCatalogue::rows[OptionCatalogue::AutoCut].keyword, "OFF");
 }
 
-const QStringList *OptionPDE13_v400_::supportedPPDOptionKeys()
+std::optional<QStringList> OptionPDE13_v400_::supportedPPDOptionKeys()
 {
     if (!supportedOptions()) {
         setValuesToKey();
-        setSupportedOptions(std::make_shared<QStringList>());
+        setSupportedOptions(QStringList());
         for (const OptionRow &row : OptionCatalogue::rows) {
             if (this->*row.option) {
                 mSupportedOptions->append(QLatin1String(row.keyword));
@@ -126,7 +111,7 @@ const QStringList *OptionPDE13_v400_::supportedPPDOptionKeys()
             }
         }
     }
-    return supportedOptions().get();
+    return supportedOptions();
 }
 
 void OptionPDE13_v400_::initUI()
@@ -178,7 +163,7 @@ void OptionPDE13_v400_::setPDEItems2()
 bool OptionPDE13_v400_::shouldPrint()
 {
     for (const OptionRow &row : OptionCatalogue::rows) {
-        setDefaultChoices(this->*row.option, (this->*row.choices).get(), row.keyword,
+        setDefaultChoices(this->*row.option, this->*row.choices, row.keyword,
                           QLatin1String(row.keyword));
     }
     return BasePDE13_v400_::shouldPrint();
@@ -187,18 +172,10 @@ bool OptionPDE13_v400_::shouldPrint()
 void OptionPDE13_v400_::PPDOptionKeyValueDidChange(const QString &key, const QString &ppdChoice)
 {
     const OptionRow *row = OptionCatalogue::rowForKeyword(key);
-    if (!row || ppdChoice.isNull()) {
-        return;
+    if (row && !ppdChoice.isNull()) {
+        this->*row->selection =
+            PDEUtilsMethod13::findChoiceForString(ppdChoice, this->*row->choices);
     }
-    const auto &choices = this->*row->choices;
-    // The dialog has marked the choice, as a rule.
-    const int marked = indexOfMarkedOption(choices.get(), key);
-    if (marked >= 0 && (*choices)[std::size_t(marked)]->ppdTitle() == ppdChoice) {
-        this->*row->selection = (*choices)[std::size_t(marked)].get();
-        return;
-    }
-    this->*row->selection =
-        choices ? PDEUtilsMethod13::findChoiceForString(ppdChoice, *choices) : nullptr;
 }
 
 void OptionPDE13_v400_::checkChangeSettingWhenPageSizeChanged(const Notification &)

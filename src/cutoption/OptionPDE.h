@@ -1,34 +1,25 @@
 #pragma once
 
+#include "cutoption/OptionOutlets.h"
+#include "cutoption/OptionRecords.h"
+#include "cutoption/OptionWords.h"
 #include "plugin/BasePDE.h"
 #include "plugin/PDEPanelAutomation.h"
 
-#include <QLabel>
-#include <QLineEdit>
-
-#include <span>
-
-class CheckBox;
-class OptionView13_v400_;
-class PopUpButton;
 class QAbstractButton;
-class Stepper;
-struct OptionCatalogue;
 struct OptionRow;
-struct GreyReason;
-struct Strip;
 enum class PaperClass;
 struct TapeInfo;
 
 /**
  * The cut-option panel: shows the finishing options that the printer's PPD has, keeps them
- * consistent with each other, the printer and the medium, and tells the dialog every choice.
- *
- * An option's field with the suffix `_Option` is the PPD's record (null when the PPD lacks the
- * keyword), `_Choices` its choices (null likewise), and `_Selection` the one of them that is in
- * force (null before any is known). What the nine options have in common is in OptionCatalogue.
+ * consistent with each other, the printer and the medium, and tells the dialog every choice. What
+ * the nine options have in common is in OptionCatalogue.
  */
-class OptionPDE13_v400_ : public BasePDE13_v400_, public PDEPanelAutomation
+class OptionPDE13_v400_ : public BasePDE13_v400_,
+                          public PDEPanelAutomation,
+                          protected OptionOutlets,
+                          protected OptionRecords
 {
     Q_OBJECT
 
@@ -88,7 +79,7 @@ public:
     void controlTextDidChange(QObject *field);
 
     /// The keywords of the PPD's options among the nine; the same list on every call.
-    const QStringList *supportedPPDOptionKeys() override;
+    std::optional<QStringList> supportedPPDOptionKeys() override;
     /// Tells the dialog the PPD's default for every option without a marked choice.
     bool shouldPrint() override;
     /// Records the choice as the option's selection.
@@ -129,58 +120,6 @@ protected:
     /// Lays out the rows of the options that the PPD has, and puts the preview in its place.
     void awakeFromNib() override;
 
-    friend struct OptionCatalogue;
-
-    // Outlets, owned by the nib; null when it has no control of that name.
-    QPointer<QWidget> mOptionDummyView;
-    QPointer<PopUpButton> mOptionPopUpButton;
-    QPointer<CheckBox> mCutEveryChkBx;
-    QPointer<CheckBox> mCutAndEndChkBx;
-    QPointer<CheckBox> mMirrorPrintChkBx;
-    QPointer<CheckBox> mAutoCutChkBx;
-    QPointer<CheckBox> mHalfCutChkBx;
-    QPointer<CheckBox> mChainPrintChkBx;
-    QPointer<CheckBox> mSpecialTapeChkBx;
-    QPointer<CheckBox> mRemoveBlkSpaceChkBx;
-    QPointer<CheckBox> mCutMarkChkBx;
-    QPointer<QLineEdit> mCutEveryTxBx;
-    QPointer<Stepper> mCutEveryStpr;
-    QPointer<QLabel> mCutEveryStr;
-
-    QPointer<OptionView13_v400_> mOptionView;
-
-    ppd_option_t *mCutEvery_Option = nullptr;
-    ppd_option_t *mCutEnd_Option = nullptr;
-    ppd_option_t *mMirror_Option = nullptr;
-    ppd_option_t *mAutoCut_Option = nullptr;
-    ppd_option_t *mHalfCut_Option = nullptr;
-    ppd_option_t *mChainPrint_Option = nullptr;
-    ppd_option_t *mSpecialTape_Option = nullptr;
-    ppd_option_t *mRemoveBlkSpace_Option = nullptr;
-    ppd_option_t *mCutMark_Option = nullptr;
-
-    std::unique_ptr<ChoiceList> mCutEvery_Choices;
-    std::unique_ptr<ChoiceList> mCutEnd_Choices;
-    std::unique_ptr<ChoiceList> mMirror_Choices;
-    std::unique_ptr<ChoiceList> mAutoCut_Choices;
-    std::unique_ptr<ChoiceList> mHalfCut_Choices;
-    std::unique_ptr<ChoiceList> mChainPrint_Choices;
-    std::unique_ptr<ChoiceList> mSpecialTape_Choices;
-    std::unique_ptr<ChoiceList> mRemoveBlkSpace_Choices;
-    std::unique_ptr<ChoiceList> mCutMark_Choices;
-
-    const PDEChoice *mCutEvery_Selection = nullptr;
-    const PDEChoice *mCutEnd_Selection = nullptr;
-    const PDEChoice *mMirror_Selection = nullptr;
-    const PDEChoice *mAutoCut_Selection = nullptr;
-    const PDEChoice *mHalfCut_Selection = nullptr;
-    const PDEChoice *mChainPrint_Selection = nullptr;
-    const PDEChoice *mSpecialTape_Selection = nullptr;
-    const PDEChoice *mRemoveBlkSpace_Selection = nullptr;
-    /// The auto-cut choice as the cut-every box drives it, one of mAutoCut_Choices.
-    const PDEChoice *mAutoCut_CutEvery_Selection = nullptr;
-    const PDEChoice *mCutMark_Selection = nullptr;
-
     qint8 checkValues_dec = 1;
     quint8 column_dec = 0;
     /// 1 once initUI() has run.
@@ -195,35 +134,17 @@ protected:
 private:
     void testConnection();
     void bindOption(const OptionRow &row);
-    void markAutoCutOff();
+    void connectActions();
+    void nameOptions();
+
     TapeInfo currentTapeInfo() const;
     bool isHSPaper() const;
     PaperClass paperClass() const;
-    Strip strip() const;
-
-    void connectActions();
-    void hideControls();
-    void removePresets(std::span<const char *const> identifiers);
-    int layOutRows(double top);
-    double layOutCutEveryFields(double boxOrigin);
-    void widenToTexts();
-    double missingWidth() const;
-    void alignFieldLine();
-    void dressMenu();
-    void nameOptions();
-    void insertPreview();
-
-    void describeControls();
-    void explainControls();
-    void explainCount();
-    QString countHelp() const;
-    /// The causes that are given now for the option's controls to be greyed, of GreyReason::Cause.
-    quint32 greyCauses(const OptionRow &row) const;
-    QString textOf(const GreyReason &reason) const;
-    QString stripText() const;
+    void markAutoCutOff();
 
     QString localized(const char *key) const;
     QString localizedOptionTitle(const OptionRow &row, const char *fallbackKey) const;
+
     void initializeOption(const OptionRow &row);
     void showTitleAndDefault(const OptionRow &row);
     void applySpecialTapeRules(bool isFLPaper);
@@ -234,7 +155,7 @@ private:
     void takeTick(CheckBox *box);
     /// Somebody edited the count: as keys, which do nothing to a disabled field.
     void takeCount(QLineEdit *field, const QString &before);
-    void recordChoice(int index, const char *keyword, const ChoiceList *choices, quint32 itemType);
+    void recordChoice(int index, const char *keyword, const ChoiceList &choices, quint32 itemType);
 
     void saveOption(const OptionRow &row);
     int indexToSave(const OptionRow &row) const;
@@ -250,9 +171,5 @@ private:
     QString yesNoSummary(const OptionRow &row) const;
     QString cutEverySummary() const;
 
-    QJsonObject stateOfControls() const;
-    QJsonObject stateOfPopUp() const;
-    QJsonObject stateOfSelections() const;
-    QJsonObject stateOfMarks() const;
-    QJsonObject stateOfFlags() const;
+    OptionWords mWords;
 };

@@ -58,13 +58,12 @@ void OptionPDE13_v400_::changeOption(QAbstractButton *sender)
         }
         // The cut-every box drives the auto-cut keyword; its count is the field's business.
         const OptionRow &recorded = isCutEvery ? rows[OptionCatalogue::AutoCut] : *row;
-        recordChoice(isOn ? 1 : 0, recorded.keyword, (this->*recorded.choices).get(),
-                     row->itemType);
+        recordChoice(isOn ? 1 : 0, recorded.keyword, this->*recorded.choices, row->itemType);
     }
     enabledCheck_OP();
 }
 
-void OptionPDE13_v400_::recordChoice(int index, const char *keyword, const ChoiceList *choices,
+void OptionPDE13_v400_::recordChoice(int index, const char *keyword, const ChoiceList &choices,
                                      quint32 itemType)
 {
     selectionForItem(index, QLatin1String(keyword), choices, itemType);
@@ -78,7 +77,7 @@ void OptionPDE13_v400_::changeOptionPopUpButton(QObject *)
 
 void OptionPDE13_v400_::changeCutEveryValue(QObject *sender)
 {
-    const CountBounds bounds = CountBounds::of(mCutEvery_Choices.get());
+    const CountBounds bounds = CountBounds::of(mCutEvery_Choices);
     qint32 count = 0;
     if (sender && (sender == mCutEveryStpr || sender == mCutEveryTxBx)) {
         const qint32 entered = sender == mCutEveryStpr ? mCutEveryStpr->intValue()
@@ -91,7 +90,7 @@ void OptionPDE13_v400_::changeCutEveryValue(QObject *sender)
     }
     const qint64 index = qint64(count) - bounds.smallest;
     recordChoice(int(std::clamp<qint64>(index, -1, std::numeric_limits<int>::max())),
-                 OptionCatalogue::rows[OptionCatalogue::CutEvery].keyword, mCutEvery_Choices.get(),
+                 OptionCatalogue::rows[OptionCatalogue::CutEvery].keyword, mCutEvery_Choices,
                  CutEveryItem);
 }
 

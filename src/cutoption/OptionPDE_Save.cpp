@@ -1,26 +1,26 @@
 #include "cutoption/OptionPDE.h"
 
 #include "cutoption/OptionCatalogue.h"
+#include "ppd/PaperClass.h"
 #include "ppd/TapeInfo.h"
-#include "preview/Strip.h"
-#include "toolkit/CheckBox.h"
+#include "toolkit/ControlState.h"
 
 #include <algorithm>
 
 void OptionPDE13_v400_::saveSetting_CutLabel()
 {
-    if (!mCutEvery_Choices || mCutEvery_Choices->empty() || !pmPrintSettings) {
+    if (mCutEvery_Choices.isEmpty() || !pmPrintSettings) {
         return;
     }
     const OptionRow &row = OptionCatalogue::rows[OptionCatalogue::CutEvery];
     // The field's own value has already been recorded as the marked choice.
     const int index = mCutEveryTxBx
-                          ? indexOfMarkedOption(mCutEvery_Choices.get(), QLatin1String(row.keyword))
+                          ? indexOfMarkedOption(mCutEvery_Choices, QLatin1String(row.keyword))
                           : markedOrDefaultIndex(row);
     if (!mAutoCutHideKey_dec) {
         saveAutoCutOfCutEvery();
     }
-    savePair(mCutEvery_Option, *mCutEvery_Choices, index);
+    savePair(mCutEvery_Option, mCutEvery_Choices, index);
 }
 
 void OptionPDE13_v400_::saveAutoCutOfCutEvery()
@@ -73,7 +73,7 @@ void OptionPDE13_v400_::saveSetting_RemoveBlkSpace()
     setTapeState(currentTapeInfo().tapeState);
     // Unlike the initialiser, which enables the box for custom sizes too.
     setControlEnabled(mRemoveBlkSpaceChkBx, mTapeState == 0);
-    explainControls();
+    mWords.noteChange(paperClass() == PaperClass::Flag);
     saveOption(OptionCatalogue::rows[OptionCatalogue::RemoveBlkSpace]);
 }
 
@@ -84,9 +84,9 @@ void OptionPDE13_v400_::saveSetting_CutMark()
 
 void OptionPDE13_v400_::saveOption(const OptionRow &row)
 {
-    const auto &choices = this->*row.choices;
-    if (choices && pmPrintSettings) {
-        savePair(this->*row.option, *choices, indexToSave(row));
+    const ChoiceList &choices = this->*row.choices;
+    if (!choices.isNull() && pmPrintSettings) {
+        savePair(this->*row.option, choices, indexToSave(row));
     }
 }
 
@@ -101,19 +101,19 @@ int OptionPDE13_v400_::indexToSave(const OptionRow &row) const
 
 int OptionPDE13_v400_::markedOrDefaultIndex(const OptionRow &row) const
 {
-    const ChoiceList *choices = (this->*row.choices).get();
+    const ChoiceList &choices = this->*row.choices;
     const int marked = indexOfMarkedOption(choices, QLatin1String(row.keyword));
-    return marked >= 0 || !choices ? marked : indexOfDefaultOption(*choices);
+    return marked >= 0 || choices.isNull() ? marked : indexOfDefaultOption(choices);
 }
 
 void OptionPDE13_v400_::savePair(const ppd_option_t *option, const ChoiceList &choices, int index)
 {
-    if (!option || choices.empty()) {
+    if (!option || choices.isEmpty()) {
         return;
     }
-    const int clamped = std::clamp(index, 0, int(choices.size()) - 1);
+    const int clamped = std::clamp(index, 0, choices.size() - 1);
     pdePluginCallbackObject->willChangePPDOptionKeyValue(QString::fromUtf8(option->keyword),
-                                                         choices[std::size_t(clamped)]->ppdTitle());
+                                                         choices.at(clamped)->ppdTitle());
 }
 
 qint32 OptionPDE13_v400_::indexForSaveAutoChain(const QAbstractButton *checkBox) const

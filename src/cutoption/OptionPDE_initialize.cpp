@@ -7,8 +7,7 @@
 #include "printcore/IntegerValue.h"
 #include "printcore/SystemEncoding.h"
 #include "textinput/FieldEdits.h"
-#include "toolkit/CheckBox.h"
-#include "toolkit/Stepper.h"
+#include "toolkit/ControlState.h"
 
 #include <cstring>
 
@@ -16,7 +15,7 @@ void OptionPDE13_v400_::initializeUI_CutLabel()
 {
     const OptionRow &row = OptionCatalogue::rows[OptionCatalogue::CutEvery];
     setControlEnabled(mCutEveryChkBx, mCutEvery_Option);
-    if (!mCutEvery_Choices) {
+    if (mCutEvery_Choices.isNull()) {
         return;
     }
     if (mCutEveryStr) {
@@ -90,13 +89,13 @@ void OptionPDE13_v400_::initializeOption(const OptionRow &row)
 void OptionPDE13_v400_::showTitleAndDefault(const OptionRow &row)
 {
     CheckBox *box = this->*row.checkBox;
-    const auto &choices = this->*row.choices;
-    if (!box || !choices) {
+    const ChoiceList &choices = this->*row.choices;
+    if (!box || choices.isNull()) {
         return;
     }
     box->setTitle(localizedOptionTitle(row, row.labelKey));
-    if (!choices->empty()) {
-        const ppd_option_t *option = choices->front()->choice()->option;
+    if (const PDEChoice *first = choices.at(0)) {
+        const ppd_option_t *option = first->choice()->option;
         box->setState(std::strncmp(option->defchoice, row.checkedKeyword, PPD_MAX_NAME) == 0);
     }
 }
@@ -109,11 +108,11 @@ void OptionPDE13_v400_::enabledCheck_OP()
     if (isFLPaper) {
         setControlEnabled(mHalfCutChkBx, false);
     }
-    if (mSpecialTapeChkBx && !mSpecialTapeChkBx->isHidden()) {
+    if (isControlShown(mSpecialTapeChkBx)) {
         applySpecialTapeRules(isFLPaper);
     }
     applyCutEveryRules();
-    explainControls();
+    mWords.noteChange(isFLPaper);
 }
 
 void OptionPDE13_v400_::applySpecialTapeRules(bool isFLPaper)

@@ -2,14 +2,10 @@
 
 #include "cutoption/OptionCatalogue.h"
 #include "cutoption/Preset.h"
-#include "ppd/PDEUtilsMethod.h"
 #include "ppd/PaperClass.h"
-#include "preview/OptionView.h"
 #include "printcore/IntegerValue.h"
 #include "textinput/FieldEdits.h"
-#include "toolkit/CheckBox.h"
-#include "toolkit/PopUpButton.h"
-#include "toolkit/Stepper.h"
+#include "toolkit/ControlState.h"
 
 namespace {
 void setState(CheckBox *box, bool on)
@@ -17,16 +13,6 @@ void setState(CheckBox *box, bool on)
     if (box) {
         box->setState(on);
     }
-}
-
-/// The place of the selection itself, not of its equal; −1 when it is not in the list.
-int indexOfIdentical(const ChoiceList *choices, const PDEChoice *selection)
-{
-    if (!choices || !selection) {
-        return -1;
-    }
-    const int index = PDEUtilsMethod13::indexOfRecord(*choices, selection->choice());
-    return index >= 0 && (*choices)[std::size_t(index)].get() == selection ? index : -1;
 }
 } // namespace
 
@@ -47,13 +33,9 @@ void OptionPDE13_v400_::updateMarkedSelections(quint32 itemType)
 const PDEChoice *OptionPDE13_v400_::markedChoice(const OptionRow &row,
                                                  const PDEChoice *current) const
 {
-    const ChoiceList *choices = (this->*row.choices).get();
-    if (!choices) {
-        return nullptr;
-    }
-    const int index = markedOrDefaultIndex(row);
-    const bool exists = index >= 0 && std::size_t(index) < choices->size();
-    return exists ? (*choices)[std::size_t(index)].get() : current;
+    const ChoiceList &choices = this->*row.choices;
+    const PDEChoice *marked = choices.at(markedOrDefaultIndex(row));
+    return marked || choices.isNull() ? marked : current;
 }
 
 void OptionPDE13_v400_::updateUIItem(quint32 itemType)
@@ -86,7 +68,7 @@ void OptionPDE13_v400_::showSelection(const OptionRow &row)
     if (row.keptWhileDisabled && !isControlEnabled(box)) {
         return;
     }
-    const int index = indexOfIdentical((this->*row.choices).get(), this->*row.selection);
+    const int index = (this->*row.choices).indexOf(this->*row.selection);
     if (index >= 0) {
         setState(box, index != 0);
     }
@@ -94,17 +76,17 @@ void OptionPDE13_v400_::showSelection(const OptionRow &row)
 
 void OptionPDE13_v400_::showCutEverySelection()
 {
-    if (!mCutEvery_Selection || !mCutEvery_Choices) {
+    if (!mCutEvery_Selection || mCutEvery_Choices.isNull()) {
         return;
     }
-    if (indexOfIdentical(mCutEvery_Choices.get(), mCutEvery_Selection) >= 0) {
+    if (mCutEvery_Choices.indexOf(mCutEvery_Selection) >= 0) {
         const QString count = QString::fromUtf8(mCutEvery_Selection->choice()->choice);
         FieldEdits::setText(mCutEveryTxBx, count);
         if (mCutEveryStpr) {
             mCutEveryStpr->setIntValue(integerValue(count));
         }
     }
-    const int index = indexOfIdentical(mAutoCut_Choices.get(), mAutoCut_CutEvery_Selection);
+    const int index = mAutoCut_Choices.indexOf(mAutoCut_CutEvery_Selection);
     if (index >= 0) {
         setState(mCutEveryChkBx, index != 0);
     }
@@ -123,7 +105,7 @@ int OptionPDE13_v400_::targetPopUpButtonTag() const
 {
     return Preset::tagOf(strip(), {.isLabelSeries = isRVPrinter(),
                                    .hasFlagPaper = paperClass() == PaperClass::Flag,
-                                   .showsCutMark = mCutMarkChkBx && !mCutMarkChkBx->isHidden()});
+                                   .showsCutMark = isControlShown(mCutMarkChkBx)});
 }
 
 bool OptionPDE13_v400_::validateMenuItem(int tag) const

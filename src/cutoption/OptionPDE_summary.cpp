@@ -34,7 +34,7 @@ std::optional<QVariantMap> OptionPDE13_v400_::summaryInfo()
 
 QString OptionPDE13_v400_::yesNoSummary(const OptionRow &row) const
 {
-    switch (indexOfMarkedOption((this->*row.choices).get(), QLatin1String(row.keyword))) {
+    switch (indexOfMarkedOption(this->*row.choices, QLatin1String(row.keyword))) {
     case 0:
         return localized("RS_STitle_No");
     case 1:
@@ -47,7 +47,7 @@ QString OptionPDE13_v400_::yesNoSummary(const OptionRow &row) const
 QString OptionPDE13_v400_::cutEverySummary() const
 {
     const char *autoCut = OptionCatalogue::rows[OptionCatalogue::AutoCut].keyword;
-    switch (indexOfMarkedOption(mAutoCut_Choices.get(), QLatin1String(autoCut))) {
+    switch (indexOfMarkedOption(mAutoCut_Choices, QLatin1String(autoCut))) {
     case 0:
         return localized("RS_STitle_No");
     case 1:

@@ -52,13 +52,13 @@ void PanelHost::addPanels(const PanelBundle &bundle)
     for (const auto &panel : *list) {
         mPanels.push_back(panel.get());
         mBundleOf.insert(panel.get(), &bundle);
-        const QStringList *keys = panel->supportedPPDOptionKeys();
-        if (!keys || keys->isEmpty()) {
+        const QStringList keys = panel->supportedPPDOptionKeys().value_or(QStringList());
+        if (keys.isEmpty()) {
             mPanels.pop_back();
             continue;
         }
-        mKeys += *keys;
-        tellMissingOptions(*panel, *keys);
+        mKeys += keys;
+        tellMissingOptions(*panel, keys);
     }
 }
 
@@ -172,7 +172,7 @@ void PanelHost::applyPreset(PDEPanel &panel)
 
 void PanelHost::applyRequests(PDEPanel &panel, const JobOptions &requests)
 {
-    QStringList keys = *panel.supportedPPDOptionKeys();
+    QStringList keys = panel.supportedPPDOptionKeys().value_or(QStringList());
     removeFrom(keys, [&requests](const QString &key) { return !requests.contains(key); });
     QWidget *view = keys.isEmpty() ? nullptr : panel.panelView();
     if (!view) {

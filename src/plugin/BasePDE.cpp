@@ -91,10 +91,10 @@ QString BasePDE13_v400_::panelKind()
     return QStringLiteral("jp.co.vendor.printer.cups.pde.OptionPDEKind");
 }
 
-const QStringList *BasePDE13_v400_::supportedPPDOptionKeys()
+std::optional<QStringList> BasePDE13_v400_::supportedPPDOptionKeys()
 {
     setValuesToKey();
-    return nullptr;
+    return std::nullopt;
 }
 
 void BasePDE13_v400_::willShow()
@@ -142,51 +142,33 @@ bool BasePDE13_v400_::isRVPrinter() const
 }
 
 const PDEChoice *BasePDE13_v400_::selectionForItem(int item, const QString &key,
-                                                   const ChoiceList *choices, quint32 itemType)
+                                                   const ChoiceList &choices, quint32 itemType)
 {
-    if (!choices || item < 0 || std::size_t(item) >= choices->size()) {
-        return nullptr;
+    const PDEChoice *choice = choices.at(item);
+    if (choice) {
+        pdePluginCallbackObject->willChangePPDOptionKeyValue(key, choice->ppdTitle());
+        updateMarkedSelections(itemType);
     }
-    const PDEChoice *choice = (*choices)[std::size_t(item)].get();
-    pdePluginCallbackObject->willChangePPDOptionKeyValue(key, choice->ppdTitle());
-    updateMarkedSelections(itemType);
     return choice;
 }
 
-int BasePDE13_v400_::indexOfMarkedOption(const ChoiceList *choices, const QString &key) const
+int BasePDE13_v400_::indexOfMarkedOption(const ChoiceList &choices, const QString &key) const
 {
     const ppd_choice_t *marked = ppd ? ppdFindMarkedChoice(ppd, key.toUtf8().constData()) : nullptr;
-    if (!marked || !choices) {
-        return -1;
-    }
-    const int index = PDEUtilsMethod13::indexOfRecord(*choices, marked);
-    return index >= 0 ? index : indexOfChoices(choices, QString::fromUtf8(marked->choice));
+    return marked ? indexOfChoices(choices, QString::fromUtf8(marked->choice)) : -1;
 }
 
-int BasePDE13_v400_::indexOfChoices(const ChoiceList *choices, const QString &value) const
+int BasePDE13_v400_::indexOfChoices(const ChoiceList &choices, const QString &value) const
 {
-    if (!choices || value.isNull()) {
-        return -1;
-    }
-    for (std::size_t i = 0; i < choices->size(); ++i) {
-        if ((*choices)[i]->ppdTitle() == value) {
-            return int(i);
-        }
-    }
-    return -1;
+    return value.isNull() ? -1 : choices.indexOf(value);
 }
 
 int BasePDE13_v400_::indexOfDefaultOption(const ChoiceList &choices) const
 {
-    for (std::size_t i = 0; i < choices.size(); ++i) {
-        if (choices[i]->isDefaultChoice()) {
-            return int(i);
-        }
-    }
-    return choices.empty() ? 0 : -1;
+    return choices.isEmpty() ? 0 : choices.indexOfDefault();
 }
 
-void BasePDE13_v400_::setSupportedOptions(std::shared_ptr<QStringList> options)
+void BasePDE13_v400_::setSupportedOptions(std::optional<QStringList> options)
 {
     mSupportedOptions = std::move(options);
 }
@@ -225,30 +207,18 @@ void BasePDE13_v400_::stopWaitingFor(const QWidget *view)
         this, NSViewDidUpdateTrackingAreasNotification, view);
 }
 
-void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
+void BasePDE13_v400_::setDefaultChoices(const ppd_option_t *option, const ChoiceList &choices,
                                         const char *cStrKey, const QString &nStrKey)
 {
     if (!option || ppdFindMarkedChoice(ppd, cStrKey)) {
         return;
     }
-    const int index = choices ? indexOfDefaultOption(*choices) : 0;
+    const int index = indexOfDefaultOption(choices);
     if (index < 0 || index >= option->num_choices) {
         return;
     }
     pdePluginCallbackObject->willChangePPDOptionKeyValue(
         nStrKey, QString::fromUtf8(option->choices[index].choice));
-}
-
-void BasePDE13_v400_::setControlEnabled(QWidget *control, bool enabled)
-{
-    if (control && isControlEnabled(control) != enabled) {
-        control->setEnabled(enabled);
-    }
-}
-
-bool BasePDE13_v400_::isControlEnabled(const QWidget *control)
-{
-    return control && control->isEnabledTo(control->parentWidget());
 }
 
 #include "moc_BasePDE.cpp"

@@ -2,7 +2,7 @@
 
 #include "plugin/PDEPanel.h"
 #include "plugin/PDEPluginCallback.h"
-#include "ppd/PDEChoice.h"
+#include "ppd/ChoiceList.h"
 #include "printcore/Bundle.h"
 
 #include <QObject>
@@ -31,8 +31,8 @@ public:
     /// The text "OP_PANEL_NAME", fetched once.
     QString panelName() override;
     QString panelKind() override;
-    /// Saves the values, and answers null.
-    const QStringList *supportedPPDOptionKeys() override;
+    /// Saves the values, and answers nothing.
+    std::optional<QStringList> supportedPPDOptionKeys() override;
     void printWindowWillClose() override {}
     void willShow() override;
     bool shouldHide() override { return true; }
@@ -77,25 +77,24 @@ public:
      * Records the user's choice: tells the dialog and re-reads the item types' selections.
      *
      * @param item index of the choice.
-     * @param choices null for an absent option.
      * @return the choice, owned by the list; null, and the dialog is told nothing, when there is
      *         none at the index.
      */
     virtual const PDEChoice *selectionForItem(int item, const QString &key,
-                                              const ChoiceList *choices, quint32 itemType);
+                                              const ChoiceList &choices, quint32 itemType);
 
     /// Index of the choice that the PPD has marked for the key; −1 when there is none.
-    virtual int indexOfMarkedOption(const ChoiceList *choices, const QString &key) const;
+    virtual int indexOfMarkedOption(const ChoiceList &choices, const QString &key) const;
 
     /// Index of the first choice with that keyword; −1 when there is none.
-    virtual int indexOfChoices(const ChoiceList *choices, const QString &value) const;
+    virtual int indexOfChoices(const ChoiceList &choices, const QString &value) const;
 
-    /// Index of the PPD's default choice; −1 when there is none, but 0 for an empty list.
+    /// Index of the PPD's default choice; −1 when there is none, but 0 for a list without choices.
     virtual int indexOfDefaultOption(const ChoiceList &choices) const;
 
-    virtual void setSupportedOptions(std::shared_ptr<QStringList> options);
-    /// What setSupportedOptions() stored; null before.
-    virtual std::shared_ptr<QStringList> supportedOptions() const { return mSupportedOptions; }
+    virtual void setSupportedOptions(std::optional<QStringList> options);
+    /// What setSupportedOptions() stored; nothing before.
+    virtual const std::optional<QStringList> &supportedOptions() const { return mSupportedOptions; }
 
     /**
      * Resizes the view and tells the dialog so: at once when the active window is more than 96
@@ -113,10 +112,10 @@ public:
      * Tells the dialog the PPD's default for an option without a marked choice.
      *
      * @param option null for an absent one.
-     * @param choices null stands for the option's first choice.
+     * @param choices a list without choices stands for the option's first choice.
      * @param cStrKey the option's keyword, and again as @p nStrKey.
      */
-    virtual void setDefaultChoices(const ppd_option_t *option, const ChoiceList *choices,
+    virtual void setDefaultChoices(const ppd_option_t *option, const ChoiceList &choices,
                                    const char *cStrKey, const QString &nStrKey);
 
     /// Always 0 here.
@@ -133,16 +132,11 @@ protected:
     /// Hook: the nib's outlets are connected.
     virtual void awakeFromNib() {}
 
-    /// Enables or disables a control unless it is so already; does nothing for null.
-    static void setControlEnabled(QWidget *control, bool enabled);
-    /// Whether the control itself is enabled, whatever its parents are; false for null.
-    static bool isControlEnabled(const QWidget *control);
-
     // What the panel shares goes in the opposite order, behind its view.
     std::shared_ptr<Bundle> nsPDEBundle;
     std::shared_ptr<PDEPluginCallback13_v400_> pdePluginCallbackObject;
     QString thePDEName;
-    std::shared_ptr<QStringList> mSupportedOptions;
+    std::optional<QStringList> mSupportedOptions;
     QPointer<QWidget> kPDEView;
     ppd_file_t *ppd = nullptr;
     qint16 mImageModeFlag = 0;

@@ -34,8 +34,8 @@ public:
     virtual QString panelName() = 0;
     /// Which kind of panel it is, as a reverse domain name.
     virtual QString panelKind() = 0;
-    /// The keywords of the PPD options that the panel sets, owned by the panel; null for none.
-    virtual const QStringList *supportedPPDOptionKeys() = 0;
+    /// The keywords of the PPD options that the panel sets; nothing when it sets none.
+    virtual std::optional<QStringList> supportedPPDOptionKeys() = 0;
 
     /// The dialog's window is about to close.
     virtual void printWindowWillClose() = 0;

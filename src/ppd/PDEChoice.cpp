@@ -6,7 +6,7 @@
 
 std::unique_ptr<PDEChoice> PDEChoice::choiceWithChoice(ppd_choice_t *choice)
 {
-    return std::unique_ptr<PDEChoice>(new PDEChoice(choice));
+    return std::make_unique<PDEChoice>(choice);
 }
 
 PDEChoice::PDEChoice(ppd_choice_t *choice)

@@ -5,15 +5,14 @@
 #include <QString>
 
 #include <memory>
-#include <vector>
 
 /// One choice of a PPD option.
 class PDEChoice
 {
 public:
-    /**
-     * @param choice a record of an open PPD: not owned, valid as long as the PPD is, never null.
-     */
+    /// @param choice a record of an open PPD: not owned, valid as long as the PPD is, never null.
+    explicit PDEChoice(ppd_choice_t *choice);
+    /// A choice on the heap, likewise.
     static std::unique_ptr<PDEChoice> choiceWithChoice(ppd_choice_t *choice);
 
     /// The translated text that the user sees; null when the PPD's bytes are no UTF-8.
@@ -32,13 +31,7 @@ public:
     QString description() const;
 
 private:
-    explicit PDEChoice(ppd_choice_t *choice);
-
     mutable QString mUserTitle;
     mutable QString mPPDTitle;
     ppd_choice_t *mChoice;
 };
-
-/// The choices of one option in the PPD's order. A null pointer to a list, "no such option", is
-/// told from an empty one, "an option without choices".
-using ChoiceList = std::vector<std::unique_ptr<PDEChoice>>;

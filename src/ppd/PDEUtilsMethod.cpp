@@ -85,36 +85,15 @@ QPointF PDEUtilsMethod13::originItem(ppd_file_t *ppd, const char *name)
     return {match.captured(1).toDouble(), match.captured(2).toDouble()};
 }
 
-std::unique_ptr<ChoiceList> PDEUtilsMethod13::arrayFromPPDOption(ppd_option_t *option)
+ChoiceList PDEUtilsMethod13::arrayFromPPDOption(const ppd_option_t *option)
 {
-    if (!option) {
-        return nullptr;
-    }
-    auto choices = std::make_unique<ChoiceList>();
-    choices->reserve(std::size_t(option->num_choices));
-    for (int i = 0; i < option->num_choices; ++i) {
-        choices->push_back(PDEChoice::choiceWithChoice(option->choices + i));
-    }
-    return choices;
-}
-
-int PDEUtilsMethod13::indexOfRecord(const ChoiceList &choices, const ppd_choice_t *record)
-{
-    const std::ptrdiff_t index = record - record->option->choices;
-    const bool isThere = index >= 0 && std::size_t(index) < choices.size() &&
-                         choices[std::size_t(index)]->choice() == record;
-    return isThere ? int(index) : -1;
+    return ChoiceList(option);
 }
 
 const PDEChoice *PDEUtilsMethod13::findChoiceForString(const QString &string,
                                                        const ChoiceList &choices)
 {
-    for (const auto &choice : choices) {
-        if (string.isNull() ? choice->isDefaultChoice() : choice->ppdTitle() == string) {
-            return choice.get();
-        }
-    }
-    return nullptr;
+    return choices.at(string.isNull() ? choices.indexOfDefault() : choices.indexOf(string));
 }
 
 QString PDEUtilsMethod13::newOptionTitle(const ppd_option_t *option)

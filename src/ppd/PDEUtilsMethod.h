@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ppd/PDEChoice.h"
+#include "ppd/ChoiceList.h"
 #include "ppd/PPD.h"
 
 #include <QPointF>
@@ -50,11 +50,7 @@ public:
     static QPointF originItem(ppd_file_t *ppd, const char *name);
 
     /// One PDEChoice for each choice of the option, in the PPD's order; null for a null option.
-    static std::unique_ptr<ChoiceList> arrayFromPPDOption(ppd_option_t *option);
-
-    /// Index of the choice with that record of the PPD in a list of arrayFromPPDOption(); −1 when
-    /// it is not in the list.
-    static int indexOfRecord(const ChoiceList &choices, const ppd_choice_t *record);
+    static ChoiceList arrayFromPPDOption(const ppd_option_t *option);
 
     /// The first choice with that keyword, or the first that is the PPD's default for a null
     /// string; null when there is none. The list goes on owning it.

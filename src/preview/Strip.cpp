@@ -1,11 +1,8 @@
 #include "preview/Strip.h"
 
-#include <QAbstractButton>
+#include "toolkit/ControlState.h"
 
-bool isOn(const QAbstractButton *box)
-{
-    return box && !box->isHidden() && box->isChecked();
-}
+#include <QAbstractButton>
 
 Strip Strip::of(const StripBoxes &boxes)
 {

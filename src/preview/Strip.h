@@ -21,9 +21,6 @@ struct StripBoxes
     QPointer<QAbstractButton> cutMark;
 };
 
-/// Whether a check box counts as on: it is there, not hidden, and ticked.
-bool isOn(const QAbstractButton *box);
-
 /// The strip that the check boxes ask for. Special tape turns cut every, auto cut, half cut and
 /// chain printing off.
 struct Strip

@@ -20,9 +20,6 @@ public:
     /// Ticks the box, or takes the tick away, for the program: chosen() is not emitted.
     void setState(bool on);
 
-    /// How wide the box has to be for the whole of a title.
-    int widthForTitle(const QString &title) const;
-
 Q_SIGNALS:
     /// The box has been ticked or unticked by other means than setState(): a click, a key,
     /// assistive technology or setChecked().

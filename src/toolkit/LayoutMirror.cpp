@@ -14,6 +14,19 @@ LayoutMirror::LayoutMirror(QWidget *nib)
     mNib->installEventFilter(this);
 }
 
+bool LayoutMirror::isMirrored(const QWidget *control)
+{
+    const QWidget *nib = control->parentWidget();
+    const auto *mirror =
+        nib ? nib->findChild<LayoutMirror *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+    return mirror && mirror->mIsMirrored;
+}
+
+int LayoutMirror::mirrored(const QWidget *control, int x)
+{
+    return control->parentWidget()->width() - x - control->width();
+}
+
 bool LayoutMirror::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::LayoutDirectionChange) {
@@ -42,7 +55,7 @@ void LayoutMirror::followDirection()
     }
     mIsMirrored = !mIsMirrored;
     for (QWidget *control : controls()) {
-        control->move(mNib->width() - control->x() - control->width(), control->y());
+        control->move(mirrored(control, control->x()), control->y());
     }
 }
 

@@ -17,13 +17,17 @@ public:
     /// mirror.
     explicit LayoutMirror(QWidget *nib);
 
-    /// Moves mirrored controls with the right edge of a nib that has got another width.
-    void followWidth();
+    /// Whether the control stands in a nib whose controls are mirrored now.
+    static bool isMirrored(const QWidget *control);
+    /// The place x of a control, mirrored in its parent; the mirrored one's place is x again.
+    static int mirrored(const QWidget *control, int x);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void followDirection();
+    /// Moves mirrored controls with the right edge of a nib that has got another width.
+    void followWidth();
     QList<QWidget *> controls() const;
 
     QWidget *mNib;

@@ -55,6 +55,12 @@ void PopUpButton::selectItemWithTag(int tag)
     }
 }
 
+void PopUpButton::choose(int index)
+{
+    setCurrentIndex(index);
+    Q_EMIT activated(index);
+}
+
 void PopUpButton::removeItemWithTitle(const QString &title)
 {
     const int index = findText(title, Qt::MatchExactly | Qt::MatchCaseSensitive);

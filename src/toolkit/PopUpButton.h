@@ -32,6 +32,8 @@ public:
     std::optional<int> selectedTag() const;
     /// Selects the item with the tag; changes nothing when there is none.
     void selectItemWithTag(int tag);
+    /// Chooses the item at the index as the user would from the list.
+    void choose(int index);
 
     /// Removes the first item with the title, if any; the first one is selected when that was the
     /// selected one.

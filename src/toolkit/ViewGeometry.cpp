@@ -30,17 +30,10 @@ int parentHeight(const QWidget *widget)
     return parent ? parent->height() : 0;
 }
 
-/// Whether the widget stands in a nib that is read from right to left.
-bool isMirrored(const QWidget *widget)
-{
-    const QWidget *parent = widget->parentWidget();
-    return parent && parent->isRightToLeft() && parent->property(pixelsPerPointProperty).isValid();
-}
-
 /// Qt's x of a widget that is so many pixels away from the edge where lines begin, and vice versa.
-int mirrored(const QWidget *widget, int x)
+int fromStart(const QWidget *widget, int x)
 {
-    return isMirrored(widget) ? widget->parentWidget()->width() - x - widget->width() : x;
+    return LayoutMirror::isMirrored(widget) ? LayoutMirror::mirrored(widget, x) : x;
 }
 
 void stretch(QWidget *widget, double scale)
@@ -80,7 +73,7 @@ QPointF frameOrigin(const QWidget *widget)
         return {};
     }
     const double scale = pixelsPerPoint(widget);
-    return {toPoints(mirrored(widget, widget->x()), scale),
+    return {toPoints(fromStart(widget, widget->x()), scale),
             toPoints(parentHeight(widget) - widget->y() - widget->height(), scale)};
 }
 
@@ -90,7 +83,7 @@ void setFrameOrigin(QWidget *widget, double x, double y)
         return;
     }
     const double scale = pixelsPerPoint(widget);
-    widget->move(mirrored(widget, toPixels(std::trunc(x), scale)),
+    widget->move(fromStart(widget, toPixels(std::trunc(x), scale)),
                  parentHeight(widget) - toPixels(std::trunc(y), scale) - widget->height());
 }
 
@@ -109,10 +102,7 @@ void setFrameSize(QWidget *widget, const QSizeF &size)
         return;
     }
     const double scale = pixelsPerPoint(widget);
-    const int start = mirrored(widget, widget->x());
+    const int start = fromStart(widget, widget->x());
     widget->resize(toPixels(size.width(), scale), toPixels(size.height(), scale));
-    widget->move(mirrored(widget, start), widget->y());
-    if (auto *mirror = widget->findChild<LayoutMirror *>(QString(), Qt::FindDirectChildrenOnly)) {
-        mirror->followWidth();
-    }
+    widget->move(fromStart(widget, start), widget->y());
 }

@@ -1,14 +1,21 @@
 #include "AccessEvents.h"
 
+#include <QCoreApplication>
+
 namespace {
 AccessEvents *recorder = nullptr;
 } // namespace
 
-/// Takes the place of Qt's own in this program: that one tells nobody while no assistive technology
-/// has asked, as is so without a display.
+// These take the place of Qt's own in this program: without a display there is no assistive
+// technology, and Qt would tell nobody.
 void QAccessible::updateAccessibility(QAccessibleEvent *event)
 {
     AccessEvents::note(*event);
+}
+
+bool QAccessible::isActive()
+{
+    return AccessEvents::isSomebodyListening;
 }
 
 AccessEvents::AccessEvents()
@@ -46,6 +53,7 @@ QStringList AccessEvents::takeValues(const QObject *object)
 
 int AccessEvents::take(const QObject *object, QAccessible::Event type)
 {
+    QCoreApplication::sendPostedEvents();
     int count = 0;
     for (qsizetype i = mTold.size() - 1; i >= 0; --i) {
         if (mTold.at(i).object == object && mTold.at(i).type == type) {

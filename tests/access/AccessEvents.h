@@ -14,6 +14,9 @@ public:
     AccessEvents(const AccessEvents &) = delete;
     AccessEvents &operator=(const AccessEvents &) = delete;
 
+    /// Whether there is assistive technology that asks and is told.
+    static inline bool isSomebodyListening = true;
+
     /// How often the object has told an event of that type since the last call.
     int take(const QObject *object, QAccessible::Event type);
 

@@ -1,5 +1,7 @@
 #include "AccessTree.h"
 
+#include <QCoreApplication>
+
 QAccessibleInterface *accessOf(const QWidget *widget)
 {
     return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
@@ -12,6 +14,7 @@ QString nameOf(const QWidget *widget)
 
 QString descriptionOf(const QWidget *widget)
 {
+    QCoreApplication::sendPostedEvents();
     return accessOf(widget)->text(QAccessible::Description);
 }
 

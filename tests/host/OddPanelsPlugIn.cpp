@@ -31,9 +31,9 @@ public:
     }
     QString panelName() override { return mKind; }
     QString panelKind() override { return QStringLiteral("com.korvane.test.odd"); }
-    const QStringList *supportedPPDOptionKeys() override
+    std::optional<QStringList> supportedPPDOptionKeys() override
     {
-        return mKind == u"Undeclaring" ? nullptr : &mKeys;
+        return mKind == u"Undeclaring" ? std::nullopt : std::optional(mKeys);
     }
 
     void printWindowWillClose() override {}

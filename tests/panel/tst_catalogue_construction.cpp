@@ -66,7 +66,7 @@ void CatalogueAndConstructionTest::eachRowNamesItsOption()
     fixture.load();
     QCOMPARE(fixture.box(Option(option))->objectName(), QLatin1String(facts.outlet));
     QCOMPARE(QByteArray(fixture.panel->option(Option(option))->keyword), QByteArray(facts.keyword));
-    const ppd_choice_t *first = fixture.panel->choices(Option(option))->front()->choice();
+    const ppd_choice_t *first = fixture.panel->choices(Option(option)).at(0)->choice();
     QCOMPARE(first->option, fixture.panel->option(Option(option)));
 }
 
@@ -100,7 +100,7 @@ void CatalogueAndConstructionTest::missingKeywordLeavesTheOptionOut()
     fixture.load();
     for (const Option option : everyOption) {
         QCOMPARE(fixture.panel->option(option) == nullptr, option == absent);
-        QCOMPARE(fixture.panel->choices(option) == nullptr, option == absent);
+        QCOMPARE(fixture.panel->choices(option).isNull(), option == absent);
     }
     fixture.panel->initUI();
     // Remove blank space follows the medium alone.
@@ -123,7 +123,7 @@ void CatalogueAndConstructionTest::printerWithoutAnyOptionDeclaresNothing()
     fixture.show();
     for (const Option option : everyOption) {
         QVERIFY(!fixture.panel->option(option));
-        QVERIFY(!fixture.panel->choices(option));
+        QVERIFY(fixture.panel->choices(option).isNull());
     }
     QCOMPARE(*fixture.panel->supportedPPDOptionKeys(), QStringList());
     QVERIFY(fixture.panel->saveValuesAndReturnError(nullptr));
@@ -136,15 +136,15 @@ void CatalogueAndConstructionTest::choicesAreInTheOrderOfThePPD()
 {
     PanelFixture fixture;
     fixture.build();
-    const ChoiceList &counts = *fixture.panel->choices(OptionCatalogue::CutEvery);
-    QCOMPARE(counts.size(), std::size_t(99));
-    QCOMPARE(counts.front()->ppdTitle(), QStringLiteral("1"));
-    QCOMPARE(counts.back()->ppdTitle(), QStringLiteral("99"));
+    const ChoiceList &counts = fixture.panel->choices(OptionCatalogue::CutEvery);
+    QCOMPARE(counts.size(), 99);
+    QCOMPARE(counts.at(0)->ppdTitle(), QStringLiteral("1"));
+    QCOMPARE(counts.at(98)->ppdTitle(), QStringLiteral("99"));
     for (const Option option : everyOptionBut(OptionCatalogue::CutEvery)) {
-        const ChoiceList &choices = *fixture.panel->choices(option);
-        QCOMPARE(choices.size(), std::size_t(2));
-        QCOMPARE(choices[0]->ppdTitle(), QStringLiteral("OFF"));
-        QCOMPARE(choices[1]->ppdTitle(), QStringLiteral("ON"));
+        const ChoiceList &choices = fixture.panel->choices(option);
+        QCOMPARE(choices.size(), 2);
+        QCOMPARE(choices.at(0)->ppdTitle(), QStringLiteral("OFF"));
+        QCOMPARE(choices.at(1)->ppdTitle(), QStringLiteral("ON"));
     }
 }
 
@@ -344,7 +344,7 @@ void CatalogueAndConstructionTest::keysAreDeclaredOnceAndSavedOnce()
 {
     PanelFixture fixture;
     fixture.build();
-    const QStringList *keys = fixture.panel->supportedPPDOptionKeys();
+    const auto keys = fixture.panel->supportedPPDOptionKeys();
     QCOMPARE(fixture.takeTold().size(), 9);
     QCOMPARE(fixture.panel->supportedPPDOptionKeys(), keys);
     QCOMPARE(keys->size(), 9);

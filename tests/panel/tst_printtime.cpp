@@ -101,8 +101,8 @@ void PrintTimeTest::choiceFromElsewhereBecomesTheSelection()
     PanelFixture fixture;
     fixture.load();
     const QList<Option> on = fixture.optionsOn();
-    for (const std::size_t index : {1U, 0U}) {
-        const PDEChoice *choice = fixture.panel->choices(changed)->at(index).get();
+    for (const int index : {1, 0}) {
+        const PDEChoice *choice = fixture.panel->choices(changed).at(index);
         fixture.panel->PPDOptionKeyValueDidChange(keyword, choice->ppdTitle());
         QCOMPARE(fixture.panel->selection(changed), choice);
         for (const Option other : everyOptionBut(changed)) {

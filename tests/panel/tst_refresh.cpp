@@ -38,9 +38,9 @@ private Q_SLOTS:
 
 namespace {
 
-const PDEChoice *choiceAt(const PanelFixture &fixture, Option option, std::size_t index)
+const PDEChoice *choiceAt(const PanelFixture &fixture, Option option, int index)
 {
-    return fixture.panel->choices(option)->at(index).get();
+    return fixture.panel->choices(option).at(index);
 }
 
 } // namespace
@@ -160,7 +160,7 @@ void RefreshTest::selectionIsShownInTheBox()
     const auto shown = Option(option);
     PanelFixture fixture(printerWith(shown, {"A", "B", "C"}, "A"));
     fixture.load();
-    for (const std::size_t index : {1U, 0U, 2U}) {
+    for (const int index : {1, 0, 2}) {
         fixture.panel->select(shown, choiceAt(fixture, shown, index));
         for (const bool before : {true, false}) {
             fixture.setOn(shown, before);
@@ -201,7 +201,7 @@ void RefreshTest::foreignSelectionIsNotShown()
     PanelFixture fixture;
     fixture.load();
     for (const bool before : {true, false}) {
-        for (const std::size_t index : {1U, 0U}) {
+        for (const int index : {1, 0}) {
             fixture.setOn(shown, before);
             fixture.panel->select(shown, choiceAt(other, shown, index));
             fixture.panel->updateUIItem(factsOf(shown).itemType);
@@ -278,7 +278,7 @@ void RefreshTest::cutEveryBoxShowsAutoCut()
     // Whether or not the count's selection is one of the option's own.
     for (const PDEChoice *count : {choiceAt(fixture, cutEvery, 4), choiceAt(other, cutEvery, 4)}) {
         fixture.panel->select(cutEvery, count);
-        for (const std::size_t index : {1U, 0U}) {
+        for (const int index : {1, 0}) {
             fixture.panel->mAutoCut_CutEvery_Selection = choiceAt(fixture, autoCut, index);
             fixture.setOn(cutEvery, index == 0);
             fixture.panel->updateUIItem(0x100);

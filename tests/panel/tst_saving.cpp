@@ -371,7 +371,7 @@ void SavingTest::cutEveryWithoutCountsSavesNothing()
     for (const bool separate : {true, false}) {
         PanelFixture fixture(printerWith(cutEvery, {}, {}, separate));
         fixture.load();
-        QVERIFY(fixture.panel->choices(cutEvery)->empty());
+        QVERIFY(fixture.panel->choices(cutEvery).isEmpty());
         fixture.setOn(cutEvery, true);
         QCOMPARE(save(fixture, cutEvery), QStringList());
     }

@@ -38,10 +38,7 @@ struct Dialog
     }
 
     ppd_option_t *option() const { return ppdFindOption(host->ppd.get(), "KvTest"); }
-    std::unique_ptr<ChoiceList> choices() const
-    {
-        return PDEUtilsMethod13::arrayFromPPDOption(option());
-    }
+    ChoiceList choices() const { return PDEUtilsMethod13::arrayFromPPDOption(option()); }
     /// Takes every mark of the option's away.
     void unmark() const
     {
@@ -53,7 +50,7 @@ struct Dialog
     }
     void setDefault() const
     {
-        panel->setDefaultChoices(option(), choices().get(), "KvTest", u"KvTest"_s);
+        panel->setDefaultChoices(option(), choices(), "KvTest", u"KvTest"_s);
     }
 
     std::shared_ptr<TestHost> host;
@@ -92,8 +89,8 @@ void ChoosingTest::choosingTellsTheDialogThenRereads()
     const auto choices =
         PDEUtilsMethod13::arrayFromPPDOption(ppdFindOption(host->ppd.get(), "KvTest"));
     host->calls.clear();
-    QCOMPARE(panel.selectionForItem(1, u"KvTest"_s, choices.get(), 4096), (*choices)[1].get());
-    QCOMPARE(panel.selectionForItem(0, u"KvOther"_s, choices.get(), 0), (*choices)[0].get());
+    QCOMPARE(panel.selectionForItem(1, u"KvTest"_s, choices, 4096), choices.at(1));
+    QCOMPARE(panel.selectionForItem(0, u"KvOther"_s, choices, 0), choices.at(0));
     QCOMPARE(host->calls,
              QStringList({u"KvTest=ON"_s, u"reread 4096"_s, u"KvOther=OFF"_s, u"reread 0"_s}));
 }
@@ -114,71 +111,60 @@ void ChoosingTest::choosingNothingTellsNothing()
     QFETCH(int, index);
     QFETCH(bool, hasChoices);
     Dialog dialog(onOff());
-    const auto choices = hasChoices ? dialog.choices() : nullptr;
-    QVERIFY(!dialog.panel->selectionForItem(index, u"KvTest"_s, choices.get(), 4096));
+    const auto choices = hasChoices ? dialog.choices() : ChoiceList();
+    QVERIFY(!dialog.panel->selectionForItem(index, u"KvTest"_s, choices, 4096));
     QCOMPARE(dialog.host->takeTold(), QList<Pair>());
     QCOMPARE(dialog.panel->calls, QStringList());
-    const ChoiceList none;
-    QVERIFY(!dialog.panel->selectionForItem(0, u"KvTest"_s, &none, 4096));
-    QCOMPARE(dialog.host->takeTold(), QList<Pair>());
 }
 
 void ChoosingTest::findsTheMarkedChoice()
 {
     Dialog dialog(onOff());
     const auto choices = dialog.choices();
-    const auto index = [&](const ChoiceList *list, const char *key) {
+    const auto index = [&](const ChoiceList &list, const char *key) {
         return dialog.panel->indexOfMarkedOption(list, QLatin1String(key));
     };
-    QCOMPARE(index(choices.get(), "KvTest"), 0);
+    QCOMPARE(index(choices, "KvTest"), 0);
     dialog.host->mark("KvTest", "ON");
-    QCOMPARE(index(choices.get(), "KvTest"), 1);
-    QCOMPARE(index(choices.get(), "KvNone"), -1);
-    QCOMPARE(index(nullptr, "KvTest"), -1);
+    QCOMPARE(index(choices, "KvTest"), 1);
+    QCOMPARE(index(choices, "KvNone"), -1);
+    QCOMPARE(index({}, "KvTest"), -1);
     dialog.unmark();
-    QCOMPARE(index(choices.get(), "KvTest"), -1);
+    QCOMPARE(index(choices, "KvTest"), -1);
 }
 
 void ChoosingTest::findsAChoiceByKeyword()
 {
     Dialog dialog(PPDText().option("KvTest", {"OFF", "ON", "ON"}, "OFF"));
     const auto choices = dialog.choices();
-    const ChoiceList none;
     const RecordingPanel &panel = *dialog.panel;
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"OFF"_s), 0);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"ON"_s), 1);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u"on"_s), -1);
-    QCOMPARE(panel.indexOfChoices(choices.get(), u""_s), -1);
-    QCOMPARE(panel.indexOfChoices(choices.get(), QString()), -1);
-    QCOMPARE(panel.indexOfChoices(&none, u"ON"_s), -1);
-    QCOMPARE(panel.indexOfChoices(nullptr, u"ON"_s), -1);
+    QCOMPARE(panel.indexOfChoices(choices, u"OFF"_s), 0);
+    QCOMPARE(panel.indexOfChoices(choices, u"ON"_s), 1);
+    QCOMPARE(panel.indexOfChoices(choices, u"on"_s), -1);
+    QCOMPARE(panel.indexOfChoices(choices, u""_s), -1);
+    QCOMPARE(panel.indexOfChoices(choices, QString()), -1);
+    QCOMPARE(panel.indexOfChoices({}, u"ON"_s), -1);
 }
 
 void ChoosingTest::findsTheDefaultChoice()
 {
     Dialog dialog(onOff("ON"));
     dialog.host->mark("KvTest", "OFF");
-    QCOMPARE(dialog.panel->indexOfDefaultOption(*dialog.choices()), 1);
-    QCOMPARE(dialog.panel->indexOfDefaultOption(*Dialog(onOff({})).choices()), -1);
+    QCOMPARE(dialog.panel->indexOfDefaultOption(dialog.choices()), 1);
+    QCOMPARE(dialog.panel->indexOfDefaultOption(Dialog(onOff({})).choices()), -1);
     QCOMPARE(dialog.panel->indexOfDefaultOption({}), 0);
     const Dialog twice(PPDText().option("KvTest", {"OFF", "ON", "ON"}, "ON"));
-    QCOMPARE(twice.panel->indexOfDefaultOption(*twice.choices()), 1);
+    QCOMPARE(twice.panel->indexOfDefaultOption(twice.choices()), 1);
 }
 
 void ChoosingTest::storesTheSupportedOptions()
 {
     Dialog dialog;
-    const auto options = std::make_shared<QStringList>(QStringList{u"KvTest"_s});
-    dialog.panel->setSupportedOptions(options);
-    QCOMPARE(dialog.panel->supportedOptions(), options);
-    dialog.panel->setSupportedOptions(options);
-    QCOMPARE(dialog.panel->supportedOptions(), options);
-    QCOMPARE(options.use_count(), 2L);
-    const auto others = std::make_shared<QStringList>();
-    dialog.panel->setSupportedOptions(others);
-    QCOMPARE(dialog.panel->supportedOptions(), others);
-    QCOMPARE(options.use_count(), 1L);
-    dialog.panel->setSupportedOptions(nullptr);
+    dialog.panel->setSupportedOptions(QStringList{u"KvTest"_s});
+    QCOMPARE(*dialog.panel->supportedOptions(), QStringList{u"KvTest"_s});
+    dialog.panel->setSupportedOptions(QStringList());
+    QCOMPARE(*dialog.panel->supportedOptions(), QStringList());
+    dialog.panel->setSupportedOptions(std::nullopt);
     QVERIFY(!dialog.panel->supportedOptions());
 }
 
@@ -213,7 +199,7 @@ void ChoosingTest::optionWithoutAListGetsItsFirstChoice()
 {
     const Dialog dialog(onOff("ON"));
     dialog.unmark();
-    dialog.panel->setDefaultChoices(dialog.option(), nullptr, "KvTest", u"KvTest"_s);
+    dialog.panel->setDefaultChoices(dialog.option(), {}, "KvTest", u"KvTest"_s);
     QCOMPARE(dialog.host->takeTold(), (QList<Pair>{{u"KvTest"_s, u"OFF"_s}}));
 }
 

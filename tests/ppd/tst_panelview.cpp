@@ -240,7 +240,7 @@ void PanelViewTest::panelWithoutViewStillSaves()
     QVERIFY(!panel.panelView());
     panel.willShow();
     QCOMPARE(panel.shouldPrint(), true);
-    const QStringList *keys = panel.supportedPPDOptionKeys();
+    const auto keys = panel.supportedPPDOptionKeys();
     QVERIFY(keys);
     QCOMPARE(keys->size(), 9);
     host->takeTold();

@@ -107,7 +107,7 @@ void PlugInTest::handsTheCallbackToThePanel()
     const auto host = makeHost(PPDText().onOff("KvMirror", "ON"));
     const auto panels = plugIn()->PDEPanelsForType(kPrinterModuleDialogType, host);
     QVERIFY(panels && panels->size() == 1);
-    const QStringList *keys = panels->front()->supportedPPDOptionKeys();
+    const auto keys = panels->front()->supportedPPDOptionKeys();
     QVERIFY(keys);
     QCOMPARE(*keys, QStringList{u"KvMirror"_s});
     QCOMPARE(host->takeTold(), (QList<Pair>{{u"KvMirror"_s, u"ON"_s}}));

@@ -78,8 +78,8 @@ ppd_option_t *option(const PPDHandle &ppd)
 QStringList titles(const ChoiceList &choices)
 {
     QStringList titles;
-    for (const auto &choice : choices) {
-        titles.append(choice->ppdTitle());
+    for (int i = 0; i < choices.size(); ++i) {
+        titles.append(choices.at(i)->ppdTitle());
     }
     return titles;
 }
@@ -307,14 +307,15 @@ void UtilsTest::listsChoicesInTheOrderOfThePPD()
 {
     const PPDHandle ppd = ppdWithOption({"3/C", "1/A", "2/B"}, "1");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QVERIFY(choices);
-    QCOMPARE(titles(*choices), QStringList({u"3"_s, u"1"_s, u"2"_s}));
-    QCOMPARE((*choices)[1]->choice(), option(ppd)->choices + 1);
+    QCOMPARE(titles(choices), QStringList({u"3"_s, u"1"_s, u"2"_s}));
+    QCOMPARE(choices.at(1)->choice(), option(ppd)->choices + 1);
+    QVERIFY(!choices.at(-1));
+    QVERIFY(!choices.at(3));
 }
 
 void UtilsTest::absentOptionHasNoList()
 {
-    QVERIFY(!Utils::arrayFromPPDOption(nullptr));
+    QVERIFY(Utils::arrayFromPPDOption(nullptr).isNull());
 }
 
 void UtilsTest::optionWithoutChoicesHasAnEmptyList()
@@ -324,25 +325,25 @@ void UtilsTest::optionWithoutChoicesHasAnEmptyList()
     QVERIFY(option(ppd));
     QCOMPARE(option(ppd)->num_choices, 0);
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QVERIFY(choices);
-    QCOMPARE(choices->size(), std::size_t(0));
+    QVERIFY(!choices.isNull());
+    QVERIFY(choices.isEmpty());
 }
 
 void UtilsTest::findsAChoiceByKeyword()
 {
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, "OFF");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QCOMPARE(Utils::findChoiceForString(u"ON"_s, *choices), (*choices)[1].get());
-    QVERIFY(!Utils::findChoiceForString(u"on"_s, *choices));
-    QVERIFY(!Utils::findChoiceForString(u"On"_s, *choices));
-    QVERIFY(!Utils::findChoiceForString(u""_s, *choices));
+    QCOMPARE(Utils::findChoiceForString(u"ON"_s, choices), choices.at(1));
+    QVERIFY(!Utils::findChoiceForString(u"on"_s, choices));
+    QVERIFY(!Utils::findChoiceForString(u"On"_s, choices));
+    QVERIFY(!Utils::findChoiceForString(u""_s, choices));
 }
 
 void UtilsTest::findsTheFirstOfDuplicateKeywords()
 {
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/First", "ON/Second"}, "OFF");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QCOMPARE(Utils::findChoiceForString(u"ON"_s, *choices), (*choices)[1].get());
+    QCOMPARE(Utils::findChoiceForString(u"ON"_s, choices), choices.at(1));
 }
 
 void UtilsTest::findsTheDefaultWhenNoKeywordIsGiven()
@@ -350,15 +351,15 @@ void UtilsTest::findsTheDefaultWhenNoKeywordIsGiven()
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, "ON");
     ppdMarkOption(ppd.get(), "KvTest", "OFF");
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QCOMPARE(Utils::findChoiceForString(QString(), *choices), (*choices)[1].get());
+    QCOMPARE(Utils::findChoiceForString(QString(), choices), choices.at(1));
 }
 
 void UtilsTest::optionWithoutDefaultHasNoDefaultChoice()
 {
     const PPDHandle ppd = ppdWithOption({"OFF/Off", "ON/On"}, {});
     const auto choices = Utils::arrayFromPPDOption(option(ppd));
-    QVERIFY(!Utils::findChoiceForString(QString(), *choices));
-    QCOMPARE(Utils::findChoiceForString(u"OFF"_s, *choices), (*choices)[0].get());
+    QVERIFY(!Utils::findChoiceForString(QString(), choices));
+    QCOMPARE(Utils::findChoiceForString(u"OFF"_s, choices), choices.at(0));
 }
 
 void UtilsTest::findsNothingInAnEmptyList()

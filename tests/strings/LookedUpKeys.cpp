@@ -114,6 +114,6 @@ QSet<QString> LookedUpKeys::strayLookUps()
 
 QSet<QString> LookedUpKeys::ofHost()
 {
-    return setOf(
-        matches(sourcesIn(QStringLiteral("host")), QStringLiteral(R"re(\btext\("([^"]*)"\))re")));
+    return setOf(matches(sourcesIn(QString()),
+                         QStringLiteral(R"re((?:\btexts|HostText\(\))\.text\("([^"]*)"\))re")));
 }

@@ -1,8 +1,11 @@
 #include "TranslationFile.h"
+#include "support/CheckedStyles.h"
 #include "support/PanelProbe.h"
 #include "support/TestHost.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QStyle>
 #include <QTest>
 
 namespace {
@@ -73,16 +76,27 @@ private Q_SLOTS:
     void boxesSayThePrintersTexts();
     void boxesSayThePanelsTexts_data() { addLanguages(); }
     void boxesSayThePanelsTexts();
-    void textsFit_data() { addLanguages(); }
+    void textsFit_data();
     void textsFit();
     void menuIsTranslated_data() { addLanguages(); }
     void menuIsTranslated();
     void summaryIsTranslated_data() { addLanguages(); }
     void summaryIsTranslated();
 
+    void cleanup();
+
 private: // NOLINT(readability-redundant-access-specifiers)
     static void addLanguages();
+
+    const QFont mFont = QApplication::font();
+    const QString mStyle = QApplication::style()->objectName();
 };
+
+void TranslatedPanelTest::cleanup()
+{
+    QApplication::setFont(mFont);
+    QApplication::setStyle(mStyle);
+}
 
 void TranslatedPanelTest::addLanguages()
 {
@@ -127,15 +141,37 @@ void TranslatedPanelTest::boxesSayThePanelsTexts()
     }
 }
 
+void TranslatedPanelTest::textsFit_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<int>("points");
+    const QStringList languages = TranslationFile::languages();
+    const QStringList styles = checkedStyles();
+    for (const QString &language : languages) {
+        for (const QString &style : styles) {
+            for (const int points : {7, 9, 14, 20}) {
+                QTest::addRow("%s, %s, %d points", qPrintable(language), qPrintable(style), points)
+                    << language << style << points;
+            }
+        }
+    }
+}
+
 void TranslatedPanelTest::textsFit()
 {
     QFETCH(const QString, language);
+    QFETCH(const QString, style);
+    QFETCH(const int, points);
+    QApplication::setStyle(style);
+    QFont font = QApplication::font();
+    font.setPointSize(points);
+    QApplication::setFont(font);
     for (const bool hasTexts : {true, false}) {
         const PanelOfLanguage shown(language, printer(hasTexts));
         for (const OptionRow &row : OptionCatalogue::rows) {
-            const auto *box =
-                shown.panel->kPDEView->findChild<CheckBox *>(QLatin1String(row.outlet));
-            QVERIFY2(box->sizeHint().width() <= box->width(), row.outlet);
+            const CheckBox *box = shown.panel->box(row.id);
+            QVERIFY2(box->sizeHint().width() <= box->width(), qPrintable(box->title()));
         }
         const QLabel *caption = shown.panel->mCutEveryStr;
         QVERIFY(caption->sizeHint().width() <= caption->width());

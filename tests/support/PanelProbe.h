@@ -1,10 +1,7 @@
 #pragma once
 
 #include "cutoption/OptionCatalogue.h"
-#include "preview/OptionView.h"
-#include "toolkit/CheckBox.h"
-#include "toolkit/PopUpButton.h"
-#include "toolkit/Stepper.h"
+#include "cutoption/OptionPDE.h"
 
 /// The panel with its outlets and state open to a test.
 class PanelProbe : public OptionPDE13_v400_
@@ -40,9 +37,9 @@ public:
     {
         return this->*OptionCatalogue::rows[option].option;
     }
-    const ChoiceList *choices(OptionCatalogue::Option option) const
+    const ChoiceList &choices(OptionCatalogue::Option option) const
     {
-        return (this->*OptionCatalogue::rows[option].choices).get();
+        return this->*OptionCatalogue::rows[option].choices;
     }
     const PDEChoice *selection(OptionCatalogue::Option option) const
     {
