@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # A front end for the CMake presets. Each target installs the packages that it needs.
 
 JOBS ?= $(shell nproc)
@@ -14,6 +16,9 @@ RELEASE ?= $(shell . /etc/os-release && echo $$VERSION_CODENAME)
 COMMANDS ?= run test package
 # The lists of packages to install before building; "make run" adds one.
 lists = build
+# The sources that begin with their licence.
+licensed = '*.cpp' '*.h' '*.py' '*.cmake' '*.cmake.in' '*CMakeLists.txt' Makefile .ci debian/rules \
+	resources/completion session/60kvprint.in tests/isolated tests/package tools ':!tools/packages'
 
 .PHONY: all run test lint test-optimised test-sanitize prove fuzz coverage bench screenshots deps \
 	install uninstall package check-package check-release clean
@@ -43,6 +48,7 @@ test: lint test-optimised test-sanitize
 
 lint: deps
 	git ls-files '*.cpp' '*.h' | xargs clang-format-19 --dry-run --Werror
+	! git grep -L '^[/#]* SPDX-License-Identifier: Apache-2.0$$' -- $(licensed) | grep .
 	cmake --preset lint
 	cmake --build --preset lint --parallel $(JOBS)
 	run-clang-tidy-19 -quiet -j $(JOBS) -p build/lint 'kvlint-.*Unity' > build/lint/tidy.log 2>&1 \

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The files of a bundle: Info.json, a form and a table of texts.
 
 #include "printcore/Bundle.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Command lines: the options of a job become the words of a command, and the same options again.
 
 #include "kvprint/CommandLine.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // PPDs: from the file through the panel, its view and its state to the options of the job.
 
 #include "FuzzTarget.h"

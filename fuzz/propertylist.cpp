@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Property lists: what is read can be written, and reads the same.
 
 #include "printcore/PropertyList.h"

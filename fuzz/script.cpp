@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Whole conversations: lines of the script protocol, in JSON or in short.
 
 #include "FuzzTarget.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Text input: formatters with a field, formats of messages and of dates.
 
 #include "FuzzTarget.h"

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # Targets for clang-tidy, of which nothing is built but what moc makes. Most of its time goes into Qt's headers, so all sources
 # of a folder are one source for it.
 

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # Has moc make what sources include of it. AUTOMOC would read each source with all of Qt's headers, and
 # compile one more file for each target, which takes several times as long.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Draws the pictures of the cut options panel.
 
 Every picture is derived from one description of the strip, which in turn follows from the picture's

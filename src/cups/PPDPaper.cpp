@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cups/PPDPaper.h"
 
 #include "cups/PPDFile.h"

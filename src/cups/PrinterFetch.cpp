@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cups/PrinterFetch.h"
 
 #include "cups/SchedulerConnection.h"

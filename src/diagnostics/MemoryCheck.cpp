@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/MemoryCheck.h"
 
 #include "diagnostics/DescriptorWriter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "dialog/DialogSettings.h"
 
 #include "host/ProblemReporter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "dialog/SummaryTab.h"
 
 #include "host/HostText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 /// Makes the application that is created next use Qt's offscreen platform, whatever the environment

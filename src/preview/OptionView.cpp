@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "preview/OptionView.h"
 
 #include "printcore/Bundle.h"

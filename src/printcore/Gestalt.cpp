@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printcore/Gestalt.h"
 
 OSStatus Gestalt(quint32 selector, qint32 *response)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printcore/PictureDecoder.h"
 
 #include "printcore/ResourceLimits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printcore/PrintSession.h"
 
 QVariant PrintSession::value(const QString &key) const

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printcore/UTF8.h"
 
 #include "printcore/QtVersions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "textinput/FormatterAdapter.h"
 
 #include "textinput/FieldEdits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "AccessTree.h"
 #include "PanelDialog.h"
 #include "support/CheckedStyles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "ApplicationSession.h"
 
 ApplicationSession::ApplicationSession(const DisplayServer &display, const Application &application,

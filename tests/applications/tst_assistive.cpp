@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "AccessBus.h"
 #include "ApplicationSession.h"
 #include "AssistiveUser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
 #include "PrintingSite.h"
 #include "ScriptTalk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "DialogOpener.h"
 #include "PrintingSite.h"
 #include "support/DialogNames.h"

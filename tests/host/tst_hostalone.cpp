@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/PanelHost.h"
 #include "host/ProblemReporter.h"
 #include "plugin/PDEPanel.h"

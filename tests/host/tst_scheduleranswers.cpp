@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
 #include "AttachedDialog.h"
 #include "CommandRun.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Opens the print dialog of an application through the accessibility interface and lists its contents.
 
 usage: print_dialog.py PICTURE PROGRAM [ARGUMENT...]

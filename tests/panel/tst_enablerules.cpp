@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "PanelFixture.h"
 
 /// Which controls the medium and the other controls leave to the user.

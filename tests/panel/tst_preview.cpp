@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "PanelFixture.h"
 #include "StripTable.h"
 #include "support/BundleCopy.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "PanelFixture.h"
 
 /// What happens besides the user's actions: printing, choices from elsewhere, another paper.

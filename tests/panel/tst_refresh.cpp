@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "PanelFixture.h"
 
 /// How the PPD's marks become selections, and selections become what the controls show.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "PanelFixture.h"
 
 /// The lines that the dialog's summary lists for the panel.

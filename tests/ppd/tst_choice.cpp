@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "ppd/PDEChoice.h"
 #include "ppd/PDEUtilsMethod.h"
 #include "support/PPDText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "RecordingHost.h"
 #include "RecordingPanel.h"
 #include "printcore/NotificationCenter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "ppd/PDEUtilsMethod.h"
 #include "printcore/SystemEncoding.h"
 #include "support/PPDText.h"

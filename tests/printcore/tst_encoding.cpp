@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printcore/Gestalt.h"
 #include "printcore/IntegerValue.h"
 #include "printcore/SystemEncoding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "TranslationFile.h"
 #include "dialog/PanelTab.h"
 #include "dialog/SummaryTab.h"

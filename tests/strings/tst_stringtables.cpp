@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "LookedUpKeys.h"
 #include "TranslationFile.h"
 #include "printcore/SystemEncoding.h"

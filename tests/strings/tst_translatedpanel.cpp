@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "TranslationFile.h"
 #include "support/CheckedStyles.h"
 #include "support/PanelProbe.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Where the parts of a strip lie along it."""
 
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The files: SVG, PNG in all scales, pictures of the guide, and a contact sheet."""
 
 import concurrent.futures

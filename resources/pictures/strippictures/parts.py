@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The parts of a picture, from the ground upwards."""
 
 import itertools

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The letters, and the signs that stand above the strip."""
 
 from .svg import box, element, moved, number, path

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What a picture shows: the strip that comes out of the printer, and the names of the pictures."""
 
 import itertools

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """How the pictures look: their colours, and the measures of each size."""
 
 from dataclasses import dataclass
