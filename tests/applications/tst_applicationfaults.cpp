@@ -174,20 +174,27 @@ void tst_applicationfaults::brokenPPD()
 
 void tst_applicationfaults::chosenQueueIsRemoved()
 {
-    ApplicationSession session(mDisplay, application());
-    RemotePrintDialog &dialog = session.dialog();
-    QVERIFY(session.openPanelAt(tape));
-    QVERIFY(dialog.tick(halfCutBox));
-    QVERIFY(removeQueue(tape));
-    QVERIFY(dialog.print());
+    // On a busy machine the scheduler may not answer in the short time that the dialog waits for
+    // it.
+    constexpr int mostAttempts = 5;
+    QString error;
+    for (int attempts = 0; error.isEmpty() && attempts < mostAttempts; ++attempts) {
+        init();
+        ApplicationSession session(mDisplay, application());
+        RemotePrintDialog &dialog = session.dialog();
+        QVERIFY(session.openPanelAt(tape));
+        QVERIFY(dialog.tick(halfCutBox));
+        QVERIFY(removeQueue(tape));
+        QVERIFY(dialog.print());
 
-    QVERIFY(session.openPanelAt(QStringLiteral("mark")));
-    const QStringList shown = dialog.shownChoices();
-    QVERIFY(dialog.print());
-    QCOMPARE(printedChoices(), shown);
-    QCOMPARE(session.end(), QString());
-    QCOMPARE(onlyError(session),
-             QStringLiteral("kvprint: the print scheduler has no printer tape"));
+        QVERIFY(session.openPanelAt(QStringLiteral("mark")));
+        const QStringList shown = dialog.shownChoices();
+        QVERIFY(dialog.print());
+        QCOMPARE(printedChoices(), shown);
+        QCOMPARE(session.end(), QString());
+        error = onlyError(session);
+    }
+    QCOMPARE(error, QStringLiteral("kvprint: the print scheduler has no printer tape"));
 }
 
 void tst_applicationfaults::spoiltInstallation_data()
