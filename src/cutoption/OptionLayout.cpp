@@ -4,10 +4,12 @@
 #include "cutoption/OptionCatalogue.h"
 #include "preview/OptionViewAccessible.h"
 #include "printcore/Bundle.h"
+#include "printcore/CheckedFile.h"
 #include "toolkit/AccessibleRegistration.h"
 #include "toolkit/PictureIcon.h"
 #include "toolkit/ViewGeometry.h"
 
+#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -181,11 +183,15 @@ void OptionLayout::dressMenu(const Bundle &bundle)
         return;
     }
     popUp->setIconSize(popUp->iconSize() * pixelsPerPoint(popUp));
+    const CheckedFile folder = bundle.resources();
     for (int i = 0; i < popUp->count(); ++i) {
         const QString identifier = popUp->itemText(i);
-        const QString picture = bundle.pathForImageResource(QStringLiteral("Preset") + identifier);
+        const QString path = bundle.pathForImageResource(QStringLiteral("Preset") + identifier);
         popUp->setItemIdentifier(i, identifier);
-        popUp->setItemIcon(i, picture.isNull() ? QIcon() : QIcon(new PictureIcon(picture)));
+        if (!path.isNull()) {
+            const PictureFile picture(folder, QFileInfo(path).fileName());
+            popUp->setItemIcon(i, QIcon(new PictureIcon(picture)));
+        }
         popUp->setItemName(i,
                            bundle.localizedStringForKey(QStringLiteral("RS_Preset_") + identifier));
         popUp->setItemText(i, QString());

@@ -5,11 +5,9 @@
 #include "ppd/PDEUtilsMethod.h"
 #include "ppd/PaperClass.h"
 #include "ppd/TapeInfo.h"
-#include "preview/OptionView.h"
 #include "printcore/NotificationCenter.h"
-#include "toolkit/CheckBox.h"
-#include "toolkit/PopUpButton.h"
-#include "toolkit/Stepper.h"
+
+#include <span>
 
 std::unique_ptr<OptionPDE13_v400_>
 OptionPDE13_v400_::initWithCallback(std::shared_ptr<PDEPluginCallback13_v400_> callback,

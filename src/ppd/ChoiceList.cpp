@@ -22,12 +22,13 @@ const PDEChoice *ChoiceList::at(int index) const
 
 int ChoiceList::indexOf(const QString &keyword) const
 {
-    if (mIndexes.isEmpty()) {
-        for (int i = size() - 1; i >= 0; --i) {
-            mIndexes.insert(mChoices[std::size_t(i)].ppdTitle(), i);
+    if (mIndexes.empty()) {
+        for (int i = 0; i < size(); ++i) {
+            mIndexes.try_emplace(at(i)->choice()->choice, i);
         }
     }
-    return mIndexes.value(keyword, -1);
+    const auto entry = mIndexes.find(keyword.toStdString());
+    return entry == mIndexes.end() ? -1 : entry->second;
 }
 
 int ChoiceList::indexOf(const PDEChoice *choice) const

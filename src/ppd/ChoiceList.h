@@ -3,8 +3,8 @@
 
 #include "ppd/PDEChoice.h"
 
-#include <QHash>
-
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 /**
@@ -42,6 +42,6 @@ public:
 private:
     bool mIsNull = true;
     std::vector<PDEChoice> mChoices;
-    /// The first index of each keyword, made for the first search.
-    mutable QHash<QString, int> mIndexes;
+    /// The first index of each keyword in the PPD's records, made for the first search.
+    mutable std::unordered_map<std::string_view, int> mIndexes;
 };

@@ -2,9 +2,11 @@
 #include "preview/OptionView.h"
 
 #include "printcore/Bundle.h"
+#include "printcore/CheckedFile.h"
 #include "toolkit/ViewGeometry.h"
 
 #include <QAbstractButton>
+#include <QFileInfo>
 #include <QPainter>
 
 #include <span>
@@ -28,10 +30,11 @@ constexpr const char *picturesMQ[] = {
 void loadPictures(std::span<PictureFile> pictures, std::span<const char *const> names,
                   const Bundle &bundle)
 {
+    const CheckedFile folder = bundle.resources();
     for (std::size_t i = 0; i < pictures.size(); ++i) {
         const QString path = bundle.pathForImageResource(QLatin1String(names[i]));
         if (!path.isNull()) {
-            pictures[i] = PictureFile(path);
+            pictures[i] = PictureFile(folder, QFileInfo(path).fileName());
         }
     }
 }

@@ -58,6 +58,8 @@ public:
     const QStringList &declaredResources() const { return mDeclaredResources; }
     /// The resources folder.
     QString resourcePath() const;
+    /// That folder, opened as a trusted one, for reading many files of it.
+    CheckedFile resources() const;
 
     /// The path of the resource name.type; null when there is no such file.
     QString pathForResource(const QString &name, const QString &type) const;
@@ -95,7 +97,6 @@ private:
     QString readEntries(const QJsonObject &info);
     QString readLibrary(const QJsonValue &libraries);
     QString readResources(const QJsonValue &resources);
-    CheckedFile resources() const;
 
     QString mPath;
     QString mIdentifier;

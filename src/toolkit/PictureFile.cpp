@@ -22,19 +22,18 @@ struct Variant
 /// The finer files, from the coarsest to the finest.
 constexpr Variant variants[] = {{1.5, "@1.5x"}, {2.0, "@2x"}, {3.0, "@3x"}};
 
-QString variantOf(const QFileInfo &file, const char *mark)
+QString variantOf(const QString &name, const char *mark)
 {
+    const QFileInfo file(name);
     return file.completeBaseName() + QLatin1String(mark) + u'.' + file.suffix();
 }
 } // namespace
 
-PictureFile::PictureFile(const QString &path)
+PictureFile::PictureFile(const CheckedFile &folder, const QString &name)
 {
     const qreal screen = qGuiApp->devicePixelRatio();
-    const QFileInfo file(path);
-    const CheckedFile folder = CheckedFile::trusted(file.path(), FileUse::Enter, file.path());
     const auto readVariant = [&](const Variant &variant) {
-        return read(folder, variantOf(file, variant.mark), variant.ratio);
+        return read(folder, variantOf(name, variant.mark), variant.ratio);
     };
     if (screen > 1.0) {
         const Variant *fine =
@@ -45,7 +44,7 @@ PictureFile::PictureFile(const QString &path)
             return;
         }
     }
-    read(folder, file.fileName(), 1.0);
+    read(folder, name, 1.0);
 }
 
 bool PictureFile::read(const CheckedFile &folder, const QString &name, qreal ratio)

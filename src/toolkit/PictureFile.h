@@ -17,9 +17,14 @@ class PictureFile
 {
 public:
     PictureFile() = default;
-    /// Reads the file with the lowest resolution that is sufficient for the screen, else the one
-    /// with the highest. Only trusted files within the ResourceLimits are used.
-    explicit PictureFile(const QString &path);
+    /**
+     * Reads the file with the lowest resolution that is sufficient for the screen, else the one
+     * with the highest. Only trusted files within the ResourceLimits are used.
+     *
+     * @param folder opened as a trusted one.
+     * @param name of the file with the lowest resolution.
+     */
+    PictureFile(const CheckedFile &folder, const QString &name);
 
     /// The picture; a null one when the file could not be read or is no picture.
     const QPixmap &pixmap() const;

@@ -5,13 +5,14 @@
 
 #include <QIconEngine>
 
-/// An icon of a picture file that is read at once, and decoded when the icon is first drawn.
+#include <utility>
+
+/// An icon of a picture file, which is decoded when the icon is first drawn.
 class PictureIcon : public QIconEngine
 {
 public:
-    /// Reads the file that is fine enough for the screen.
-    explicit PictureIcon(const QString &path)
-        : mPicture(path)
+    explicit PictureIcon(PictureFile picture)
+        : mPicture(std::move(picture))
     {
     }
 

@@ -2,6 +2,7 @@
 #include "PictureNames.h"
 
 #include "preview/OptionView.h"
+#include "printcore/CheckedFile.h"
 #include "support/BundleCopy.h"
 #include "toolkit/PictureFile.h"
 #include "toolkit/PictureIcon.h"
@@ -41,6 +42,12 @@ private Q_SLOTS:
 };
 
 namespace {
+PictureFile pictureAt(const QString &path)
+{
+    const QFileInfo file(path);
+    return {CheckedFile::trusted(file.path(), FileUse::Enter), file.fileName()};
+}
+
 double screenRatio()
 {
     return qGuiApp->devicePixelRatio();
@@ -176,7 +183,7 @@ void PictureScaleTest::pictureIsOfTheVariantForTheScreen_data()
 void PictureScaleTest::pictureIsOfTheVariantForTheScreen()
 {
     QFETCH(const QString, name);
-    const PictureFile file(PictureNames::path(name, ""));
+    const PictureFile file = pictureAt(PictureNames::path(name, ""));
     QCOMPARE(file.pixmap().devicePixelRatio(), mVariant.ratio);
     const QImage drawn = plain(file.pixmap().toImage());
     QCOMPARE(drawn, plain(QImage(PictureNames::path(name, mVariant.mark))));
@@ -243,7 +250,7 @@ void PictureScaleTest::iconIsDrawnSharp_data()
 void PictureScaleTest::iconIsDrawnSharp()
 {
     QFETCH(const QString, name);
-    const QIcon icon(new PictureIcon(PictureNames::path(name, "")));
+    const QIcon icon(new PictureIcon(pictureAt(PictureNames::path(name, ""))));
     const QSize frame = PictureNames::iconFrame();
     const QSize pixels = (QSizeF(frame) * screenRatio()).toSize();
     QCOMPARE(icon.actualSize(frame), frame);
@@ -267,19 +274,20 @@ void PictureScaleTest::iconIsDrawnSharp()
 void PictureScaleTest::smallIconIsTheWholePicture()
 {
     const QString name = PictureNames::presets().first();
-    const QIcon icon(new PictureIcon(PictureNames::path(name, "")));
+    const QIcon icon(new PictureIcon(pictureAt(PictureNames::path(name, ""))));
     const QSize half = PictureNames::iconFrame() / 2;
     QCOMPARE(icon.actualSize(half), half);
     const QImage small = plain(icon.pixmap(half).toImage());
     QVERIFY(std::abs(small.width() - half.width() * screenRatio()) <= 1.0);
     QVERIFY(std::abs(small.height() - half.height() * screenRatio()) <= 1.0);
     QCOMPARE(small, scaledVariant(name, mVariant.mark, small.size()));
-    QVERIFY(QIcon(new PictureIcon(u"none.png"_s)).pixmap(half).isNull());
+    QVERIFY(QIcon(new PictureIcon(pictureAt(u"none.png"_s))).pixmap(half).isNull());
 }
 
 void PictureScaleTest::disabledIconIsPaler()
 {
-    const QIcon icon(new PictureIcon(PictureNames::path(u"PresetAHCMOnOffOffOff"_s, "")));
+    const QIcon icon(
+        new PictureIcon(pictureAt(PictureNames::path(u"PresetAHCMOnOffOffOff"_s, ""))));
     const QSize frame = PictureNames::iconFrame();
     const QImage enabled = onGround(plain(icon.pixmap(frame).toImage()));
     const QImage disabled = onGround(plain(icon.pixmap(frame, QIcon::Disabled).toImage()));
@@ -295,7 +303,7 @@ void PictureScaleTest::missingVariantIsReplaced()
     const QString path = bundle->pathForImageResource(name);
     QList<double> ratios;
     for (int i = 0; i < 4; ++i) {
-        const double ratio = PictureFile(path).pixmap().devicePixelRatio();
+        const double ratio = pictureAt(path).pixmap().devicePixelRatio();
         ratios.append(ratio);
         for (const PictureNames::Variant &variant : PictureNames::variants) {
             if (variant.ratio == ratio) {
@@ -323,7 +331,7 @@ void PictureScaleTest::missingVariantIsReplaced()
         expected = {1.0};
     }
     QCOMPARE(ratios, expected);
-    QVERIFY(PictureFile(path).pixmap().isNull() || screenRatio() == 1.0);
+    QVERIFY(pictureAt(path).pixmap().isNull() || screenRatio() == 1.0);
 }
 
 void PictureScaleTest::pipeIsNoVariant()
@@ -337,7 +345,7 @@ void PictureScaleTest::pipeIsNoVariant()
         QVERIFY(QFile::remove(pipe));
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     }
-    QCOMPARE(PictureFile(path).pixmap().devicePixelRatio(), 1.0);
+    QCOMPARE(pictureAt(path).pixmap().devicePixelRatio(), 1.0);
 }
 
 void PictureScaleTest::drawingReadsNoFile()
@@ -350,7 +358,7 @@ void PictureScaleTest::drawingReadsNoFile()
     }
     QList<QIcon> icons;
     for (const QString &name : PictureNames::presets()) {
-        icons.append(QIcon(new PictureIcon(bundle->pathForImageResource(name))));
+        icons.append(QIcon(new PictureIcon(pictureAt(bundle->pathForImageResource(name)))));
     }
     const QString gone = bundle->pathForImageResource(u"AHCMOffOffOffOff"_s);
     copy.reset();
@@ -363,7 +371,8 @@ void PictureScaleTest::drawingReadsNoFile()
     }
     const QSize frame = PictureNames::iconFrame();
     for (qsizetype i = 0; i < icons.size(); ++i) {
-        const QIcon other(new PictureIcon(PictureNames::path(PictureNames::presets().at(i), "")));
+        const QIcon other(
+            new PictureIcon(pictureAt(PictureNames::path(PictureNames::presets().at(i), ""))));
         QVERIFY(!icons.at(i).pixmap(frame).isNull());
         QCOMPARE(icons.at(i).pixmap(frame).toImage(), other.pixmap(frame).toImage());
     }
