@@ -99,7 +99,8 @@ QByteArray folderOf(const QByteArray &path)
 
 bool isWithin(const QByteArray &top, const QByteArray &path)
 {
-    return path == top || top == "/" || path.startsWith(top + '/');
+    return path.startsWith(top) &&
+           (path.size() == top.size() || top == "/" || path.at(top.size()) == '/');
 }
 } // namespace
 
@@ -209,7 +210,8 @@ CheckedFile CheckedFile::trusted(const QString &path, FileUse use, const QString
         file.refuseUnreachable(errno);
         return file;
     }
-    const QByteArray realTop = realPath(top.isNull() ? folderOf(named) : QFile::encodeName(top));
+    const QByteArray namedTop = top.isNull() ? folderOf(named) : QFile::encodeName(top);
+    const QByteArray realTop = namedTop == named ? real : realPath(namedTop);
     if (realTop.isEmpty() || !isWithin(realTop, real)) {
         file.refuse(QStringLiteral("is not in %1 but in %2")
                         .arg(QFile::decodeName(realTop), QFile::decodeName(folderOf(real))));

@@ -42,7 +42,11 @@ QString asOneLine(const QString &text)
             text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
         const uint character =
             isPair ? QChar::surrogateToUcs4(text.at(i), text.at(i + 1)) : text.at(i).unicode();
-        line += isSeen(character) ? text.mid(i, isPair ? 2 : 1) : codeOf(character);
+        if (isSeen(character)) {
+            line.append(text.constData() + i, isPair ? 2 : 1);
+        } else {
+            line += codeOf(character);
+        }
         i += isPair ? 1 : 0;
     }
     return line;
