@@ -15,10 +15,9 @@ void activate(QWidget *window)
 }
 } // namespace
 
-PanelConversation::PanelConversation(PanelTarget target, PanelBundles bundles, QWidget *window,
-                                     PanelEvents &events)
-    : mBundles(std::move(bundles))
-    , mWindow(window)
+PanelConversation::PanelConversation(PanelTarget target, const PanelBundles &bundles,
+                                     QWidget *window, PanelEvents &events)
+    : mWindow(window)
     , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     const auto record = [&events](const QString &key, const QString &choice) {
@@ -31,7 +30,7 @@ PanelConversation::PanelConversation(PanelTarget target, PanelBundles bundles, Q
         [this](const QString &key, const QString &choice) { tellPanels(key, choice); });
     QObject::connect(mCallback.get(), &DialogCallback::viewResized,
                      [&events] { events.addResize(); });
-    for (const auto &bundle : mBundles) {
+    for (const auto &bundle : bundles) {
         auto plugIn = bundle->makePlugIn();
         const auto list =
             plugIn ? plugIn->PDEPanelsForType(kPrinterModuleDialogType, mCallback) : nullptr;

@@ -23,11 +23,10 @@ public:
     /**
      * Builds the printing objects, the callback and the panels.
      *
-     * @param bundles kept for as long as the panels live.
      * @param window the dialog's, which takes the panel's view; must outlive this object, as must
-     *        @param events.
+     *        @param bundles and @param events.
      */
-    PanelConversation(PanelTarget target, PanelBundles bundles, QWidget *window,
+    PanelConversation(PanelTarget target, const PanelBundles &bundles, QWidget *window,
                       PanelEvents &events);
     ~PanelConversation();
     PanelConversation(const PanelConversation &) = delete;
@@ -52,7 +51,6 @@ public:
 private:
     void tellPanels(const QString &key, const QString &choice);
 
-    PanelBundles mBundles;
     QWidget *mWindow;
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;

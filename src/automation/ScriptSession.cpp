@@ -64,6 +64,12 @@ Paper paperOf(ScriptRequest &request, const char *nameMember, const char *height
                  request.optionalNumber(heightMember).value_or(paper.height()));
 }
 
+/// A null text as JSON's null.
+QJsonValue orNull(const QString &text)
+{
+    return text.isNull() ? QJsonValue() : QJsonValue(text);
+}
+
 PrintSettings settingsOf(ScriptRequest &request)
 {
     const QString path = request.optionalName("settings");
@@ -201,13 +207,20 @@ std::optional<PanelTarget> ScriptSession::targetOf(ScriptRequest &request) const
     return target;
 }
 
-PanelBundles ScriptSession::bundlesOf(ScriptRequest &request)
+void ScriptSession::prepareBundles(ScriptRequest &request)
 {
     const QString path = request.optionalName("bundle");
     const QString locale = request.optionalName("locale");
-    if (request.isFaulty()) {
-        return {};
+    const QJsonArray wanted{orNull(path), orNull(locale)};
+    if (!request.isFaulty() && wanted != mWantedBundles) {
+        mBundles = loadBundles(request, path, locale);
+        mWantedBundles = request.isFaulty() ? QJsonArray() : wanted;
     }
+}
+
+PanelBundles ScriptSession::loadBundles(ScriptRequest &request, const QString &path,
+                                        const QString &locale)
+{
     QStringList problems;
     ProblemReporter reporter([this, &problems](const QString &problem) {
         problems.append(problem);
@@ -236,12 +249,14 @@ PanelBundles ScriptSession::bundlesOf(ScriptRequest &request)
 QJsonObject ScriptSession::open(ScriptRequest &request)
 {
     auto target = targetOf(request);
-    PanelBundles bundles = target ? bundlesOf(request) : PanelBundles();
+    if (target) {
+        prepareBundles(request);
+    }
     if (!target || request.isFaulty()) {
         return {};
     }
-    mConversation = std::make_unique<PanelConversation>(std::move(*target), std::move(bundles),
-                                                        &mWindow, mEvents);
+    mConversation =
+        std::make_unique<PanelConversation>(std::move(*target), mBundles, &mWindow, mEvents);
     const QJsonObject answer = descriptionOf(mConversation->panel());
     const int count = mConversation->panelCount();
     if (count == 0) {

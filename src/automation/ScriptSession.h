@@ -85,7 +85,10 @@ private:
     QJsonObject screenshot(ScriptRequest &request);
 
     std::optional<PanelTarget> targetOf(ScriptRequest &request) const;
-    PanelBundles bundlesOf(ScriptRequest &request);
+    /// Makes mBundles those that "open" asks for; refuses the request when there are none.
+    void prepareBundles(ScriptRequest &request);
+    /// @param path of a bundle, and @param locale: null where "open" names none.
+    PanelBundles loadBundles(ScriptRequest &request, const QString &path, const QString &locale);
     PDEPanel &panel() const { return *mConversation->panel(); }
 
     Setup mSetup;
@@ -93,6 +96,9 @@ private:
     QWidget mWindow;
     PanelEvents mEvents;
     ProblemReporter mReporter;
+    /// The bundle and the locale that mBundles were loaded for; empty before.
+    QJsonArray mWantedBundles;
+    PanelBundles mBundles;
     std::unique_ptr<PanelConversation> mConversation;
     bool mHasFailed = false;
 };

@@ -30,7 +30,9 @@ private Q_SLOTS:
     void defaultsAreNotMarked();
     void locale_data();
     void locale();
+    void localeOfThisPanelAlone();
     void bundle();
+    void bundleIsReadOnce();
     void bundleThatCannotBeUsed_data();
     void bundleThatCannotBeUsed();
     void bundlesWithoutAPanel();
@@ -264,6 +266,20 @@ void tst_scriptopen::locale()
     QCOMPARE(talk.ask("open", members).value(u"name").toString(), name);
 }
 
+void tst_scriptopen::localeOfThisPanelAlone()
+{
+    ScriptTalk talk;
+    const auto nameIn = [&talk](const QString &locale) {
+        return talk.open(u"tape"_s, {{u"locale"_s, locale}}).value(u"name").toString();
+    };
+    QCOMPARE(nameIn(u"de"_s), u"Schnittoptionen"_s);
+    talk.ask("close");
+    QCOMPARE(nameIn(u"none"_s), u"OP_PANEL_NAME"_s);
+    talk.ask("close");
+    const QJsonObject answer = talk.ask("open", {{u"ppd"_s, PrintingSite::ppdPath(u"tape"_s)}});
+    QCOMPARE(answer.value(u"name").toString(), u"Cut Options"_s);
+}
+
 void tst_scriptopen::bundle()
 {
     const BundleFolder bundles;
@@ -287,6 +303,23 @@ void tst_scriptopen::bundle()
     QCOMPARE(talk.click("mHalfCutChkBx").value(u"delivered"), QJsonValue(false));
     talk.ask("close");
     QCOMPARE(talk.open(u"tape"_s).value(u"name").toString(), u"Cut Options"_s);
+}
+
+void tst_scriptopen::bundleIsReadOnce()
+{
+    const BundleFolder bundles;
+    QVERIFY(bundles.add());
+    ScriptTalk talk(bundles.path());
+    QVERIFY(isOK(talk.open(u"tape"_s)));
+    talk.ask("close");
+    QVERIFY(bundles.remove(u"Contents/Info.json"_s));
+    QVERIFY(isOK(talk.open(u"tape"_s)));
+    talk.ask("close");
+    // Another locale has to be read from its files, and a failure must not stand for the bundle.
+    for (int i = 0; i < 2; ++i) {
+        const QString error = errorOf(talk.open(u"tape"_s, {{u"locale"_s, u"de"_s}}));
+        QVERIFY2(error.contains(u"Info.json"), qPrintable(error));
+    }
 }
 
 void tst_scriptopen::bundleThatCannotBeUsed_data()
