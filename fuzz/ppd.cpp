@@ -3,6 +3,7 @@
 // PPDs: from the file through the panel, its view and its state to the options of the job.
 
 #include "FuzzTarget.h"
+#include "LightBundle.h"
 #include "MemoryFile.h"
 #include "cups/PPDPaper.h"
 #include "host/PanelHost.h"
@@ -64,7 +65,7 @@ class PPDFuzzer : public FuzzTarget
 public:
     PPDFuzzer()
         : mReporter([](const QString &) {})
-        , mBundles(PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
+        , mBundles(PanelBundle::loadAll(mBundle.folder(), mReporter))
     {
         expectRule(mBundles.size() == 1, "the bundle is loaded");
         mBundles.front()->setLanguages({QStringLiteral("en")});
@@ -133,6 +134,7 @@ private:
         }
     }
 
+    LightBundle mBundle;
     ProblemReporter mReporter;
     PanelBundles mBundles;
     MemoryFile mFile;
