@@ -82,10 +82,15 @@ void hide(QWidget *control)
     }
 }
 
-void heighten(QWidget *control, double by)
+void grow(QWidget *control, const QSizeF &by)
 {
-    const QSizeF size = frameSize(control);
-    setFrameSize(control, {size.width(), size.height() + by});
+    setFrameSize(control, frameSize(control) + by);
+}
+
+void shift(QWidget *control, double by)
+{
+    const QPointF origin = frameOrigin(control);
+    setFrameOrigin(control, origin.x() + by, origin.y());
 }
 
 void showAt(QWidget *control, double y)
@@ -104,6 +109,17 @@ OptionLayout::OptionLayout(OptionOutlets &outlets, const OptionRecords &records,
 {
 }
 
+void OptionLayout::widen(QWidget *view, double by)
+{
+    grow(view, {by, 0.0});
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        grow(mOutlets.*row.checkBox, {by, 0.0});
+    }
+    grow(mOutlets.mCutEveryStr, {by, 0.0});
+    shift(mOutlets.mOptionPopUpButton, by);
+    shift(mOutlets.mOptionDummyView, by);
+}
+
 void OptionLayout::alignFieldLine()
 {
     QLineEdit *field = mOutlets.mCutEveryTxBx;
@@ -116,8 +132,8 @@ void OptionLayout::alignFieldLine()
     const double by =
         std::min(2 * captionAboveField + text, tallestField) - frameSize(field).height();
     if (by > leastHeightening) {
-        heighten(field, by);
-        heighten(mOutlets.mCutEveryStpr, by);
+        grow(field, {0.0, by});
+        grow(mOutlets.mCutEveryStpr, {0.0, by});
     }
 }
 

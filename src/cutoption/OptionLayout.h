@@ -4,6 +4,7 @@
 #include <span>
 
 class Bundle;
+class QWidget;
 struct OptionOutlets;
 struct OptionRecords;
 
@@ -15,6 +16,8 @@ public:
     /// @param hasAutoCutBox whether auto cut has a check box of its own.
     OptionLayout(OptionOutlets &outlets, const OptionRecords &records, bool hasAutoCutBox);
 
+    /// Widens the nib's view and the column of the check boxes in it.
+    void widen(QWidget *view, double by);
     /// Makes the count's field as high as its font needs, with its text in line with the caption's.
     void alignFieldLine();
     void hideControls();

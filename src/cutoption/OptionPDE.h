@@ -137,6 +137,8 @@ private:
     void bindOption(const OptionRow &row);
     void connectActions();
     void nameOptions();
+    /// How many points the titles of the rows lack; 0 when they fit.
+    double widthMissingForTitles() const;
 
     TapeInfo currentTapeInfo() const;
     bool isHSPaper() const;

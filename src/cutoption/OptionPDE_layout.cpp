@@ -8,10 +8,12 @@
 #include "toolkit/ViewGeometry.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 
 namespace {
 // Lengths of the view, in points.
+constexpr double mostWidening = 350.0;
 constexpr double leastViewHeight = 150.0;
 constexpr double previewBelowTop = 130.0;
 
@@ -54,9 +56,30 @@ void OptionPDE13_v400_::connectActions()
     }
 }
 
+double OptionPDE13_v400_::widthMissingForTitles() const
+{
+    double missing = 0.0;
+    const auto require = [&missing](const QWidget *control, int pixels) {
+        missing = std::max(missing, std::ceil(pixels / pixelsPerPoint(control)) -
+                                        frameSize(control).width());
+    };
+    for (const OptionRow &row : OptionCatalogue::rows) {
+        const CheckBox *box = this->*row.checkBox;
+        if (box && !(this->*row.choices).isNull()) {
+            require(box, box->widthForTitle(localizedOptionTitle(row, row.labelKey)));
+        }
+    }
+    if (mCutEveryStr && !mCutEvery_Choices.isNull()) {
+        require(mCutEveryStr,
+                mCutEveryStr->fontMetrics().horizontalAdvance(localized("RS_Labels")));
+    }
+    return missing;
+}
+
 void OptionPDE13_v400_::awakeFromNib()
 {
     OptionLayout layout(*this, *this, mAutoCutHideKey_dec != 0);
+    layout.widen(kPDEView, std::min(widthMissingForTitles(), mostWidening));
     layout.alignFieldLine();
 
     const QSizeF size = frameSize(kPDEView);

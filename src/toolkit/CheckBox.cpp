@@ -54,6 +54,16 @@ bool CheckBox::event(QEvent *event)
     return QCheckBox::event(event);
 }
 
+int CheckBox::widthForTitle(const QString &title) const
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = withoutMnemonic(title);
+    const QSize text =
+        style()->itemTextRect(fontMetrics(), {}, Qt::TextShowMnemonic, false, option.text).size();
+    return style()->sizeFromContents(QStyle::CT_CheckBox, &option, text, this).width();
+}
+
 void CheckBox::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);

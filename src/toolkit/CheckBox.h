@@ -18,6 +18,9 @@ public:
     QString title() const { return mTitle.isNull() ? text() : mTitle; }
     void setTitle(const QString &title);
 
+    /// How wide, in pixels, the box has to be for the whole of a title.
+    int widthForTitle(const QString &title) const;
+
     /// Ticks the box, or takes the tick away, for the program: chosen() is not emitted.
     void setState(bool on);
 

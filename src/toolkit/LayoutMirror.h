@@ -18,6 +18,9 @@ public:
     /// mirror.
     explicit LayoutMirror(QWidget *nib);
 
+    /// Moves mirrored controls with the right edge of a nib that has got another width.
+    void followWidth();
+
     /// Whether the control stands in a nib whose controls are mirrored now.
     static bool isMirrored(const QWidget *control);
     /// The place x of a control, mirrored in its parent; the mirrored one's place is x again.
@@ -27,8 +30,6 @@ public:
 
 private:
     void followDirection();
-    /// Moves mirrored controls with the right edge of a nib that has got another width.
-    void followWidth();
     QList<QWidget *> controls() const;
 
     QWidget *mNib;

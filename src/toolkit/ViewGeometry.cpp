@@ -106,4 +106,7 @@ void setFrameSize(QWidget *widget, const QSizeF &size)
     const int start = fromStart(widget, widget->x());
     widget->resize(toPixels(size.width(), scale), toPixels(size.height(), scale));
     widget->move(fromStart(widget, start), widget->y());
+    if (auto *mirror = widget->findChild<LayoutMirror *>(QString(), Qt::FindDirectChildrenOnly)) {
+        mirror->followWidth();
+    }
 }

@@ -73,10 +73,10 @@ void tst_screenshot::size_data()
 {
     QTest::addColumn<QString>("printer");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("nine options") << u"all"_s << QSize(570, 292);
+    QTest::newRow("nine options") << u"all"_s << QSize(480, 292);
     QTest::newRow("without cut every, cut at end and cut marks")
-        << u"tape"_s << QSize(570, 292 - 4 * 26);
-    QTest::newRow("labels") << u"label"_s << QSize(570, 150);
+        << u"tape"_s << QSize(480, 292 - 4 * 26);
+    QTest::newRow("labels") << u"label"_s << QSize(480, 150);
 }
 
 void tst_screenshot::size()

@@ -96,7 +96,7 @@ void tst_script::demonstration()
                         R"("kind":"jp.co.vendor.printer.cups.pde.OptionPDEKind",)"
                         R"("name":"OP_PANEL_NAME","ok":true,"panels":1,"usb":false})"));
     QCOMPARE(compact(talk.ask("view")),
-             QByteArray(R"({"events":[["resized"]],"height":292,"ok":true,"width":570})"));
+             QByteArray(R"({"events":[["resized"]],"height":292,"ok":true,"width":480})"));
     QVERIFY(isOK(talk.ask("show")));
     QCOMPARE(
         compact(talk.click("mHalfCutChkBx")),
@@ -109,7 +109,7 @@ void tst_script::viewIsMadeOnce()
 {
     ScriptTalk talk;
     QCOMPARE(eventsOf(talk.open(u"label"_s)), QStringList());
-    const QJsonObject size{{u"width"_s, 570}, {u"height"_s, 150}};
+    const QJsonObject size{{u"width"_s, 480}, {u"height"_s, 150}};
     const QJsonObject first = talk.ask("view");
     QCOMPARE(membersOf(first), size);
     // The view is a part of the dialog's window, as it is in a dialog.

@@ -15,7 +15,7 @@ QJsonObject shownBox(int y, bool isOn, const QString &title)
             {u"enabled"_s, true},
             {u"x"_s, 20},
             {u"y"_s, y},
-            {u"width"_s, 280},
+            {u"width"_s, 190},
             {u"height"_s, 22},
             {u"state"_s, int(isOn)},
             {u"title"_s, title}};
@@ -143,7 +143,7 @@ void tst_scriptstate::viewThatHasNotBeenShown()
     talk.open(u"all"_s);
     talk.ask("view");
     const QJsonObject state = talk.state();
-    QCOMPARE(compact(state.value(u"view")), compact(sized(570, 292)));
+    QCOMPARE(compact(state.value(u"view")), compact(sized(480, 292)));
     QCOMPARE(compact(state.value(u"popup")), compact(popup({4, 7, 9, 11, 13, 14, 15, 16, 17}, 4)));
     QCOMPARE(compact(state.value(u"selections")), compact(selections({})));
     QCOMPARE(compact(state.value(u"flags")), compact(flags(0, 1, 0)));
@@ -159,7 +159,7 @@ void tst_scriptstate::allNineOptions()
     const QJsonObject state = talk.state();
     QCOMPARE(state.keys(), QStringList({u"controls"_s, u"flags"_s, u"marks"_s, u"popup"_s,
                                         u"preview"_s, u"selections"_s, u"view"_s}));
-    QCOMPARE(compact(state.value(u"view")), compact(sized(570, 292)));
+    QCOMPARE(compact(state.value(u"view")), compact(sized(480, 292)));
 
     // The cut marks' row begins 38 points below the top, each row takes 26, cut every takes two.
     const QJsonObject controls{
@@ -168,7 +168,7 @@ void tst_scriptstate::allNineOptions()
         {u"mCutEveryTxBx"_s, shownControl({44, 198, 56, 26}, {{u"text"_s, u"1"_s}})},
         {u"mCutEveryStpr"_s, shownControl({102, 197, 20, 28}, {{u"value"_s, 1}})},
         {u"mCutEveryStr"_s,
-         shownControl({128, 204, 170, 22}, {{u"title"_s, u"RS_Labels"_s}, {u"dimmed"_s, false}})},
+         shownControl({128, 204, 80, 22}, {{u"title"_s, u"RS_Labels"_s}, {u"dimmed"_s, false}})},
         {u"mAutoCutChkBx"_s, shownBox(176, false, u"Auto Cut"_s)},
         {u"mCutAndEndChkBx"_s, shownBox(150, false, u"Cut at End"_s)},
         {u"mHalfCutChkBx"_s, shownBox(124, false, u"Half Cut"_s)},
@@ -176,7 +176,7 @@ void tst_scriptstate::allNineOptions()
         {u"mChainPrintChkBx"_s, shownBox(72, false, u"Chain Printing"_s)},
         {u"mMirrorPrintChkBx"_s, shownBox(46, false, u"Mirror Printing"_s)},
         {u"mRemoveBlkSpaceChkBx"_s, shownBox(20, false, u"Remove Blank Space"_s)},
-        {u"mOptionPopUpButton"_s, shownControl({310, 254, 240, 26})},
+        {u"mOptionPopUpButton"_s, shownControl({220, 254, 240, 26})},
     };
     const QJsonObject found = state.value(u"controls").toObject();
     QCOMPARE(found.keys(), controls.keys());
@@ -199,7 +199,7 @@ void tst_scriptstate::optionsOfALabelPrinter()
     ScriptTalk talk;
     talk.show(u"label"_s);
     const QJsonObject state = talk.state();
-    QCOMPARE(compact(state.value(u"view")), compact(sized(570, 150)));
+    QCOMPARE(compact(state.value(u"view")), compact(sized(480, 150)));
     const std::pair<const char *, int> rows[] = {
         {"mCutEveryChkBx", 112}, {"mCutEveryTxBx", 82},   {"mCutEveryStpr", 81},
         {"mCutEveryStr", 88},    {"mCutAndEndChkBx", 60}, {"mMirrorPrintChkBx", 34},

@@ -7,7 +7,7 @@
 
 namespace model {
 namespace {
-constexpr int nibWidth = 570;
+constexpr int nibWidth = 480;
 constexpr int nibHeight = 292;
 constexpr int leastHeight = 150;
 constexpr int rowHeight = 26;
@@ -25,7 +25,7 @@ struct NibItem
 
 NibItem checkBox(const char *outlet, int top, const char *title)
 {
-    return {QLatin1String(outlet), 20, top, 280, 22, QLatin1String(title)};
+    return {QLatin1String(outlet), 20, top, 190, 22, QLatin1String(title)};
 }
 
 const std::array<NibItem, View::OutletCount> nib = {
@@ -40,8 +40,8 @@ const std::array<NibItem, View::OutletCount> nib = {
     checkBox("mCutMarkChkBx", 16, "Cut marks"),
     NibItem{QLatin1String("mCutEveryTxBx"), 44, 68, 56, 26, QLatin1String("")},
     NibItem{QLatin1String("mCutEveryStpr"), 102, 67, 20, 28, QLatin1String("")},
-    NibItem{QLatin1String("mCutEveryStr"), 128, 66, 170, 22, QLatin1String("labels")},
-    NibItem{QLatin1String("mOptionPopUpButton"), 310, 12, 240, 26, QLatin1String("")},
+    NibItem{QLatin1String("mCutEveryStr"), 128, 66, 80, 22, QLatin1String("labels")},
+    NibItem{QLatin1String("mOptionPopUpButton"), 220, 12, 240, 26, QLatin1String("")},
 };
 
 /// A row of the view, and the presets that go when it is there or when it is not.

@@ -113,7 +113,7 @@ void LayoutTest::rowsStandOnTopOfEachOther()
         found.append(box->isHidden() ? hidden : lowerEdge(box));
     }
     QCOMPARE(found, origins);
-    QCOMPARE(fixture.panel->kPDEView->size(), QSize(570, height));
+    QCOMPARE(fixture.panel->kPDEView->size(), QSize(480, height));
 
     const bool hasCutEvery = origins.at(1) != hidden;
     const int fieldLine = origins.at(1) - 26;
@@ -134,7 +134,7 @@ void LayoutTest::rowsKeepTheirColumn()
     fixture.load();
     for (const Option option : everyOption) {
         QCOMPARE(fixture.box(option)->x(), 20);
-        QCOMPARE(fixture.box(option)->size(), QSize(280, 22));
+        QCOMPARE(fixture.box(option)->size(), QSize(190, 22));
     }
     QCOMPARE(fixture.panel->mCutEveryTxBx->x(), 44);
     QCOMPARE(fixture.panel->mCutEveryStpr->x(), 102);
@@ -303,7 +303,7 @@ void LayoutTest::dialogThatCannotResizeKeepsTheView()
     QCOMPARE(fixture.panel->kPDEView->height(), nibHeight);
     QCOMPARE(fixture.host->resizes, 0);
     QCOMPARE(lowerEdge(fixture.box(OptionCatalogue::CutEvery)), 254);
-    QCOMPARE(frameOrigin(fixture.panel->mOptionView), QPointF(310.0, 266.0 - 130.0));
+    QCOMPARE(frameOrigin(fixture.panel->mOptionView), QPointF(220.0, 266.0 - 130.0));
 }
 
 void LayoutTest::previewTakesThePlaceholdersPlace_data()
@@ -325,7 +325,7 @@ void LayoutTest::previewTakesThePlaceholdersPlace()
     QCOMPARE(preview->parentWidget(), fixture.panel->kPDEView.data());
     QVERIFY(preview->isVisible());
     QCOMPARE(preview->size(), QSize(240, 92));
-    QCOMPARE(frameOrigin(preview), QPointF(310.0, height - 130.0));
+    QCOMPARE(frameOrigin(preview), QPointF(220.0, height - 130.0));
     QVERIFY(!fixture.panel->mOptionDummyView);
     QVERIFY(!fixture.panel->kPDEView->findChild<QWidget *>(u"mOptionDummyView"_s));
 }

@@ -72,7 +72,7 @@ void MirroringTest::controlsAreMirrored()
     PanelFixture mirrored;
     mirrored.show();
     QCOMPARE(mirroredPlaces(mirrored), usualPlaces);
-    QCOMPARE(mirrored.box(OptionCatalogue::HalfCut)->geometry().right() + 1, 570 - 20);
+    QCOMPARE(mirrored.box(OptionCatalogue::HalfCut)->geometry().right() + 1, 480 - 20);
     QCOMPARE(mirrored.panel->mOptionView->x(), 20);
 }
 
@@ -121,10 +121,10 @@ void MirroringTest::movedControlStaysMirrored()
     fixture.panel->kPDEView->setLayoutDirection(Qt::RightToLeft);
     setFrameOrigin(box, 30.0, 40.0);
     QCOMPARE(frameOrigin(box), QPointF(30.0, 40.0));
-    QCOMPARE(box->x(), 570 - 30 - box->width());
+    QCOMPARE(box->x(), 480 - 30 - box->width());
     setFrameSize(box, {100.0, 22.0});
     QCOMPARE(frameOrigin(box).x(), 30.0);
-    QCOMPARE(box->x(), 570 - 30 - 100);
+    QCOMPARE(box->x(), 480 - 30 - 100);
 }
 
 void MirroringTest::otherWidgetsAreNotMirrored()
