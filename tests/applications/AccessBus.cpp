@@ -8,14 +8,14 @@
 #include <QDBusVariant>
 
 namespace {
-const QString sessionConnection = QStringLiteral("access-session");
-const QString accessConnection = QStringLiteral("access");
-const QString service = QStringLiteral("org.a11y.Bus");
-const QString path = QStringLiteral("/org/a11y/bus");
+const QString sessionConnection = u"access-session"_s;
+const QString accessConnection = u"access"_s;
+const QString service = u"org.a11y.Bus"_s;
+const QString path = u"/org/a11y/bus"_s;
 } // namespace
 
 AccessBus::AccessBus()
-    : mFolder(QStringLiteral("/tmp/access-XXXXXX"))
+    : mFolder(u"/tmp/access-XXXXXX"_s)
 {
     mSessionBus.setStandardErrorFile(QProcess::nullDevice());
 }
@@ -29,12 +29,12 @@ AccessBus::~AccessBus()
 
 QString AccessBus::socket() const
 {
-    return QStringLiteral("unix:path=") + mFolder.filePath(QStringLiteral("session"));
+    return u"unix:path="_s + mFolder.filePath(u"session"_s);
 }
 
 QString AccessBus::variable() const
 {
-    return QStringLiteral("DBUS_SESSION_BUS_ADDRESS=") + socket();
+    return u"DBUS_SESSION_BUS_ADDRESS="_s + socket();
 }
 
 QString AccessBus::open(const DisplayServer &display)
@@ -49,30 +49,27 @@ QString AccessBus::startSessionBus(const DisplayServer &display)
     for (const char *folder : {"HOME", "XDG_RUNTIME_DIR"}) {
         environment.insert(QLatin1String(folder), mFolder.path());
     }
-    environment.insert(QStringLiteral("DISPLAY"), display.name());
-    environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    environment.insert(u"DISPLAY"_s, display.name());
+    environment.insert(u"GSETTINGS_BACKEND"_s, u"memory"_s);
     mSessionBus.setProcessEnvironment(environment);
-    mSessionBus.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                       QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1"),
-                       QStringLiteral("--address=") + socket()});
+    mSessionBus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s,
+                                         u"--print-address=1"_s, u"--address="_s + socket()});
     // It tells its address when it can be used.
     const bool isReady = mSessionBus.waitForReadyRead(kPatienceMs);
-    return isReady ? QString() : QStringLiteral("dbus-daemon: %1").arg(mSessionBus.errorString());
+    return isReady ? QString() : u"dbus-daemon: %1"_s.arg(mSessionBus.errorString());
 }
 
 QString AccessBus::connectToAccessBus()
 {
     const QDBusConnection session = QDBusConnection::connectToBus(socket(), sessionConnection);
     QDBusMessage enable = QDBusMessage::createMethodCall(
-        service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"));
-    enable << QStringLiteral("org.a11y.Status") << QStringLiteral("IsEnabled")
-           << QVariant::fromValue(QDBusVariant(true));
-    const QDBusMessage address = session.call(
-        QDBusMessage::createMethodCall(service, path, service, QStringLiteral("GetAddress")));
+        service, path, u"org.freedesktop.DBus.Properties"_s, u"Set"_s);
+    enable << u"org.a11y.Status"_s << u"IsEnabled"_s << QVariant::fromValue(QDBusVariant(true));
+    const QDBusMessage address =
+        session.call(QDBusMessage::createMethodCall(service, path, service, u"GetAddress"_s));
     for (const QDBusMessage &answer : {session.call(enable), address}) {
         if (answer.type() != QDBusMessage::ReplyMessage) {
-            return QStringLiteral("org.a11y.Bus: %1").arg(answer.errorMessage());
+            return u"org.a11y.Bus: %1"_s.arg(answer.errorMessage());
         }
     }
     mBus = QDBusConnection::connectToBus(address.arguments().constFirst().toString(),
@@ -83,10 +80,9 @@ QString AccessBus::connectToAccessBus()
 bool AccessBus::hasApplications() const
 {
     QDBusMessage count = QDBusMessage::createMethodCall(
-        QStringLiteral("org.a11y.atspi.Registry"),
-        QStringLiteral("/org/a11y/atspi/accessible/root"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    count << QStringLiteral("org.a11y.atspi.Accessible") << QStringLiteral("ChildCount");
+        u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s,
+        u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    count << u"org.a11y.atspi.Accessible"_s << u"ChildCount"_s;
     const QVariant answer = mBus->call(count).arguments().value(0);
     return answer.value<QDBusVariant>().variant().toInt() > 0;
 }

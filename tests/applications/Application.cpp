@@ -97,11 +97,10 @@ QString Application::whatIsMissing(const std::vector<Application> &applications)
 {
     for (const Application &application : applications) {
         if (application.qt == 0) {
-            return QStringLiteral("%1 is no program with Qt")
-                .arg(QLatin1String(application.program));
+            return u"%1 is no program with Qt"_s.arg(QLatin1String(application.program));
         }
     }
-    return applications.empty() ? QStringLiteral("no application") : QString();
+    return applications.empty() ? u"no application"_s : QString();
 }
 
 QString Application::writeDocument(const QString &folder) const

@@ -30,11 +30,11 @@ QProcessEnvironment ordinaryEnvironment()
 ApplicationRun::ApplicationRun(const DisplayServer &display, const Application &application,
                                const Setting &setting)
     : mApplication(application)
-    , mHome(QDir::tempPath() + QStringLiteral("/user-XXXXXX"))
+    , mHome(QDir::tempPath() + u"/user-XXXXXX"_s)
 {
     QStringList arguments = application.arguments;
     if (*application.document) {
-        arguments.replaceInStrings(QStringLiteral("%1"), application.writeDocument(home()));
+        arguments.replaceInStrings(u"%1"_s, application.writeDocument(home()));
     }
     mProcess.setProcessEnvironment(environment(display, setting));
     mProcess.setWorkingDirectory(home());
@@ -51,13 +51,13 @@ QProcessEnvironment ApplicationRun::environment(const DisplayServer &display,
         environment.insert(QLatin1String(folder), home());
     }
     QStringList variables = {
-        QStringLiteral("DISPLAY=") + display.name(), QStringLiteral("QT_QPA_PLATFORM=xcb"),
+        u"DISPLAY="_s + display.name(), u"QT_QPA_PLATFORM=xcb"_s,
         QStringLiteral("QT_PLUGIN_PATH=%1/qt%2/plugins:" KV_TEST_PLUGINS "/qt%2")
             .arg(setting.libraries)
             .arg(mApplication.qt),
-        QStringLiteral("QT_QPA_GENERIC_PLUGINS=kvprintdialog,kvinspector:") + inspectorSocket(),
+        u"QT_QPA_GENERIC_PLUGINS=kvprintdialog,kvinspector:"_s + inspectorSocket(),
         // No session bus is started for it.
-        QStringLiteral("DBUS_SESSION_BUS_ADDRESS=disabled:"), QStringLiteral("NO_AT_BRIDGE=1")};
+        u"DBUS_SESSION_BUS_ADDRESS=disabled:"_s, u"NO_AT_BRIDGE=1"_s};
     variables += setting.variables;
     for (const QString &variable : variables) {
         environment.insert(variable.section(QLatin1Char('='), 0, 0),
@@ -68,7 +68,7 @@ QProcessEnvironment ApplicationRun::environment(const DisplayServer &display,
 
 QStringList ApplicationRun::mappedFiles() const
 {
-    QFile maps(QStringLiteral("/proc/%1/maps").arg(mProcess.processId()));
+    QFile maps(u"/proc/%1/maps"_s.arg(mProcess.processId()));
     QStringList files;
     if (maps.open(QIODevice::ReadOnly)) {
         const QStringList lines = QString::fromLocal8Bit(maps.readAll()).split(QLatin1Char('\n'));

@@ -28,7 +28,7 @@ public:
 
     const Application &application() const { return mApplication; }
     /// The socket of the inspector in it.
-    QString inspectorSocket() const { return mHome.filePath(QStringLiteral("inspector")); }
+    QString inspectorSocket() const { return mHome.filePath(u"inspector"_s); }
     /// The application's home folder.
     QString home() const { return mHome.path(); }
 

@@ -22,14 +22,13 @@ QString ApplicationSession::end()
 {
     const QStringList foreign = mRun.foreignLibraries();
     if (!foreign.isEmpty()) {
-        return QStringLiteral("mapped: ") + foreign.join(QLatin1Char(' '));
+        return u"mapped: "_s + foreign.join(QLatin1Char(' '));
     }
     if (!mDialog.quit()) {
-        return QStringLiteral("cannot quit");
+        return u"cannot quit"_s;
     }
     const int status = mRun.exitStatus();
-    return status == 0 ? QString()
-                       : QStringLiteral("exit status %1: %2")
-                             .arg(status)
-                             .arg(mRun.errors().join(QLatin1Char('\n')));
+    return status == 0
+               ? QString()
+               : u"exit status %1: %2"_s.arg(status).arg(mRun.errors().join(QLatin1Char('\n')));
 }

@@ -46,8 +46,8 @@ std::optional<QVariantList> AssistiveUser::call(const Accessible &object, const 
 
 QString AssistiveUser::nameOf(const Accessible &object) const
 {
-    const auto answer = call(object, propertiesInterface, "Get",
-                             {QLatin1String(accessibleInterface), QStringLiteral("Name")});
+    const auto answer =
+        call(object, propertiesInterface, "Get", {QLatin1String(accessibleInterface), u"Name"_s});
     return answer && !answer->isEmpty()
                ? answer->constFirst().value<QDBusVariant>().variant().toString()
                : QString();
@@ -95,8 +95,7 @@ AssistiveUser::find(const Accessible &top, const QString &name, const char *inte
 std::optional<AssistiveUser::Accessible> AssistiveUser::await(const QString &name,
                                                               const char *interface) const
 {
-    const Accessible desktop = {QStringLiteral("org.a11y.atspi.Registry"),
-                                QStringLiteral("/org/a11y/atspi/accessible/root")};
+    const Accessible desktop = {u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s};
     std::optional<Accessible> found;
     waitFor([&] {
         found = find(desktop, name, interface);

@@ -13,7 +13,7 @@ QJsonObject answerTo(const QByteArray &request)
 {
     if (request.startsWith(grabRequest)) {
         const QString path = QString::fromUtf8(request.mid(grabRequest.size()));
-        return {{QStringLiteral("saved"), WidgetReport::grab(path)}};
+        return {{u"saved"_s, WidgetReport::grab(path)}};
     }
     return WidgetReport::all();
 }

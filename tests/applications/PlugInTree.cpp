@@ -29,7 +29,7 @@ bool copyFolder(const QString &name, const QDir &from, const QDir &to)
 
 QStringList ownFolders(const QDir &libraries)
 {
-    return libraries.entryList({QStringLiteral("qt*"), QStringLiteral("kvprint")}, QDir::Dirs);
+    return libraries.entryList({u"qt*"_s, u"kvprint"_s}, QDir::Dirs);
 }
 } // namespace
 

@@ -30,6 +30,6 @@ public:
     static bool addDecoys(const QString &folder);
 
 private:
-    QTemporaryDir mFolder{memoryFolderPattern(QStringLiteral("plugins"))};
+    QTemporaryDir mFolder{memoryFolderPattern(u"plugins"_s)};
     bool mIsCopied;
 };

@@ -16,13 +16,13 @@
 PrintWindow::PrintWindow(QStringList ways)
     : mWays(std::move(ways))
 {
-    setWindowTitle(QStringLiteral("One page"));
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("File"));
-    QAction *print = menu->addAction(QStringLiteral("Print"));
+    setWindowTitle(u"One page"_s);
+    QMenu *menu = menuBar()->addMenu(u"File"_s);
+    QAction *print = menu->addAction(u"Print"_s);
     print->setShortcut(QKeySequence::Print);
     connect(print, &QAction::triggered, this, &PrintWindow::showDialog);
-    QAction *quit = menu->addAction(QStringLiteral("Quit"));
-    quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
+    QAction *quit = menu->addAction(u"Quit"_s);
+    quit->setShortcut(QKeySequence(u"Ctrl+Q"_s));
     connect(quit, &QAction::triggered, qApp, &QApplication::quit);
     resize(400, 300);
 }
@@ -38,10 +38,9 @@ QPrintDialog *PrintWindow::makeDialog()
         return mDialog;
     }
     mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    mDialog = mWays.contains(QStringLiteral("--subclass"))
-                  ? new OwnPrintDialog(mPrinter.get(), this)
-                  : new QPrintDialog(mPrinter.get(), this);
-    if (mWays.contains(QStringLiteral("--own-tab"))) {
+    mDialog = mWays.contains(u"--subclass"_s) ? new OwnPrintDialog(mPrinter.get(), this)
+                                              : new QPrintDialog(mPrinter.get(), this);
+    if (mWays.contains(u"--own-tab"_s)) {
         addOwnTab(*mDialog);
     }
     return mDialog;
@@ -50,8 +49,8 @@ QPrintDialog *PrintWindow::makeDialog()
 void PrintWindow::addOwnTab(QPrintDialog &dialog)
 {
     auto *tab = new QWidget;
-    tab->setWindowTitle(QStringLiteral("Application"));
-    auto *discard = new QPushButton(QStringLiteral("Discard"));
+    tab->setWindowTitle(u"Application"_s);
+    auto *discard = new QPushButton(u"Discard"_s);
     connect(discard, &QPushButton::clicked, this, &PrintWindow::discardDialog,
             Qt::QueuedConnection);
     (new QVBoxLayout(tab))->addWidget(discard);
@@ -65,14 +64,14 @@ void PrintWindow::discardDialog()
 
 void PrintWindow::showDialog()
 {
-    const bool isKept = mWays.contains(QStringLiteral("--keep"));
+    const bool isKept = mWays.contains(u"--keep"_s);
     if (!isKept) {
         delete mDialog;
     }
     QPrintDialog *dialog = makeDialog();
-    if (mWays.contains(QStringLiteral("open"))) {
+    if (mWays.contains(u"open"_s)) {
         dialog->open(this, SLOT(printPage()));
-    } else if (mWays.contains(QStringLiteral("show"))) {
+    } else if (mWays.contains(u"show"_s)) {
         connect(dialog, &QDialog::accepted, this, &PrintWindow::printPage, Qt::UniqueConnection);
         dialog->show();
     } else if (dialog->exec() == QDialog::Accepted) {

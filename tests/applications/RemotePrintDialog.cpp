@@ -9,9 +9,9 @@ namespace {
 constexpr char dialogClass[] = "QPrintDialog";
 constexpr char propertiesClass[] = "QPrintPropertiesDialog";
 constexpr char popUpClass[] = "QComboBoxPrivateContainer";
-const QString printersMenuName = QStringLiteral("printers");
-const QString presetsMenuName = QStringLiteral("mOptionPopUpButton");
-const QString papersMenuName = QStringLiteral("pageSizeCombo");
+const QString printersMenuName = u"printers"_s;
+const QString presetsMenuName = u"mOptionPopUpButton"_s;
+const QString papersMenuName = u"pageSizeCombo"_s;
 
 bool isDialog(const SeenWidget &widget)
 {
@@ -58,7 +58,7 @@ QString keysOf(const char *shortcut)
 
 QString choiceOf(const SeenWidget &control)
 {
-    const QString box = control.isChecked() ? QStringLiteral("ON") : QStringLiteral("OFF");
+    const QString box = control.isChecked() ? u"ON"_s : u"OFF"_s;
     return control.isA("QCheckBox") ? box : control.text();
 }
 } // namespace
@@ -111,7 +111,7 @@ bool RemotePrintDialog::clickRow(const QString &text)
         if (!wanted.exists() || (wanted.area().isValid() && wanted.area().height() > 4)) {
             return true;
         }
-        mUser.press(QStringLiteral("Down"));
+        mUser.press(u"Down"_s);
         return false;
     });
     return isSeen && row(list).exists() && mUser.click(row(list).clickPlace()) &&
@@ -195,9 +195,9 @@ bool RemotePrintDialog::tick(const QString &box, bool on)
 
 bool RemotePrintDialog::typeCount(const QString &count)
 {
-    const QString field = QStringLiteral("mCutEveryTxBx");
+    const QString field = u"mCutEveryTxBx"_s;
     return click(field) && waitFor([&] { return control(field).hasFocus(); }) &&
-           mUser.press(QStringLiteral("ctrl+a")) && mUser.type(count) &&
+           mUser.press(u"ctrl+a"_s) && mUser.type(count) &&
            waitFor([&] { return control(field).text() == count; });
 }
 
@@ -213,9 +213,8 @@ QString RemotePrintDialog::preset()
 
 bool RemotePrintDialog::pickPaper(const QString &text)
 {
-    return click(QStringLiteral("properties")) &&
-           mInspector.awaitAtRest(isCalled(papersMenuName)).exists() &&
-           pickItem(papersMenuName, text) && click(QStringLiteral("OK")) &&
+    return click(u"properties"_s) && mInspector.awaitAtRest(isCalled(papersMenuName)).exists() &&
+           pickItem(papersMenuName, text) && click(u"OK"_s) &&
            mInspector.awaitGone(
                [](const SeenWidget &widget) { return widget.isA(propertiesClass); });
 }
@@ -260,12 +259,12 @@ bool RemotePrintDialog::leaveBy(const QString &button)
 
 bool RemotePrintDialog::print()
 {
-    return leaveBy(QStringLiteral("Print"));
+    return leaveBy(u"Print"_s);
 }
 
 bool RemotePrintDialog::cancel()
 {
-    return leaveBy(QStringLiteral("Cancel"));
+    return leaveBy(u"Cancel"_s);
 }
 
 bool RemotePrintDialog::quit()

@@ -9,7 +9,7 @@ constexpr int approach = 12;
 
 QStringList moveTo(const QPoint &place)
 {
-    return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
+    return {u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
 }
 } // namespace
 
@@ -21,15 +21,15 @@ RemoteUser::RemoteUser(const DisplayServer &display)
 bool RemoteUser::click(const QPoint &place) const
 {
     return mDisplay.command(moveTo(place + QPoint(approach, 0)) + moveTo(place) +
-                            QStringList{QStringLiteral("click"), QStringLiteral("1")});
+                            QStringList{u"click"_s, u"1"_s});
 }
 
 bool RemoteUser::press(const QString &keys) const
 {
-    return mDisplay.command({QStringLiteral("key"), keys});
+    return mDisplay.command({u"key"_s, keys});
 }
 
 bool RemoteUser::type(const QString &text) const
 {
-    return mDisplay.command({QStringLiteral("type"), QStringLiteral("--"), text});
+    return mDisplay.command({u"type"_s, u"--"_s, text});
 }

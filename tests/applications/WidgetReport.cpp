@@ -48,17 +48,17 @@ QString itemText(const QModelIndex &item)
 void addButton(const QWidget &widget, QJsonObject &object)
 {
     if (const auto *button = qobject_cast<const QAbstractButton *>(&widget)) {
-        object[QStringLiteral("text")] = plainText(button->text());
-        object[QStringLiteral("checked")] = button->isChecked();
+        object[u"text"_s] = plainText(button->text());
+        object[u"checked"_s] = button->isChecked();
     }
 }
 
 void addText(const QWidget &widget, QJsonObject &object)
 {
     if (const auto *label = qobject_cast<const QLabel *>(&widget)) {
-        object[QStringLiteral("text")] = plainText(label->text());
+        object[u"text"_s] = plainText(label->text());
     } else if (const auto *field = qobject_cast<const QLineEdit *>(&widget)) {
-        object[QStringLiteral("text")] = field->text();
+        object[u"text"_s] = field->text();
     }
 }
 
@@ -72,8 +72,8 @@ void addMenu(const QWidget &widget, QJsonObject &object)
     for (int i = 0; i < menu->count(); ++i) {
         items.append(itemText(menu->model()->index(i, menu->modelColumn())));
     }
-    object[QStringLiteral("text")] = items.at(menu->currentIndex());
-    object[QStringLiteral("items")] = items;
+    object[u"text"_s] = items.at(menu->currentIndex());
+    object[u"items"_s] = items;
 }
 
 void addTabs(const QWidget &widget, QJsonObject &object)
@@ -85,12 +85,12 @@ void addTabs(const QWidget &widget, QJsonObject &object)
     QJsonArray tabs;
     for (int i = 0; i < bar->count(); ++i) {
         if (bar->isTabVisible(i)) {
-            tabs.append(QJsonObject{{QStringLiteral("text"), plainText(bar->tabText(i))},
-                                    {QStringLiteral("rect"), rectangle(*bar, bar->tabRect(i))},
-                                    {QStringLiteral("checked"), i == bar->currentIndex()}});
+            tabs.append(QJsonObject{{u"text"_s, plainText(bar->tabText(i))},
+                                    {u"rect"_s, rectangle(*bar, bar->tabRect(i))},
+                                    {u"checked"_s, i == bar->currentIndex()}});
         }
     }
-    object[QStringLiteral("parts")] = tabs;
+    object[u"parts"_s] = tabs;
 }
 
 QString rowText(const QAbstractItemModel &model, int row)
@@ -99,7 +99,7 @@ QString rowText(const QAbstractItemModel &model, int row)
     for (int column = 0; column < model.columnCount(); ++column) {
         cells.append(itemText(model.index(row, column)));
     }
-    return cells.join(QStringLiteral(": "));
+    return cells.join(u": "_s);
 }
 
 void addRows(const QWidget &widget, QJsonObject &object)
@@ -113,11 +113,11 @@ void addRows(const QWidget &widget, QJsonObject &object)
     for (int row = 0; row < std::min(model.rowCount(), mostRows); ++row) {
         const QRect seen =
             view->visualRect(model.index(row, 0)).intersected(view->viewport()->rect());
-        rows.append(QJsonObject{{QStringLiteral("text"), rowText(model, row)},
-                                {QStringLiteral("rect"), rectangle(*view->viewport(), seen)},
-                                {QStringLiteral("checked"), row == view->currentIndex().row()}});
+        rows.append(QJsonObject{{u"text"_s, rowText(model, row)},
+                                {u"rect"_s, rectangle(*view->viewport(), seen)},
+                                {u"checked"_s, row == view->currentIndex().row()}});
     }
-    object[QStringLiteral("parts")] = rows;
+    object[u"parts"_s] = rows;
 }
 
 void addShortcuts(const QWidget &widget, QJsonObject &object)
@@ -131,8 +131,8 @@ void addShortcuts(const QWidget &widget, QJsonObject &object)
             shortcuts.append(action->shortcut().toString());
         }
     }
-    object[QStringLiteral("shortcuts")] = shortcuts;
-    object[QStringLiteral("text")] = widget.windowTitle();
+    object[u"shortcuts"_s] = shortcuts;
+    object[u"text"_s] = widget.windowTitle();
 }
 
 /// The class of the widget and all that it is derived from.
@@ -148,14 +148,14 @@ QJsonArray classesOf(const QWidget &widget)
 QJsonObject describe(const QWidget &widget)
 {
     const QWidget *window = widget.window();
-    QJsonObject object{{QStringLiteral("name"), widget.objectName()},
-                       {QStringLiteral("classes"), classesOf(widget)},
-                       {QStringLiteral("windowClasses"), classesOf(*window)},
-                       {QStringLiteral("active"), window->isActiveWindow()},
-                       {QStringLiteral("rect"), rectangle(widget, seenPart(widget))},
-                       {QStringLiteral("enabled"), widget.isEnabled()},
-                       {QStringLiteral("focus"), widget.hasFocus()},
-                       {QStringLiteral("keyword"), widget.property("PPDOptionKeyword").toString()}};
+    QJsonObject object{{u"name"_s, widget.objectName()},
+                       {u"classes"_s, classesOf(widget)},
+                       {u"windowClasses"_s, classesOf(*window)},
+                       {u"active"_s, window->isActiveWindow()},
+                       {u"rect"_s, rectangle(widget, seenPart(widget))},
+                       {u"enabled"_s, widget.isEnabled()},
+                       {u"focus"_s, widget.hasFocus()},
+                       {u"keyword"_s, widget.property("PPDOptionKeyword").toString()}};
     addShortcuts(widget, object);
     addButton(widget, object);
     addText(widget, object);
@@ -175,7 +175,7 @@ QJsonObject WidgetReport::all()
             widgets.append(describe(*widget));
         }
     }
-    return {{QStringLiteral("widgets"), widgets}};
+    return {{u"widgets"_s, widgets}};
 }
 
 bool WidgetReport::grab(const QString &path)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ApplicationSession.h"
-#include "DisplayServer.h"
+#include "ApplicationTest.h"
 #include "JobTicket.h"
 #include "PlugInTree.h"
 #include "Waiting.h"
@@ -38,19 +38,18 @@ QString onlyError(ApplicationSession &session)
 
 bool tellsNoScheduler(const QString &error)
 {
-    static const QRegularExpression line(QStringLiteral(
-        "^kvprint: no print scheduler answers at 127.0.0.1 \\(port \\d+\\): [^;]+$"));
+    static const QRegularExpression line(
+        u"^kvprint: no print scheduler answers at 127.0.0.1 \\(port \\d+\\): [^;]+$"_s);
     return line.match(error).hasMatch();
 }
 } // namespace
 
 /// What users of an application are told when something is wrong, and that it works on.
-class tst_applicationfaults : public QObject
+class tst_applicationfaults : public ApplicationTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
     void noScheduler_data() { everyApplication(); }
@@ -65,41 +64,17 @@ private Q_SLOTS:
     void spoiltInstallation();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    void everyApplication() const;
-    const Application &application() const;
     /// The options of ours that the one job that there is carries; "no job" without one.
     QStringList printedChoices() const;
 
     std::unique_ptr<PrintingSite> mSite;
-    DisplayServer mDisplay;
-    std::vector<Application> mApplications = Application::all();
 };
-
-void tst_applicationfaults::initTestCase()
-{
-    QCOMPARE(Application::whatIsMissing(mApplications), QString());
-    QCOMPARE(mDisplay.open(), QString());
-}
 
 void tst_applicationfaults::init()
 {
     mSite.reset();
     mSite = std::make_unique<PrintingSite>();
     QCOMPARE(mSite->open(), QString());
-}
-
-void tst_applicationfaults::everyApplication() const
-{
-    QTest::addColumn<int>("row");
-    for (size_t i = 0; i < mApplications.size(); ++i) {
-        QTest::newRow(mApplications[i].name) << int(i);
-    }
-}
-
-const Application &tst_applicationfaults::application() const
-{
-    const auto *row = static_cast<const int *>(QTest::qData("row", qMetaTypeId<int>()));
-    return mApplications[size_t(*row)];
 }
 
 QStringList tst_applicationfaults::printedChoices() const
@@ -111,23 +86,21 @@ QStringList tst_applicationfaults::printedChoices() const
     });
     const bool isPrinted =
         jobs.size() == 1 && mSite->scheduler().waitForJob(jobs.first(), kPatienceMs);
-    return isPrinted ? JobTicket::attributes(jobs.first(), QStringLiteral("Kv"))
-                     : QStringList{QStringLiteral("no job")};
+    return isPrinted ? JobTicket::attributes(jobs.first(), u"Kv"_s) : QStringList{u"no job"_s};
 }
 
 void tst_applicationfaults::noScheduler()
 {
     ApplicationRun::Setting setting;
     // A port that nobody listens at.
-    setting.variables.append(QStringLiteral("CUPS_SERVER=127.0.0.1:1"));
+    setting.variables.append(u"CUPS_SERVER=127.0.0.1:1"_s);
     ApplicationSession session(mDisplay, application(), setting);
     RemotePrintDialog &dialog = session.dialog();
     QVERIFY(dialog.open());
     QVERIFY(!dialog.printers().contains(tape));
     QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.print());
-    QVERIFY(
-        waitFor([&] { return QDir(session.run().home()).exists(QStringLiteral("print.pdf")); }));
+    QVERIFY(waitFor([&] { return QDir(session.run().home()).exists(u"print.pdf"_s); }));
     QVERIFY(dialog.open());
     QVERIFY(dialog.cancel());
     QCOMPARE(session.end(), QString());
@@ -150,10 +123,10 @@ void tst_applicationfaults::schedulerStopsWhileTheDialogIsOpen()
 
 void tst_applicationfaults::brokenPPD()
 {
-    const QString spoilt = QStringLiteral("spoilt");
+    const QString spoilt = u"spoilt"_s;
     QString error;
     QVERIFY(mSite->scheduler().addPrinter(spoilt, PrintingSite::ppdPath(tape), &error));
-    QVERIFY(overwrite(mSite->scheduler().folder() + QStringLiteral("/etc/ppd/spoilt.ppd"),
+    QVERIFY(overwrite(mSite->scheduler().folder() + u"/etc/ppd/spoilt.ppd"_s,
                       "*PPD-Adobe: \"4.3\"\nno PPD\n"));
 
     ApplicationSession session(mDisplay, application());
@@ -168,8 +141,7 @@ void tst_applicationfaults::brokenPPD()
     QVERIFY(dialog.print());
     QCOMPARE(printedChoices(), QStringList());
     QCOMPARE(session.end(), QString());
-    QCOMPARE(onlyError(session),
-             QStringLiteral("kvprint: PPD of spoilt: line 2: Missing asterisk in column 1"));
+    QCOMPARE(onlyError(session), u"kvprint: PPD of spoilt: line 2: Missing asterisk in column 1"_s);
 }
 
 void tst_applicationfaults::chosenQueueIsRemoved()
@@ -187,14 +159,14 @@ void tst_applicationfaults::chosenQueueIsRemoved()
         QVERIFY(removeQueue(tape));
         QVERIFY(dialog.print());
 
-        QVERIFY(session.openPanelAt(QStringLiteral("mark")));
+        QVERIFY(session.openPanelAt(u"mark"_s));
         const QStringList shown = dialog.shownChoices();
         QVERIFY(dialog.print());
         QCOMPARE(printedChoices(), shown);
         QCOMPARE(session.end(), QString());
         error = onlyError(session);
     }
-    QCOMPARE(error, QStringLiteral("kvprint: the print scheduler has no printer tape"));
+    QCOMPARE(error, u"kvprint: the print scheduler has no printer tape"_s);
 }
 
 void tst_applicationfaults::spoiltInstallation_data()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Application.h"
 #include "ApplicationSession.h"
-#include "DisplayServer.h"
+#include "ApplicationTest.h"
 #include "JobTicket.h"
 #include "PlugInTree.h"
 #include "Waiting.h"
@@ -12,17 +11,16 @@
 #include <QTest>
 
 namespace {
-const QString plugIn = QStringLiteral("libkvprintdialog.so");
+const QString plugIn = u"libkvprintdialog.so"_s;
 
 QStringList librariesOfDialogs(int qt)
 {
-    return {QStringLiteral("libKVMQRVOptions-qt%1.so").arg(qt),
-            QStringLiteral("libkvprintdialog-qt%1.so").arg(qt), plugIn};
+    return {u"libKVMQRVOptions-qt%1.so"_s.arg(qt), u"libkvprintdialog-qt%1.so"_s.arg(qt), plugIn};
 }
 } // namespace
 
 /// What users see and get in applications that know nothing of the extension.
-class tst_applications : public QObject
+class tst_applications : public ApplicationTest
 {
     Q_OBJECT
 
@@ -45,36 +43,17 @@ private Q_SLOTS:
     void switchedOff();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    void everyApplication() const;
-    const Application &application() const;
     QList<int> newJobs() const;
     bool isPrinted(const QString &printer, const QStringList &choices);
 
-    PrintingSite mSite;
-    DisplayServer mDisplay;
-    std::vector<Application> mApplications = Application::all();
     qsizetype mFormerJobs = 0;
+    PrintingSite mSite;
 };
 
 void tst_applications::initTestCase()
 {
-    QCOMPARE(Application::whatIsMissing(mApplications), QString());
+    ApplicationTest::initTestCase();
     QCOMPARE(mSite.open(), QString());
-    QCOMPARE(mDisplay.open(), QString());
-}
-
-void tst_applications::everyApplication() const
-{
-    QTest::addColumn<int>("row");
-    for (size_t i = 0; i < mApplications.size(); ++i) {
-        QTest::newRow(mApplications[i].name) << int(i);
-    }
-}
-
-const Application &tst_applications::application() const
-{
-    const auto *row = static_cast<const int *>(QTest::qData("row", qMetaTypeId<int>()));
-    return mApplications[size_t(*row)];
 }
 
 QList<int> tst_applications::newJobs() const
@@ -93,8 +72,8 @@ bool tst_applications::isPrinted(const QString &printer, const QStringList &choi
         qWarning("%d jobs", int(jobs.size()));
         return false;
     }
-    const QString uri = mSite.job(jobs.first()).value(QStringLiteral("job-printer-uri"));
-    const QStringList sent = JobTicket::attributes(jobs.first(), QStringLiteral("Kv"));
+    const QString uri = mSite.job(jobs.first()).value(u"job-printer-uri"_s);
+    const QStringList sent = JobTicket::attributes(jobs.first(), u"Kv"_s);
     const bool isSame = uri.endsWith(QLatin1Char('/') + printer) && sent == choices;
     if (!isSame) {
         qWarning("%s: %s", qPrintable(uri), qPrintable(sent.join(QLatin1Char(' '))));
@@ -106,24 +85,24 @@ void tst_applications::printsWhatThePanelShows()
 {
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
     QCOMPARE(dialog.shownChoices(), words("KvAutoTapeCut=ON KvChainPrint=OFF KvHalfCut=OFF "
                                           "KvMirror=OFF KvRemoveBlkSpace=OFF KvSpecialTape=OFF"));
     QVERIFY(dialog.tick(halfCutBox));
-    QCOMPARE(dialog.preset(), QStringLiteral("Auto cut and half cut"));
-    QVERIFY(dialog.pickPreset(QStringLiteral("Half cut and chain printing")));
+    QCOMPARE(dialog.preset(), u"Auto cut and half cut"_s);
+    QVERIFY(dialog.pickPreset(u"Half cut and chain printing"_s));
     QVERIFY(dialog.tick(mirrorBox));
     const QStringList shown = dialog.shownChoices();
     QCOMPARE(shown, words("KvAutoTapeCut=OFF KvChainPrint=ON KvHalfCut=ON KvMirror=ON "
                           "KvRemoveBlkSpace=OFF KvSpecialTape=OFF"));
     const QString pictures = qEnvironmentVariable("KV_SCREENSHOTS");
     if (!pictures.isEmpty()) {
-        const QString name = QLatin1String(application().name) + QStringLiteral(".png");
+        const QString name = QLatin1String(application().name) + u".png"_s;
         QVERIFY(dialog.grab(QDir(pictures).filePath(name)));
     }
-    QVERIFY(dialog.summary().contains(QStringLiteral("Chain Printing: Yes")));
+    QVERIFY(dialog.summary().contains(u"Chain Printing: Yes"_s));
     QVERIFY(dialog.print());
-    QVERIFY(!application().prints || isPrinted(QStringLiteral("tape"), shown));
+    QVERIFY(!application().prints || isPrinted(u"tape"_s, shown));
     const QStringList mapped = session.run().ownLibraries();
     for (const QString &library : librariesOfDialogs(application().qt)) {
         QVERIFY2(mapped.contains(library), qPrintable(library));
@@ -137,18 +116,18 @@ void tst_applications::nextDialogStartsFromTheLastChoices()
 {
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
-    const QString follow = QStringLiteral("follow");
+    const QString follow = u"follow"_s;
     QVERIFY(session.openPanelAt(follow));
     QVERIFY(dialog.tick(mirrorBox));
-    QVERIFY(dialog.typeCount(QStringLiteral("3")));
+    QVERIFY(dialog.typeCount(u"3"_s));
     const QStringList first = dialog.shownChoices();
     QCOMPARE(first,
              words("KvAutoTapeCut=ON KvChainPrint=OFF KvCutLabel=3 KvHalfCut=OFF KvMirror=ON"));
     QVERIFY(dialog.print());
     QVERIFY(!application().prints || isPrinted(follow, first));
 
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
-    QVERIFY(dialog.shownChoices().contains(QStringLiteral("KvHalfCut=OFF")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
+    QVERIFY(dialog.shownChoices().contains(u"KvHalfCut=OFF"_s));
     QVERIFY(dialog.tick(halfCutBox));
     QVERIFY(dialog.cancel());
 
@@ -169,11 +148,11 @@ void tst_applications::cancelSendsNothing()
 {
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
     QVERIFY(dialog.tick(halfCutBox));
     QVERIFY(dialog.cancel());
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
-    QVERIFY(dialog.shownChoices().contains(QStringLiteral("KvHalfCut=OFF")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
+    QVERIFY(dialog.shownChoices().contains(u"KvHalfCut=OFF"_s));
     QVERIFY(dialog.cancel());
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
@@ -184,30 +163,30 @@ void tst_applications::followsPrinterAndPaper()
 {
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
     QVERIFY(dialog.isEnabled(halfCutBox));
-    QVERIFY(dialog.pickPaper(QStringLiteral("Flag 21 mm x 45 mm")));
+    QVERIFY(dialog.pickPaper(u"Flag 21 mm x 45 mm"_s));
     QVERIFY(!dialog.isEnabled(halfCutBox));
-    QVERIFY(dialog.pickPaper(QStringLiteral("Tape 12 mm x 100 mm")));
+    QVERIFY(dialog.pickPaper(u"Tape 12 mm x 100 mm"_s));
     QVERIFY(dialog.isEnabled(halfCutBox));
 
-    QVERIFY(dialog.pickPrinter(QStringLiteral("plain")));
+    QVERIFY(dialog.pickPrinter(u"plain"_s));
     const QStringList tabs = dialog.tabs();
     QVERIFY(!tabs.isEmpty() && !tabs.contains(kPanelTab) && !tabs.contains(kSummaryTab));
     QCOMPARE(dialog.shownChoices(), QStringList());
 
-    QVERIFY(dialog.pickPrinter(QStringLiteral("mark")));
+    QVERIFY(dialog.pickPrinter(u"mark"_s));
     QCOMPARE(dialog.tabs(), tabs + QStringList({kPanelTab, kSummaryTab}));
     QVERIFY(dialog.openPanel());
     const QStringList shown = dialog.shownChoices();
     QCOMPARE(shown, words("KvAutoTapeCut=OFF KvChainPrint=OFF KvCutMark=OFF KvMirror=OFF"));
     QVERIFY(dialog.print());
-    QVERIFY(!application().prints || isPrinted(QStringLiteral("mark"), shown));
+    QVERIFY(!application().prints || isPrinted(u"mark"_s, shown));
 
-    QVERIFY(session.openAt(QStringLiteral("plain")));
+    QVERIFY(session.openAt(u"plain"_s));
     QCOMPARE(dialog.tabs(), tabs);
     QVERIFY(dialog.print());
-    QVERIFY(!application().prints || isPrinted(QStringLiteral("plain"), {}));
+    QVERIFY(!application().prints || isPrinted(u"plain"_s, {}));
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
     QCOMPARE(newJobs(), QList<int>());
@@ -228,7 +207,7 @@ void tst_applications::nothingIsLoadedFromWhereItWorks()
     RemotePrintDialog &dialog = session.dialog();
     // The current folder, and the document's.
     QVERIFY(PlugInTree::addDecoys(session.run().home()));
-    QVERIFY(session.openPanelAt(QStringLiteral("tape")));
+    QVERIFY(session.openPanelAt(u"tape"_s));
     QVERIFY(session.run().ownLibraries().contains(librariesOfDialogs(application().qt).first()));
     QCOMPARE(session.run().filesMappedFrom(session.run().home()), QStringList());
     QVERIFY(dialog.cancel());
@@ -239,16 +218,16 @@ void tst_applications::nothingIsLoadedFromWhereItWorks()
 void tst_applications::switchedOff()
 {
     ApplicationRun::Setting off;
-    off.variables.append(QStringLiteral("KVPRINT_DIALOG=off"));
+    off.variables.append(u"KVPRINT_DIALOG=off"_s);
     ApplicationSession session(mDisplay, application(), off);
     RemotePrintDialog &dialog = session.dialog();
-    QVERIFY(session.openAt(QStringLiteral("tape")));
+    QVERIFY(session.openAt(u"tape"_s));
     const QStringList tabs = dialog.tabs();
-    QVERIFY(tabs.contains(QStringLiteral("Copies")));
+    QVERIFY(tabs.contains(u"Copies"_s));
     QVERIFY(!tabs.contains(kPanelTab) && !tabs.contains(kSummaryTab));
     QCOMPARE(session.run().ownLibraries(), QStringList{plugIn});
     QVERIFY(dialog.print());
-    QVERIFY(!application().prints || isPrinted(QStringLiteral("tape"), {}));
+    QVERIFY(!application().prints || isPrinted(u"tape"_s, {}));
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AccessBus.h"
 #include "ApplicationSession.h"
+#include "ApplicationTest.h"
 #include "AssistiveUser.h"
-#include "DisplayServer.h"
 #include "JobTicket.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
@@ -11,76 +11,64 @@
 #include <QTest>
 
 namespace {
-const QString toggle = QStringLiteral("Toggle");
+const QString toggle = u"Toggle"_s;
 } // namespace
 
 /// The panel in the hands of a user of assistive technology, who works it over the bus.
-class tst_assistive : public QObject
+class tst_assistive : public ApplicationTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
 
-    void jobIsWhatWasChosenOverTheBus_data();
+    void jobIsWhatWasChosenOverTheBus_data() { everyApplication(); }
     void jobIsWhatWasChosenOverTheBus();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
-    DisplayServer mDisplay;
     AccessBus mAccess;
-    std::vector<Application> mApplications = Application::all();
+
+    PrintingSite mSite;
 };
 
 void tst_assistive::initTestCase()
 {
-    QCOMPARE(Application::whatIsMissing(mApplications), QString());
+    ApplicationTest::initTestCase();
     QCOMPARE(mSite.open(), QString());
-    QCOMPARE(mDisplay.open(), QString());
     QCOMPARE(mAccess.open(mDisplay), QString());
-}
-
-void tst_assistive::jobIsWhatWasChosenOverTheBus_data()
-{
-    QTest::addColumn<int>("row");
-    for (size_t i = 0; i < mApplications.size(); ++i) {
-        QTest::newRow(mApplications[i].name) << int(i);
-    }
 }
 
 void tst_assistive::jobIsWhatWasChosenOverTheBus()
 {
-    QFETCH(const int, row);
-    ApplicationSession session(mDisplay, mApplications[size_t(row)],
+    ApplicationSession session(mDisplay, application(),
                                ApplicationRun::Setting{.variables = {mAccess.variable()}});
     RemotePrintDialog &dialog = session.dialog();
     QVERIFY(dialog.awaitApplication());
     QVERIFY(waitFor([this] { return mAccess.hasApplications(); }));
-    QVERIFY(session.openPanelAt(QStringLiteral("all")));
+    QVERIFY(session.openPanelAt(u"all"_s));
     const AssistiveUser user(mAccess.bus());
-    QVERIFY(waitFor([&] { return dialog.isEnabled(QStringLiteral("mCutEveryTxBx")); }));
+    QVERIFY(waitFor([&] { return dialog.isEnabled(u"mCutEveryTxBx"_s); }));
 
     // Special tape rules half cut out for as long as it is ticked.
-    QVERIFY(user.act(QStringLiteral("Special Tape"), toggle));
+    QVERIFY(user.act(u"Special Tape"_s, toggle));
     QVERIFY(waitFor([&] { return !dialog.isEnabled(halfCutBox); }));
-    QVERIFY(user.act(QStringLiteral("Special Tape"), toggle));
+    QVERIFY(user.act(u"Special Tape"_s, toggle));
     QVERIFY(waitFor([&] { return dialog.isEnabled(halfCutBox); }));
 
-    QVERIFY(user.act(QStringLiteral("Half Cut"), toggle));
-    QVERIFY(
-        user.replaceText(QStringLiteral("Number of labels between cuts"), QStringLiteral("45")));
+    QVERIFY(user.act(u"Half Cut"_s, toggle));
+    QVERIFY(user.replaceText(u"Number of labels between cuts"_s, u"45"_s));
     QVERIFY(waitFor([&] {
         const QStringList shown = dialog.shownChoices();
-        return shown.contains(halfCutOn) && shown.contains(QStringLiteral("KvCutLabel=45"));
+        return shown.contains(halfCutOn) && shown.contains(u"KvCutLabel=45"_s);
     }));
     const QStringList shown = dialog.shownChoices();
-    QVERIFY(dialog.summary().contains(QStringLiteral("Half Cut: Yes")));
+    QVERIFY(dialog.summary().contains(u"Half Cut: Yes"_s));
 
     const QList<int> before = mSite.scheduler().jobIds();
     QVERIFY(dialog.print());
     QVERIFY(waitFor([&] { return mSite.scheduler().jobIds().size() == before.size() + 1; }));
     const int job = mSite.scheduler().jobIds().last();
-    QCOMPARE(JobTicket::attributes(job, QStringLiteral("Kv")), shown);
+    QCOMPARE(JobTicket::attributes(job, u"Kv"_s), shown);
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ApplicationSession.h"
-#include "DisplayServer.h"
+#include "ApplicationTest.h"
 #include "JobTicket.h"
 #include "Waiting.h"
 #include "host/PrintingSite.h"
@@ -10,16 +10,15 @@
 
 namespace {
 /// The application's tab, and the button in it that destroys the dialog.
-const QString ownTab = QStringLiteral("Application");
-const QString discardButton = QStringLiteral("Discard");
+const QString ownTab = u"Application"_s;
+const QString discardButton = u"Discard"_s;
 
 std::vector<Application> applicationsWithATab()
 {
     std::vector<Application> all = Application::all();
     all.erase(std::remove_if(all.begin(), all.end(),
                              [](const Application &application) {
-                                 return !application.arguments.contains(
-                                     QStringLiteral("--own-tab"));
+                                 return !application.arguments.contains(u"--own-tab"_s);
                              }),
               all.end());
     return all;
@@ -27,9 +26,15 @@ std::vector<Application> applicationsWithATab()
 } // namespace
 
 /// Applications that have a tab of their own in the print dialog, and destroy it when they like.
-class tst_ownapplication : public QObject
+class tst_ownapplication : public ApplicationTest
 {
     Q_OBJECT
+
+public:
+    tst_ownapplication()
+        : ApplicationTest(applicationsWithATab())
+    {
+    }
 
 private Q_SLOTS:
     void initTestCase();
@@ -40,53 +45,33 @@ private Q_SLOTS:
     void dialogIsDestroyedWhileItIsOpen();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    void everyApplication() const;
-    const Application &application() const;
-
     PrintingSite mSite;
-    DisplayServer mDisplay;
-    std::vector<Application> mApplications = applicationsWithATab();
 };
 
 void tst_ownapplication::initTestCase()
 {
-    QCOMPARE(Application::whatIsMissing(mApplications), QString());
+    ApplicationTest::initTestCase();
     QCOMPARE(mSite.open(), QString());
-    QCOMPARE(mDisplay.open(), QString());
-}
-
-void tst_ownapplication::everyApplication() const
-{
-    QTest::addColumn<int>("row");
-    for (size_t i = 0; i < mApplications.size(); ++i) {
-        QTest::newRow(mApplications[i].name) << int(i);
-    }
-}
-
-const Application &tst_ownapplication::application() const
-{
-    const auto *row = static_cast<const int *>(QTest::qData("row", qMetaTypeId<int>()));
-    return mApplications[size_t(*row)];
 }
 
 void tst_ownapplication::ownTabStays()
 {
     ApplicationSession session(mDisplay, application());
     RemotePrintDialog &dialog = session.dialog();
-    const QStringList without = {QStringLiteral("Copies"), QStringLiteral("Options"), ownTab};
-    const QStringList ours = {QStringLiteral("Cut Options"), QStringLiteral("Summary")};
-    QVERIFY(session.openAt(QStringLiteral("plain")));
+    const QStringList without = {u"Copies"_s, u"Options"_s, ownTab};
+    const QStringList ours = {u"Cut Options"_s, u"Summary"_s};
+    QVERIFY(session.openAt(u"plain"_s));
     QCOMPARE(dialog.tabs(), without);
     QVERIFY(dialog.pickPrinter(tape));
     QCOMPARE(dialog.tabs(), without + ours);
     QVERIFY(dialog.openPanel());
-    QVERIFY(dialog.pickPrinter(QStringLiteral("plain")));
+    QVERIFY(dialog.pickPrinter(u"plain"_s));
     QCOMPARE(dialog.tabs(), without);
     QVERIFY(dialog.turnTo(ownTab));
     QVERIFY(dialog.cancel());
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
-    QCOMPARE(mSite.scheduler().jobIds(QStringLiteral("plain")), QList<int>());
+    QCOMPARE(mSite.scheduler().jobIds(u"plain"_s), QList<int>());
 }
 
 void tst_ownapplication::dialogIsDestroyedWhileItIsOpen()
@@ -100,12 +85,12 @@ void tst_ownapplication::dialogIsDestroyedWhileItIsOpen()
     QVERIFY(dialog.leaveBy(discardButton));
 
     QVERIFY(session.openPanelAt(tape));
-    QVERIFY(dialog.shownChoices().contains(QStringLiteral("KvHalfCut=OFF")));
+    QVERIFY(dialog.shownChoices().contains(u"KvHalfCut=OFF"_s));
     QVERIFY(dialog.tick(halfCutBox));
     const QStringList shown = dialog.shownChoices();
     QVERIFY(dialog.print());
     QVERIFY(waitFor([&] { return mSite.scheduler().jobIds().size() == before.size() + 1; }));
-    QCOMPARE(JobTicket::attributes(mSite.scheduler().jobIds().last(), QStringLiteral("Kv")), shown);
+    QCOMPARE(JobTicket::attributes(mSite.scheduler().jobIds().last(), u"Kv"_s), shown);
     QCOMPARE(session.end(), QString());
     QCOMPARE(session.run().ownErrors(), QStringList());
 }

@@ -12,7 +12,7 @@ constexpr int answerTimeoutMs = 30'000;
 
 ProgramTalk::ProgramTalk(QStringList arguments, const QStringList &variables)
 {
-    arguments << QStringLiteral("--script") << QStringLiteral("-");
+    arguments << u"--script"_s << u"-"_s;
     mProcess.setProcessEnvironment(environmentWith(variables));
     mProcess.start(QStringLiteral(KV_PRINT_PROGRAM), arguments);
 }

@@ -28,14 +28,13 @@ QJsonObject ScriptTalk::answer(const QByteArray &line)
 
 QJsonObject ScriptTalk::ask(const char *command, QJsonObject members)
 {
-    members.insert(QStringLiteral("cmd"), QLatin1String(command));
+    members.insert(u"cmd"_s, QLatin1String(command));
     return answer(compact(members));
 }
 
 QJsonObject ScriptTalk::open(const QString &printer, const QJsonObject &members)
 {
-    QJsonObject all{{QStringLiteral("ppd"), PrintingSite::ppdPath(printer)},
-                    {QStringLiteral("locale"), QStringLiteral("en")}};
+    QJsonObject all{{u"ppd"_s, PrintingSite::ppdPath(printer)}, {u"locale"_s, u"en"_s}};
     for (auto it = members.begin(); it != members.end(); ++it) {
         all.insert(it.key(), it.value());
     }
@@ -51,13 +50,12 @@ QJsonObject ScriptTalk::show(const QString &printer, const QJsonObject &members)
 
 QJsonObject ScriptTalk::click(const char *box)
 {
-    return ask("click", {{QStringLiteral("control"), QLatin1String(box)}});
+    return ask("click", {{u"control"_s, QLatin1String(box)}});
 }
 
 QJsonObject ScriptTalk::paper(const QString &name)
 {
-    return ask("paper",
-               {{QStringLiteral("name"), name.isNull() ? QJsonValue() : QJsonValue(name)}});
+    return ask("paper", {{u"name"_s, name.isNull() ? QJsonValue() : QJsonValue(name)}});
 }
 
 QJsonObject ScriptTalk::state()
@@ -89,7 +87,7 @@ bool isOK(const QJsonObject &answer)
 QStringList eventsOf(const QJsonObject &answer)
 {
     if (!answer.value(u"events").isArray()) {
-        return {QStringLiteral("no events")};
+        return {u"no events"_s};
     }
     QStringList events;
     const QJsonArray all = answer.value(u"events").toArray();
@@ -97,7 +95,7 @@ QStringList eventsOf(const QJsonObject &answer)
         QStringList details;
         const QJsonArray parts = event.toArray();
         for (const QJsonValue &part : parts) {
-            details.append(part.toString(QStringLiteral("no text")));
+            details.append(part.toString(u"no text"_s));
         }
         events.append(details.join(u' '));
     }

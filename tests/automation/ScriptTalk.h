@@ -42,6 +42,16 @@ private:
     ScriptSession mSession;
 };
 
+/// A conversation with a panel that is shown already.
+class ShownPanel : public ScriptTalk
+{
+public:
+    explicit ShownPanel(const QString &printer, const QJsonObject &members = {})
+    {
+        show(printer, members);
+    }
+};
+
 /// Whether the answer is that all went well.
 bool isOK(const QJsonObject &answer);
 /// The events of an answer, each with its details behind it, separated by spaces.

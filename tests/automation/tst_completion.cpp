@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
+#include "ProgramRun.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
 
-#include <unistd.h>
-
 namespace {
-constexpr int shellTimeoutMs = 60'000;
-
 const QString completionFile = QStringLiteral(KV_SOURCE_FOLDER "/resources/completion/kvprint");
 const QString manualPage = QStringLiteral(KV_SOURCE_FOLDER "/docs/man/kvprint.1");
 const QString automationGuide = QStringLiteral(KV_SOURCE_FOLDER "/docs/automation.md");
@@ -34,44 +30,6 @@ leave() {
 bind -x '"\C-t": leave'
 )shell";
 
-/// How a process ended.
-struct Run
-{
-    int status = -1;
-    QString output;
-    QString errors;
-};
-
-struct Program
-{
-    QString name;
-    QStringList arguments;
-    QByteArray input = {};
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-};
-
-Run run(const Program &program, const QString &folder = QDir::tempPath())
-{
-    QProcess process;
-    process.setProcessEnvironment(program.environment);
-    process.setWorkingDirectory(folder);
-    // An interactive shell would take over the terminal that the test is run from.
-    process.setChildProcessModifier([] { setsid(); });
-    process.start(program.name, program.arguments);
-    process.write(program.input);
-    process.closeWriteChannel();
-    Run run;
-    if (process.waitForFinished(shellTimeoutMs) && process.exitStatus() == QProcess::NormalExit) {
-        run.status = process.exitCode();
-    } else {
-        process.kill();
-        process.waitForFinished();
-    }
-    run.output = QString::fromUtf8(process.readAllStandardOutput());
-    run.errors = QString::fromUtf8(process.readAllStandardError());
-    return run;
-}
-
 QString textOf(const QString &path)
 {
     QFile file(path);
@@ -92,7 +50,7 @@ QString withoutSpaces(QString text)
 /// ("-dPRINTER", "-h,--help").
 QStringList optionsOfHelp()
 {
-    const Run help = run({QStringLiteral(KV_PRINT_PROGRAM), {u"--help"_s}});
+    const ProgramRun help = runKvprint({u"--help"_s});
     static const QRegularExpression option(u"^  (-.*?)  "_s, QRegularExpression::MultilineOption);
     QStringList options;
     for (const auto &match : option.globalMatch(help.output)) {
@@ -194,7 +152,7 @@ QStringList linesWith(QChar mark, const Block &block)
 } // namespace
 
 /// The completion, the manual page and the guide to automation: that each says what kvprint does.
-class tst_completion : public QObject
+class tst_completion : public PrintingTest
 {
     Q_OBJECT
 
@@ -226,15 +184,13 @@ private: // NOLINT(readability-redundant-access-specifiers)
         QString line;
     };
 
-    Completion complete(const QString &line, const QMap<QString, QString> &variables = {}) const;
+    Completion complete(const QString &line, const QStringList &variables = {}) const;
     QString folder() const { return QDir::cleanPath(mSite.path(u"."_s)); }
-
-    PrintingSite mSite;
 };
 
 void tst_completion::initTestCase()
 {
-    QCOMPARE(mSite.open(), QString());
+    PrintingTest::initTestCase();
     QVERIFY(!mSite.document(u"letter.txt"_s).isNull());
     QVERIFY(QFile::copy(PrintingSite::ppdPath(u"all"_s), mSite.path(u"all.ppd"_s)));
     QVERIFY(QFile::copy(PrintingSite::ppdPath(u"label"_s), mSite.path(u"my label.ppd"_s)));
@@ -245,23 +201,20 @@ void tst_completion::initTestCase()
 }
 
 tst_completion::Completion tst_completion::complete(const QString &line,
-                                                    const QMap<QString, QString> &variables) const
+                                                    const QStringList &variables) const
 {
     const QTemporaryDir result;
     const QString profilePath = mSite.file(u"profile"_s, shellProfile);
-    Program bash{QStandardPaths::findExecutable(u"bash"_s),
-                 {u"--noprofile"_s, u"--rcfile"_s, profilePath, u"-i"_s},
-                 line.toUtf8() + "\t\x14"};
     const QString programs = QFileInfo(QStringLiteral(KV_PRINT_PROGRAM)).absolutePath();
-    bash.environment.insert(u"PATH"_s, programs + u':' + qEnvironmentVariable("PATH"));
-    bash.environment.insert(u"TERM"_s, u"dumb"_s);
-    bash.environment.insert(u"INPUTRC"_s, QProcess::nullDevice());
-    bash.environment.insert(u"KV_COMPLETION"_s, completionFile);
-    bash.environment.insert(u"KV_RESULT"_s, result.path());
-    for (auto it = variables.begin(); it != variables.end(); ++it) {
-        bash.environment.insert(it.key(), it.value());
-    }
-    run(bash, folder());
+    const QStringList environment{u"PATH="_s + programs + u':' + qEnvironmentVariable("PATH"),
+                                  u"TERM=dumb"_s, u"INPUTRC=/dev/null"_s,
+                                  u"KV_COMPLETION="_s + completionFile,
+                                  u"KV_RESULT="_s + result.path()};
+    // An interactive shell would take over the terminal that the test is run from.
+    runProgram(u"setsid"_s,
+               {u"--wait"_s, QStandardPaths::findExecutable(u"bash"_s), u"--noprofile"_s,
+                u"--rcfile"_s, profilePath, u"-i"_s},
+               {line.toUtf8() + "\t\x14", environment + variables, folder()});
     QString completed = textOf(result.filePath(u"line"_s));
     completed.chop(1);
     return {linesOf(result.filePath(u"offered"_s)), completed};
@@ -301,93 +254,74 @@ void tst_completion::manualIsSound()
     if (groff.isEmpty()) {
         QSKIP("groff is not installed");
     }
-    const Run check = run({groff, {u"-man"_s, u"-Tutf8"_s, u"-ww"_s, u"-z"_s, manualPage}});
+    const ProgramRun check =
+        runProgram(groff, {u"-man"_s, u"-Tutf8"_s, u"-ww"_s, u"-z"_s, manualPage});
     QCOMPARE(check.errors, QString());
     QCOMPARE(check.status, 0);
 }
 
 void tst_completion::completes_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("offered");
-    QTest::addColumn<QString>("completed");
+    const TestTable<QString, QStringList, QString> table("typed", "offered", "completed");
     const QString all = u"kvprint --ppd all.ppd "_s;
     const QStringList half{u"AHCMOffOnOffOff"_s};
     const QStringList special{u"SPMROnOff"_s};
     const QStringList switches{u"OFF"_s, u"ON"_s};
     const QStringList none;
 
-    QTest::newRow("option") << u"kvprint --no"_s << QStringList{u"--no-dialog"_s}
-                            << u"kvprint --no-dialog "_s;
-    QTest::newRow("preset") << all + u"--preset AHCMOff"_s << half
-                            << all + u"--preset AHCMOffOnOffOff "_s;
-    QTest::newRow("presets") << all + u"--preset CTMRO"_s
-                             << QStringList{u"CTMROnOffOff"_s, u"CTMROnOnOff"_s, u"CTMROffOnOff"_s,
-                                            u"CTMROffOffOff"_s}
-                             << all + u"--preset CTMRO"_s;
-    QTest::newRow("attached preset")
-        << all + u"--preset=SP"_s << special << all + u"--preset=SPMROnOff "_s;
-    QTest::newRow("attached PPD") << u"kvprint --ppd=all.ppd --preset SP"_s << special
-                                  << u"kvprint --ppd=all.ppd --preset SPMROnOff "_s;
-    QTest::newRow("PPD in quotes")
-        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOf"_s
-        << QStringList{u"EveryEndMirrorOffOffOff"_s}
-        << u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOffOff "_s;
-    QTest::newRow("PPD with a backslash")
-        << u"kvprint --ppd my\\ label.ppd -o KvM"_s << QStringList{u"KvMirror="_s}
-        << u"kvprint --ppd my\\ label.ppd -o KvMirror="_s;
-    QTest::newRow("no such PPD") << u"kvprint --ppd none.ppd --preset "_s << none
-                                 << u"kvprint --ppd none.ppd --preset "_s;
-    QTest::newRow("preset is no file") << all + u"--preset le"_s << none << all + u"--preset le"_s;
+    table.add("option", u"kvprint --no"_s, {u"--no-dialog"_s}, u"kvprint --no-dialog "_s);
+    table.add("preset", all + u"--preset AHCMOff"_s, half, all + u"--preset AHCMOffOnOffOff "_s);
+    table.add("presets", all + u"--preset CTMRO"_s,
+              {u"CTMROnOffOff"_s, u"CTMROnOnOff"_s, u"CTMROffOnOff"_s, u"CTMROffOffOff"_s},
+              all + u"--preset CTMRO"_s);
+    table.add("attached preset", all + u"--preset=SP"_s, special, all + u"--preset=SPMROnOff "_s);
+    table.add("attached PPD", u"kvprint --ppd=all.ppd --preset SP"_s, special,
+              u"kvprint --ppd=all.ppd --preset SPMROnOff "_s);
+    table.add("PPD in quotes", u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOf"_s,
+              {u"EveryEndMirrorOffOffOff"_s},
+              u"kvprint --ppd 'my label.ppd' --preset EveryEndMirrorOffOffOff "_s);
+    table.add("PPD with a backslash", u"kvprint --ppd my\\ label.ppd -o KvM"_s, {u"KvMirror="_s},
+              u"kvprint --ppd my\\ label.ppd -o KvMirror="_s);
+    table.add("no such PPD", u"kvprint --ppd none.ppd --preset "_s, none,
+              u"kvprint --ppd none.ppd --preset "_s);
+    table.add("preset is no file", all + u"--preset le"_s, none, all + u"--preset le"_s);
 
-    QTest::newRow("keys") << u"kvprint --ppd my\\ label.ppd -o "_s
-                          << QStringList{u"KvAutoTapeCut="_s, u"KvCutAtEnd="_s, u"KvCutLabel="_s,
-                                         u"KvMirror="_s,      u"PageSize="_s,   u"media="_s}
-                          << u"kvprint --ppd my\\ label.ppd -o "_s;
-    QTest::newRow("key") << all + u"-o KvHalf"_s << QStringList{u"KvHalfCut="_s}
-                         << all + u"-o KvHalfCut="_s;
-    QTest::newRow("choices") << all + u"-o KvHalfCut="_s << switches << all + u"-o KvHalfCut=O"_s;
-    QTest::newRow("choice") << all + u"-o KvHalfCut=OF"_s << QStringList{u"OFF"_s}
-                            << all + u"-o KvHalfCut=OFF "_s;
-    QTest::newRow("attached choice")
-        << all + u"-oKvHalfCut=OF"_s << QStringList{u"OFF"_s} << all + u"-oKvHalfCut=OFF "_s;
-    QTest::newRow("choice in quotes")
-        << all + u"-o 'KvHalfCut=OF"_s << QStringList{u"KvHalfCut=OFF"_s}
-        << all + u"-o 'KvHalfCut=OFF' "_s;
-    QTest::newRow("paper") << all + u"-o media=AV2"_s << QStringList{u"AV20x80"_s}
-                           << all + u"-o media=AV20x80 "_s;
-    QTest::newRow("option of another panel")
-        << u"kvprint -d plain -o KvDensity=D"_s << QStringList{u"Dark"_s}
-        << u"kvprint -d plain -o KvDensity=Dark "_s;
-    QTest::newRow("no such key") << all + u"-o Kv="_s << none << all + u"-o Kv="_s;
+    table.add("keys", u"kvprint --ppd my\\ label.ppd -o "_s,
+              {u"KvAutoTapeCut="_s, u"KvCutAtEnd="_s, u"KvCutLabel="_s, u"KvMirror="_s,
+               u"PageSize="_s, u"media="_s},
+              u"kvprint --ppd my\\ label.ppd -o "_s);
+    table.add("key", all + u"-o KvHalf"_s, {u"KvHalfCut="_s}, all + u"-o KvHalfCut="_s);
+    table.add("choices", all + u"-o KvHalfCut="_s, switches, all + u"-o KvHalfCut=O"_s);
+    table.add("choice", all + u"-o KvHalfCut=OF"_s, {u"OFF"_s}, all + u"-o KvHalfCut=OFF "_s);
+    table.add("attached choice", all + u"-oKvHalfCut=OF"_s, {u"OFF"_s},
+              all + u"-oKvHalfCut=OFF "_s);
+    table.add("choice in quotes", all + u"-o 'KvHalfCut=OF"_s, {u"KvHalfCut=OFF"_s},
+              all + u"-o 'KvHalfCut=OFF' "_s);
+    table.add("paper", all + u"-o media=AV2"_s, {u"AV20x80"_s}, all + u"-o media=AV20x80 "_s);
+    table.add("option of another panel", u"kvprint -d plain -o KvDensity=D"_s, {u"Dark"_s},
+              u"kvprint -d plain -o KvDensity=Dark "_s);
+    table.add("no such key", all + u"-o Kv="_s, none, all + u"-o Kv="_s);
 
-    QTest::newRow("printer") << u"kvprint -d fol"_s << QStringList{u"follow"_s}
-                             << u"kvprint -d follow "_s;
-    QTest::newRow("attached printer")
-        << u"kvprint -dfol"_s << QStringList{u"-dfollow"_s} << u"kvprint -dfollow "_s;
-    QTest::newRow("preset of a printer")
-        << u"kvprint -dtape --preset SP"_s << special << u"kvprint -dtape --preset SPMROnOff "_s;
-    QTest::newRow("printer is no file") << u"kvprint -d le"_s << none << u"kvprint -d le"_s;
-    QTest::newRow("copies are no file") << u"kvprint -n le"_s << none << u"kvprint -n le"_s;
+    table.add("printer", u"kvprint -d fol"_s, {u"follow"_s}, u"kvprint -d follow "_s);
+    table.add("attached printer", u"kvprint -dfol"_s, {u"-dfollow"_s}, u"kvprint -dfollow "_s);
+    table.add("preset of a printer", u"kvprint -dtape --preset SP"_s, special,
+              u"kvprint -dtape --preset SPMROnOff "_s);
+    table.add("printer is no file", u"kvprint -d le"_s, none, u"kvprint -d le"_s);
+    table.add("copies are no file", u"kvprint -n le"_s, none, u"kvprint -n le"_s);
 
-    QTest::newRow("file") << u"kvprint --dry-run le"_s << none
-                          << u"kvprint --dry-run letter.txt "_s;
-    QTest::newRow("file of an option")
-        << u"kvprint --ppd al"_s << none << u"kvprint --ppd all.ppd "_s;
-    QTest::newRow("attached file")
-        << u"kvprint --script=le"_s << none << u"kvprint --script=letter.txt "_s;
-    QTest::newRow("no option behind the options")
-        << u"kvprint -- --no"_s << none << u"kvprint -- --no"_s;
+    table.add("file", u"kvprint --dry-run le"_s, none, u"kvprint --dry-run letter.txt "_s);
+    table.add("file of an option", u"kvprint --ppd al"_s, none, u"kvprint --ppd all.ppd "_s);
+    table.add("attached file", u"kvprint --script=le"_s, none, u"kvprint --script=letter.txt "_s);
+    table.add("no option behind the options", u"kvprint -- --no"_s, none, u"kvprint -- --no"_s);
 }
 
 void tst_completion::completes()
 {
     QFETCH(const QString, typed);
     QFETCH(const QStringList, offered);
-    QFETCH(const QString, completed);
     const Completion completion = complete(typed);
     QCOMPARE(completion.offered, offered);
-    QCOMPARE(completion.line, completed);
+    QTEST(completion.line, "completed");
 }
 
 void tst_completion::printersAreTheSchedulers()
@@ -403,20 +337,20 @@ void tst_completion::printersAreTheSchedulers()
 
 void tst_completion::withoutTheSchedulersProgramsNothingIsOffered()
 {
-    const Completion completion = complete(u"kvprint -d fol"_s, {{u"PATH"_s, u"/nonexistent"_s}});
+    const Completion completion = complete(u"kvprint -d fol"_s, {u"PATH=/nonexistent"_s});
     QCOMPARE(completion.offered, QStringList());
     QCOMPARE(completion.line, u"kvprint -d fol"_s);
 }
 
 void tst_completion::withoutASchedulerNothingIsOffered()
 {
-    const QMap<QString, QString> noScheduler{{u"CUPS_SERVER"_s, u"/nonexistent"_s}};
+    const QStringList unreached{u"CUPS_SERVER=/nonexistent"_s};
     for (const QString &typed : {u"kvprint -d "_s, u"kvprint --preset "_s, u"kvprint -o "_s}) {
-        const Completion completion = complete(typed, noScheduler);
+        const Completion completion = complete(typed, unreached);
         QCOMPARE(completion.offered, QStringList());
         QCOMPARE(completion.line, typed);
     }
-    QCOMPARE(complete(u"kvprint --ppd all.ppd --preset SP"_s, noScheduler).offered,
+    QCOMPARE(complete(u"kvprint --ppd all.ppd --preset SP"_s, unreached).offered,
              QStringList{u"SPMROnOff"_s});
 }
 
@@ -437,11 +371,10 @@ void tst_completion::exampleConversation()
     const QStringList asked = linesWith(u'>', blocks.constFirst());
     const QStringList answered = linesWith(u'<', blocks.constFirst());
     QCOMPARE(asked.size(), 13);
-    const Run talk =
-        run({QStringLiteral(KV_PRINT_PROGRAM), {u"--script"_s, u"-"_s}, asked.join(u'\n').toUtf8()},
-            folder());
+    const ProgramRun talk =
+        runKvprint({u"--script"_s, u"-"_s}, {asked.join(u'\n').toUtf8(), {}, folder()});
     QCOMPARE(talk.status, 4);
-    const QStringList answers = talk.output.split(u'\n', Qt::SkipEmptyParts);
+    const QStringList answers = talk.lines();
     QCOMPARE(answers.size(), asked.size());
     QCOMPARE(answered.size(), asked.size());
     for (qsizetype i = 0; i < answers.size(); ++i) {
@@ -451,10 +384,9 @@ void tst_completion::exampleConversation()
 
 void tst_completion::examplesForOtherPrograms_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("program");
-    QTest::newRow("Python") << u"python"_s << u"python3"_s;
-    QTest::newRow("shell") << u"sh"_s << u"sh"_s;
+    const TestTable<QString, QString> table("language", "program");
+    table.add("Python", u"python"_s, u"python3"_s);
+    table.add("shell", u"sh"_s, u"sh"_s);
 }
 
 void tst_completion::examplesForOtherPrograms()
@@ -467,7 +399,8 @@ void tst_completion::examplesForOtherPrograms()
         ++example;
     }
     QVERIFY(example + 1 < blocks.size());
-    const Run result = run({program, {u"-c"_s, blocks.at(example).text}}, folder());
+    const ProgramRun result =
+        runProgram(program, {u"-c"_s, blocks.at(example).text}, {{}, {}, folder()});
     QVERIFY2(isLike(result.output, blocks.at(example + 1).text),
              qPrintable(result.output + result.errors));
 }

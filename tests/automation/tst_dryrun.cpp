@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ProgramRun.h"
 
 #include <QFileInfo>
 #include <QTest>
 
 namespace {
-const QString dryRun = QStringLiteral("--dry-run");
+const QString dryRun = u"--dry-run"_s;
 
 /// What two jobs must have in common to be printed alike. What a job has anyway may be unsaid.
 QStringList essence(const QMap<QString, QString> &job)
@@ -33,12 +33,11 @@ QString commandIn(const ProgramRun &run)
 } // namespace
 
 /// The dry run: what it tells, and whether its command prints the same job as kvprint does.
-class tst_dryrun : public QObject
+class tst_dryrun : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
     void demonstration();
@@ -55,8 +54,6 @@ private Q_SLOTS:
     void commandNamesTheInstance();
     void nothingIsPrinted();
     void fileThatIsNotThereYet();
-    void refused_data();
-    void refused();
     void printerWithoutAPPD();
     void unknownOptionsOfAPPDAlone();
     void outputThatCannotBeWritten();
@@ -65,18 +62,12 @@ private: // NOLINT(readability-redundant-access-specifiers)
     /// The job that has been printed since the last call; 0 for none or more than one.
     int newJob();
 
-    PrintingSite mSite;
     qsizetype mJobCount = 0;
 };
 
-void tst_dryrun::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
 void tst_dryrun::init()
 {
-    QVERIFY(mSite.saveUserOptions(""));
+    PrintingTest::init();
     mJobCount = mSite.scheduler().jobIds().size();
 }
 
@@ -103,11 +94,10 @@ void tst_dryrun::demonstration()
 
 void tst_dryrun::summary_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QStringList>("lines");
-    const auto add = [](const char *name, const QString &printer, const QStringList &more,
-                        const QStringList &lines) {
-        QTest::newRow(name) << QStringList{u"-d"_s, printer} + more << lines;
+    const TestTable<QStringList, QStringList> table("arguments", "lines");
+    const auto add = [&table](const char *name, const QString &printer, const QStringList &more,
+                              const QStringList &lines) {
+        table.add(name, QStringList{u"-d"_s, printer} + more, lines);
     };
     const QString o = u"-o"_s;
     add("labels", u"label"_s, {o, u"KvCutLabel=12"_s},
@@ -144,12 +134,11 @@ void tst_dryrun::commandOfAPPD()
 
 void tst_dryrun::commandNamesTheCopies_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("part");
-    QTest::newRow("several") << QStringList{u"-n"_s, u"3"_s} << u" -n 3 "_s;
+    const TestTable<QStringList, QString> table("arguments", "part");
+    table.add("several", {u"-n"_s, u"3"_s}, u" -n 3 "_s);
     // The user may have saved another number for the queue.
-    QTest::newRow("one") << QStringList{u"-n"_s, u"1"_s} << u" -n 1 "_s;
-    QTest::newRow("as an option") << QStringList{u"-o"_s, u"copies=4"_s} << u" -o copies=4 "_s;
+    table.add("one", {u"-n"_s, u"1"_s}, u" -n 1 "_s);
+    table.add("as an option", {u"-o"_s, u"copies=4"_s}, u" -o copies=4 "_s);
 }
 
 void tst_dryrun::commandNamesTheCopies()
@@ -165,43 +154,39 @@ void tst_dryrun::commandNamesTheCopies()
 
 void tst_dryrun::commandPrintsTheSameJob_data()
 {
-    QTest::addColumn<QString>("saved");
-    QTest::addColumn<QStringList>("arguments");
+    const TestTable<QString, QStringList> table("saved", "arguments");
     const QString none;
-    const auto add = [](const char *name, const QString &saved, const QStringList &arguments) {
-        QTest::newRow(name) << saved << arguments;
-    };
     const QStringList tape{u"-d"_s, u"tape"_s};
     const QString o = u"-o"_s;
-    add("defaults", none, tape);
-    add("preset and options", none,
-        tape + QStringList{u"--preset"_s, u"AHCMOffOnOffOff"_s, o, u"KvMirror=ON"_s});
-    add("paper and copies", none, tape + QStringList{o, u"media=T24x100"_s, u"-n"_s, u"2"_s});
-    add("two numbers of copies", none, tape + QStringList{u"-n"_s, u"2"_s, o, u"copies=4"_s});
-    add("custom paper", none, tape + QStringList{o, u"PageSize=Custom.20x50mm"_s});
-    add("spaces", none, tape + QStringList{o, u"job-billing='two  words'"_s});
-    add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_s});
-    add("braces, dollars and backslashes", none,
-        tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_s});
-    add("braces in front", none, tape + QStringList{o, uR"(job-billing=\{a\}\ b)"_s});
-    add("an empty value", none, tape + QStringList{o, u"job-billing="_s});
-    add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_s});
-    add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_s});
-    add("another printer", none, {u"-d"_s, u"follow"_s, o, u"KvCutLabel=9"_s});
-    add("no printer named", u"Default mark KvCutMark=ON"_s, {});
-    add("saved choices", u"Dest tape KvHalfCut=ON KvChainPrint=ON"_s,
-        tape + QStringList{o, u"KvHalfCut=OFF"_s});
-    add("saved choices, and a preset", u"Dest tape KvHalfCut=ON KvRemoveBlkSpace=ON"_s,
-        tape + QStringList{u"--preset"_s, u"AHCMOnOffOnOff"_s});
-    add("saved paper", u"Dest tape PageSize=FL21x45"_s, tape);
-    add("saved paper, and another asked for", u"Dest tape media=FL21x45"_s,
-        tape + QStringList{o, u"media=T24x100"_s});
-    add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_s, tape);
-    add("an instance of a printer", u"Dest tape/draft KvHalfCut=ON number-up=2"_s,
-        {u"-d"_s, u"tape/draft"_s, o, u"KvMirror=ON"_s});
-    add("saved number of copies", u"Dest tape copies=3"_s, tape);
-    add("saved number of copies, and one asked for", u"Dest tape copies=3"_s,
-        tape + QStringList{u"-n"_s, u"1"_s});
+    table.add("defaults", none, tape);
+    table.add("preset and options", none,
+              tape + QStringList{u"--preset"_s, u"AHCMOffOnOffOff"_s, o, u"KvMirror=ON"_s});
+    table.add("paper and copies", none, tape + QStringList{o, u"media=T24x100"_s, u"-n"_s, u"2"_s});
+    table.add("two numbers of copies", none, tape + QStringList{u"-n"_s, u"2"_s, o, u"copies=4"_s});
+    table.add("custom paper", none, tape + QStringList{o, u"PageSize=Custom.20x50mm"_s});
+    table.add("spaces", none, tape + QStringList{o, u"job-billing='two  words'"_s});
+    table.add("quotes", none, tape + QStringList{o, uR"(job-billing=it\'s\ \"quoted\")"_s});
+    table.add("braces, dollars and backslashes", none,
+              tape + QStringList{o, uR"(job-billing={a}\ $HOME\\n\ `id`\ *;&|#!)"_s});
+    table.add("braces in front", none, tape + QStringList{o, uR"(job-billing=\{a\}\ b)"_s});
+    table.add("an empty value", none, tape + QStringList{o, u"job-billing="_s});
+    table.add("letters of the world", none, tape + QStringList{o, u"job-billing=Größe\u00a0€"_s});
+    table.add("options of the job's", none, tape + QStringList{o, u"number-up=2 fit-to-page"_s});
+    table.add("another printer", none, {u"-d"_s, u"follow"_s, o, u"KvCutLabel=9"_s});
+    table.add("no printer named", u"Default mark KvCutMark=ON"_s, {});
+    table.add("saved choices", u"Dest tape KvHalfCut=ON KvChainPrint=ON"_s,
+              tape + QStringList{o, u"KvHalfCut=OFF"_s});
+    table.add("saved choices, and a preset", u"Dest tape KvHalfCut=ON KvRemoveBlkSpace=ON"_s,
+              tape + QStringList{u"--preset"_s, u"AHCMOnOffOnOff"_s});
+    table.add("saved paper", u"Dest tape PageSize=FL21x45"_s, tape);
+    table.add("saved paper, and another asked for", u"Dest tape media=FL21x45"_s,
+              tape + QStringList{o, u"media=T24x100"_s});
+    table.add("saved options of other kinds", u"Dest tape number-up=2 job-billing=labels"_s, tape);
+    table.add("an instance of a printer", u"Dest tape/draft KvHalfCut=ON number-up=2"_s,
+              {u"-d"_s, u"tape/draft"_s, o, u"KvMirror=ON"_s});
+    table.add("saved number of copies", u"Dest tape copies=3"_s, tape);
+    table.add("saved number of copies, and one asked for", u"Dest tape copies=3"_s,
+              tape + QStringList{u"-n"_s, u"1"_s});
 }
 
 void tst_dryrun::commandPrintsTheSameJob()
@@ -229,22 +214,22 @@ void tst_dryrun::commandPrintsTheSameJob()
 
 void tst_dryrun::commandTakesAnyFileName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("spaces") << u"two  words.txt"_s;
-    QTest::newRow("quotes") << u"it's \"quoted\".txt"_s;
-    QTest::newRow("what a shell replaces") << u"$HOME `id` \\ *.txt"_s;
-    QTest::newRow("a variable") << u"$HOME"_s;
-    QTest::newRow("a pattern") << u"*"_s;
-    QTest::newRow("what ends a command") << u"#;&|<>()"_s;
-    QTest::newRow("the user's folder") << u"~"_s;
-    QTest::newRow("letters of the world") << u"Größe €.txt"_s;
-    QTest::newRow("like a variable") << u"a=b"_s;
-    QTest::newRow("like an option") << u"-n"_s;
-    QTest::newRow("like a long option") << u"--help"_s;
-    QTest::newRow("like standard input") << u"-"_s;
-    QTest::newRow("like the end of the options") << u"--"_s;
-    QTest::newRow("a line's end within") << u"new\nline.txt"_s;
-    QTest::newRow("a line's end behind") << u"end.txt\n"_s;
+    const TestTable<QString> table("name");
+    table.add("spaces", u"two  words.txt"_s);
+    table.add("quotes", u"it's \"quoted\".txt"_s);
+    table.add("what a shell replaces", u"$HOME `id` \\ *.txt"_s);
+    table.add("a variable", u"$HOME"_s);
+    table.add("a pattern", u"*"_s);
+    table.add("what ends a command", u"#;&|<>()"_s);
+    table.add("the user's folder", u"~"_s);
+    table.add("letters of the world", u"Größe €.txt"_s);
+    table.add("like a variable", u"a=b"_s);
+    table.add("like an option", u"-n"_s);
+    table.add("like a long option", u"--help"_s);
+    table.add("like standard input", u"-"_s);
+    table.add("like the end of the options", u"--"_s);
+    table.add("a line's end within", u"new\nline.txt"_s);
+    table.add("a line's end behind", u"end.txt\n"_s);
 }
 
 void tst_dryrun::commandTakesAnyFileName()
@@ -302,52 +287,12 @@ void tst_dryrun::fileThatIsNotThereYet()
     const ProgramRun run = runKvprint({u"-d"_s, u"tape"_s, dryRun, u"/nowhere/later.pdf"_s});
     QCOMPARE(run.status, 0);
     QVERIFY(commandIn(run).endsWith(u" -- /nowhere/later.pdf\n"));
-    QVERIFY2(run.errors.contains(u"kvprint: /nowhere/later.pdf: No such file or directory"),
-             qPrintable(run.errors));
-}
-
-void tst_dryrun::refused_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("fault");
-    const auto add = [](const char *name, const QStringList &arguments, int status,
-                        const QString &fault) {
-        QTest::newRow(name) << arguments << status << fault;
-    };
-    const QString o = u"-o"_s;
-    const QStringList onPPD{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
-    const QString halfCut = u"KvHalfCut=ON"_s;
-    add("half cut on flags", {u"-d"_s, u"tape"_s, o, halfCut, o, u"media=FL21x45"_s}, 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
-    add("half cut on flags, by the PPD", onPPD + QStringList{o, halfCut, o, u"media=FL21x45"_s}, 2,
-        u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
-    add("unknown choice", onPPD + QStringList{o, u"KvHalfCut=MAYBE"_s}, 2,
-        u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
-    add("unknown preset", onPPD + QStringList{u"--preset"_s, u"None"_s}, 2,
-        u"--preset None: the presets are: "_s);
-    add("unknown printer", {u"-d"_s, u"nowhere"_s}, 3, u"there is no printer nowhere"_s);
-    add("missing PPD", {u"--ppd"_s, u"/nowhere.ppd"_s}, 3,
-        u"/nowhere.ppd: No such file or directory"_s);
-    add("broken PPD", {u"--ppd"_s, mSite.document()}, 3, u": line 1: "_s);
-}
-
-void tst_dryrun::refused()
-{
-    QFETCH(const QStringList, arguments);
-    QFETCH(const int, status);
-    QFETCH(const QString, fault);
-    const ProgramRun run = runKvprint(arguments + QStringList{dryRun, mSite.document()});
-    QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(u"kvprint: "_s) && run.errors.contains(fault),
-             qPrintable(run.errors));
-    QCOMPARE(run.output, QString());
+    QVERIFY(run.tells(u"kvprint: /nowhere/later.pdf: No such file or directory"_s));
 }
 
 void tst_dryrun::printerWithoutAPPD()
 {
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+    QVERIFY(addPrinter(u"bare"_s, {}));
     const QStringList bare{u"-d"_s, u"bare"_s, dryRun, u"-o"_s, u"KvMirror=ON"_s};
     const ProgramRun run = runKvprint(bare + QStringList{u"a.txt"_s});
     QCOMPARE(run.status, 0);
@@ -355,8 +300,7 @@ void tst_dryrun::printerWithoutAPPD()
     const ProgramRun preset =
         runKvprint(bare + QStringList{u"--preset"_s, u"SPMROnOff"_s, u"a.txt"_s});
     QCOMPARE(preset.status, 2);
-    QVERIFY2(preset.errors.contains(u"the printer bare has no PPD, and so no presets"),
-             qPrintable(preset.errors));
+    QVERIFY(preset.tells(u"the printer bare has no PPD, and so no presets"_s));
 }
 
 void tst_dryrun::unknownOptionsOfAPPDAlone()
@@ -375,7 +319,7 @@ void tst_dryrun::outputThatCannotBeWritten()
     const ProgramRun run =
         runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_s)));
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
+    QVERIFY(run.tells(u"No space left on device"_s));
 }
 
 KV_TEST(tst_dryrun)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ProgramRun.h"
 
 #include <QFile>
@@ -9,7 +9,7 @@
 #include <QTest>
 
 namespace {
-const QString list = QStringLiteral("--list");
+const QString list = u"--list"_s;
 
 /// The printers of a list in JSON; none when it is no such list.
 QJsonArray printersIn(const ProgramRun &run)
@@ -53,14 +53,11 @@ QStringList rangeOf(int first, int last)
 } // namespace
 
 /// The list of printers, their options and their presets.
-class tst_list : public QObject
+class tst_list : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-
     void allPrinters();
     void onePrinter();
     void optionsOfThePanelComeFirst();
@@ -73,8 +70,6 @@ private Q_SLOTS:
     void tableOfAPPD();
     void tableOfPrinters();
     void printerWithoutAPPD();
-    void unknownPrinter();
-    void missingPPD();
     void schedulerThatDoesNotAnswer();
     void printerWhosePPDIsBroken();
     void outputThatCannotBeWritten();
@@ -82,19 +77,7 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     /// The object of a queue in the list of that queue alone.
     static QJsonObject printer(const QString &name);
-
-    PrintingSite mSite;
 };
-
-void tst_list::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-void tst_list::init()
-{
-    QVERIFY(mSite.saveUserOptions(""));
-}
 
 QJsonObject tst_list::printer(const QString &name)
 {
@@ -283,8 +266,7 @@ void tst_list::tableOfPrinters()
 
 void tst_list::printerWithoutAPPD()
 {
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_s, {}, &error), qPrintable(error));
+    QVERIFY(addPrinter(u"raw"_s, {}));
     const QJsonObject raw = printer(u"raw"_s);
     QVERIFY(mSite.scheduler().jobIds().isEmpty());
     QCOMPARE(raw.value(u"name").toString(), u"raw"_s);
@@ -297,47 +279,26 @@ void tst_list::printerWithoutAPPD()
     QVERIFY2(!table.errors.contains(u"kvprint: "), qPrintable(table.errors));
 }
 
-void tst_list::unknownPrinter()
-{
-    const ProgramRun run = runKvprint({list, u"-d"_s, u"nowhere"_s});
-    QCOMPARE(run.status, 3);
-    QCOMPARE(run.output, QString());
-    QVERIFY2(run.errors.contains(u"kvprint: there is no printer nowhere; the printers are: all, "),
-             qPrintable(run.errors));
-}
-
-void tst_list::missingPPD()
-{
-    const ProgramRun run = runKvprint({list, u"--ppd"_s, u"/nowhere.ppd"_s});
-    QCOMPARE(run.status, 3);
-    QCOMPARE(run.output, QString());
-    QVERIFY2(run.errors.contains(u"kvprint: /nowhere.ppd: No such file or directory"),
-             qPrintable(run.errors));
-}
-
 void tst_list::schedulerThatDoesNotAnswer()
 {
     for (const QStringList &more : {QStringList{}, QStringList{u"--json"_s}}) {
         const ProgramRun run = runKvprint(QStringList{list} + more, {{}, {noScheduler}});
         QCOMPARE(run.status, 3);
         QCOMPARE(run.output, QString());
-        QVERIFY2(run.errors.contains(u"kvprint: no print scheduler answers at 127.0.0.1"),
-                 qPrintable(run.errors));
+        QVERIFY(run.tells(u"kvprint: no print scheduler answers at 127.0.0.1"_s));
     }
 }
 
 void tst_list::printerWhosePPDIsBroken()
 {
-    QString error;
     const QString tape = PrintingSite::ppdPath(u"tape"_s);
-    QVERIFY2(mSite.scheduler().addPrinter(u"spoilt"_s, tape, &error), qPrintable(error));
+    QVERIFY(addPrinter(u"spoilt"_s, tape));
     QFile ppd(mSite.scheduler().folder() + u"/etc/ppd/spoilt.ppd"_s);
     QVERIFY(ppd.open(QIODevice::WriteOnly) && ppd.write("no PPD\n") > 0);
     ppd.close();
     const ProgramRun run = runKvprint({list, u"--json"_s});
     QCOMPARE(run.status, 0);
-    QVERIFY2(run.errors.contains(u"kvprint: PPD of spoilt: line 1: Missing asterisk in column 1"),
-             qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: PPD of spoilt: line 1: Missing asterisk in column 1"_s));
     const QJsonArray printers = printersIn(run);
     QVERIFY(named(printers, u"spoilt"_s).value(u"options").toArray().isEmpty());
     QVERIFY(!named(printers, u"tape"_s).value(u"options").toArray().isEmpty());
@@ -350,7 +311,7 @@ void tst_list::outputThatCannotBeWritten()
     const ProgramRun run =
         runInShell(line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"label"_s)));
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"No space left on device"), qPrintable(run.errors));
+    QVERIFY(run.tells(u"No space left on device"_s));
 }
 
 KV_TEST(tst_list)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ProgramRun.h"
 #include "SchedulerProxy.h"
 
@@ -9,7 +9,7 @@
 
 /// What kvprint without a dialog asks the scheduler, and what becomes of a job when the scheduler
 /// answers no more.
-class tst_scheduler : public QObject
+class tst_scheduler : public PrintingTest
 {
     Q_OBJECT
 
@@ -27,7 +27,6 @@ private Q_SLOTS:
     void silenceLeavesNoHalfJob();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
     QString mDocument;
     QString mOther;
 };
@@ -46,26 +45,23 @@ ProgramRun runAt(const SchedulerProxy &proxy, const QStringList &arguments)
 
 void tst_scheduler::initTestCase()
 {
-    QCOMPARE(mSite.open(), QString());
+    PrintingTest::initTestCase();
     mDocument = mSite.document();
-    mOther = mSite.document(QStringLiteral("other.txt"));
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"bare"_s, {}, &error), qPrintable(error));
+    mOther = mSite.document(u"other.txt"_s);
+    QVERIFY(addPrinter(u"bare"_s, {}));
 }
 
 void tst_scheduler::requestsAreFew_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("requests");
+    const TestTable<QStringList, int> table("arguments", "requests");
     const auto printers = int(PrintingSite::printers().size()) + 1;
-    QTest::newRow("job") << atPrinter(u"tape"_s, {mDocument}) << toChoose + toRead + 2;
-    QTest::newRow("job of two files")
-        << atPrinter(u"tape"_s, {mDocument, mOther}) << toChoose + toRead + 3;
-    QTest::newRow("job at a printer without a PPD")
-        << atPrinter(u"bare"_s, {mDocument}) << toChoose + toRead + 2;
-    QTest::newRow("dry run") << QStringList{u"--dry-run"_s, mDocument} << toChoose + toRead;
-    QTest::newRow("a printer") << QStringList{u"--list"_s, u"-d"_s, u"tape"_s} << toChoose + toRead;
-    QTest::newRow("all printers") << QStringList{u"--list"_s} << toChoose + printers * toRead;
+    table.add("job", atPrinter(u"tape"_s, {mDocument}), toChoose + toRead + 2);
+    table.add("job of two files", atPrinter(u"tape"_s, {mDocument, mOther}), toChoose + toRead + 3);
+    table.add("job at a printer without a PPD", atPrinter(u"bare"_s, {mDocument}),
+              toChoose + toRead + 2);
+    table.add("dry run", {u"--dry-run"_s, mDocument}, toChoose + toRead);
+    table.add("a printer", {u"--list"_s, u"-d"_s, u"tape"_s}, toChoose + toRead);
+    table.add("all printers", {u"--list"_s}, toChoose + printers * toRead);
 }
 
 void tst_scheduler::requestsAreFew()
@@ -110,9 +106,9 @@ void tst_scheduler::ppdForKnownUsersAlone()
 
 void tst_scheduler::halfAPPDIsNoOptions_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("dry run") << QStringList{u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument};
-    QTest::newRow("list") << QStringList{u"--list"_s};
+    const TestTable<QStringList> table("arguments");
+    table.add("dry run", {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument});
+    table.add("list", {u"--list"_s});
 }
 
 void tst_scheduler::halfAPPDIsNoOptions()
@@ -122,8 +118,7 @@ void tst_scheduler::halfAPPDIsNoOptions()
     proxy.cutPPDsAfter(1000);
     const ProgramRun run = runAt(proxy, arguments);
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"PPD of tape: the scheduler's answer breaks off"_s),
-             qPrintable(run.errors));
+    QVERIFY(run.tells(u"PPD of tape: the scheduler's answer breaks off"_s));
 }
 
 void tst_scheduler::brokenConnectionIsNoMissingPrinter_data()
@@ -141,23 +136,21 @@ void tst_scheduler::brokenConnectionIsNoMissingPrinter()
     proxy.breakOffAfter(answered);
     const ProgramRun run = runAt(proxy, {u"--dry-run"_s, u"-d"_s, u"tape"_s, mDocument});
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"breaks off"_s), qPrintable(run.errors));
+    QVERIFY(run.tells(u"breaks off"_s));
 }
 
 void tst_scheduler::silenceLeavesNoHalfJob_data()
 {
-    QTest::addColumn<int>("answered");
-    QTest::addColumn<QStringList>("states");
+    const TestTable<int, QStringList> table("answered", "states");
     constexpr int toPrepare = toChoose + toRead;
     for (int answered = 0; answered < toPrepare; ++answered) {
         QTest::addRow("before there is a job, behind answer %d", answered)
             << answered << QStringList();
     }
     // Without a document there is nothing to print.
-    QTest::newRow("the job's number is not told") << toPrepare << QStringList{u"pending-held"_s};
-    QTest::newRow("behind the first file") << toPrepare + 1 << QStringList{u"canceled"_s};
-    QTest::newRow("behind the last file")
-        << toPrepare + 2 << QStringList{u"canceled"_s, u"completed"_s};
+    table.add("the job's number is not told", toPrepare, {u"pending-held"_s});
+    table.add("behind the first file", toPrepare + 1, {u"canceled"_s});
+    table.add("behind the last file", toPrepare + 2, {u"canceled"_s, u"completed"_s});
 }
 
 void tst_scheduler::silenceLeavesNoHalfJob()

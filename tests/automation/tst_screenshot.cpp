@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ProgramRun.h"
 
 #include <QDir>
@@ -9,7 +9,7 @@
 #include <QTest>
 
 namespace {
-const QString o = QStringLiteral("-o");
+const QString o = u"-o"_s;
 
 /// How many colours a picture has.
 qsizetype coloursIn(const QImage &picture)
@@ -25,14 +25,11 @@ qsizetype coloursIn(const QImage &picture)
 } // namespace
 
 /// Pictures of the panel.
-class tst_screenshot : public QObject
+class tst_screenshot : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-
     void size_data();
     void size();
     void optionsAreShown();
@@ -47,19 +44,8 @@ private: // NOLINT(readability-redundant-access-specifiers)
     /// The panel's picture; null when none was written or it is no PNG.
     QImage picture(const QStringList &arguments);
 
-    PrintingSite mSite;
     ProgramRun mRun;
 };
-
-void tst_screenshot::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-void tst_screenshot::init()
-{
-    QVERIFY(mSite.saveUserOptions(""));
-}
 
 QImage tst_screenshot::picture(const QStringList &arguments)
 {
@@ -71,12 +57,10 @@ QImage tst_screenshot::picture(const QStringList &arguments)
 
 void tst_screenshot::size_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("nine options") << u"all"_s << QSize(480, 292);
-    QTest::newRow("without cut every, cut at end and cut marks")
-        << u"tape"_s << QSize(480, 292 - 4 * 26);
-    QTest::newRow("labels") << u"label"_s << QSize(480, 150);
+    const TestTable<QString, QSize> table("printer", "size");
+    table.add("nine options", u"all"_s, QSize(480, 292));
+    table.add("without cut every, cut at end and cut marks", u"tape"_s, QSize(480, 292 - 4 * 26));
+    table.add("labels", u"label"_s, QSize(480, 150));
 }
 
 void tst_screenshot::size()
@@ -137,28 +121,25 @@ void tst_screenshot::pictureForAnotherProgram()
 
 void tst_screenshot::refused_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("fault");
+    const TestTable<QStringList, QString, int, QString> table("arguments", "file", "status",
+                                                              "fault");
     const QStringList tape{u"--ppd"_s, PrintingSite::ppdPath(u"tape"_s)};
     const QString file = mSite.path(u"none.png"_s);
     const QString nowhere = mSite.path(u"nowhere/none.png"_s);
     const QString folder = QFileInfo(file).path();
     const QString unwritten = u": the picture could not be written"_s;
-    QTest::newRow("no such folder") << tape << nowhere << 3 << nowhere + unwritten;
-    QTest::newRow("a folder") << tape << folder << 3 << folder + unwritten;
-    QTest::newRow("printer without the panel's options")
-        << QStringList{u"-d"_s, u"plain"_s} << file << 3 << u"the printer has no panel"_s;
-    QTest::newRow("unknown printer")
-        << QStringList{u"-d"_s, u"nowhere"_s} << file << 3 << u"there is no printer nowhere"_s;
-    QTest::newRow("missing PPD") << QStringList{u"--ppd"_s, u"/nowhere.ppd"_s} << file << 3
-                                 << u"/nowhere.ppd: No such file or directory"_s;
-    QTest::newRow("half cut on flags")
-        << tape + QStringList{o, u"media=FL21x45"_s, o, u"KvHalfCut=ON"_s} << file << 2
-        << u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s;
-    QTest::newRow("unknown preset") << tape + QStringList{u"--preset"_s, u"None"_s} << file << 2
-                                    << u"--preset None: the presets are: "_s;
+    table.add("no such folder", tape, nowhere, 3, nowhere + unwritten);
+    table.add("a folder", tape, folder, 3, folder + unwritten);
+    table.add("printer without the panel's options", {u"-d"_s, u"plain"_s}, file, 3,
+              u"the printer has no panel"_s);
+    table.add("unknown printer", {u"-d"_s, u"nowhere"_s}, file, 3,
+              u"there is no printer nowhere"_s);
+    table.add("missing PPD", {u"--ppd"_s, u"/nowhere.ppd"_s}, file, 3,
+              u"/nowhere.ppd: No such file or directory"_s);
+    table.add("half cut on flags", tape + QStringList{o, u"media=FL21x45"_s, o, u"KvHalfCut=ON"_s},
+              file, 2, u"KvHalfCut=ON cannot be chosen on the paper FL21x45"_s);
+    table.add("unknown preset", tape + QStringList{u"--preset"_s, u"None"_s}, file, 2,
+              u"--preset None: the presets are: "_s);
 }
 
 void tst_screenshot::refused()
@@ -169,7 +150,7 @@ void tst_screenshot::refused()
     QFETCH(const QString, fault);
     const ProgramRun run = runKvprint(arguments + QStringList{u"--screenshot"_s, file});
     QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(u"kvprint: "_s + fault), qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: "_s + fault));
     QVERIFY(!QFileInfo(file).isFile());
 }
 
@@ -180,8 +161,7 @@ void tst_screenshot::noRoomForThePicture()
     const ProgramRun run = runInShell(
         line.arg(QStringLiteral(KV_PRINT_PROGRAM), PrintingSite::ppdPath(u"tape"_s), file));
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(file + u": the picture could not be written: "_s),
-             qPrintable(run.errors));
+    QVERIFY(run.tells(file + u": the picture could not be written: "_s));
     QVERIFY(!QFileInfo(file).size());
 }
 

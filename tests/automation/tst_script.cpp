@@ -134,8 +134,7 @@ void tst_script::showTellsTheDefaultsOnce()
 
 void tst_script::hide()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QJsonObject answer = talk.ask("hide");
     QVERIFY(isOK(answer));
     QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_s, true}}));
@@ -144,8 +143,7 @@ void tst_script::hide()
 
 void tst_script::click()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QJsonObject on = talk.click("mSpecialTapeChkBx");
     QCOMPARE(membersOf(on), delivered(true));
     QCOMPARE(eventsOf(on), QStringList{u"willChange KvSpecialTape ON"_s});
@@ -159,20 +157,19 @@ void tst_script::click()
 
 void tst_script::clickThatReachesNoBox_data()
 {
-    QTest::addColumn<QString>("control");
-    QTest::newRow("hidden") << u"mCutMarkChkBx"_s;
-    QTest::newRow("disabled") << u"mHalfCutChkBx"_s;
-    QTest::newRow("no check box") << u"mOptionPopUpButton"_s;
-    QTest::newRow("a field") << u"mCutEveryTxBx"_s;
-    QTest::newRow("no control") << u"mFrobnicateChkBx"_s;
-    QTest::newRow("no name") << QString();
+    const TestTable<QString> table("control");
+    table.add("hidden", u"mCutMarkChkBx"_s);
+    table.add("disabled", u"mHalfCutChkBx"_s);
+    table.add("no check box", u"mOptionPopUpButton"_s);
+    table.add("a field", u"mCutEveryTxBx"_s);
+    table.add("no control", u"mFrobnicateChkBx"_s);
+    table.add("no name", QString());
 }
 
 void tst_script::clickThatReachesNoBox()
 {
     QFETCH(const QString, control);
-    ScriptTalk talk;
-    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
+    ShownPanel talk(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     const QByteArray before = compact(talk.state());
     const QJsonObject answer = talk.click(qPrintable(control));
     QVERIFY(isOK(answer));
@@ -183,8 +180,7 @@ void tst_script::clickThatReachesNoBox()
 
 void tst_script::preset()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     talk.click("mMirrorPrintChkBx");
     // Auto cut, half cut and chain printing.
     const QJsonObject answer = picked(talk, 12);
@@ -206,8 +202,7 @@ void tst_script::preset()
 
 void tst_script::presetThatCannotBePicked()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
+    ShownPanel talk(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     const QByteArray before = compact(talk.state());
     // Not in the menu, never in one, and greyed on flags.
     for (const int tag : {4, 0, -1, 18, 7, 13}) {
@@ -223,26 +218,24 @@ void tst_script::presetThatCannotBePicked()
 
 void tst_script::type_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("count");
-    QTest::newRow("a count") << u"42"_s << 42;
-    QTest::newRow("the same count") << u"1"_s << 1;
-    QTest::newRow("the largest") << u"99"_s << 99;
-    QTest::newRow("too large") << u"100"_s << 99;
-    QTest::newRow("none") << u"0"_s << 1;
-    QTest::newRow("negative") << u"-7"_s << 1;
-    QTest::newRow("no number") << u"many"_s << 1;
-    QTest::newRow("a number in front") << u"7 labels"_s << 7;
-    QTest::newRow("nothing") << QString() << 1;
-    QTest::newRow("letters of the world") << u"größer"_s << 1;
+    const TestTable<QString, int> table("text", "count");
+    table.add("a count", u"42"_s, 42);
+    table.add("the same count", u"1"_s, 1);
+    table.add("the largest", u"99"_s, 99);
+    table.add("too large", u"100"_s, 99);
+    table.add("none", u"0"_s, 1);
+    table.add("negative", u"-7"_s, 1);
+    table.add("no number", u"many"_s, 1);
+    table.add("a number in front", u"7 labels"_s, 7);
+    table.add("nothing", QString(), 1);
+    table.add("letters of the world", u"größer"_s, 1);
 }
 
 void tst_script::type()
 {
     QFETCH(const QString, text);
     QFETCH(const int, count);
-    ScriptTalk talk;
-    talk.show(u"label"_s);
+    ShownPanel talk(u"label"_s);
     const QJsonObject answer = typed(talk, text);
     QCOMPARE(membersOf(answer), delivered(true));
     QCOMPARE(eventsOf(answer), QStringList{u"willChange KvCutLabel %1"_s.arg(count)});
@@ -253,8 +246,7 @@ void tst_script::type()
 
 void tst_script::step()
 {
-    ScriptTalk talk;
-    talk.show(u"label"_s);
+    ShownPanel talk(u"label"_s);
     const QJsonObject up = stepped(talk, 1);
     QCOMPARE(membersOf(up), delivered(true));
     QCOMPARE(eventsOf(up), QStringList{u"willChange KvCutLabel 2"_s});
@@ -284,8 +276,7 @@ void tst_script::countThatCannotBeChanged()
 
 void tst_script::paperChangesTheRules()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QJsonObject answer = talk.paper(u"FL21x45"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(membersOf(answer), QJsonObject());
@@ -304,8 +295,7 @@ void tst_script::paperChangesTheRules()
 
 void tst_script::paperHeight()
 {
-    ScriptTalk talk;
-    talk.show(u"all"_s);
+    ShownPanel talk(u"all"_s);
     const auto tapeState = [&talk](const QJsonObject &paper) {
         talk.ask("paper", paper);
         talk.ask("save");
@@ -323,8 +313,7 @@ void tst_script::paperHeight()
 
 void tst_script::paperWithoutAName()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
+    ShownPanel talk(u"tape"_s, {{u"paper"_s, u"FL21x45"_s}});
     QVERIFY(isOK(talk.paper(QString())));
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(true));
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
@@ -332,8 +321,7 @@ void tst_script::paperWithoutAName()
 
 void tst_script::choose()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QJsonObject answer = chosen(talk, u"KvHalfCut"_s, u"ON"_s);
     QVERIFY(isOK(answer));
     QCOMPARE(membersOf(answer), QJsonObject());
@@ -347,8 +335,7 @@ void tst_script::choose()
 
 void tst_script::chooseReachesTheControlsWithRestore()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     chosen(talk, u"KvHalfCut"_s, u"ON"_s);
     QCOMPARE(talk.box("mHalfCutChkBx"), 0);
     talk.ask("restore");
@@ -357,8 +344,7 @@ void tst_script::chooseReachesTheControlsWithRestore()
 
 void tst_script::chooseWhatThePrinterLacks()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QByteArray before = compact(talk.state());
     QCOMPARE(errorOf(chosen(talk, u"KvHalfCut"_s, u"MAYBE"_s)),
              u"the printer's PPD has no choice KvHalfCut=MAYBE"_s);
@@ -370,8 +356,7 @@ void tst_script::chooseWhatThePrinterLacks()
 
 void tst_script::saveAndRestore()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     // Auto cut and chain printing.
     picked(talk, 10);
     const QJsonObject saved = talk.ask("save");
@@ -391,8 +376,7 @@ void tst_script::saveAndRestore()
 
 void tst_script::keys()
 {
-    ScriptTalk talk;
-    talk.show(u"follow"_s);
+    ShownPanel talk(u"follow"_s);
     const QJsonObject answer = talk.ask("keys");
     QVERIFY(isOK(answer));
     QCOMPARE(compact(membersOf(answer)),
@@ -417,8 +401,7 @@ void tst_script::keysBeforeTheView()
 
 void tst_script::print()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QJsonObject answer = talk.ask("print");
     QCOMPARE(membersOf(answer), QJsonObject({{u"answer"_s, true}}));
     QCOMPARE(eventsOf(answer), QStringList());
@@ -438,8 +421,7 @@ void tst_script::printTellsUnmarkedOptions()
 
 void tst_script::summary()
 {
-    ScriptTalk talk;
-    talk.show(u"follow"_s);
+    ShownPanel talk(u"follow"_s);
     talk.click("mMirrorPrintChkBx");
     typed(talk, u"7"_s);
     const QJsonObject answer = talk.ask("summary");
@@ -465,8 +447,7 @@ void tst_script::screenshot()
         const QJsonObject answer = talk.ask("screenshot", {{u"file"_s, file}});
         return isOK(answer) && membersOf(answer).isEmpty() ? QImage(file, "PNG") : QImage();
     };
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     const QImage before = picture(talk);
     const QJsonObject size = talk.state("view").toObject();
     QCOMPARE(before.size(), QSize(size.value(u"width").toInt(), size.value(u"height").toInt()));
@@ -485,8 +466,7 @@ void tst_script::screenshot()
 
 void tst_script::closeAndOpenAgain()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     talk.click("mHalfCutChkBx");
     const QJsonObject answer = talk.ask("close");
     QVERIFY(isOK(answer));

@@ -46,8 +46,7 @@ void tst_scriptevents::eventsComeInOrder()
 
 void tst_scriptevents::eventsComeOnce()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     NSBeep();
     // What has happened is told by an error as well.
     const QJsonObject error = talk.ask("frobnicate");
@@ -93,8 +92,7 @@ void tst_scriptevents::beepsAreSoundedAgainAfterwards()
 
 void tst_scriptevents::alertIsAnsweredAtOnce()
 {
-    ScriptTalk talk;
-    talk.show(u"follow"_s, {{u"paper"_s, u"HS12x100"_s}});
+    ShownPanel talk(u"follow"_s, {{u"paper"_s, u"HS12x100"_s}});
     QCOMPARE(eventsOf(talk.click("mCutEveryChkBx")),
              QStringList{u"willChange KvAutoTapeCut OFF"_s});
     const QJsonObject answer = talk.click("mCutEveryChkBx");
@@ -110,8 +108,7 @@ void tst_scriptevents::alertIsAnsweredAtOnce()
 
 void tst_scriptevents::alertOfAnyPanel()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     int answered = -1;
     QTimer::singleShot(0, qApp, [&answered] {
         QMessageBox alert(QMessageBox::Warning, u"title"_s, u"text"_s);

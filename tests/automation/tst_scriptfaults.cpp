@@ -83,44 +83,44 @@ QString tst_scriptfaults::errorAt(Stage stage, const QByteArray &line)
 
 void tst_scriptfaults::lineThatIsNoRequest_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::newRow("nothing") << QByteArray("");
-    QTest::newRow("line's end alone") << QByteArray("\n");
-    QTest::newRow("spaces") << QByteArray("  \t\r\n");
-    QTest::newRow("an empty object") << QByteArray("{}");
-    QTest::newRow("half an object") << QByteArray(R"({"cmd":"close")");
-    QTest::newRow("an object and more") << QByteArray(R"({"cmd":"close"} {"cmd":"close"})");
+    const TestTable<QByteArray> table("line");
+    table.add("nothing", "");
+    table.add("line's end alone", "\n");
+    table.add("spaces", "  \t\r\n");
+    table.add("an empty object", "{}");
+    table.add("half an object", QByteArray(R"({"cmd":"close")"));
+    table.add("an object and more", QByteArray(R"({"cmd":"close"} {"cmd":"close"})"));
     QTest::newRow("a comment") << QByteArray(R"({"cmd":"close"} // the end)");
-    QTest::newRow("an array") << QByteArray(R"([{"cmd":"close"}])");
-    QTest::newRow("an empty array") << QByteArray("[]");
-    QTest::newRow("a number") << QByteArray("7");
-    QTest::newRow("a text") << QByteArray(R"("close")");
-    QTest::newRow("null") << QByteArray("null");
-    QTest::newRow("true") << QByteArray("true");
-    QTest::newRow("a word") << QByteArray("close");
-    QTest::newRow("single quotes") << QByteArray("{'cmd':'close'}");
-    QTest::newRow("a comma at the end") << QByteArray(R"({"cmd":"close",})");
-    QTest::newRow("no text") << QByteArray(R"({"cmd":7})");
-    QTest::newRow("null command") << QByteArray(R"({"cmd":null})");
-    QTest::newRow("unknown command") << QByteArray(R"({"cmd":"frobnicate"})");
-    QTest::newRow("empty command") << QByteArray(R"({"cmd":""})");
-    QTest::newRow("capital letter") << QByteArray(R"({"cmd":"Close"})");
-    QTest::newRow("capital member") << QByteArray(R"({"Cmd":"close"})");
-    QTest::newRow("space behind the command") << QByteArray(R"({"cmd":"close "})");
-    QTest::newRow("command with a NUL") << QByteArray(R"({"cmd":"close\u0000"})");
-    QTest::newRow("NUL behind the object") << QByteArray("{\"cmd\":\"close\"}\0", 16);
-    QTest::newRow("NUL before the object") << QByteArray("\0{\"cmd\":\"close\"}", 16);
-    QTest::newRow("NULs") << QByteArray(100, '\0');
-    QTest::newRow("binary bytes") << QByteArray("\x89PNG\r\x1a\xff\xfe\x80\x00\x01", 12);
-    QTest::newRow("a text that is no UTF-8") << QByteArray("{\"cmd\":\"clo\xffse\"}");
-    QTest::newRow("half a surrogate pair") << QByteArray(R"({"cmd":"\ud800"})");
-    QTest::newRow("1 MiB of a letter") << QByteArray(mebibyte, 'x');
-    QTest::newRow("1 MiB of spaces") << QByteArray(mebibyte, ' ');
-    QTest::newRow("1 MiB of a command") << "{\"cmd\":\"" + QByteArray(mebibyte, 'x') + "\"}";
-    QTest::newRow("1 MiB of open arrays") << QByteArray(mebibyte, '[');
-    QTest::newRow("deep arrays") << QByteArray(100'000, '[') + QByteArray(100'000, ']');
-    QTest::newRow("deep objects") << QByteArray("{\"cmd\":").repeated(100'000) + "7" +
-                                         QByteArray(100'000, '}');
+    table.add("an array", QByteArray(R"([{"cmd":"close"}])"));
+    table.add("an empty array", "[]");
+    table.add("a number", "7");
+    table.add("a text", QByteArray(R"("close")"));
+    table.add("null", "null");
+    table.add("true", "true");
+    table.add("a word", "close");
+    table.add("single quotes", "{'cmd':'close'}");
+    table.add("a comma at the end", QByteArray(R"({"cmd":"close",})"));
+    table.add("no text", QByteArray(R"({"cmd":7})"));
+    table.add("null command", QByteArray(R"({"cmd":null})"));
+    table.add("unknown command", QByteArray(R"({"cmd":"frobnicate"})"));
+    table.add("empty command", QByteArray(R"({"cmd":""})"));
+    table.add("capital letter", QByteArray(R"({"cmd":"Close"})"));
+    table.add("capital member", QByteArray(R"({"Cmd":"close"})"));
+    table.add("space behind the command", QByteArray(R"({"cmd":"close "})"));
+    table.add("command with a NUL", QByteArray(R"({"cmd":"close\u0000"})"));
+    table.add("NUL behind the object", QByteArray("{\"cmd\":\"close\"}\0", 16));
+    table.add("NUL before the object", QByteArray("\0{\"cmd\":\"close\"}", 16));
+    table.add("NULs", QByteArray(100, '\0'));
+    table.add("binary bytes", QByteArray("\x89PNG\r\x1a\xff\xfe\x80\x00\x01", 12));
+    table.add("a text that is no UTF-8", "{\"cmd\":\"clo\xffse\"}");
+    table.add("half a surrogate pair", QByteArray(R"({"cmd":"\ud800"})"));
+    table.add("1 MiB of a letter", QByteArray(mebibyte, 'x'));
+    table.add("1 MiB of spaces", QByteArray(mebibyte, ' '));
+    table.add("1 MiB of a command", "{\"cmd\":\"" + QByteArray(mebibyte, 'x') + "\"}");
+    table.add("1 MiB of open arrays", QByteArray(mebibyte, '['));
+    table.add("deep arrays", QByteArray(100'000, '[') + QByteArray(100'000, ']'));
+    table.add("deep objects",
+              QByteArray("{\"cmd\":").repeated(100'000) + "7" + QByteArray(100'000, '}'));
 }
 
 void tst_scriptfaults::lineThatIsNoRequest()
@@ -164,41 +164,37 @@ void tst_scriptfaults::memberOfAWrongType()
 {
     QFETCH(const int, stage);
     QFETCH(const QByteArray, line);
-    QFETCH(const QString, fault);
     QByteArray whole = line;
     if (!line.contains("\"ppd\"") && !line.contains("\"printer\"") && line.contains("\"open\"")) {
         const QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_s));
         whole.insert(1, "\"ppd\":" + ppd + ',');
     }
-    QCOMPARE(errorAt(Stage(stage), whole), fault);
+    QTEST(errorAt(Stage(stage), whole), "fault");
 }
 
 void tst_scriptfaults::memberThatIsMissing_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("fault");
-    const auto add = [](const char *name, const QByteArray &line, const QString &fault) {
-        QTest::newRow(name) << line << fault;
-    };
+    const TestTable<QByteArray, QString> table("line", "fault");
     const QString text = u"\"%1\" has to be a text"_s;
-    add("click", R"({"cmd":"click"})", text.arg(u"control"_s));
-    add("type", R"({"cmd":"type"})", text.arg(u"text"_s));
-    add("screenshot", R"({"cmd":"screenshot"})", text.arg(u"file"_s));
-    add("preset", R"({"cmd":"preset"})", u"\"tag\" has to be a whole number"_s);
-    add("paper", R"({"cmd":"paper"})", u"\"name\" has to be a text or null"_s);
-    add("paper with a height alone", R"({"cmd":"paper","height":100})",
-        u"\"name\" has to be a text or null"_s);
-    add("paper with an odd height", R"({"cmd":"paper","name":"FL21x45","height":"100"})",
-        u"\"height\" has to be a number"_s);
-    add("choose", R"({"cmd":"choose"})", text.arg(u"key"_s));
-    add("choose without a choice", R"({"cmd":"choose","key":"KvHalfCut"})", text.arg(u"choice"_s));
-    add("choose without a key", R"({"cmd":"choose","choice":"ON"})", text.arg(u"key"_s));
+    table.add("click", R"({"cmd":"click"})", text.arg(u"control"_s));
+    table.add("type", R"({"cmd":"type"})", text.arg(u"text"_s));
+    table.add("screenshot", R"({"cmd":"screenshot"})", text.arg(u"file"_s));
+    table.add("preset", R"({"cmd":"preset"})", u"\"tag\" has to be a whole number"_s);
+    table.add("paper", R"({"cmd":"paper"})", u"\"name\" has to be a text or null"_s);
+    table.add("paper with a height alone", R"({"cmd":"paper","height":100})",
+              u"\"name\" has to be a text or null"_s);
+    table.add("paper with an odd height", R"({"cmd":"paper","name":"FL21x45","height":"100"})",
+              u"\"height\" has to be a number"_s);
+    table.add("choose", R"({"cmd":"choose"})", text.arg(u"key"_s));
+    table.add("choose without a choice", R"({"cmd":"choose","key":"KvHalfCut"})",
+              text.arg(u"choice"_s));
+    table.add("choose without a key", R"({"cmd":"choose","choice":"ON"})", text.arg(u"key"_s));
     const QString one = u"\"by\" has to be 1 or -1"_s;
     for (const char *value : {"0", "2", "-2"}) {
         QTest::addRow("step by %s", value) << line("step", "by", value) << one;
     }
     const QString whole = u"\"by\" has to be a whole number"_s;
-    add("step", R"({"cmd":"step"})", whole);
+    table.add("step", R"({"cmd":"step"})", whole);
     for (const char *value : {"0.5", "\"1\"", "null", "true"}) {
         QTest::addRow("step by %s", value) << line("step", "by", value) << whole;
     }
@@ -207,27 +203,24 @@ void tst_scriptfaults::memberThatIsMissing_data()
 void tst_scriptfaults::memberThatIsMissing()
 {
     QFETCH(const QByteArray, line);
-    QFETCH(const QString, fault);
-    QCOMPARE(errorAt(Viewed, line), fault);
+    QTEST(errorAt(Viewed, line), "fault");
 }
 
 void tst_scriptfaults::memberThatIsUnknown_data()
 {
-    QTest::addColumn<int>("stage");
-    QTest::addColumn<QByteArray>("line");
+    const TestTable<int, QByteArray> table("stage", "line");
     const QByteArray open =
         R"({"cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_s)) + R"(,"PPD":"a"})";
-    QTest::newRow("open") << int(Closed) << open;
-    QTest::newRow("click") << int(Viewed)
-                           << QByteArray(R"({"cmd":"click","control":"mHalfCutChkBx","by":1})");
-    QTest::newRow("preset") << int(Viewed) << QByteArray(R"({"cmd":"preset","tag":5,"Tag":5})");
-    QTest::newRow("paper") << int(Open) << QByteArray(R"({"cmd":"paper","name":null,"size":1})");
-    QTest::newRow("choose") << int(Open)
-                            << QByteArray(
-                                   R"({"cmd":"choose","key":"KvHalfCut","choice":"ON","":1})");
+    table.add("open", int(Closed), open);
+    table.add("click", int(Viewed),
+              QByteArray(R"({"cmd":"click","control":"mHalfCutChkBx","by":1})"));
+    table.add("preset", int(Viewed), QByteArray(R"({"cmd":"preset","tag":5,"Tag":5})"));
+    table.add("paper", int(Open), QByteArray(R"({"cmd":"paper","name":null,"size":1})"));
+    table.add("choose", int(Open),
+              QByteArray(R"({"cmd":"choose","key":"KvHalfCut","choice":"ON","":1})"));
     for (const char *command : {"close", "view", "show", "hide", "save", "restore", "keys", "print",
                                 "summary", "state"}) {
-        QTest::newRow(command) << int(Open) << line(command, "file", "\"a\"");
+        table.add(command, int(Open), line(command, "file", "\"a\""));
     }
 }
 
@@ -241,8 +234,7 @@ void tst_scriptfaults::memberThatIsUnknown()
 
 void tst_scriptfaults::commandOutOfPlace_data()
 {
-    QTest::addColumn<int>("stage");
-    QTest::addColumn<QByteArray>("line");
+    const TestTable<int, QByteArray> table("stage", "line");
     const QByteArray control = R"("control":"mHalfCutChkBx")";
     const QByteArray openTape =
         R"("cmd":"open","ppd":)" + compact(PrintingSite::ppdPath(u"tape"_s));
@@ -271,8 +263,8 @@ void tst_scriptfaults::commandOutOfPlace_data()
                 << stage << '{' + members + '}';
         }
     }
-    QTest::newRow("open twice") << int(Open) << '{' + openTape + '}';
-    QTest::newRow("open twice, behind the view") << int(Viewed) << '{' + openTape + '}';
+    table.add("open twice", int(Open), '{' + openTape + '}');
+    table.add("open twice, behind the view", int(Viewed), '{' + openTape + '}');
 }
 
 void tst_scriptfaults::commandOutOfPlace()
@@ -285,20 +277,18 @@ void tst_scriptfaults::commandOutOfPlace()
 
 void tst_scriptfaults::textWithANullCharacter_data()
 {
-    QTest::addColumn<int>("stage");
-    QTest::addColumn<QByteArray>("line");
+    const TestTable<int, QByteArray> table("stage", "line");
     // Neither a file nor a choice has such a name, whatever comes in front of it.
     QByteArray ppd = compact(PrintingSite::ppdPath(u"tape"_s));
     ppd.chop(1);
     QByteArray picture = compact(mFolder.filePath(u"panel.png"_s));
     picture.chop(1);
-    QTest::newRow("PPD") << int(Closed) << line("open", "ppd", ppd + R"(\u0000x")");
-    QTest::newRow("key") << int(Open)
-                         << QByteArray(R"({"cmd":"choose","key":"KvHalfCut\u0000","choice":"ON"})");
-    QTest::newRow("choice") << int(Open)
-                            << QByteArray(
-                                   R"({"cmd":"choose","key":"KvHalfCut","choice":"ON\u0000"})");
-    QTest::newRow("picture") << int(Viewed) << line("screenshot", "file", picture + R"(\u0000x")");
+    table.add("PPD", int(Closed), line("open", "ppd", ppd + R"(\u0000x")"));
+    table.add("key", int(Open),
+              QByteArray(R"({"cmd":"choose","key":"KvHalfCut\u0000","choice":"ON"})"));
+    table.add("choice", int(Open),
+              QByteArray(R"({"cmd":"choose","key":"KvHalfCut","choice":"ON\u0000"})"));
+    table.add("picture", int(Viewed), line("screenshot", "file", picture + R"(\u0000x")"));
 }
 
 void tst_scriptfaults::textWithANullCharacter()
@@ -310,10 +300,10 @@ void tst_scriptfaults::textWithANullCharacter()
 
 void tst_scriptfaults::openWhatIsWrongInPart_data()
 {
-    QTest::addColumn<QJsonObject>("members");
-    QTest::newRow("settings") << QJsonObject{{u"settings"_s, u"/nowhere.plist"_s}};
-    QTest::newRow("bundle") << QJsonObject{{u"bundle"_s, u"/nowhere.pde"_s}};
-    QTest::newRow("PPD") << QJsonObject{{u"ppd"_s, u"/nowhere.ppd"_s}};
+    const TestTable<QJsonObject> table("members");
+    table.add("settings", {{u"settings"_s, u"/nowhere.plist"_s}});
+    table.add("bundle", {{u"bundle"_s, u"/nowhere.pde"_s}});
+    table.add("PPD", {{u"ppd"_s, u"/nowhere.ppd"_s}});
 }
 
 void tst_scriptfaults::openWhatIsWrongInPart()
@@ -338,8 +328,7 @@ void tst_scriptfaults::spacesAndOrderAreFree()
 
 void tst_scriptfaults::longLineThatIsRight()
 {
-    ScriptTalk talk;
-    talk.show(u"label"_s);
+    ShownPanel talk(u"label"_s);
     const QString digits(mebibyte, u'7');
     QVERIFY(isOK(talk.ask("type", {{u"text"_s, digits}})));
     QCOMPARE(talk.state("controls.mCutEveryTxBx.text").toString(), u"99"_s);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ScriptTalk.h"
 #include "ppd/TapeInfo.h"
 #include "printcore/PrintSettings.h"
@@ -8,14 +8,11 @@
 #include <QTest>
 
 /// What "open" opens, member by member.
-class tst_scriptopen : public QObject
+class tst_scriptopen : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-
     void kindsOfPrinters_data();
     void kindsOfPrinters();
     void defaultPaper();
@@ -50,22 +47,7 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     /// Writes print settings with a private ticket; the file's path.
     QString settingsWith(const QVariantMap &ticket) const;
-
-    PrintingSite mSite;
 };
-
-namespace {
-} // namespace
-
-void tst_scriptopen::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-void tst_scriptopen::init()
-{
-    QVERIFY(mSite.saveUserOptions(""));
-}
 
 QString tst_scriptopen::settingsWith(const QVariantMap &ticket) const
 {
@@ -76,10 +58,9 @@ QString tst_scriptopen::settingsWith(const QVariantMap &ticket) const
 
 void tst_scriptopen::kindsOfPrinters_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<bool>("isRV");
+    const TestTable<QString, bool> table("printer", "isRV");
     for (const QString &printer : PrintingSite::printers()) {
-        QTest::newRow(qPrintable(printer)) << printer << (printer == u"label");
+        table.add(qPrintable(printer), printer, (printer == u"label"));
     }
 }
 
@@ -101,46 +82,36 @@ void tst_scriptopen::kindsOfPrinters()
 
 void tst_scriptopen::defaultPaper()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     QCOMPARE(talk.state("flags.mTapeState").toInt(), 0);
     QCOMPARE(talk.state("popup.disabled").toArray().size(), 0);
 }
 
 void tst_scriptopen::paper_data()
 {
-    QTest::addColumn<QJsonObject>("members");
-    QTest::addColumn<int>("tapeState");
-    QTest::addColumn<bool>("isFlag");
+    const TestTable<QJsonObject, int, bool> table("members", "tapeState", "isFlag");
     const QString paper = u"paper"_s;
     const QString height = u"paperHeight"_s;
-    QTest::newRow("flag") << QJsonObject{{paper, u"FL21x45"_s}} << 1 << true;
-    QTest::newRow("flag of another height")
-        << QJsonObject{{paper, u"FL21x45"_s}, {height, 12.5}} << 1 << true;
-    QTest::newRow("flag of no height")
-        << QJsonObject{{paper, u"FL21x45"_s}, {height, 0}} << 0 << true;
-    QTest::newRow("custom size, whose height is not known")
-        << QJsonObject{{paper, u"Custom"_s}} << 0 << false;
-    QTest::newRow("custom size") << QJsonObject{{paper, u"Custom"_s}, {height, 200}} << 2 << false;
-    QTest::newRow("no name") << QJsonObject{{paper, QJsonValue()}} << 0 << false;
-    QTest::newRow("no name, but a height")
-        << QJsonObject{{paper, QJsonValue()}, {height, 200}} << 2 << false;
-    QTest::newRow("empty name with a height")
-        << QJsonObject{{paper, u""_s}, {height, 200}} << 2 << false;
-    QTest::newRow("unknown flag") << QJsonObject{{paper, u"FL99x99"_s}} << 0 << true;
-    QTest::newRow("unknown flag with a height")
-        << QJsonObject{{paper, u"FL99x99"_s}, {height, 200}} << 0 << true;
-    QTest::newRow("default paper of another height") << QJsonObject{{height, 100}} << 0 << false;
+    table.add("flag", {{paper, u"FL21x45"_s}}, 1, true);
+    table.add("flag of another height", {{paper, u"FL21x45"_s}, {height, 12.5}}, 1, true);
+    table.add("flag of no height", {{paper, u"FL21x45"_s}, {height, 0}}, 0, true);
+    table.add("custom size, whose height is not known", {{paper, u"Custom"_s}}, 0, false);
+    table.add("custom size", {{paper, u"Custom"_s}, {height, 200}}, 2, false);
+    table.add("no name", {{paper, QJsonValue()}}, 0, false);
+    table.add("no name, but a height", {{paper, QJsonValue()}, {height, 200}}, 2, false);
+    table.add("empty name with a height", {{paper, u""_s}, {height, 200}}, 2, false);
+    table.add("unknown flag", {{paper, u"FL99x99"_s}}, 0, true);
+    table.add("unknown flag with a height", {{paper, u"FL99x99"_s}, {height, 200}}, 0, true);
+    table.add("default paper of another height", {{height, 100}}, 0, false);
 }
 
 void tst_scriptopen::paper()
 {
     QFETCH(const QJsonObject, members);
-    QFETCH(const int, tapeState);
     QFETCH(const bool, isFlag);
     ScriptTalk talk;
     QVERIFY(isOK(talk.show(u"tape"_s, members)));
-    QCOMPARE(talk.state("flags.mTapeState").toInt(), tapeState);
+    QTEST(talk.state("flags.mTapeState").toInt(), "tapeState");
     QCOMPARE(talk.state("controls.mHalfCutChkBx.enabled"), QJsonValue(!isFlag));
     QCOMPARE(talk.state("popup.disabled").toArray().isEmpty(), !isFlag);
 }
@@ -161,8 +132,7 @@ void tst_scriptopen::settingsNameThePaper()
     const QJsonObject unnamed{{u"paper"_s, QJsonValue()}};
     const QJsonObject named{{u"paper"_s, QJsonValue()}, {u"settings"_s, file}};
     const auto alerts = [](const QJsonObject &members) {
-        ScriptTalk talk;
-        talk.show(u"follow"_s, members);
+        ShownPanel talk(u"follow"_s, members);
         talk.click("mCutEveryChkBx");
         return eventsOf(talk.click("mCutEveryChkBx")).filter(u"alert "_s).size();
     };
@@ -174,18 +144,17 @@ void tst_scriptopen::settingsNameThePaper()
 
 void tst_scriptopen::settingsThatCannotBeUsed_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("fault");
+    const TestTable<QString, QString> table("file", "fault");
     const QString missing = mSite.path(u"missing.plist"_s);
-    QTest::newRow("missing") << missing << missing + u": is missing"_s;
-    QTest::newRow("a device") << u"/dev/null"_s << u"/dev/null: is a device"_s;
+    table.add("missing", missing, missing + u": is missing"_s);
+    table.add("a device", u"/dev/null"_s, u"/dev/null: is a device"_s);
     const QString text = mSite.file(u"text.plist"_s, "no property list");
-    QTest::newRow("a text") << text << text + u": "_s;
+    table.add("a text", text, text + u": "_s);
     const QString empty = mSite.file(u"empty.plist"_s, "");
-    QTest::newRow("empty") << empty << empty + u": "_s;
+    table.add("empty", empty, empty + u": "_s);
     const QString array = mSite.file(u"array.plist"_s, PropertyList::write(QVariantList{1}));
-    QTest::newRow("an array") << array << array + u": the top level is no dictionary"_s;
-    QTest::newRow("no name") << QString() << u": "_s;
+    table.add("an array", array, array + u": the top level is no dictionary"_s);
+    table.add("no name", QString(), u": "_s);
 }
 
 void tst_scriptopen::settingsThatCannotBeUsed()
@@ -200,14 +169,13 @@ void tst_scriptopen::settingsThatCannotBeUsed()
 
 void tst_scriptopen::deviceURI_data()
 {
-    QTest::addColumn<QString>("uri");
-    QTest::addColumn<bool>("usb");
+    const TestTable<QString, bool> table("uri", "usb");
     QTest::newRow("USB") << u"usb://Korvane/Tape?serial=1"_s << true;
     QTest::newRow("the maker's USB") << u"KVMQUSB://Korvane/Tape"_s << true;
     QTest::newRow("network") << u"ipp://printer.local/ipp/print"_s << false;
     QTest::newRow("a name that begins like it") << u"usbip://Korvane/Tape"_s << false;
-    QTest::newRow("no URI") << u"printer"_s << false;
-    QTest::newRow("empty") << u""_s << false;
+    table.add("no URI", u"printer"_s, false);
+    table.add("empty", u""_s, false);
 }
 
 void tst_scriptopen::deviceURI()
@@ -241,17 +209,16 @@ void tst_scriptopen::defaultsAreNotMarked()
 
 void tst_scriptopen::locale_data()
 {
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("the user's") << QString() << u"Cut Options"_s;
-    QTest::newRow("English") << u"en"_s << u"Cut Options"_s;
-    QTest::newRow("English of a country") << u"en_GB"_s << u"Cut Options"_s;
-    QTest::newRow("none") << u"none"_s << u"OP_PANEL_NAME"_s;
-    QTest::newRow("German of a country") << u"de_AT"_s << u"Schnittoptionen"_s;
+    const TestTable<QString, QString> table("locale", "name");
+    table.add("the user's", QString(), u"Cut Options"_s);
+    table.add("English", u"en"_s, u"Cut Options"_s);
+    table.add("English of a country", u"en_GB"_s, u"Cut Options"_s);
+    table.add("none", u"none"_s, u"OP_PANEL_NAME"_s);
+    table.add("German of a country", u"de_AT"_s, u"Schnittoptionen"_s);
     // English where there is no table for the language.
-    QTest::newRow("Norwegian") << u"nb"_s << u"Cut Options"_s;
-    QTest::newRow("no language") << u"xx"_s << u"Cut Options"_s;
-    QTest::newRow("empty") << u""_s << u"Cut Options"_s;
+    table.add("Norwegian", u"nb"_s, u"Cut Options"_s);
+    table.add("no language", u"xx"_s, u"Cut Options"_s);
+    table.add("empty", u""_s, u"Cut Options"_s);
 }
 
 void tst_scriptopen::locale()
@@ -324,11 +291,10 @@ void tst_scriptopen::bundleIsReadOnce()
 
 void tst_scriptopen::bundleThatCannotBeUsed_data()
 {
-    QTest::addColumn<QString>("spoilt");
-    QTest::addColumn<QString>("fault");
-    QTest::newRow("no description") << u"Contents/Info.json"_s << u"Info.json: "_s;
-    QTest::newRow("no library") << u"Contents/Linux/libKVMQRVOptions-qt6.so"_s << u"is missing"_s;
-    QTest::newRow("no bundle") << QString() << u"Nowhere.pde is missing"_s;
+    const TestTable<QString, QString> table("spoilt", "fault");
+    table.add("no description", u"Contents/Info.json"_s, u"Info.json: "_s);
+    table.add("no library", u"Contents/Linux/libKVMQRVOptions-qt6.so"_s, u"is missing"_s);
+    table.add("no bundle", QString(), u"Nowhere.pde is missing"_s);
 }
 
 void tst_scriptopen::bundleThatCannotBeUsed()
@@ -436,8 +402,7 @@ void tst_scriptopen::printerWithSavedOptions()
 
 void tst_scriptopen::printerThatCannotBeOpened()
 {
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(u"raw"_s, {}, &error), qPrintable(error));
+    QVERIFY(addPrinter(u"raw"_s, {}));
     ScriptTalk talk;
     QCOMPARE(errorOf(talk.ask("open", {{u"printer"_s, u"raw"_s}})),
              u"the printer raw has no PPD"_s);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "ProgramRun.h"
 #include "ProgramTalk.h"
 #include "ScriptTalk.h"
@@ -11,8 +11,8 @@
 #include <csignal>
 
 namespace {
-const QString script = QStringLiteral("--script");
-const QString standardInput = QStringLiteral("-");
+const QString script = u"--script"_s;
+const QString standardInput = u"-"_s;
 /// Where no scheduler is.
 
 QByteArray openLine(const QString &printer)
@@ -44,13 +44,11 @@ QList<bool> successes(const ProgramRun &run)
 } // namespace
 
 /// Scripts as the program runs them.
-class tst_scriptprogram : public QObject
+class tst_scriptprogram : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void demonstration();
     void everyLineIsAnsweredAtOnce();
     void scriptInAFile();
@@ -68,15 +66,7 @@ private Q_SLOTS:
     void noDisplayIsNeeded();
     void lengthsArePointsInAnyFont();
     void alertGoesToTheAnswerAlone();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
-
-void tst_scriptprogram::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_scriptprogram::demonstration()
 {
@@ -139,12 +129,11 @@ void tst_scriptprogram::faultyLine()
 
 void tst_scriptprogram::lineEnds_data()
 {
-    QTest::addColumn<QByteArray>("between");
-    QTest::addColumn<QByteArray>("last");
-    QTest::newRow("line feeds") << QByteArray("\n") << QByteArray("\n");
-    QTest::newRow("none behind the last") << QByteArray("\n") << QByteArray();
-    QTest::newRow("carriage returns, too") << QByteArray("\r\n") << QByteArray("\r\n");
-    QTest::newRow("carriage return behind the last") << QByteArray("\r\n") << QByteArray("\r");
+    const TestTable<QByteArray, QByteArray> table("between", "last");
+    table.add("line feeds", "\n", "\n");
+    table.add("none behind the last", "\n", QByteArray());
+    table.add("carriage returns, too", "\r\n", "\r\n");
+    table.add("carriage return behind the last", "\r\n", "\r");
 }
 
 void tst_scriptprogram::lineEnds()
@@ -194,7 +183,7 @@ void tst_scriptprogram::scriptThatCannotBeRead()
         const ProgramRun run = runKvprint({script, file});
         QCOMPARE(run.status, 3);
         QCOMPARE(run.output, QString());
-        QVERIFY2(run.errors.contains(u"kvprint: "_s + fault), qPrintable(run.errors));
+        QVERIFY(run.tells(u"kvprint: "_s + fault));
     }
 }
 
@@ -223,9 +212,7 @@ void tst_scriptprogram::answersThatCannotBeWritten()
     const ProgramRun run = runInShell(
         u"exec '%1' --script '%2' > /dev/full"_s.arg(QStringLiteral(KV_PRINT_PROGRAM), file));
     QCOMPARE(run.status, 3);
-    QVERIFY2(
-        run.errors.contains(u"kvprint: standard output cannot be written: No space left on device"),
-        qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: standard output cannot be written: No space left on device"_s));
 }
 
 void tst_scriptprogram::defaultPPD()
@@ -258,15 +245,15 @@ void tst_scriptprogram::defaultPrinter()
 
 void tst_scriptprogram::noDisplayIsNeeded_data()
 {
-    QTest::addColumn<QStringList>("variables");
+    const TestTable<QStringList> table("variables");
     const QString display = u"DISPLAY"_s;
     const QString wayland = u"WAYLAND_DISPLAY"_s;
     const QString platform = u"QT_QPA_PLATFORM"_s;
-    QTest::newRow("no display") << QStringList{display, wayland, platform};
-    QTest::newRow("the user's wish for X") << QStringList{display, wayland, platform + u"=xcb"_s};
-    QTest::newRow("a display that is gone")
-        << QStringList{display + u"=:4711"_s, wayland + u"=gone"_s, platform + u"=wayland;xcb"_s};
-    QTest::newRow("an unknown platform") << QStringList{platform + u"=frobnicate"_s};
+    table.add("no display", {display, wayland, platform});
+    table.add("the user's wish for X", {display, wayland, platform + u"=xcb"_s});
+    table.add("a display that is gone",
+              {display + u"=:4711"_s, wayland + u"=gone"_s, platform + u"=wayland;xcb"_s});
+    table.add("an unknown platform", {platform + u"=frobnicate"_s});
 }
 
 void tst_scriptprogram::noDisplayIsNeeded()

@@ -91,8 +91,8 @@ QJsonObject flags(int tapeState, int autoCutBox, int isShown, int usb = 0)
 }
 
 const QString defaultMarksOfAll =
-    QStringLiteral("KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF KvAutoTapeCut=OFF KvHalfCut=OFF "
-                   "KvChainPrint=OFF KvSpecialTape=OFF KvRemoveBlkSpace=OFF KvCutMark=OFF");
+    u"KvCutLabel=1 KvCutAtEnd=OFF KvMirror=OFF KvAutoTapeCut=OFF KvHalfCut=OFF "
+    "KvChainPrint=OFF KvSpecialTape=OFF KvRemoveBlkSpace=OFF KvCutMark=OFF"_s;
 
 QJsonObject sized(int width, int height)
 {
@@ -154,8 +154,7 @@ void tst_scriptstate::viewThatHasNotBeenShown()
 
 void tst_scriptstate::allNineOptions()
 {
-    ScriptTalk talk;
-    talk.show(u"all"_s, keysAsTexts);
+    ShownPanel talk(u"all"_s, keysAsTexts);
     const QJsonObject state = talk.state();
     QCOMPARE(state.keys(), QStringList({u"controls"_s, u"flags"_s, u"marks"_s, u"popup"_s,
                                         u"preview"_s, u"selections"_s, u"view"_s}));
@@ -196,8 +195,7 @@ void tst_scriptstate::allNineOptions()
 
 void tst_scriptstate::optionsOfALabelPrinter()
 {
-    ScriptTalk talk;
-    talk.show(u"label"_s);
+    ShownPanel talk(u"label"_s);
     const QJsonObject state = talk.state();
     QCOMPARE(compact(state.value(u"view")), compact(sized(480, 150)));
     const std::pair<const char *, int> rows[] = {
@@ -221,8 +219,7 @@ void tst_scriptstate::optionsOfALabelPrinter()
 
 void tst_scriptstate::hiddenControlsAreTold()
 {
-    ScriptTalk talk;
-    talk.show(u"mark"_s);
+    ShownPanel talk(u"mark"_s);
     const QJsonObject controls = talk.state("controls").toObject();
     QStringList shown;
     for (auto it = controls.begin(); it != controls.end(); ++it) {
@@ -237,8 +234,7 @@ void tst_scriptstate::hiddenControlsAreTold()
 
 void tst_scriptstate::cutEveryOff()
 {
-    ScriptTalk talk;
-    talk.show(u"all"_s);
+    ShownPanel talk(u"all"_s);
     talk.click("mCutEveryChkBx");
     QCOMPARE(talk.box("mCutEveryChkBx"), 0);
     QCOMPARE(talk.state("controls.mCutEveryTxBx.enabled"), QJsonValue(false));
@@ -253,8 +249,7 @@ void tst_scriptstate::cutEveryOff()
 
 void tst_scriptstate::cutEveryDrivesAutoCut()
 {
-    ScriptTalk talk;
-    talk.show(u"follow"_s);
+    ShownPanel talk(u"follow"_s);
     talk.click("mCutEveryChkBx");
     QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue(u"OFF"_s));
     QCOMPARE(talk.state("selections.mAutoCut_CutEvery_Selection"), QJsonValue(u"OFF"_s));
@@ -274,8 +269,7 @@ void tst_scriptstate::cutEveryDrivesAutoCut()
 
 void tst_scriptstate::presetsThatThePaperForbids()
 {
-    ScriptTalk talk;
-    talk.show(u"tape"_s);
+    ShownPanel talk(u"tape"_s);
     QCOMPARE(compact(talk.state("popup")), compact(popup({5, 6, 7, 8, 9, 10, 11, 12, 13}, 9)));
     talk.paper(u"FL21x45"_s);
     QCOMPARE(compact(talk.state("popup")),
@@ -288,55 +282,46 @@ void tst_scriptstate::presetsThatThePaperForbids()
 
 void tst_scriptstate::tapeStateOfThePaper_data()
 {
-    QTest::addColumn<QString>("paper");
-    QTest::addColumn<int>("tapeState");
-    QTest::newRow("tape") << u"T12x100"_s << 0;
-    QTest::newRow("shrink tube") << u"HS6x100"_s << 0;
-    QTest::newRow("flag") << u"FL21x45"_s << 1;
-    QTest::newRow("die-cut") << u"DC24x24"_s << 1;
-    QTest::newRow("address") << u"AV20x80"_s << 1;
-    QTest::newRow("continuous") << u"C_12"_s << 1;
+    const TestTable<QString, int> table("paper", "tapeState");
+    table.add("tape", u"T12x100"_s, 0);
+    table.add("shrink tube", u"HS6x100"_s, 0);
+    table.add("flag", u"FL21x45"_s, 1);
+    table.add("die-cut", u"DC24x24"_s, 1);
+    table.add("address", u"AV20x80"_s, 1);
+    table.add("continuous", u"C_12"_s, 1);
 }
 
 void tst_scriptstate::tapeStateOfThePaper()
 {
     QFETCH(const QString, paper);
     QFETCH(const int, tapeState);
-    ScriptTalk talk;
-    talk.show(u"all"_s, {{u"paper"_s, paper}});
+    ShownPanel talk(u"all"_s, {{u"paper"_s, paper}});
     QCOMPARE(compact(talk.state("flags")), compact(flags(tapeState, 1, 1)));
     QCOMPARE(talk.state("controls.mRemoveBlkSpaceChkBx.enabled"), QJsonValue(tapeState == 0));
 }
 
 void tst_scriptstate::pictureOfTheStrip_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<QStringList>("clicks");
-    QTest::addColumn<QString>("picture");
-    QTest::newRow("half cut, mirrored")
-        << u"tape"_s << QStringList{u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s}
-        << u"AHCMOnOnOffOn"_s;
-    QTest::newRow("special tape") << u"tape"_s << QStringList{u"mSpecialTapeChkBx"_s}
-                                  << u"SPMROnOff"_s;
-    QTest::newRow("chain printing without cuts")
-        << u"mark"_s << QStringList{u"mChainPrintChkBx"_s} << u"AHCMOffOffOnOff"_s;
-    QTest::newRow("labels, cut at end, mirrored")
-        << u"label"_s
-        << QStringList{u"mCutEveryChkBx"_s, u"mCutAndEndChkBx"_s, u"mMirrorPrintChkBx"_s}
-        << u"EveryEndMirrorOffOnOn"_s;
+    const TestTable<QString, QStringList, QString> table("printer", "clicks", "picture");
+    table.add("half cut, mirrored", u"tape"_s, {u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s},
+              u"AHCMOnOnOffOn"_s);
+    table.add("special tape", u"tape"_s, {u"mSpecialTapeChkBx"_s}, u"SPMROnOff"_s);
+    table.add("chain printing without cuts", u"mark"_s, {u"mChainPrintChkBx"_s},
+              u"AHCMOffOffOnOff"_s);
+    table.add("labels, cut at end, mirrored", u"label"_s,
+              {u"mCutEveryChkBx"_s, u"mCutAndEndChkBx"_s, u"mMirrorPrintChkBx"_s},
+              u"EveryEndMirrorOffOnOn"_s);
 }
 
 void tst_scriptstate::pictureOfTheStrip()
 {
     QFETCH(const QString, printer);
     QFETCH(const QStringList, clicks);
-    QFETCH(const QString, picture);
-    ScriptTalk talk;
-    talk.show(printer);
+    ShownPanel talk(printer);
     for (const QString &box : clicks) {
         QVERIFY(talk.click(qPrintable(box)).value(u"delivered").toBool());
     }
-    QCOMPARE(talk.state("preview").toString(), picture);
+    QTEST(talk.state("preview").toString(), "picture");
 }
 
 void tst_scriptstate::missingOutlets()
@@ -376,8 +361,7 @@ void tst_scriptstate::missingPicture()
 
 void tst_scriptstate::stateChangesNothing()
 {
-    ScriptTalk talk;
-    talk.show(u"all"_s);
+    ShownPanel talk(u"all"_s);
     const QByteArray first = compact(talk.state());
     for (int i = 0; i < 3; ++i) {
         const QJsonObject again = talk.ask("state");

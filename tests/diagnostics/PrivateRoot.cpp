@@ -13,8 +13,8 @@ constexpr uid_t nobody = 65534;
 
 QString madeDeviceFolder(const QTemporaryDir &folder)
 {
-    QDir(folder.path()).mkdir(QStringLiteral("dev"));
-    return folder.filePath(QStringLiteral("dev/log"));
+    QDir(folder.path()).mkdir(u"dev"_s);
+    return folder.filePath(u"dev/log"_s);
 }
 
 /// Makes a folder the root folder, in a user namespace where this user alone has no right to.
@@ -77,6 +77,6 @@ QStringList PrivateRoot::entries() const
     QStringList names =
         QDir(mFolder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-    names.removeAll(QStringLiteral("dev"));
+    names.removeAll(u"dev"_s);
     return names;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/DebugLog.h"
 
+#include "Levels.h"
 #include "ReadPipe.h"
 #include "StandardErrorCapture.h"
 #include "support/Limits.h"
@@ -74,15 +75,7 @@ void DebugLogTest::printsALine()
 
 void DebugLogTest::printsFromLevelZeroDown_data()
 {
-    QTest::addColumn<qint32>("level");
-    QTest::addColumn<bool>("prints");
-
-    QTest::newRow("0") << 0 << true;
-    QTest::newRow("-1") << -1 << true;
-    QTest::newRow("-5") << -5 << true;
-    QTest::newRow("smallest") << smallest << true;
-    QTest::newRow("1") << 1 << false;
-    QTest::newRow("largest") << largest << false;
+    addLevels();
 }
 
 void DebugLogTest::printsFromLevelZeroDown()
@@ -106,24 +99,22 @@ void DebugLogTest::describesNothingWhenItPrintsNothing()
 
 void DebugLogTest::texts_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("bytes");
-
+    const TestTable<QString, QByteArray> table("text", "bytes");
     const QChar high(0xd83d);
     const QChar low(0xde00);
-    QTest::newRow("empty") << u""_s << QByteArray();
-    QTest::newRow("percent signs") << u"100% %s %@ %n %%"_s << QByteArray("100% %s %@ %n %%");
-    QTest::newRow("newlines") << u"\none\n\ntwo\n"_s << QByteArray("\none\n\ntwo\n");
-    QTest::newRow("kana") << u"あ"_s << QByteArray("\xe3\x81\x82");
-    QTest::newRow("pair") << QString(high) + low << QByteArray("\xf0\x9f\x98\x80");
-    QTest::newRow("high alone") << u"a"_s + high + u'b' << QByteArray("a?b");
-    QTest::newRow("low alone") << u"a"_s + low + u'b' << QByteArray("a?b");
-    QTest::newRow("high at the end") << u"a"_s + high << QByteArray("a?");
-    QTest::newRow("two high") << u"a"_s + high + high << QByteArray("a??");
-    QTest::newRow("wrong order") << QString(low) + high << QByteArray("??");
-    QTest::newRow("high and pair") << QString(high) + high + low << QByteArray("?\xf0\x9f\x98\x80");
-    QTest::newRow("null") << QString() << QByteArray("(null)");
-    QTest::newRow("enormous") << QString(1 << 20, u'ä') << QByteArray("\xc3\xa4").repeated(1 << 20);
+    table.add("empty", u""_s, QByteArray());
+    table.add("percent signs", u"100% %s %@ %n %%"_s, "100% %s %@ %n %%");
+    table.add("newlines", u"\none\n\ntwo\n"_s, "\none\n\ntwo\n");
+    table.add("kana", u"あ"_s, "\xe3\x81\x82");
+    table.add("pair", QString(high) + low, "\xf0\x9f\x98\x80");
+    table.add("high alone", u"a"_s + high + u'b', "a?b");
+    table.add("low alone", u"a"_s + low + u'b', "a?b");
+    table.add("high at the end", u"a"_s + high, "a?");
+    table.add("two high", u"a"_s + high + high, "a??");
+    table.add("wrong order", QString(low) + high, "??");
+    table.add("high and pair", QString(high) + high + low, "?\xf0\x9f\x98\x80");
+    table.add("null", QString(), "(null)");
+    table.add("enormous", QString(1 << 20, u'ä'), QByteArray("\xc3\xa4").repeated(1 << 20));
 }
 
 void DebugLogTest::texts()

@@ -334,14 +334,13 @@ void FormatStringTest::leavesWhatIsNoPlaceholder()
 
 void FormatStringTest::argumentsArriveWhole_data()
 {
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("percent signs") << u"50% %@ %d %n %s %% %1 %*.*f"_s;
-    QTest::newRow("newlines") << u"one\ntwo\r\n\nthree\n"_s;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600 עברית"_s;
-    QTest::newRow("null character") << u"a\0b"_s;
-    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xdc00) + u'b';
-    QTest::newRow("enormous") << QString(1 << 20, u'ä');
+    const TestTable<QString> table("text");
+    table.add("percent signs", u"50% %@ %d %n %s %% %1 %*.*f"_s);
+    table.add("newlines", u"one\ntwo\r\n\nthree\n"_s);
+    table.add("beyond ASCII", u"Größe あ \U0001F600 עברית"_s);
+    table.add("null character", u"a\0b"_s);
+    table.add("lone surrogate", u"a"_s + QChar(0xdc00) + u'b');
+    table.add("enormous", QString(1 << 20, u'ä'));
 }
 
 void FormatStringTest::argumentsArriveWhole()

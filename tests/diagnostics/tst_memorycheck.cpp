@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "diagnostics/MemoryCheck.h"
 
+#include "Levels.h"
 #include "ReadPipe.h"
 #include "StandardErrorCapture.h"
 #include "support/Limits.h"
@@ -69,10 +70,8 @@ class MemoryCheckTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void printsThreeBytes();
     void printsAFullGroupAndAnEmptyOne();
     void printsLinesOnADescriptor();
-    void printsTwoLowerCaseDigits();
     void printsEverySize_data();
     void printsEverySize();
     void printsFromLevelZeroDown_data();
@@ -82,12 +81,6 @@ private Q_SLOTS:
     void readsNoByteMore();
     void ignoresAClosedDescriptor();
 };
-
-void MemoryCheckTest::printsThreeBytes()
-{
-    QCOMPARE(onStandardError(0, "\x01\xab\xff", 3), QByteArray("DEBUG:01abff"));
-    QCOMPARE(onDescriptor(0, "\x01\xab\xff", 3), QByteArray("01abff\n"));
-}
 
 void MemoryCheckTest::printsAFullGroupAndAnEmptyOne()
 {
@@ -107,20 +100,9 @@ void MemoryCheckTest::printsLinesOnADescriptor()
              QByteArray("DEBUG:30313233343536373839616263646566DEBUG:80"));
 }
 
-void MemoryCheckTest::printsTwoLowerCaseDigits()
-{
-    for (int byte = 0; byte < 256; ++byte) {
-        const char bytes[] = {static_cast<char>(byte)};
-        char digits[3];
-        std::snprintf(digits, sizeof(digits), "%02hhx", static_cast<unsigned char>(byte));
-        QCOMPARE(onStandardError(0, bytes, 1), "DEBUG:" + QByteArray(digits));
-    }
-}
-
 void MemoryCheckTest::printsEverySize_data()
 {
     QTest::addColumn<qint32>("size");
-
     for (const qint32 size : {1, 2, 15, 16, 17, 31, 32, 33, 64, 1000, 4096, 65536, 1 << 20}) {
         QTest::addRow("%d bytes", size) << size;
     }
@@ -136,15 +118,7 @@ void MemoryCheckTest::printsEverySize()
 
 void MemoryCheckTest::printsFromLevelZeroDown_data()
 {
-    QTest::addColumn<qint32>("level");
-    QTest::addColumn<bool>("prints");
-
-    QTest::newRow("0") << 0 << true;
-    QTest::newRow("-1") << -1 << true;
-    QTest::newRow("-5") << -5 << true;
-    QTest::newRow("smallest") << smallest << true;
-    QTest::newRow("1") << 1 << false;
-    QTest::newRow("largest") << largest << false;
+    addLevels();
 }
 
 void MemoryCheckTest::printsFromLevelZeroDown()
@@ -157,14 +131,12 @@ void MemoryCheckTest::printsFromLevelZeroDown()
 
 void MemoryCheckTest::printsNothingWithoutBytes_data()
 {
-    QTest::addColumn<bool>("hasBytes");
-    QTest::addColumn<qint32>("count");
-
-    QTest::newRow("no bytes") << false << 16;
-    QTest::newRow("no bytes, many") << false << largest;
-    QTest::newRow("count of 0") << true << 0;
-    QTest::newRow("count of -1") << true << -1;
-    QTest::newRow("smallest count") << true << smallest;
+    const TestTable<bool, qint32> table("hasBytes", "count");
+    table.add("no bytes", false, 16);
+    table.add("no bytes, many", false, largest);
+    table.add("count of 0", true, 0);
+    table.add("count of -1", true, -1);
+    table.add("smallest count", true, smallest);
 }
 
 void MemoryCheckTest::printsNothingWithoutBytes()

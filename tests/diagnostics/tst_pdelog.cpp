@@ -138,12 +138,11 @@ void PDELogTest::withoutAFormat()
 
 void PDELogTest::descriptionsArriveWhole_data()
 {
-    QTest::addColumn<QString>("words");
-
-    QTest::newRow("percent signs") << u"50% %@ %d %n %% %s 100%"_s;
-    QTest::newRow("newlines") << u"one\ntwo\n"_s;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_s;
-    QTest::newRow("brackets") << u") (self"_s;
+    const TestTable<QString> table("words");
+    table.add("percent signs", u"50% %@ %d %n %% %s 100%"_s);
+    table.add("newlines", u"one\ntwo\n"_s);
+    table.add("beyond ASCII", u"Größe あ \U0001F600"_s);
+    table.add("brackets", u") (self"_s);
 }
 
 void PDELogTest::descriptionsArriveWhole()
@@ -186,12 +185,11 @@ void PDELogTest::dumpNeedsAKeyword()
 
 void PDELogTest::dumpTellsOfAMissingOption_data()
 {
-    QTest::addColumn<QByteArray>("keyword");
-
-    QTest::newRow("another") << QByteArray("KvNone");
-    QTest::newRow("empty") << QByteArray("");
-    QTest::newRow("percent signs") << QByteArray("%s%n%@");
-    QTest::newRow("longer") << QByteArray("KvTestLonger");
+    const TestTable<QByteArray> table("keyword");
+    table.add("another", "KvNone");
+    table.add("empty", "");
+    table.add("percent signs", "%s%n%@");
+    table.add("longer", "KvTestLonger");
 }
 
 void PDELogTest::dumpTellsOfAMissingOption()

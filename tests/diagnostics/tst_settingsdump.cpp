@@ -90,15 +90,14 @@ void SettingsDumpTest::writesAPropertyList()
 
 void SettingsDumpTest::writesUnderTheName_data()
 {
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("plain") << u"job 1"_s;
-    QTest::newRow("empty") << u""_s;
-    QTest::newRow("dots") << u".."_s;
-    QTest::newRow("percent signs") << u"50% %@ %d %s"_s;
-    QTest::newRow("beyond ASCII") << u"Größe あ \U0001F600"_s;
-    QTest::newRow("newline") << u"a\nb"_s;
-    QTest::newRow("longest") << QString(255 - 6 - 6 - 7, u'A');
+    const TestTable<QString> table("name");
+    table.add("plain", u"job 1"_s);
+    table.add("empty", u""_s);
+    table.add("dots", u".."_s);
+    table.add("percent signs", u"50% %@ %d %s"_s);
+    table.add("beyond ASCII", u"Größe あ \U0001F600"_s);
+    table.add("newline", u"a\nb"_s);
+    table.add("longest", QString(255 - 6 - 6 - 7, u'A'));
 }
 
 void SettingsDumpTest::writesUnderTheName()
@@ -130,15 +129,14 @@ void SettingsDumpTest::keepsTheLastDumpWhenThereIsNoRoom()
 
 void SettingsDumpTest::refusesNamesThatLieElsewhere_data()
 {
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("slash") << u"a/b"_s;
-    QTest::newRow("parent") << u"a/../b"_s;
-    QTest::newRow("slash alone") << u"/"_s;
-    QTest::newRow("folder") << u"a/"_s;
-    QTest::newRow("null character") << u"a\0b"_s;
-    QTest::newRow("too long") << QString(256, u'A');
-    QTest::newRow("enormous") << QString(1 << 20, u'A');
+    const TestTable<QString> table("name");
+    table.add("slash", u"a/b"_s);
+    table.add("parent", u"a/../b"_s);
+    table.add("slash alone", u"/"_s);
+    table.add("folder", u"a/"_s);
+    table.add("null character", u"a\0b"_s);
+    table.add("too long", QString(256, u'A'));
+    table.add("enormous", QString(1 << 20, u'A'));
 }
 
 void SettingsDumpTest::refusesNamesThatLieElsewhere()

@@ -30,8 +30,8 @@ QByteArrayList recordsOf(const QStringList &lines)
 /// The text of a record as a log daemon gets it; what is wrong with its head, if anything is.
 QByteArray textOf(const QByteArray &record, const char *identity = program_invocation_short_name)
 {
-    static const QRegularExpression head(QStringLiteral(
-        R"(^<(\d+)>[A-Z][a-z]{2} [ 123]\d [0-2]\d:[0-5]\d:[0-5]\d ([\w-]+)(\[\d+\])?: )"));
+    static const QRegularExpression head(
+        uR"(^<(\d+)>[A-Z][a-z]{2} [ 123]\d [0-2]\d:[0-5]\d:[0-5]\d ([\w-]+)(\[\d+\])?: )"_s);
     const QRegularExpressionMatch match = head.match(QString::fromLatin1(record));
     if (!match.hasMatch()) {
         return "no head: " + record;
@@ -86,6 +86,7 @@ class SystemLogTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void cleanup();
 
     void sinkTakesRecords_data();
@@ -106,6 +107,15 @@ private Q_SLOTS:
     void socketKeepsTheApplicationsLog();
 };
 
+void SystemLogTest::init()
+{
+    const QByteArray function = QTest::currentTestFunction();
+    const bool usesSocket = function.startsWith("socket") || function.startsWith("without");
+    if (usesSocket && !PrivateRoot::isPossible()) {
+        QSKIP("This user may have no root folder of its own.");
+    }
+}
+
 void SystemLogTest::cleanup()
 {
     setLogSink({});
@@ -113,20 +123,18 @@ void SystemLogTest::cleanup()
 
 void SystemLogTest::sinkTakesRecords_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QByteArray>("record");
+    const TestTable<QString, QByteArray> table("line", "record");
 
-    QTest::newRow("plain") << u"text"_s << QByteArray("text");
-    QTest::newRow("empty") << u""_s << QByteArray();
-    QTest::newRow("null") << QString() << QByteArray();
-    QTest::newRow("percent signs") << u"%s %n %m %%"_s << QByteArray("%s %n %m %%");
-    QTest::newRow("newlines") << u"one\ntwo\n"_s << QByteArray("one\ntwo\n");
-    QTest::newRow("beyond ASCII") << u"ä あ \U0001F600"_s
-                                  << QByteArray("\xc3\xa4 \xe3\x81\x82 \xf0\x9f\x98\x80");
-    QTest::newRow("null characters") << u"a\0b\0"_s
-                                     << QByteArray("a\xe2\x90\x80"
-                                                   "b\xe2\x90\x80");
-    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xd800) + u'b' << QByteArray("a?b");
+    table.add("plain", u"text"_s, "text");
+    table.add("empty", u""_s, QByteArray());
+    table.add("null", QString(), QByteArray());
+    table.add("percent signs", u"%s %n %m %%"_s, "%s %n %m %%");
+    table.add("newlines", u"one\ntwo\n"_s, "one\ntwo\n");
+    table.add("beyond ASCII", u"ä あ \U0001F600"_s, "\xc3\xa4 \xe3\x81\x82 \xf0\x9f\x98\x80");
+    table.add("null characters", u"a\0b\0"_s,
+              "a\xe2\x90\x80"
+              "b\xe2\x90\x80");
+    table.add("lone surrogate", u"a"_s + QChar(0xd800) + u'b', "a?b");
 }
 
 void SystemLogTest::sinkTakesRecords()
@@ -171,11 +179,11 @@ void SystemLogTest::longestLineOfOneRecord()
 
 void SystemLogTest::cutsNoCharacter_data()
 {
-    QTest::addColumn<QString>("character");
+    const TestTable<QString> table("character");
 
-    QTest::newRow("2 bytes") << u"ä"_s;
-    QTest::newRow("3 bytes") << u"あ"_s;
-    QTest::newRow("4 bytes") << u"\U0001F600"_s;
+    table.add("2 bytes", u"ä"_s);
+    table.add("3 bytes", u"あ"_s);
+    table.add("4 bytes", u"\U0001F600"_s);
 }
 
 void SystemLogTest::cutsNoCharacter()
@@ -201,9 +209,6 @@ void SystemLogTest::enormousLineArrivesInPieces()
 void SystemLogTest::withoutADaemonNothingHappens()
 {
     PrivateRoot root;
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     QFile::remove(root.path(u"dev/log"_s));
     QVERIFY(root.run([] {
         logToSystem(u"text"_s);
@@ -220,9 +225,6 @@ void SystemLogTest::socketGetsLines_data()
 
 void SystemLogTest::socketGetsLines()
 {
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     QFETCH(QString, line);
     QFETCH(QByteArray, record);
     PrivateRoot root;
@@ -236,9 +238,6 @@ void SystemLogTest::socketGetsLines()
 
 void SystemLogTest::socketGetsTaggedLines()
 {
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     PrivateRoot root;
     QVERIFY(root.run([] {
         const QString object = u"50% あ\nobject"_s;
@@ -256,9 +255,6 @@ void SystemLogTest::socketGetsTaggedLines()
 
 void SystemLogTest::socketGetsTheOptionDump()
 {
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     const PPDHandle ppd = PPDText().onOff("KvHalfCut", "ON", "Half Cut 100%").open();
     QVERIFY(ppd);
     PrivateRoot root;
@@ -285,9 +281,6 @@ void SystemLogTest::socketGetsTheOptionDump()
 
 void SystemLogTest::socketGetsEnormousLines()
 {
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     const QString line = enormousLine();
     PrivateRoot root;
     QVERIFY(root.run([line] {
@@ -300,9 +293,6 @@ void SystemLogTest::socketGetsEnormousLines()
 
 void SystemLogTest::socketKeepsTheApplicationsLog()
 {
-    if (!PrivateRoot::isPossible()) {
-        QSKIP("This user may have no root folder of its own.");
-    }
     PrivateRoot root;
     QVERIFY(root.run([] {
         openlog("application", LOG_PID, LOG_LOCAL3);

@@ -10,9 +10,9 @@ constexpr int timeoutMs = 60'000;
 
 void addQtVersionRows()
 {
-    QTest::addColumn<QString>("qt");
+    const TestTable<QString> table("qt");
     for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
-        QTest::newRow(qPrintable(QStringLiteral("Qt ") + qt)) << qt;
+        table.add(qPrintable(u"Qt "_s + qt), qt);
     }
 }
 
@@ -20,11 +20,10 @@ DialogOpener::DialogOpener(const QString &qt, const QString &userFolder,
                            const QString &systemFolder, const QString &libraries)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), userFolder);
-    environment.insert(QStringLiteral("XDG_CONFIG_DIRS"), systemFolder);
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"),
-                       libraries + QStringLiteral("/qt%1/plugins").arg(qt));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("kvprintdialog"));
+    environment.insert(u"XDG_CONFIG_HOME"_s, userFolder);
+    environment.insert(u"XDG_CONFIG_DIRS"_s, systemFolder);
+    environment.insert(u"QT_PLUGIN_PATH"_s, libraries + u"/qt%1/plugins"_s.arg(qt));
+    environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"kvprintdialog"_s);
     mProcess.setProcessEnvironment(environment);
     mProcess.setWorkingDirectory(userFolder);
     mProcess.start(QStringLiteral(KV_DIALOG_OPENER).arg(qt), QStringList());
@@ -38,12 +37,12 @@ DialogOpener::~DialogOpener()
 
 QStringList DialogOpener::tabs(const QString &printer)
 {
-    return answer(QStringLiteral("tabs"), printer);
+    return answer(u"tabs"_s, printer);
 }
 
 QStringList DialogOpener::answer(const QString &way, const QString &printer)
 {
-    mProcess.write(QStringLiteral("%1|%2\n").arg(way, printer).toUtf8());
+    mProcess.write(u"%1|%2\n"_s.arg(way, printer).toUtf8());
     while (!mProcess.canReadLine() && mProcess.waitForReadyRead(timeoutMs)) {
     }
     const QString line = QString::fromUtf8(mProcess.readLine()).trimmed();
@@ -62,7 +61,7 @@ bool DialogOpener::hasLoadedFrom(const QString &folder) const
 
 QByteArray DialogOpener::mappedFiles() const
 {
-    QFile maps(QStringLiteral("/proc/%1/maps").arg(mProcess.processId()));
+    QFile maps(u"/proc/%1/maps"_s.arg(mProcess.processId()));
     return maps.open(QIODevice::ReadOnly) ? maps.readAll() : QByteArray();
 }
 
@@ -73,7 +72,7 @@ QString DialogOpener::finish()
     if (!mProcess.waitForFinished(timeoutMs) || mProcess.exitStatus() != QProcess::NormalExit) {
         return {};
     }
-    QString ours = QStringLiteral("");
+    QString ours = u""_s;
     while (!mProcess.atEnd()) {
         const QByteArray line = mProcess.readLine();
         if (line.startsWith("kvprint: ")) {

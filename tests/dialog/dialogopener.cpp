@@ -131,8 +131,7 @@ QStringList order(const QString &printer)
     Dialog dialog(printer);
     dialog.show();
     dialog.awaitSight();
-    return {dialog.isExtendedEarly() ? QStringLiteral("extended first")
-                                     : QStringLiteral("seen first")};
+    return {dialog.isExtendedEarly() ? u"extended first"_s : u"seen first"_s};
 }
 
 QStringList acceptedOnceOpen(const QString &printer)

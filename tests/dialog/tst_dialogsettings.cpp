@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DialogOpener.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "support/DialogNames.h"
 
 #include <QDir>
@@ -11,33 +11,32 @@
 #include <sys/stat.h>
 
 namespace {
-const QString extender = QStringLiteral("libkvprintdialog-qt%1.so");
-const QString bundleLibrary = QStringLiteral("libKVMQRVOptions-qt%1.so");
+const QString extender = u"libkvprintdialog-qt%1.so"_s;
+const QString bundleLibrary = u"libKVMQRVOptions-qt%1.so"_s;
 
 /// Makes something that is no file of that name.
 
 QString settingsFile(const QString &folder)
 {
-    return folder + QStringLiteral("/kvprint/dialog.conf");
+    return folder + u"/kvprint/dialog.conf"_s;
 }
 
 /// Puts the settings where the dialogs look for them; nothing when they are null.
 bool writeSettings(const QString &folder, const QByteArray &lines)
 {
     QFile file(settingsFile(folder));
-    return lines.isNull() || (QDir(folder).mkpath(QStringLiteral("kvprint")) &&
+    return lines.isNull() || (QDir(folder).mkpath(u"kvprint"_s) &&
                               file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size());
 }
 } // namespace
 
 /// What the files kvprint/dialog.conf do to the print dialogs of an application.
-class tst_dialogsettings : public QObject
+class tst_dialogsettings : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase_data() { addQtVersionRows(); }
-    void initTestCase();
     void applications_data();
     void applications();
     void panelIsNotLoadedWhenOff();
@@ -49,67 +48,55 @@ private Q_SLOTS:
     void switchThatMeansNothingIsTold_data();
     void switchThatMeansNothingIsTold();
     void leavesNoFiles();
-
-private:
-    PrintingSite mSite;
 };
-
-void tst_dialogsettings::initTestCase()
-{
-    const QString error = mSite.open();
-    QVERIFY2(error.isNull(), qPrintable(error));
-}
 
 void tst_dialogsettings::applications_data()
 {
-    QTest::addColumn<QByteArray>("user");
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<bool>("isExtended");
+    const TestTable<QByteArray, QByteArray, bool> table("user", "system", "isExtended");
     const QByteArray none;
     const QByteArray on = "[Applications]\ndialogopener=on\n";
     const QByteArray off = "[Applications]\ndialogopener=off\n";
     const QByteArray allOff = "[Applications]\n*=off\n";
     const QByteArray othersOff = "[Applications]\ndialog=off\ndialogopener2=off\n";
     const QByteArray elsewhere = "dialogopener=off\n[Programs]\ndialogopener=off\n";
-    QTest::newRow("no files") << none << none << true;
-    QTest::newRow("off for the user") << off << none << false;
-    QTest::newRow("off for all users") << none << off << false;
-    QTest::newRow("the user's own way: on") << on << off << true;
-    QTest::newRow("the user's own way: off") << off << on << false;
-    QTest::newRow("other applications") << othersOff << none << true;
-    QTest::newRow("other sections") << elsewhere << none << true;
-    QTest::newRow("all applications") << allOff << none << false;
-    QTest::newRow("all applications of all users") << none << allOff << false;
-    QTest::newRow("all but this") << QByteArray(allOff + "dialogopener=on\n") << none << true;
-    QTest::newRow("the user's all but the system's this") << allOff << on << true;
-    QTest::newRow("blanks and quotes")
-        << QByteArray("[Applications]\n  dialogopener = \"off\"  \n") << none << false;
-    QTest::newRow("comments") << QByteArray("; a\n# b\n\n[Applications]\n;dialogopener=on\n"
-                                            "dialogopener=off ; c\n#dialogopener=on\n")
-                              << none << false;
-    QTest::newRow("the last line of two")
-        << QByteArray("[Applications]\ndialogopener=on\ndialogopener=off\n") << none << false;
-    QTest::newRow("lines of another system")
-        << QByteArray("\xef\xbb\xbf[Applications]\r\ndialogopener=off\r\n") << none << false;
-    QTest::newRow("as large as may be")
-        << QByteArray(off + QByteArray(64 * 1024 - off.size(), '\n')) << none << false;
+    table.add("no files", none, none, true);
+    table.add("off for the user", off, none, false);
+    table.add("off for all users", none, off, false);
+    table.add("the user's own way: on", on, off, true);
+    table.add("the user's own way: off", off, on, false);
+    table.add("other applications", othersOff, none, true);
+    table.add("other sections", elsewhere, none, true);
+    table.add("all applications", allOff, none, false);
+    table.add("all applications of all users", none, allOff, false);
+    table.add("all but this", QByteArray(allOff + "dialogopener=on\n"), none, true);
+    table.add("the user's all but the system's this", allOff, on, true);
+    table.add("blanks and quotes", "[Applications]\n  dialogopener = \"off\"  \n", none, false);
+    table.add("comments",
+              "; a\n# b\n\n[Applications]\n;dialogopener=on\n"
+              "dialogopener=off ; c\n#dialogopener=on\n",
+              none, false);
+    table.add("the last line of two", "[Applications]\ndialogopener=on\ndialogopener=off\n", none,
+              false);
+    table.add("lines of another system", "\xef\xbb\xbf[Applications]\r\ndialogopener=off\r\n", none,
+              false);
+    table.add("as large as may be", QByteArray(off + QByteArray(64 * 1024 - off.size(), '\n')),
+              none, false);
 }
 
 void tst_dialogsettings::applications()
 {
     QFETCH(const QByteArray, user);
     QFETCH(const QByteArray, system);
-    QFETCH(const bool, isExtended);
     const QTemporaryDir userFolder;
     const QTemporaryDir systemFolder;
     QVERIFY(writeSettings(userFolder.path(), user));
     QVERIFY(writeSettings(systemFolder.path(), system));
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, userFolder.path(), systemFolder.path());
-    const QStringList tabs = opener.tabs(QStringLiteral("tape"));
+    const QStringList tabs = opener.tabs(u"tape"_s);
     QVERIFY(!tabs.isEmpty());
-    QCOMPARE(tabs.contains(kPanelTab), isExtended);
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QTEST(tabs.contains(kPanelTab), "isExtended");
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_dialogsettings::panelIsNotLoadedWhenOff()
@@ -118,7 +105,7 @@ void tst_dialogsettings::panelIsNotLoadedWhenOff()
     QVERIFY(writeSettings(folder.path(), "[Applications]\ndialogopener=off\n"));
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(!opener.tabs(QStringLiteral("tape")).isEmpty());
+    QVERIFY(!opener.tabs(u"tape"_s).isEmpty());
     QVERIFY(opener.hasLoaded(extender.arg(qt)));
     QVERIFY(!opener.hasLoaded(bundleLibrary.arg(qt)));
 }
@@ -128,27 +115,24 @@ void tst_dialogsettings::changeHoldsForTheNextDialog()
     const QTemporaryDir folder;
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
+    QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
     QVERIFY(opener.hasLoaded(bundleLibrary.arg(qt)));
     QVERIFY(writeSettings(folder.path(), "[Applications]\ndialogopener=off\n"));
-    QVERIFY(!opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
+    QVERIFY(!opener.tabs(u"tape"_s).contains(kPanelTab));
     QVERIFY(writeSettings(folder.path(), "[Applications]\n"));
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_dialogsettings::faultIsToldOnce_data()
 {
-    QTest::addColumn<QByteArray>("settings");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("neither on nor off")
-        << QByteArray("[Applications]\ndialogopener=maybe\n")
-        << QStringLiteral("\"dialogopener\" is neither \"on\" nor \"off\"");
-    QTest::newRow("no settings") << QByteArray("\n[Applications\ndialogopener\n")
-                                 << QStringLiteral(
-                                        "line 2 is neither a section, nor a key and a value");
-    QTest::newRow("no text") << QByteArray("[Applications]\n\xe4=off\n*=off\ndialogopener=on\n")
-                             << QStringLiteral("it is no text in UTF-8");
+    const TestTable<QByteArray, QString> table("settings", "told");
+    table.add("neither on nor off", "[Applications]\ndialogopener=maybe\n",
+              u"\"dialogopener\" is neither \"on\" nor \"off\""_s);
+    table.add("no settings", "\n[Applications\ndialogopener\n",
+              u"line 2 is neither a section, nor a key and a value"_s);
+    table.add("no text", "[Applications]\n\xe4=off\n*=off\ndialogopener=on\n",
+              u"it is no text in UTF-8"_s);
 }
 
 void tst_dialogsettings::faultIsToldOnce()
@@ -162,18 +146,17 @@ void tst_dialogsettings::faultIsToldOnce()
         QVERIFY(writeSettings(folder->path(), settings));
         DialogOpener opener(qt, user.path(), system.path());
         for (int dialog = 0; dialog < 2; ++dialog) {
-            QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
+            QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
         }
         const QString file = settingsFile(folder->path());
-        QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1: %2\n").arg(file, told));
+        QCOMPARE(opener.finish(), u"kvprint: %1: %2\n"_s.arg(file, told));
         QVERIFY(QFile::remove(file));
     }
 }
 
 void tst_dialogsettings::fileThatIsNoneIsTold_data()
 {
-    QTest::addColumn<FileChange>("make");
-    QTest::addColumn<QString>("told");
+    const TestTable<FileChange, QString> table("make", "told");
     const FileChange makeFolder = [](const QString &path) {
         return QDir().mkdir(path);
     };
@@ -181,10 +164,10 @@ void tst_dialogsettings::fileThatIsNoneIsTold_data()
         return mkfifo(QFile::encodeName(path).constData(), 0644) == 0;
     };
     const FileChange makeLink = [](const QString &path) {
-        return QFile::link(QStringLiteral("/none.conf"), path);
+        return QFile::link(u"/none.conf"_s, path);
     };
-    QTest::newRow("folder") << makeFolder << QStringLiteral("is a folder");
-    QTest::newRow("pipe") << makePipe << QStringLiteral("is a pipe");
+    table.add("folder", makeFolder, u"is a folder"_s);
+    table.add("pipe", makePipe, u"is a pipe"_s);
     const auto makeSparse = [](qint64 size) -> FileChange {
         return [size](const QString &path) {
             QFile file(path);
@@ -192,16 +175,15 @@ void tst_dialogsettings::fileThatIsNoneIsTold_data()
         };
     };
     const FileChange makeDevice = [](const QString &path) {
-        return QFile::link(QStringLiteral("/dev/zero"), path);
+        return QFile::link(u"/dev/zero"_s, path);
     };
     const qint64 gigabyte = 1024 * 1024 * 1024;
-    const QString tooLarge = QStringLiteral("has more than 65536 bytes");
-    QTest::newRow("link") << makeLink
-                          << QStringLiteral("is a link to /none.conf, which is missing");
-    QTest::newRow("device") << makeDevice << QStringLiteral("is a device");
-    QTest::newRow("one byte too large") << makeSparse(64 * 1024 + 1) << tooLarge;
-    QTest::newRow("1 GB") << makeSparse(gigabyte) << tooLarge;
-    QTest::newRow("3 GB") << makeSparse(3 * gigabyte) << tooLarge;
+    const QString tooLarge = u"has more than 65536 bytes"_s;
+    table.add("link", makeLink, u"is a link to /none.conf, which is missing"_s);
+    table.add("device", makeDevice, u"is a device"_s);
+    table.add("one byte too large", makeSparse(64 * 1024 + 1), tooLarge);
+    table.add("1 GB", makeSparse(gigabyte), tooLarge);
+    table.add("3 GB", makeSparse(3 * gigabyte), tooLarge);
 }
 
 void tst_dialogsettings::fileThatIsNoneIsTold()
@@ -213,25 +195,24 @@ void tst_dialogsettings::fileThatIsNoneIsTold()
     const QTemporaryDir system;
     QString expected;
     for (const QTemporaryDir *folder : {&user, &system}) {
-        QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("kvprint")));
+        QVERIFY(QDir(folder->path()).mkdir(u"kvprint"_s));
         QVERIFY(make(settingsFile(folder->path())));
-        expected += QStringLiteral("kvprint: %1 %2\n").arg(settingsFile(folder->path()), told);
+        expected += u"kvprint: %1 %2\n"_s.arg(settingsFile(folder->path()), told);
     }
     DialogOpener opener(qt, user.path(), system.path());
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
+        QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
     }
     QCOMPARE(opener.finish(), expected);
 }
 
 void tst_dialogsettings::switchThatMeansNothingIsTold_data()
 {
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<bool>("isTold");
-    QTest::newRow("empty") << QByteArray("") << false;
-    QTest::newRow("on") << QByteArray("on") << false;
+    const TestTable<QByteArray, bool> table("value", "isTold");
+    table.add("empty", "", false);
+    table.add("on", "on", false);
     for (const char *value : {"OFF", "0", "no"}) {
-        QTest::newRow(value) << QByteArray(value) << true;
+        table.add(value, QByteArray(value), true);
     }
 }
 
@@ -246,13 +227,12 @@ void tst_dialogsettings::switchThatMeansNothingIsTold()
     DialogOpener opener(qt, folder.path(), folder.path());
     qunsetenv("KVPRINT_DIALOG");
     for (int dialog = 0; dialog < 2; ++dialog) {
-        QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
+        QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
     }
-    const QString told =
-        QStringLiteral("kvprint: KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"\n")
-            .arg(QString::fromLatin1(value));
-    QCOMPARE(opener.finish(), isTold ? told : QStringLiteral(""));
-    QCOMPARE(silent.finish(), QStringLiteral(""));
+    const QString told = u"kvprint: KVPRINT_DIALOG: \"%1\" is neither \"on\" nor \"off\"\n"_s.arg(
+        QString::fromLatin1(value));
+    QCOMPARE(opener.finish(), isTold ? told : u""_s);
+    QCOMPARE(silent.finish(), u""_s);
 }
 
 void tst_dialogsettings::leavesNoFiles()
@@ -260,9 +240,9 @@ void tst_dialogsettings::leavesNoFiles()
     const QTemporaryDir folder;
     QFETCH_GLOBAL(const QString, qt);
     DialogOpener opener(qt, folder.path(), folder.path());
-    QVERIFY(opener.tabs(QStringLiteral("tape")).contains(kPanelTab));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
-    QVERIFY(!QDir(folder.filePath(QStringLiteral("kvprint"))).exists());
+    QVERIFY(opener.tabs(u"tape"_s).contains(kPanelTab));
+    QCOMPARE(opener.finish(), u""_s);
+    QVERIFY(!QDir(folder.filePath(u"kvprint"_s)).exists());
 }
 
 KV_CORE_TEST(tst_dialogsettings)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ProgramRun.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QMap>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -14,21 +15,12 @@ const QByteArray elfMark("\177ELF");
 /// system's; by the file's path below a prefix.
 using SearchedFolders = QMap<QString, QString>;
 
-QString outputOf(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    return process.waitForFinished() && process.exitCode() == 0
-               ? QString::fromLocal8Bit(process.readAllStandardOutput())
-               : QStringLiteral("failed");
-}
-
 QString searchedFolders(const QString &file)
 {
-    const QString section = outputOf(QStringLiteral("readelf"), {QStringLiteral("-dW"), file});
-    const QRegularExpression path(QStringLiteral("\\((?:RUNPATH|RPATH)\\).*\\[(.*)\\]"));
+    const QString section = runProgram(u"readelf"_s, {u"-dW"_s, file}).output;
+    const QRegularExpression path(u"\\((?:RUNPATH|RPATH)\\).*\\[(.*)\\]"_s);
     const QString folders = path.match(section).captured(1);
-    return section.contains(QStringLiteral("(NEEDED)")) ? folders : QStringLiteral("unknown");
+    return section.contains(u"(NEEDED)"_s) ? folders : u"unknown"_s;
 }
 
 bool isDynamic(const QString &path)
@@ -42,7 +34,7 @@ bool isDynamic(const QString &path)
 SearchedFolders searchedBelow(const QString &prefix)
 {
     const QDir top(prefix);
-    QStringList files{top.filePath(QStringLiteral("bin/kvprint"))};
+    QStringList files{top.filePath(u"bin/kvprint"_s)};
     QDirIterator libraries(top.filePath(QStringLiteral(KV_LIBRARY_FOLDER)), QDir::Files,
                            QDirIterator::Subdirectories);
     while (libraries.hasNext()) {
@@ -60,18 +52,15 @@ SearchedFolders searchedBelow(const QString &prefix)
 SearchedFolders expectedFolders()
 {
     const QString libraries = QStringLiteral(KV_LIBRARY_FOLDER);
-    const QString own = libraries + QStringLiteral("/kvprint");
-    SearchedFolders expected{{QStringLiteral("bin/kvprint"), QStringLiteral("$ORIGIN/../") + own}};
+    const QString own = libraries + u"/kvprint"_s;
+    SearchedFolders expected{{u"bin/kvprint"_s, u"$ORIGIN/../"_s + own}};
     for (const QString &qt : QStringLiteral(KV_QT_VERSIONS).split(u',')) {
-        expected.insert(own + QStringLiteral("/libkvprintdialog-qt%1.so").arg(qt),
-                        QStringLiteral("$ORIGIN"));
-        expected.insert(own + QStringLiteral("/libkvprintcore-qt%1.so.0.1.0").arg(qt), QString());
-        expected.insert(own + QStringLiteral("/pde/KVMQRVOptions.pde/Contents/Linux/"
-                                             "libKVMQRVOptions-qt%1.so")
-                                  .arg(qt),
+        expected.insert(own + u"/libkvprintdialog-qt%1.so"_s.arg(qt), u"$ORIGIN"_s);
+        expected.insert(own + u"/libkvprintcore-qt%1.so.0.1.0"_s.arg(qt), QString());
+        expected.insert(own + u"/pde/KVMQRVOptions.pde/Contents/Linux/"
+                              "libKVMQRVOptions-qt%1.so"_s.arg(qt),
                         QString());
-        expected.insert(libraries +
-                            QStringLiteral("/qt%1/plugins/generic/libkvprintdialog.so").arg(qt),
+        expected.insert(libraries + u"/qt%1/plugins/generic/libkvprintdialog.so"_s.arg(qt),
                         QString());
     }
     return expected;
@@ -90,9 +79,9 @@ private Q_SLOTS:
 
 void tst_linking::onlyThoseThatNeedOurLibrariesHaveAFolder_data()
 {
-    QTest::addColumn<bool>("isInstalled");
-    QTest::newRow("built") << false;
-    QTest::newRow("installed") << true;
+    const TestTable<bool> table("isInstalled");
+    table.add("built", false);
+    table.add("installed", true);
 }
 
 void tst_linking::onlyThoseThatNeedOurLibrariesHaveAFolder()
@@ -101,12 +90,10 @@ void tst_linking::onlyThoseThatNeedOurLibrariesHaveAFolder()
     const QTemporaryDir root;
     QString prefix = QStringLiteral(KV_BUILD_FOLDER);
     if (isInstalled) {
-        prefix = root.filePath(QStringLiteral("usr"));
-        QVERIFY(qputenv("DESTDIR", QFile::encodeName(root.path())));
-        outputOf(QStringLiteral(KV_CMAKE),
-                 {QStringLiteral("--install"), QStringLiteral(KV_BUILD_FOLDER),
-                  QStringLiteral("--prefix"), QStringLiteral("/usr")});
-        qunsetenv("DESTDIR");
+        prefix = root.filePath(u"usr"_s);
+        runProgram(QStringLiteral(KV_CMAKE),
+                   {u"--install"_s, QStringLiteral(KV_BUILD_FOLDER), u"--prefix"_s, u"/usr"_s},
+                   {{}, {u"DESTDIR="_s + root.path()}});
     }
     QCOMPARE(searchedBelow(prefix), expectedFolders());
 }

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DialogOpener.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "support/DialogNames.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 /// When the extension comes to a dialog: once it has been seen, and always before it prints.
-class tst_opening : public QObject
+class tst_opening : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase_data() { addQtVersionRows(); }
-    void initTestCase();
     void dialogIsSeenFirst();
     void tabsCome_data();
     void tabsCome();
@@ -21,15 +20,8 @@ private Q_SLOTS:
     void quickJobHasTheChoices();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
     QTemporaryDir mFolder;
 };
-
-void tst_opening::initTestCase()
-{
-    const QString error = mSite.open();
-    QVERIFY2(error.isNull(), qPrintable(error));
-}
 
 void tst_opening::dialogIsSeenFirst()
 {
@@ -39,14 +31,14 @@ void tst_opening::dialogIsSeenFirst()
         QCOMPARE(opener.answer(u"order"_s, tape), QStringList{u"seen first"_s});
     }
     QVERIFY(opener.hasLoaded(u"libkvprintdialog-qt%1.so"_s.arg(qt)));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_opening::tabsCome_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::newRow("to a dialog that is never painted") << u"tabs unpainted"_s;
-    QTest::newRow("to a dialog behind deleted ones") << u"tabs behind deleted"_s;
+    const TestTable<QString> table("way");
+    table.add("to a dialog that is never painted", u"tabs unpainted"_s);
+    table.add("to a dialog behind deleted ones", u"tabs behind deleted"_s);
 }
 
 void tst_opening::tabsCome()
@@ -55,15 +47,15 @@ void tst_opening::tabsCome()
     QFETCH(const QString, way);
     DialogOpener opener(qt, mFolder.path(), mFolder.path());
     QVERIFY(opener.answer(way, tape).contains(kPanelTab));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_opening::quickJobHasTheChoices_data()
 {
-    QTest::addColumn<QString>("way");
+    const TestTable<QString> table("way");
     for (const char *way :
          {"accepted once open", "accepted in exec", "accepted when shown again"}) {
-        QTest::newRow(way) << QString::fromLatin1(way);
+        table.add(way, QString::fromLatin1(way));
     }
 }
 
@@ -76,7 +68,7 @@ void tst_opening::quickJobHasTheChoices()
     for (const char *key : {"KvAutoTapeCut", "KvHalfCut", "KvMirror"}) {
         QCOMPARE(options.count(QLatin1String(key)), 1);
     }
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 KV_CORE_TEST(tst_opening)

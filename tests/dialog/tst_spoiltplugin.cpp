@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DialogOpener.h"
 #include "applications/PlugInTree.h"
-#include "host/PrintingSite.h"
+#include "host/PrintingTest.h"
 #include "support/DialogNames.h"
 
 #include <QDir>
@@ -31,13 +31,13 @@ bool makePipe(const QString &path)
 
 bool makeLink(const QString &path)
 {
-    return removePath(path) && QFile::link(QStringLiteral("/none"), path);
+    return removePath(path) && QFile::link(u"/none"_s, path);
 }
 
 /// A file that anybody can change, beside the tree.
 QString othersFile(const QString &path)
 {
-    return QFileInfo(path).path() + QStringLiteral("/../others/others.so");
+    return QFileInfo(path).path() + u"/../others/others.so"_s;
 }
 
 bool writeOthersFile(const QString &path)
@@ -55,10 +55,10 @@ bool makeLinkToOthers(const QString &path)
 
 bool addOthersLibrary(const QString &folder)
 {
-    return writeOthersFile(folder + QStringLiteral("/libcups.so.2"));
+    return writeOthersFile(folder + u"/libcups.so.2"_s);
 }
 
-const QString processorFolder = QStringLiteral("/glibc-hwcaps/x86-64-v2");
+const QString processorFolder = u"/glibc-hwcaps/x86-64-v2"_s;
 
 bool addOthersProcessorLibrary(const QString &folder)
 {
@@ -80,13 +80,12 @@ FileChange setMode(mode_t mode)
 } // namespace
 
 /// What the user of an application is told when the plug-in does not find what belongs to it.
-class tst_spoiltplugin : public QObject
+class tst_spoiltplugin : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase_data() { addQtVersionRows(); }
-    void initTestCase();
     void libraryIsNotLoaded_data();
     void libraryIsNotLoaded();
     void nothingIsLoadedFromTheCurrentFolder();
@@ -94,28 +93,17 @@ private Q_SLOTS:
     void namesThatForgeLinesAreEscaped();
     void removedBeforeTheFirstDialog();
     void removedWhileDialogsAreOff();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
-
-void tst_spoiltplugin::initTestCase()
-{
-    const QString error = mSite.open();
-    QVERIFY2(error.isNull(), qPrintable(error));
-}
 
 void tst_spoiltplugin::libraryIsNotLoaded_data()
 {
-    QTest::addColumn<QString>("spoilt");
-    QTest::addColumn<FileChange>("change");
-    QTest::addColumn<QString>("fault");
-    const QString library = QStringLiteral("/libkvprintdialog-qt%1.so");
-    const QString core = QStringLiteral("/libkvprintcore-qt%1.so.0.1.0");
-    const QString folder = QStringLiteral("/kvprint");
-    const auto row = [](const char *name, const QString &spoilt, const FileChange &change,
-                        const char *fault) {
-        QTest::newRow(name) << spoilt << change << QString::fromLatin1(fault);
+    const TestTable<QString, FileChange, QString> table("spoilt", "change", "fault");
+    const QString library = u"/libkvprintdialog-qt%1.so"_s;
+    const QString core = u"/libkvprintcore-qt%1.so.0.1.0"_s;
+    const QString folder = u"/kvprint"_s;
+    const auto row = [&table](const char *name, const QString &spoilt, const FileChange &change,
+                              const char *fault) {
+        table.add(name, spoilt, change, QString::fromLatin1(fault));
     };
     row("missing", library, removePath, "is missing");
     row("folder", library, makeFolder, "is a folder");
@@ -128,7 +116,7 @@ void tst_spoiltplugin::libraryIsNotLoaded_data()
         "is in %1, which can be written by others (mode 777)");
     row("core open to others", core, setMode(0664),
         "is not loaded: %1 can be written by others (mode 664)");
-    const QString neededCore = QStringLiteral("/libkvprintcore-qt%1.so.0");
+    const QString neededCore = u"/libkvprintcore-qt%1.so.0"_s;
     row("core missing", neededCore, removePath, "is not loaded: %1 is missing");
     row("core is a pipe", neededCore, makePipe, "is not loaded: %1 is a pipe");
     row("core is a link to others' file", neededCore, makeLinkToOthers,
@@ -153,32 +141,31 @@ void tst_spoiltplugin::libraryIsNotLoaded()
     const QStringList paths = tree.matching(spoilt.contains(u'%') ? spoilt.arg(qt) : spoilt);
     QCOMPARE(paths.size(), 1);
     QVERIFY(change(paths.first()));
-    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
+    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
 
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
-    QVERIFY(!opener.hasLoaded(QStringLiteral("libkvprintdialog-qt%1.so").arg(qt)));
-    const QString library =
-        QStringLiteral("%1/kvprint/libkvprintdialog-qt%2.so").arg(tree.libraries(), qt);
+    QVERIFY(!opener.hasLoaded(u"libkvprintdialog-qt%1.so"_s.arg(qt)));
+    const QString library = u"%1/kvprint/libkvprintdialog-qt%2.so"_s.arg(tree.libraries(), qt);
     QString told = fault.contains(u'%') ? fault.arg(paths.first()) : fault;
-    told.replace(QStringLiteral("KVPRINT"), tree.libraries() + QStringLiteral("/kvprint"));
-    told.replace(QStringLiteral("OTHERS"), tree.libraries() + QStringLiteral("/others"));
-    QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 %2\n").arg(library, told));
+    told.replace(u"KVPRINT"_s, tree.libraries() + u"/kvprint"_s);
+    told.replace(u"OTHERS"_s, tree.libraries() + u"/others"_s);
+    QCOMPARE(opener.finish(), u"kvprint: %1 %2\n"_s.arg(library, told));
 }
 
 void tst_spoiltplugin::nothingIsLoadedFromTheCurrentFolder()
 {
     QFETCH_GLOBAL(const QString, qt);
-    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
+    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path());
     QVERIFY(opener.tabs(tape).contains(kPanelTab));
-    QVERIFY(opener.hasLoaded(QStringLiteral("libKVMQRVOptions-qt%1.so").arg(qt)));
+    QVERIFY(opener.hasLoaded(u"libKVMQRVOptions-qt%1.so"_s.arg(qt)));
     QVERIFY(!opener.hasLoadedFrom(folder.path()));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_spoiltplugin::nothingPlantedIsLoaded()
@@ -186,15 +173,13 @@ void tst_spoiltplugin::nothingPlantedIsLoaded()
     QFETCH_GLOBAL(const QString, qt);
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
-    const QString own = QStringLiteral("libkvprintdialog-qt%1.so").arg(qt);
-    const QString core = QStringLiteral("libkvprintcore-qt%1.so.0").arg(qt);
-    const QString bundle = QStringLiteral("/kvprint/pde/KVMQRVOptions.pde");
+    const QString own = u"libkvprintdialog-qt%1.so"_s.arg(qt);
+    const QString core = u"libkvprintcore-qt%1.so.0"_s.arg(qt);
+    const QString bundle = u"/kvprint/pde/KVMQRVOptions.pde"_s;
     for (const QString &place :
-         {QStringLiteral(""), QStringLiteral("/qt%1/plugins/generic").arg(qt),
-          QStringLiteral("/qt%1/plugins").arg(qt), QStringLiteral("/kvprint/pde"), bundle,
-          bundle + QStringLiteral("/Contents"), bundle + QStringLiteral("/Contents/Linux")}) {
-        for (const QString &name :
-             {own, core, QStringLiteral("libcups.so.2"), QStringLiteral("libQt6UiTools.so.6")}) {
+         {u""_s, u"/qt%1/plugins/generic"_s.arg(qt), u"/qt%1/plugins"_s.arg(qt), u"/kvprint/pde"_s,
+          bundle, bundle + u"/Contents"_s, bundle + u"/Contents/Linux"_s}) {
+        for (const QString &name : {own, core, u"libcups.so.2"_s, u"libQt6UiTools.so.6"_s}) {
             // Whoever loads it fails.
             QVERIFY(writeOthersFile(tree.libraries() + place + u'/' + name));
             QCOMPARE(chmod(QFile::encodeName(tree.libraries() + place).constData(), 0755), 0);
@@ -205,7 +190,7 @@ void tst_spoiltplugin::nothingPlantedIsLoaded()
     QVERIFY(opener.tabs(tape).contains(kPanelTab));
     QVERIFY(opener.hasLoadedFrom(tree.libraries()));
     QVERIFY(!opener.hasLoadedFrom(QStringLiteral(KV_LIBRARIES)));
-    QCOMPARE(opener.finish(), QStringLiteral(""));
+    QCOMPARE(opener.finish(), u""_s);
 }
 
 void tst_spoiltplugin::namesThatForgeLinesAreEscaped()
@@ -213,8 +198,7 @@ void tst_spoiltplugin::namesThatForgeLinesAreEscaped()
     QFETCH_GLOBAL(const QString, qt);
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
-    QFile info(tree.libraries() +
-               QStringLiteral("/kvprint/pde/KVMQRVOptions.pde/Contents/Info.json"));
+    QFile info(tree.libraries() + u"/kvprint/pde/KVMQRVOptions.pde/Contents/Info.json"_s);
     QVERIFY(info.open(QIODevice::ReadOnly));
     QByteArray entries = info.readAll();
     info.close();
@@ -222,18 +206,18 @@ void tst_spoiltplugin::namesThatForgeLinesAreEscaped()
     entries.replace("KVMQRVOptionsPlugIn13_v400_", forging);
     QVERIFY(info.open(QIODevice::WriteOnly) && info.write(entries) == entries.size());
     info.close();
-    QVERIFY(QDir().mkdir(tree.libraries() + QStringLiteral("/kvprint/pde/B\nkvprint: b.pde")));
+    QVERIFY(QDir().mkdir(tree.libraries() + u"/kvprint/pde/B\nkvprint: b.pde"_s));
     const QTemporaryDir folder;
     QVERIFY(qputenv("KVPRINT_DIALOG", "off\nkvprint: c"));
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
     qunsetenv("KVPRINT_DIALOG");
     QVERIFY(!opener.tabs(tape).contains(kPanelTab));
-    const QString told = QStringLiteral(
-        "kvprint: KVPRINT_DIALOG: \"off\\nkvprint: c\" is neither \"on\" nor \"off\"\n"
+    const QString told =
+        u"kvprint: KVPRINT_DIALOG: \"off\\nkvprint: c\" is neither \"on\" nor \"off\"\n"
         "kvprint: %1/kvprint/pde/B\\nkvprint: b.pde/Contents/Info.json: is missing\n"
         "kvprint: KVMQRVOptions.pde: the library has no class A\\nkvprint: all is well \\x1b[2J "
         "that "
-        "works on this system\n");
+        "works on this system\n"_s;
     QCOMPARE(opener.finish(), told.arg(tree.libraries()));
 }
 
@@ -243,17 +227,16 @@ void tst_spoiltplugin::removedBeforeTheFirstDialog()
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
     const QString plugIn =
-        QStringLiteral("%1/qt%2/plugins/generic/libkvprintdialog.so").arg(tree.libraries(), qt);
-    const QTemporaryDir folder(memoryFolderPattern(QStringLiteral("decoys")));
+        u"%1/qt%2/plugins/generic/libkvprintdialog.so"_s.arg(tree.libraries(), qt);
+    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
-    QVERIFY(
-        QTest::qWaitFor([&] { return opener.hasLoaded(QStringLiteral("libkvprintdialog.so")); }));
+    QVERIFY(QTest::qWaitFor([&] { return opener.hasLoaded(u"libkvprintdialog.so"_s); }));
     QVERIFY(removePath(tree.libraries()));
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
-    QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 has been removed\n").arg(plugIn));
+    QCOMPARE(opener.finish(), u"kvprint: %1 has been removed\n"_s.arg(plugIn));
 }
 
 void tst_spoiltplugin::removedWhileDialogsAreOff()
@@ -262,7 +245,7 @@ void tst_spoiltplugin::removedWhileDialogsAreOff()
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
     const QTemporaryDir folder;
-    QFile settings(folder.filePath(QStringLiteral("kvprint/dialog.conf")));
+    QFile settings(folder.filePath(u"kvprint/dialog.conf"_s));
     QVERIFY(PlugInTree::addDecoys(folder.path()));
     QVERIFY(settings.open(QIODevice::WriteOnly));
     QVERIFY(settings.write("[Applications]\n*=off\n") > 0);
@@ -274,9 +257,8 @@ void tst_spoiltplugin::removedWhileDialogsAreOff()
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
-    const QString library =
-        QStringLiteral("%1/kvprint/libkvprintdialog-qt%2.so").arg(tree.libraries(), qt);
-    QCOMPARE(opener.finish(), QStringLiteral("kvprint: %1 has been removed\n").arg(library));
+    const QString library = u"%1/kvprint/libkvprintdialog-qt%2.so"_s.arg(tree.libraries(), qt);
+    QCOMPARE(opener.finish(), u"kvprint: %1 has been removed\n"_s.arg(library));
 }
 
 KV_CORE_TEST(tst_spoiltplugin)

@@ -32,24 +32,18 @@ struct SamplePrinter
 };
 
 const QStringList everyOption = {
-    QStringLiteral("KvCutLabel"),    QStringLiteral("KvCutAtEnd"),
-    QStringLiteral("KvMirror"),      QStringLiteral("KvAutoTapeCut"),
-    QStringLiteral("KvHalfCut"),     QStringLiteral("KvChainPrint"),
-    QStringLiteral("KvSpecialTape"), QStringLiteral("KvRemoveBlkSpace"),
-    QStringLiteral("KvCutMark"),
+    u"KvCutLabel"_s,    u"KvCutAtEnd"_s,       u"KvMirror"_s,
+    u"KvAutoTapeCut"_s, u"KvHalfCut"_s,        u"KvChainPrint"_s,
+    u"KvSpecialTape"_s, u"KvRemoveBlkSpace"_s, u"KvCutMark"_s,
 };
 
 const QStringList everyText = {
-    QStringLiteral("Cut Every"),       QStringLiteral("Cut at End"),
-    QStringLiteral("Mirror Printing"), QStringLiteral("Auto Cut"),
-    QStringLiteral("Half Cut"),        QStringLiteral("Chain Printing"),
-    QStringLiteral("Special Tape"),    QStringLiteral("Remove Blank Space"),
-    QStringLiteral("Cut Mark"),
+    u"Cut Every"_s,      u"Cut at End"_s,   u"Mirror Printing"_s,    u"Auto Cut"_s, u"Half Cut"_s,
+    u"Chain Printing"_s, u"Special Tape"_s, u"Remove Blank Space"_s, u"Cut Mark"_s,
 };
 
 const QStringList everyPrefix = {
-    QStringLiteral("DC"), QStringLiteral("AV"), QStringLiteral("FL"),
-    QStringLiteral("C_"), QStringLiteral("HS"), QStringLiteral("Custom"),
+    u"DC"_s, u"AV"_s, u"FL"_s, u"C_"_s, u"HS"_s, u"Custom"_s,
 };
 
 QStringList words(const char *text)
@@ -90,7 +84,7 @@ QStringList choices(const ppd_option_t &option)
 
 QStringList expectedChoices(const QString &keyword)
 {
-    if (keyword != QStringLiteral("KvCutLabel")) {
+    if (keyword != u"KvCutLabel"_s) {
         return words("OFF ON");
     }
     QStringList counts;
@@ -132,9 +126,9 @@ QSet<QString> toSet(const QStringList &list)
 
 void addPrinters()
 {
-    QTest::addColumn<const SamplePrinter *>("printer");
+    const TestTable<const SamplePrinter *> table("printer");
     for (const SamplePrinter &printer : samplePrinters) {
-        QTest::newRow(printer.name) << &printer;
+        table.add(printer.name, &printer);
     }
 }
 } // namespace
@@ -168,7 +162,7 @@ void tst_drivers::folderHoldsThePrintersOnly()
 {
     QStringList expected;
     for (const SamplePrinter &printer : samplePrinters) {
-        expected.append(QString::fromLatin1(printer.name) + QStringLiteral(".ppd"));
+        expected.append(QString::fromLatin1(printer.name) + u".ppd"_s);
     }
     expected.sort();
     QCOMPARE(QDir(QStringLiteral(KV_PPD_DIR)).entryList(QDir::Files, QDir::Name), expected);
@@ -178,8 +172,7 @@ void tst_drivers::conformance()
 {
     QFETCH(const SamplePrinter *, printer);
     QProcess check;
-    check.start(QStringLiteral("cupstestppd"),
-                {QStringLiteral("-v"), ppdPath(QString::fromLatin1(printer->name))});
+    check.start(u"cupstestppd"_s, {u"-v"_s, ppdPath(QString::fromLatin1(printer->name))});
     QVERIFY(check.waitForFinished());
     const QByteArray output = check.readAll();
     QCOMPARE(check.exitStatus(), QProcess::NormalExit);
@@ -217,7 +210,7 @@ void tst_drivers::cutOptions()
         QCOMPARE(option->ui, PPD_UI_PICKONE);
         QCOMPARE(QString::fromUtf8(option->text), everyText[i]);
         QCOMPARE(choices(*option), expectedChoices(keyword));
-        const QByteArray expectedDefault = keyword == QStringLiteral("KvAutoTapeCut")
+        const QByteArray expectedDefault = keyword == u"KvAutoTapeCut"_s
                                                ? QByteArray(printer->autoTapeCut)
                                                : expectedChoices(keyword).first().toUtf8();
         QCOMPARE(QByteArray(option->defchoice), expectedDefault);
@@ -226,8 +219,7 @@ void tst_drivers::cutOptions()
 
 void tst_drivers::plainOption()
 {
-    const PPD ppd(
-        ppdOpenFile(QFile::encodeName(ppdPath(QStringLiteral("korvane-plain"))).constData()));
+    const PPD ppd(ppdOpenFile(QFile::encodeName(ppdPath(u"korvane-plain"_s)).constData()));
     QVERIFY(ppd);
     const ppd_option_t *density = ppdFindOption(ppd.get(), "KvDensity");
     QVERIFY(density);
@@ -244,16 +236,16 @@ void tst_drivers::mediaPrefixes()
     }
     QVERIFY(prefixes.remove(QString()));
     QCOMPARE(prefixes, toSet(printer->prefixes));
-    QCOMPARE(ppd->variable_sizes != 0, printer->prefixes.contains(QStringLiteral("Custom")));
+    QCOMPARE(ppd->variable_sizes != 0, printer->prefixes.contains(u"Custom"_s));
 }
 
 void tst_drivers::mediaDimensions()
 {
-    static const QRegularExpression dimensions(QStringLiteral("(\\d+)(?:x(\\d+))?$"));
+    static const QRegularExpression dimensions(u"(\\d+)(?:x(\\d+))?$"_s);
     OPEN_PRINTER();
     for (const ppd_size_t &size : std::span(ppd->sizes, static_cast<size_t>(ppd->num_sizes))) {
         const QString name = QString::fromUtf8(size.name);
-        if (name == QStringLiteral("Custom")) {
+        if (name == u"Custom"_s) {
             continue;
         }
         const QRegularExpressionMatch match = dimensions.match(name);

@@ -25,11 +25,10 @@ constexpr int jobTimeoutMs = 60'000;
 constexpr const char *previousServer = "localhost:9";
 
 const QStringList printers = {
-    QStringLiteral("korvane-label"),       QStringLiteral("korvane-tape"),
-    QStringLiteral("korvane-tape-follow"), QStringLiteral("korvane-tape-mark"),
-    QStringLiteral("korvane-tape-all"),    QStringLiteral("korvane-plain"),
+    u"korvane-label"_s,     u"korvane-tape"_s,     u"korvane-tape-follow"_s,
+    u"korvane-tape-mark"_s, u"korvane-tape-all"_s, u"korvane-plain"_s,
 };
-const QString rawPrinter = QStringLiteral("raw");
+const QString rawPrinter = u"raw"_s;
 
 QByteArray readFile(const QString &path)
 {
@@ -51,7 +50,7 @@ int print(const QString &printer, const QString &path)
 // A process that has ended counts as gone, also before its parent has noticed.
 bool isRunning(qint64 process)
 {
-    const QByteArray status = readFile(QStringLiteral("/proc/%1/stat").arg(process));
+    const QByteArray status = readFile(u"/proc/%1/stat"_s.arg(process));
     const qsizetype endOfName = status.lastIndexOf(')');
     return endOfName >= 0 && status.mid(endOfName + 2, 1) != "Z";
 }
@@ -99,12 +98,12 @@ void tst_scheduler::initTestCase()
     qputenv("TMPDIR", QFile::encodeName(mTemp.path()));
     qputenv("CUPS_SERVER", previousServer);
 
-    mTextPath = mFiles.filePath(QStringLiteral("text.txt"));
+    mTextPath = mFiles.filePath(u"text.txt"_s);
     QFile text(mTextPath);
     QVERIFY(text.open(QIODevice::WriteOnly));
     QVERIFY(text.write("A label\n") > 0);
 
-    mPDFPath = mFiles.filePath(QStringLiteral("document.pdf"));
+    mPDFPath = mFiles.filePath(u"document.pdf"_s);
     QPdfWriter writer(mPDFPath);
     QPainter painter(&writer);
     QVERIFY(painter.isActive());
@@ -198,13 +197,12 @@ void tst_scheduler::jobAttributes()
         QVERIFY(mScheduler->waitForJob(id, jobTimeoutMs));
         const auto attributes = mScheduler->jobAttributes(id, &mError);
         QVERIFY2(attributes, qPrintable(mError));
-        QCOMPARE(attributes->value(QStringLiteral("KvHalfCut")), QStringLiteral("ON"));
-        QCOMPARE(attributes->value(QStringLiteral("job-name")),
-                 QStringLiteral("a [quoted] 'title'"));
-        QCOMPARE(attributes->value(QStringLiteral("job-id")), QString::number(id));
-        QCOMPARE(attributes->value(QStringLiteral("job-state")), QStringLiteral("completed"));
-        QCOMPARE(attributes->value(QStringLiteral("job-sheets")), QStringLiteral("none,none"));
-        QVERIFY(attributes->value(QStringLiteral("job-printer-uri")).endsWith(printer));
+        QCOMPARE(attributes->value(u"KvHalfCut"_s), u"ON"_s);
+        QCOMPARE(attributes->value(u"job-name"_s), u"a [quoted] 'title'"_s);
+        QCOMPARE(attributes->value(u"job-id"_s), QString::number(id));
+        QCOMPARE(attributes->value(u"job-state"_s), u"completed"_s);
+        QCOMPARE(attributes->value(u"job-sheets"_s), u"none,none"_s);
+        QVERIFY(attributes->value(u"job-printer-uri"_s).endsWith(printer));
     }
 }
 
@@ -226,8 +224,7 @@ void tst_scheduler::jobIdsOfAPrinter()
 
 void tst_scheduler::errors()
 {
-    QVERIFY(!mScheduler->addPrinter(rawPrinter, mFiles.filePath(QStringLiteral("missing.ppd")),
-                                    &mError));
+    QVERIFY(!mScheduler->addPrinter(rawPrinter, mFiles.filePath(u"missing.ppd"_s), &mError));
     QVERIFY(!mError.isEmpty());
     mError.clear();
     QVERIFY(!mScheduler->jobAttributes(4711, &mError));
@@ -262,7 +259,7 @@ void tst_scheduler::diesWithItsParent()
     QTemporaryDir temp;
     QProcess parent;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TMPDIR"), temp.path());
+    environment.insert(u"TMPDIR"_s, temp.path());
     parent.setProcessEnvironment(environment);
     parent.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     parent.start(QStringLiteral(KV_SCHEDULER_HOLDER), {});

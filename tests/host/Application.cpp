@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
 
-#include "PanelUser.h"
 #include "dialog/PrintDialogAttachment.h"
 
 #include <QPainter>
@@ -19,6 +18,12 @@ Application::Application()
     , mBundles(PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
     , mPrinter(QPrinter::HighResolution)
 {
+}
+
+Application::Application(const QString &printer, bool hasOwnPrinter)
+    : Application()
+{
+    makeDialog(printer, hasOwnPrinter);
 }
 
 Application::~Application() = default;
@@ -51,7 +56,7 @@ void Application::attach()
 
 bool Application::openTab()
 {
-    return PanelUser(*mUser).openTab();
+    return panel().openTab();
 }
 
 void Application::destroyDialog()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "PanelUser.h"
 #include "demo/DialogDriver.h"
 #include "host/LastChoices.h"
 #include "host/PanelBundle.h"
@@ -25,6 +26,8 @@ class Application
 {
 public:
     Application();
+    /// With a dialog, as makeDialog() makes it.
+    explicit Application(const QString &printer, bool hasOwnPrinter = false);
     ~Application();
 
     /// A new dialog for the application's one printer object, or for an own one; the former dialog
@@ -39,6 +42,7 @@ public:
 
     QPrintDialog &dialog() { return *mDialog; }
     DialogDriver &user() { return *mUser; }
+    PanelUser panel() { return PanelUser(*mUser); }
     /// Destroys the dialog.
     void destroyDialog();
 

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 
-#include "PanelUser.h"
 #include "demo/PrivateScheduler.h"
 #include "dialog/PrintDialogAttachment.h"
 
 #include <QPainter>
-#include <QTabWidget>
 
 namespace {
 JobOptions optionsOf(const QStringList &arguments)
@@ -51,7 +49,7 @@ void AttachedDialog::destroyDialogLater()
 
 bool AttachedDialog::openTab()
 {
-    return mUser->open() && PanelUser(*mUser).openTab();
+    return mUser->open() && panel().openTab();
 }
 
 int AttachedDialog::print(const PrivateScheduler &scheduler)
@@ -65,14 +63,4 @@ int AttachedDialog::print(const PrivateScheduler &scheduler)
     painter.end();
     const QList<int> after = scheduler.jobIds();
     return after.size() == before.size() + 1 ? after.last() : 0;
-}
-
-QStringList AttachedDialog::tabs() const
-{
-    const auto *tabs = mDialog->findChild<QTabWidget *>();
-    QStringList titles;
-    for (int i = 0; tabs && i < tabs->count(); ++i) {
-        titles.append(tabs->tabText(i));
-    }
-    return titles;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "PanelUser.h"
 #include "cups/JobOptions.h"
 #include "demo/DialogDriver.h"
 #include "host/LastChoices.h"
@@ -27,6 +28,7 @@ public:
     QPrintDialog &dialog() { return *mDialog; }
     PrintDialogAttachment &attachment() { return *mAttachment; }
     DialogDriver &user() { return *mUser; }
+    PanelUser panel() { return PanelUser(*mUser); }
     /// Destroys the dialog alone.
     void destroyDialog();
     /// Has the dialog destroyed as soon as the program waits for events.
@@ -40,7 +42,7 @@ public:
     int print(const PrivateScheduler &scheduler);
 
     /// The titles of the dialog's tabs.
-    QStringList tabs() const;
+    QStringList tabs() const { return tabsOf(*mDialog); }
     /// What has been reported, in order.
     const QStringList &problems() const { return mProblems; }
     /// How many of the reported problems contain the text.

@@ -23,20 +23,20 @@ bool BundleFolder::add(const QString &name) const
 bool BundleFolder::addOdd(const QString &name, const QString &kind) const
 {
     const QDir bundle(mFolder.filePath(name));
-    QFile info(bundle.filePath(QStringLiteral("Contents/Info.json")));
-    const QString entries = QStringLiteral("{ \"identifier\": \"com.korvane.test.odd\", "
-                                           "\"version\": \"1\", \"principalClass\": \"%1\", "
-                                           "\"libraries\": { \"qt%2\": \"libodd.so\" }, "
-                                           "\"resources\": [] }");
-    return bundle.mkpath(QStringLiteral("Contents/Linux")) && info.open(QIODevice::WriteOnly) &&
+    QFile info(bundle.filePath(u"Contents/Info.json"_s));
+    const QString entries = u"{ \"identifier\": \"com.korvane.test.odd\", "
+                            "\"version\": \"1\", \"principalClass\": \"%1\", "
+                            "\"libraries\": { \"qt%2\": \"libodd.so\" }, "
+                            "\"resources\": [] }"_s;
+    return bundle.mkpath(u"Contents/Linux"_s) && info.open(QIODevice::WriteOnly) &&
            info.write(entries.arg(kind).arg(QT_VERSION_MAJOR).toUtf8()) > 0 &&
            QFile::copy(QStringLiteral(KV_ODD_PANELS),
-                       bundle.filePath(QStringLiteral("Contents/Linux/libodd.so")));
+                       bundle.filePath(u"Contents/Linux/libodd.so"_s));
 }
 
 QString BundleFolder::path(const QString &file) const
 {
-    return QDir::cleanPath(mFolder.filePath(QStringLiteral("Spoilt.pde/") + file));
+    return QDir::cleanPath(mFolder.filePath(u"Spoilt.pde/"_s + file));
 }
 
 bool BundleFolder::remove(const QString &file) const
@@ -57,6 +57,11 @@ bool BundleFolder::truncate(const QString &file, qint64 size) const
 {
     QFile target(path(file));
     return target.size() > size && target.resize(size);
+}
+
+bool BundleFolder::enlarge(const QString &file, qint64 size) const
+{
+    return overwrite(file, "") && QFile(path(file)).resize(size);
 }
 
 bool BundleFolder::replace(const QString &file, const QString &by) const

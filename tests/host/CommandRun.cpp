@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommandRun.h"
 
-#include "PanelUser.h"
-
 #include <QPrintDialog>
 
 namespace {
@@ -39,7 +37,7 @@ bool CommandRun::open()
 
 bool CommandRun::openTab()
 {
-    return open() && PanelUser(*mUser).openTab();
+    return open() && panel().openTab();
 }
 
 int CommandRun::print()

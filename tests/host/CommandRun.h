@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "PanelUser.h"
 #include "demo/DialogDriver.h"
 #include "kvprint/PrintCommand.h"
 
@@ -26,6 +27,7 @@ public:
     PrintCommand &command() { return mCommand; }
     /// The dialog's user; only once it is open.
     DialogDriver &user() { return *mUser; }
+    PanelUser panel() { return PanelUser(*mUser); }
 
 private:
     PrintCommand mCommand;

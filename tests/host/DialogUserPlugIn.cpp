@@ -52,8 +52,8 @@ private:
             return;
         }
         const bool accepts = mDeed == QLatin1String("accept");
-        const bool ticked = user.showOptions() && user.showTab(QStringLiteral("Cut Options")) &&
-                            user.click(QStringLiteral("mHalfCutChkBx"));
+        const bool ticked =
+            user.showOptions() && user.showTab(u"Cut Options"_s) && user.click(u"mHalfCutChkBx"_s);
         if (!ticked || !(accepts ? user.print() : user.cancel())) {
             QApplication::exit(EXIT_FAILURE);
         }

@@ -6,7 +6,7 @@
 #include <QPointer>
 
 namespace {
-const QString mirror = QStringLiteral("KvMirror");
+const QString mirror = u"KvMirror"_s;
 
 /// A panel that is odd in the way of its kind and otherwise does nothing but list what it is told.
 class OddPanel : public PDEPanel
@@ -26,19 +26,19 @@ public:
     {
         if (!mView && mKind != u"Viewless") {
             mView = new QLabel;
-            mView->setObjectName(QStringLiteral("oddView"));
+            mView->setObjectName(u"oddView"_s);
         }
         return mView;
     }
     QString panelName() override { return mKind; }
-    QString panelKind() override { return QStringLiteral("com.korvane.test.odd"); }
+    QString panelKind() override { return u"com.korvane.test.odd"_s; }
     std::optional<QStringList> supportedPPDOptionKeys() override
     {
         return mKind == u"Undeclaring" ? std::nullopt : std::optional(mKeys);
     }
 
     void printWindowWillClose() override {}
-    void willShow() override { list(QStringLiteral("willShow")); }
+    void willShow() override { list(u"willShow"_s); }
     bool shouldHide() override { return mKind != u"Staying"; }
     bool shouldPrint() override { return mKind != u"Refusing"; }
     bool shouldShowHelp() override { return false; }
@@ -51,14 +51,14 @@ public:
     bool saveValuesAndReturnError(QString *error) override
     {
         if (mKind == u"Unsaving") {
-            *error = QStringLiteral("the tape is stuck");
+            *error = u"the tape is stuck"_s;
             return false;
         }
-        mCallback->willChangePPDOptionKeyValue(mirror, QStringLiteral("ON"));
-        mCallback->willChangePPDOptionKeyValue(mirror, QStringLiteral("ON"));
+        mCallback->willChangePPDOptionKeyValue(mirror, u"ON"_s);
+        mCallback->willChangePPDOptionKeyValue(mirror, u"ON"_s);
         if (mKind == u"Lying") {
-            mCallback->willChangePPDOptionKeyValue(mirror, QStringLiteral("MAYBE"));
-            mCallback->willChangePPDOptionKeyValue(QStringLiteral("KvNone"), QStringLiteral("ON"));
+            mCallback->willChangePPDOptionKeyValue(mirror, u"MAYBE"_s);
+            mCallback->willChangePPDOptionKeyValue(u"KvNone"_s, u"ON"_s);
         }
         return true;
     }
@@ -67,8 +67,7 @@ public:
         if (mKind == u"Lying") {
             return std::nullopt;
         }
-        return QVariantMap{{QStringLiteral("Kind"), mKind},
-                           {kSummaryDisplayOrder, QStringList{QStringLiteral("Kind")}}};
+        return QVariantMap{{u"Kind"_s, mKind}, {kSummaryDisplayOrder, QStringList{u"Kind"_s}}};
     }
 
 private:

@@ -8,10 +8,21 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QScrollArea>
+#include <QPrintDialog>
+#include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
+
+QStringList tabsOf(const QPrintDialog &dialog)
+{
+    const auto *tabs = dialog.findChild<QTabWidget *>();
+    QStringList titles;
+    for (int i = 0; tabs && i < tabs->count(); ++i) {
+        titles.append(tabs->tabText(i));
+    }
+    return titles;
+}
 
 PanelUser::PanelUser(DialogDriver &dialog)
     : mDialog(dialog)
@@ -32,7 +43,7 @@ bool PanelUser::openTab()
 QStringList PanelUser::boxes() const
 {
     QStringList names;
-    if (const QWidget *tab = visible(QStringLiteral("panelTab"))) {
+    if (const QWidget *tab = visible(u"panelTab"_s)) {
         for (const QCheckBox *box : tab->findChildren<QCheckBox *>()) {
             if (box->isVisible()) {
                 names.append(box->objectName());
@@ -62,7 +73,7 @@ bool PanelUser::click(const QString &box)
 
 bool PanelUser::typeCount(const QString &text)
 {
-    auto *field = qobject_cast<QLineEdit *>(visible(QStringLiteral("mCutEveryTxBx")));
+    auto *field = qobject_cast<QLineEdit *>(visible(u"mCutEveryTxBx"_s));
     if (!field || !field->isEnabled()) {
         return false;
     }
@@ -74,10 +85,9 @@ bool PanelUser::typeCount(const QString &text)
 
 bool PanelUser::step(bool up)
 {
-    const QWidget *stepper = visible(QStringLiteral("mCutEveryStpr"));
-    auto *arrow = stepper ? stepper->findChild<QToolButton *>(up ? QStringLiteral("stepUp")
-                                                                 : QStringLiteral("stepDown"))
-                          : nullptr;
+    const QWidget *stepper = visible(u"mCutEveryStpr"_s);
+    auto *arrow =
+        stepper ? stepper->findChild<QToolButton *>(up ? u"stepUp"_s : u"stepDown"_s) : nullptr;
     if (!arrow || !arrow->isEnabled()) {
         return false;
     }
@@ -87,13 +97,13 @@ bool PanelUser::step(bool up)
 
 QString PanelUser::count() const
 {
-    const auto *field = qobject_cast<QLineEdit *>(visible(QStringLiteral("mCutEveryTxBx")));
+    const auto *field = qobject_cast<QLineEdit *>(visible(u"mCutEveryTxBx"_s));
     return field ? field->text() : QString();
 }
 
 QList<int> PanelUser::presets() const
 {
-    const auto *menu = qobject_cast<QComboBox *>(visible(QStringLiteral("mOptionPopUpButton")));
+    const auto *menu = qobject_cast<QComboBox *>(visible(u"mOptionPopUpButton"_s));
     QList<int> tags;
     for (int i = 0; menu && i < menu->count(); ++i) {
         tags.append(menu->itemData(i).toInt());
@@ -103,13 +113,13 @@ QList<int> PanelUser::presets() const
 
 int PanelUser::selectedPreset() const
 {
-    const auto *menu = qobject_cast<QComboBox *>(visible(QStringLiteral("mOptionPopUpButton")));
+    const auto *menu = qobject_cast<QComboBox *>(visible(u"mOptionPopUpButton"_s));
     return menu ? menu->currentData().toInt() : 0;
 }
 
 bool PanelUser::pickPreset(int tag)
 {
-    auto *menu = qobject_cast<QComboBox *>(visible(QStringLiteral("mOptionPopUpButton")));
+    auto *menu = qobject_cast<QComboBox *>(visible(u"mOptionPopUpButton"_s));
     const int index = menu ? menu->findData(tag) : -1;
     if (index < 0) {
         return false;
@@ -133,11 +143,11 @@ bool PanelUser::pickPreset(int tag)
 
 QStringList PanelUser::summary() const
 {
-    const auto *list = qobject_cast<QTreeWidget *>(mDialog.widget(QStringLiteral("panelSummary")));
+    const auto *list = qobject_cast<QTreeWidget *>(mDialog.widget(u"panelSummary"_s));
     QStringList lines;
     for (int i = 0; list && i < list->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *line = list->topLevelItem(i);
-        lines.append(QStringLiteral("%1: %2").arg(line->text(0), line->text(1)));
+        lines.append(u"%1: %2"_s.arg(line->text(0), line->text(1)));
     }
     return lines;
 }

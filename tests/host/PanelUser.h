@@ -2,14 +2,16 @@
 #pragma once
 
 #include "support/DialogNames.h"
+
 #include <QString>
 #include <QStringList>
 
 class DialogDriver;
+class QPrintDialog;
 class QWidget;
 
-/// The title of the panel's tab.
-/// The title of the summary's tab.
+/// The titles of a dialog's tabs.
+QStringList tabsOf(const QPrintDialog &dialog);
 
 /// Works the cut-option panel in a print dialog as its user would.
 class PanelUser

@@ -71,8 +71,8 @@ QString PrintingSite::file(const QString &name, const QByteArray &bytes) const
 bool PrintingSite::saveUserOptions(const QByteArray &lines) const
 {
     QDir home(mHome.path());
-    QFile file(home.filePath(QStringLiteral(".cups/lpoptions")));
-    return home.mkpath(QStringLiteral(".cups")) && file.open(QIODevice::WriteOnly) &&
+    QFile file(home.filePath(u".cups/lpoptions"_s));
+    return home.mkpath(u".cups"_s) && file.open(QIODevice::WriteOnly) &&
            file.write(lines) == lines.size();
 }
 

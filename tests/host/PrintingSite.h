@@ -28,7 +28,7 @@ public:
     PrivateScheduler &scheduler() const { return *mScheduler; }
 
     /// Writes a document of one line of text; its path.
-    QString document(const QString &name = QStringLiteral("label.txt")) const;
+    QString document(const QString &name = u"label.txt"_s) const;
     /// Writes a file with these bytes; its path.
     QString file(const QString &name, const QByteArray &bytes) const;
     /// The path of a file in the folder of documents.

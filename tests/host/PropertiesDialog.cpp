@@ -14,7 +14,7 @@
 namespace {
 QWidget *optionsPage(const QDialog &properties)
 {
-    return properties.findChild<QWidget *>(QStringLiteral("cupsPropertiesPage"));
+    return properties.findChild<QWidget *>(u"cupsPropertiesPage"_s);
 }
 } // namespace
 
@@ -30,13 +30,13 @@ bool PropertiesDialog::with(DialogDriver &user, bool accept,
             accept ? properties->accept() : properties->reject();
         }
     });
-    QTest::mouseClick(user.widget(QStringLiteral("properties")), Qt::LeftButton);
+    QTest::mouseClick(user.widget(u"properties"_s), Qt::LeftButton);
     return opened;
 }
 
 QString PropertiesDialog::paper(const QDialog &properties)
 {
-    const auto *menu = properties.findChild<QComboBox *>(QStringLiteral("pageSizeCombo"));
+    const auto *menu = properties.findChild<QComboBox *>(u"pageSizeCombo"_s);
     return menu ? menu->currentData().value<QPageSize>().key() : QString();
 }
 

@@ -14,7 +14,7 @@ QStringList SampleChoices::defaults(const QString &printer)
     if (!ppd.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QRegularExpression line(QStringLiteral("^\\*Default(Kv\\w+): *(\\w+)$"),
+    const QRegularExpression line(u"^\\*Default(Kv\\w+): *(\\w+)$"_s,
                                   QRegularExpression::MultilineOption);
     QStringList defaults;
     auto matches = line.globalMatch(QString::fromUtf8(ppd.readAll()));
@@ -32,7 +32,7 @@ QStringList SampleChoices::defaults(const QString &printer)
 QStringList SampleChoices::seen(const QString &printer)
 {
     const bool follows = printer == QLatin1String("follow");
-    return replaced(defaults(printer), follows ? QStringLiteral("KvAutoTapeCut=ON") : QString());
+    return replaced(defaults(printer), follows ? u"KvAutoTapeCut=ON"_s : QString());
 }
 
 QStringList SampleChoices::replaced(QStringList choices, const QString &others)

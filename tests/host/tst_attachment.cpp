@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "PropertiesDialog.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
@@ -13,7 +13,7 @@
 #include <QTest>
 
 namespace {
-const QStringList tabsOfQt = {QStringLiteral("Copies"), QStringLiteral("Options")};
+const QStringList tabsOfQt = {u"Copies"_s, u"Options"_s};
 const QStringList allTabs = tabsOfQt + QStringList{kPanelTab, kSummaryTab};
 
 /// The panels' own lines, "TITLE: VALUE" in their order.
@@ -24,7 +24,7 @@ QStringList linesOfPanels(const PanelHost &host)
         const QVariantMap info = panel->summaryInfo().value_or(QVariantMap());
         const QStringList titles = info.value(kSummaryDisplayOrder).toStringList();
         for (const QString &title : titles) {
-            lines.append(QStringLiteral("%1: %2").arg(title, info.value(title).toString()));
+            lines.append(u"%1: %2"_s.arg(title, info.value(title).toString()));
         }
     }
     return lines;
@@ -33,11 +33,11 @@ QStringList linesOfPanels(const PanelHost &host)
 QStringList summaryOf(AttachedDialog &dialog)
 {
     QTest::qWait(0);
-    return PanelUser(dialog.user()).summary();
+    return dialog.panel().summary();
 }
 } // namespace
 
-class tst_attachment : public QObject
+class tst_attachment : public PrintingTest
 {
     Q_OBJECT
 
@@ -58,7 +58,6 @@ private Q_SLOTS:
     void shrinkTubeUnmarksASeparateAutoCut();
     void cancelledPaperChangesNothing();
     void flagPaperForbidsHalfCut();
-    void otherPaperAllowsHalfCutAgain();
     void dieCutPaperForbidsRemovingBlankSpace();
     void paperReachesTheJob();
 
@@ -76,15 +75,12 @@ private Q_SLOTS:
     void dialogCancelledThenAccepted();
     void dialogDestroyedWhileOpen();
     void twoDialogsAtOnce();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
 
 void tst_attachment::initTestCase()
 {
-    QCOMPARE(mSite.open(), QString());
-    QFile plain(PrintingSite::ppdPath(QStringLiteral("plain")));
+    PrintingTest::initTestCase();
+    QFile plain(PrintingSite::ppdPath(u"plain"_s));
     QVERIFY(plain.open(QIODevice::ReadOnly));
     const QByteArray mirror = "*OpenUI *KvMirror/Mirror Printing: PickOne\n"
                               "*OrderDependency: 40 AnySetup *KvMirror\n"
@@ -93,19 +89,14 @@ void tst_attachment::initTestCase()
                               "*KvMirror ON/On: \"\"\n"
                               "*CloseUI: *KvMirror\n";
     const QByteArray text = plain.readAll();
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(QStringLiteral("mixed"),
-                                          mSite.file(QStringLiteral("mixed.ppd"), text + mirror),
-                                          &error),
-             qPrintable(error));
+    QVERIFY(addPrinter(u"mixed"_s, mSite.file(u"mixed.ppd"_s, text + mirror)));
 }
 
 void tst_attachment::tabsOfThePrinter_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<QStringList>("tabs");
+    const TestTable<QString, QStringList> table("printer", "tabs");
     for (const QString &printer : PrintingSite::printers()) {
-        QTest::newRow(qPrintable(printer)) << printer << (printer == u"plain" ? tabsOfQt : allTabs);
+        table.add(qPrintable(printer), printer, (printer == u"plain" ? tabsOfQt : allTabs));
     }
 }
 
@@ -120,23 +111,23 @@ void tst_attachment::tabsOfThePrinter()
 
 void tst_attachment::tabsFollowThePrinter()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
     QVERIFY(panel.boxes().contains(u"mSpecialTapeChkBx"));
 
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(dialog.user().pickPrinter(u"label"_s));
     QCOMPARE(dialog.tabs(), allTabs);
     // The panel's tab stays the one that is seen.
     QCOMPARE(panel.boxes(),
              QStringList({u"mCutAndEndChkBx"_s, u"mCutEveryChkBx"_s, u"mMirrorPrintChkBx"_s}));
     QCOMPARE(panel.presets(), QList<int>({1, 2, 3, 4}));
 
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("plain")));
+    QVERIFY(dialog.user().pickPrinter(u"plain"_s));
     QCOMPARE(dialog.tabs(), tabsOfQt);
     QVERIFY(dialog.attachment().host()->panels().empty());
 
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("mark")));
+    QVERIFY(dialog.user().pickPrinter(u"mark"_s));
     QCOMPARE(dialog.tabs(), allTabs);
     QVERIFY(panel.openTab());
     QVERIFY(panel.boxes().contains(u"mCutMarkChkBx"));
@@ -145,17 +136,16 @@ void tst_attachment::tabsFollowThePrinter()
 
 void tst_attachment::choicesStayWithTheirPrinter()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(panel.click(u"mMirrorPrintChkBx"_s));
+    QVERIFY(panel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(dialog.user().pickPrinter(u"label"_s));
     QVERIFY(panel.openTab());
-    QVERIFY(!panel.isTicked(QStringLiteral("mMirrorPrintChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mCutAndEndChkBx")));
+    QVERIFY(!panel.isTicked(u"mMirrorPrintChkBx"_s));
+    QVERIFY(panel.click(u"mCutAndEndChkBx"_s));
     const int job = dialog.print(mSite.scheduler());
-    QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job), QStringList({u"KvAutoTapeCut=ON"_s, u"KvCutAtEnd=ON"_s,
                                               u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
     QVERIFY(mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/label"));
@@ -163,9 +153,9 @@ void tst_attachment::choicesStayWithTheirPrinter()
 
 void tst_attachment::plainPrinterStillPrints()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.user().open());
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("plain")));
+    QVERIFY(dialog.user().pickPrinter(u"plain"_s));
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job), QStringList());
@@ -174,9 +164,9 @@ void tst_attachment::plainPrinterStillPrints()
 
 void tst_attachment::panelIsSeenWhole_data()
 {
-    QTest::addColumn<QString>("printer");
+    const TestTable<QString> table("printer");
     for (const char *printer : {"follow", "mark", "label", "tape", "all"}) {
-        QTest::newRow(printer) << QString::fromLatin1(printer);
+        table.add(printer, QString::fromLatin1(printer));
     }
 }
 
@@ -185,7 +175,7 @@ void tst_attachment::panelIsSeenWhole()
     QFETCH(const QString, printer);
     AttachedDialog dialog(printer);
     QVERIFY(dialog.openTab());
-    const auto *tab = qobject_cast<QScrollArea *>(dialog.user().widget(QStringLiteral("panelTab")));
+    const auto *tab = qobject_cast<QScrollArea *>(dialog.user().widget(u"panelTab"_s));
     QVERIFY(tab && tab->widget());
     QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->width() >= tab->widget()->width(); }));
     QVERIFY(QTest::qWaitFor([&] { return tab->viewport()->height() >= tab->widget()->height(); }));
@@ -193,115 +183,101 @@ void tst_attachment::panelIsSeenWhole()
 
 void tst_attachment::shrinkTubeTurnsAutoCutOff()
 {
-    AttachedDialog dialog(QStringLiteral("follow"));
+    AttachedDialog dialog(u"follow"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
     PanelHost &host = *dialog.attachment().host();
-    QVERIFY(panel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
+    QVERIFY(dialog.panel().isTicked(u"mCutEveryChkBx"_s));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), u"ON"_s);
 
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("HS12x100")));
-    QVERIFY(!panel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QVERIFY(!panel.isEnabled(QStringLiteral("mCutEveryTxBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("OFF"));
+    QVERIFY(dialog.user().pickPaper(u"HS12x100"_s));
+    QVERIFY(!dialog.panel().isTicked(u"mCutEveryChkBx"_s));
+    QVERIFY(!dialog.panel().isEnabled(u"mCutEveryTxBx"_s));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), u"OFF"_s);
 
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(mSite.choices(job).contains(u"KvAutoTapeCut=OFF"));
-    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), QStringLiteral("HS12x100"));
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"HS12x100"_s);
 }
 
 void tst_attachment::shrinkTubeUnmarksASeparateAutoCut()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
     const PanelHost &host = *dialog.attachment().host();
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("HS6x100")));
-    QCOMPARE(host.paper().ppdPaperName(), QStringLiteral("HS6x100"));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("OFF"));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), u"ON"_s);
+    QVERIFY(dialog.user().pickPaper(u"HS6x100"_s));
+    QCOMPARE(host.paper().ppdPaperName(), u"HS6x100"_s);
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), u"OFF"_s);
 }
 
 void tst_attachment::cancelledPaperChangesNothing()
 {
-    AttachedDialog dialog(QStringLiteral("follow"));
+    AttachedDialog dialog(u"follow"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
     const PanelHost &host = *dialog.attachment().host();
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("HS12x100"), false));
-    QCOMPARE(host.paper().ppdPaperName(), QStringLiteral("T12x100"));
-    QVERIFY(panel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), QStringLiteral("ON"));
+    QVERIFY(dialog.user().pickPaper(u"HS12x100"_s, false));
+    QCOMPARE(host.paper().ppdPaperName(), u"T12x100"_s);
+    QVERIFY(dialog.panel().isTicked(u"mCutEveryChkBx"_s));
+    QCOMPARE(host.ppd().markedChoice(u"KvAutoTapeCut"_s), u"ON"_s);
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), QStringLiteral("T12x100"));
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"T12x100"_s);
     QVERIFY(mSite.choices(job).contains(u"KvAutoTapeCut=ON"));
 }
 
 void tst_attachment::flagPaperForbidsHalfCut()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
+    PanelUser panel = dialog.panel();
     const QStringList forbidden = {u"mHalfCutChkBx"_s, u"mSpecialTapeChkBx"_s,
                                    u"mChainPrintChkBx"_s, u"mRemoveBlkSpaceChkBx"_s};
-    for (const QString &box : forbidden) {
-        QVERIFY2(panel.isEnabled(box), qPrintable(box));
-    }
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("FL24x60")));
+    QVERIFY(dialog.user().pickPaper(u"FL24x60"_s));
     for (const QString &box : forbidden) {
         QVERIFY2(!panel.isEnabled(box), qPrintable(box));
         QVERIFY2(!panel.click(box), qPrintable(box));
     }
-    QVERIFY(panel.isEnabled(QStringLiteral("mAutoCutChkBx")));
-    QVERIFY(panel.isEnabled(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(panel.isEnabled(u"mAutoCutChkBx"_s));
+    QVERIFY(panel.isEnabled(u"mMirrorPrintChkBx"_s));
     QVERIFY(!panel.pickPreset(12));
     QVERIFY(panel.pickPreset(5));
-    QVERIFY(!panel.isTicked(QStringLiteral("mAutoCutChkBx")));
-}
+    QVERIFY(!panel.isTicked(u"mAutoCutChkBx"_s));
 
-void tst_attachment::otherPaperAllowsHalfCutAgain()
-{
-    AttachedDialog dialog(QStringLiteral("tape"));
-    QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("FL24x60")));
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("T9x100")));
-    for (const char *box :
-         {"mHalfCutChkBx", "mSpecialTapeChkBx", "mChainPrintChkBx", "mRemoveBlkSpaceChkBx"}) {
-        QVERIFY2(panel.isEnabled(QLatin1String(box)), box);
+    QVERIFY(dialog.user().pickPaper(u"T9x100"_s));
+    for (const QString &box : forbidden) {
+        QVERIFY2(panel.isEnabled(box), qPrintable(box));
     }
     QVERIFY(panel.pickPreset(12));
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"));
-    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), QStringLiteral("T9x100"));
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"T9x100"_s);
 }
 
 void tst_attachment::dieCutPaperForbidsRemovingBlankSpace()
 {
-    AttachedDialog dialog(QStringLiteral("all"));
+    AttachedDialog dialog(u"all"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
     for (const char *paper : {"DC24x24", "AV15x50", "C_29"}) {
         QVERIFY(dialog.user().pickPaper(QLatin1String(paper)));
-        QVERIFY2(!panel.isEnabled(QStringLiteral("mRemoveBlkSpaceChkBx")), paper);
-        QVERIFY2(panel.isEnabled(QStringLiteral("mHalfCutChkBx")), paper);
+        QVERIFY2(!dialog.panel().isEnabled(u"mRemoveBlkSpaceChkBx"_s), paper);
+        QVERIFY2(dialog.panel().isEnabled(u"mHalfCutChkBx"_s), paper);
     }
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("T6x100")));
-    QVERIFY(panel.isEnabled(QStringLiteral("mRemoveBlkSpaceChkBx")));
+    QVERIFY(dialog.user().pickPaper(u"T6x100"_s));
+    QVERIFY(dialog.panel().isEnabled(u"mRemoveBlkSpaceChkBx"_s));
 }
 
 void tst_attachment::paperReachesTheJob()
 {
-    AttachedDialog dialog(QStringLiteral("label"));
+    AttachedDialog dialog(u"label"_s);
     QVERIFY(dialog.user().open());
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("DC17x87")));
-    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), QStringLiteral("DC17x87"));
+    QVERIFY(dialog.user().pickPaper(u"DC17x87"_s));
+    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"DC17x87"_s);
     const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), QStringLiteral("DC17x87"));
+    QCOMPARE(mSite.job(job).value(u"media"_s), u"DC17x87"_s);
 }
 
 void tst_attachment::summaryListsEveryLine()
 {
-    AttachedDialog dialog(QStringLiteral("all"));
+    AttachedDialog dialog(u"all"_s);
     QVERIFY(dialog.openTab());
     QCOMPARE(summaryOf(dialog),
              QStringList({u"Cut Every: No"_s, u"Cut at End: No"_s, u"Half Cut: No"_s,
@@ -312,17 +288,17 @@ void tst_attachment::summaryListsEveryLine()
 
 void tst_attachment::summaryFollowsAClick()
 {
-    AttachedDialog dialog(QStringLiteral("follow"));
+    AttachedDialog dialog(u"follow"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
     QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 1 labels"_s, u"Half Cut: No"_s,
                                              u"Chain Printing: No"_s, u"Mirror Printing: No"_s}));
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.typeCount(QStringLiteral("12")));
+    QVERIFY(panel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(panel.typeCount(u"12"_s));
     QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: 12 labels"_s, u"Half Cut: Yes"_s,
                                              u"Chain Printing: No"_s, u"Mirror Printing: No"_s}));
-    QVERIFY(panel.click(QStringLiteral("mCutEveryChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(panel.click(u"mCutEveryChkBx"_s));
+    QVERIFY(panel.click(u"mMirrorPrintChkBx"_s));
     QCOMPARE(summaryOf(dialog), QStringList({u"Cut Every: No"_s, u"Half Cut: Yes"_s,
                                              u"Chain Printing: No"_s, u"Mirror Printing: Yes"_s}));
     QCOMPARE(summaryOf(dialog), linesOfPanels(*dialog.attachment().host()));
@@ -330,10 +306,9 @@ void tst_attachment::summaryFollowsAClick()
 
 void tst_attachment::summaryFollowsAPreset()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
-    QVERIFY(panel.pickPreset(8));
+    QVERIFY(dialog.panel().pickPreset(8));
     QVERIFY(dialog.user().showTab(kSummaryTab));
     QCOMPARE(summaryOf(dialog).mid(0, 4),
              QStringList({u"Auto Cut: No"_s, u"Half Cut: Yes"_s, u"Special Tape: No"_s,
@@ -342,17 +317,17 @@ void tst_attachment::summaryFollowsAPreset()
 
 void tst_attachment::choicesStayWhenTabsAreTurned()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
     QVERIFY(panel.pickPreset(11));
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(panel.click(u"mMirrorPrintChkBx"_s));
     for (int turn = 0; turn < 2; ++turn) {
         QVERIFY(dialog.user().showTab(kSummaryTab));
         QVERIFY(panel.openTab());
-        QVERIFY(panel.isTicked(QStringLiteral("mAutoCutChkBx")));
-        QVERIFY(panel.isTicked(QStringLiteral("mHalfCutChkBx")));
-        QVERIFY(panel.isTicked(QStringLiteral("mMirrorPrintChkBx")));
+        QVERIFY(panel.isTicked(u"mAutoCutChkBx"_s));
+        QVERIFY(panel.isTicked(u"mHalfCutChkBx"_s));
+        QVERIFY(panel.isTicked(u"mMirrorPrintChkBx"_s));
         QCOMPARE(panel.selectedPreset(), 11);
     }
     const QStringList choices = mSite.choices(dialog.print(mSite.scheduler()));
@@ -364,17 +339,17 @@ void tst_attachment::choicesStayWhenTabsAreTurned()
 
 void tst_attachment::summaryFollowsThePaper()
 {
-    AttachedDialog dialog(QStringLiteral("follow"));
+    AttachedDialog dialog(u"follow"_s);
     QVERIFY(dialog.openTab());
-    QCOMPARE(summaryOf(dialog).value(0), QStringLiteral("Cut Every: 1 labels"));
-    QVERIFY(dialog.user().pickPaper(QStringLiteral("HS18x100")));
-    QCOMPARE(summaryOf(dialog).value(0), QStringLiteral("Cut Every: No"));
+    QCOMPARE(summaryOf(dialog).value(0), u"Cut Every: 1 labels"_s);
+    QVERIFY(dialog.user().pickPaper(u"HS18x100"_s));
+    QCOMPARE(summaryOf(dialog).value(0), u"Cut Every: No"_s);
     QCOMPARE(summaryOf(dialog), linesOfPanels(*dialog.attachment().host()));
 }
 
 void tst_attachment::summaryWithoutASeenTab()
 {
-    AttachedDialog dialog(QStringLiteral("label"), {QStringLiteral("KvCutAtEnd=ON")});
+    AttachedDialog dialog(u"label"_s, {u"KvCutAtEnd=ON"_s});
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
     QVERIFY(dialog.user().showTab(kSummaryTab));
@@ -415,30 +390,30 @@ void tst_attachment::propertiesStillListOtherOptions()
 
 void tst_attachment::choiceOfThePropertiesReachesTheJob()
 {
-    AttachedDialog dialog(QStringLiteral("mixed"));
+    AttachedDialog dialog(u"mixed"_s);
     QVERIFY(dialog.openTab());
-    QVERIFY(PanelUser(dialog.user()).click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(dialog.panel().click(u"mMirrorPrintChkBx"_s));
     QVERIFY(PropertiesDialog::with(dialog.user(), true, [](const QDialog &properties) {
-        QVERIFY(PropertiesDialog::pickChoice(properties, QStringLiteral("Dark")));
+        QVERIFY(PropertiesDialog::pickChoice(properties, u"Dark"_s));
     }));
-    QVERIFY(PanelUser(dialog.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
-    const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), QStringList({u"KvDensity=Dark"_s, u"KvMirror=ON"_s}));
+    QVERIFY(dialog.panel().isTicked(u"mMirrorPrintChkBx"_s));
+    QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())),
+             QStringList({u"KvDensity=Dark"_s, u"KvMirror=ON"_s}));
 }
 
 void tst_attachment::dialogAcceptedTwice()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
+    QVERIFY(panel.click(u"mHalfCutChkBx"_s));
     const int first = dialog.print(mSite.scheduler());
     QVERIFY(mSite.choices(first).contains(u"KvHalfCut=ON"));
 
     QVERIFY(dialog.openTab());
-    QVERIFY(panel.isTicked(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mChainPrintChkBx")));
+    QVERIFY(panel.isTicked(u"mHalfCutChkBx"_s));
+    QVERIFY(panel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(panel.click(u"mChainPrintChkBx"_s));
     const int second = dialog.print(mSite.scheduler());
     QVERIFY(second > first);
     QCOMPARE(mSite.choices(second),
@@ -449,51 +424,49 @@ void tst_attachment::dialogAcceptedTwice()
 
 void tst_attachment::dialogCancelledThenAccepted()
 {
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
+    QVERIFY(dialog.panel().click(u"mHalfCutChkBx"_s));
     QVERIFY(dialog.user().cancel());
-    QVERIFY(!dialog.attachment().jobOptions().contains(QStringLiteral("KvHalfCut")));
+    QVERIFY(!dialog.attachment().jobOptions().contains(u"KvHalfCut"_s));
     QVERIFY(dialog.user().open());
-    const int job = dialog.print(mSite.scheduler());
-    QVERIFY(mSite.choices(job).contains(u"KvAutoTapeCut=ON"));
+    QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(u"KvAutoTapeCut=ON"));
 }
 
 void tst_attachment::dialogDestroyedWhileOpen()
 {
-    AttachedDialog staying(QStringLiteral("follow"));
+    AttachedDialog staying(u"follow"_s);
     QVERIFY(staying.openTab());
     {
-        AttachedDialog leaving(QStringLiteral("all"));
+        AttachedDialog leaving(u"all"_s);
         QVERIFY(leaving.openTab());
-        QVERIFY(PanelUser(leaving.user()).click(QStringLiteral("mCutMarkChkBx")));
+        QVERIFY(leaving.panel().click(u"mCutMarkChkBx"_s));
         leaving.destroyDialog();
         QTest::qWait(0);
         // The panel of the destroyed dialog must not be told.
-        QVERIFY(staying.user().pickPaper(QStringLiteral("HS12x100")));
+        QVERIFY(staying.user().pickPaper(u"HS12x100"_s));
     }
-    QVERIFY(!PanelUser(staying.user()).isTicked(QStringLiteral("mCutEveryChkBx")));
+    QVERIFY(!staying.panel().isTicked(u"mCutEveryChkBx"_s));
     QVERIFY(staying.print(mSite.scheduler()) > 0);
 }
 
 void tst_attachment::twoDialogsAtOnce()
 {
-    AttachedDialog first(QStringLiteral("follow"));
-    AttachedDialog second(QStringLiteral("follow"));
+    AttachedDialog first(u"follow"_s);
+    AttachedDialog second(u"follow"_s);
     QVERIFY(first.openTab());
     QVERIFY(second.openTab());
     PanelUser firstPanel(first.user());
     PanelUser secondPanel(second.user());
-    QVERIFY(firstPanel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(secondPanel.click(QStringLiteral("mChainPrintChkBx")));
-    QVERIFY(!secondPanel.isTicked(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(!firstPanel.isTicked(QStringLiteral("mChainPrintChkBx")));
+    QVERIFY(firstPanel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(secondPanel.click(u"mChainPrintChkBx"_s));
+    QVERIFY(!secondPanel.isTicked(u"mHalfCutChkBx"_s));
+    QVERIFY(!firstPanel.isTicked(u"mChainPrintChkBx"_s));
 
-    QVERIFY(second.user().pickPaper(QStringLiteral("HS12x100")));
-    QVERIFY(!secondPanel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QVERIFY(firstPanel.isTicked(QStringLiteral("mCutEveryChkBx")));
-    QCOMPARE(first.attachment().host()->paper().ppdPaperName(), QStringLiteral("T12x100"));
+    QVERIFY(second.user().pickPaper(u"HS12x100"_s));
+    QVERIFY(!secondPanel.isTicked(u"mCutEveryChkBx"_s));
+    QVERIFY(firstPanel.isTicked(u"mCutEveryChkBx"_s));
+    QCOMPARE(first.attachment().host()->paper().ppdPaperName(), u"T12x100"_s);
 
     const int firstJob = first.print(mSite.scheduler());
     const int secondJob = second.print(mSite.scheduler());

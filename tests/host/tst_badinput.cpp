@@ -2,7 +2,7 @@
 #include "AttachedDialog.h"
 #include "CommandRun.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "SampleChoices.h"
 #include "cups/JobSubmission.h"
 #include "cups/PPDFile.h"
@@ -10,6 +10,7 @@
 #include "cups/SchedulerConnection.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
+#include "support/AnotherUser.h"
 
 #include <QDir>
 #include <QTest>
@@ -17,7 +18,6 @@
 #include <cups/cups.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 QByteArray readFile(const QString &path)
@@ -37,38 +37,16 @@ QByteArray option(const QByteArray &keyword, const QByteArray &text, const QByte
     return "*OpenUI *" + keyword + '/' + text + ": PickOne\n" + lines + "*CloseUI: *" + keyword +
            '\n';
 }
-
-/// Becomes a user who may read only what everybody may, for as long as it lives.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser() { mChanged = geteuid() == 0 && seteuid(nobody) == 0; }
-    ~OrdinaryUser()
-    {
-        if (mChanged && seteuid(0) != 0) {
-            qFatal("cannot become root again");
-        }
-    }
-    Q_DISABLE_COPY_MOVE(OrdinaryUser)
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool mChanged = false;
-};
 } // namespace
 
-class tst_badinput : public QObject
+class tst_badinput : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void printerWithoutAPPD();
-    void brokenPPD_data();
-    void brokenPPD();
-    void missingPPD_data();
-    void missingPPD();
+    void unusablePPD_data();
+    void unusablePPD();
     void printerWhosePPDIsBroken();
     void oddPPD_data();
     void oddPPD();
@@ -83,141 +61,101 @@ private Q_SLOTS:
     void fileThatCannotBePrinted();
     void unreadableFile();
     void jobThatCannotBeSent();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    bool addPrinter(const QString &name, const QByteArray &ppd) const;
-
-    PrintingSite mSite;
 };
-
-void tst_badinput::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-bool tst_badinput::addPrinter(const QString &name, const QByteArray &ppd) const
-{
-    QString error;
-    const QString path = ppd.isEmpty() ? QString() : mSite.file(name + u".ppd"_s, ppd);
-    const bool added = mSite.scheduler().addPrinter(name, path, &error);
-    if (!added) {
-        qWarning("%s", qPrintable(error));
-    }
-    return added;
-}
 
 void tst_badinput::printerWithoutAPPD()
 {
-    QVERIFY(addPrinter(QStringLiteral("bare"), {}));
-    AttachedDialog dialog(QStringLiteral("bare"));
+    QVERIFY(addPrinter(u"bare"_s));
+    AttachedDialog dialog(u"bare"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(!dialog.tabs().contains(kPanelTab));
     QVERIFY(!dialog.attachment().host());
     QCOMPARE(dialog.problems(), QStringList());
     QVERIFY(dialog.print(mSite.scheduler()) > 0);
 
-    CommandRun run(QStringLiteral("bare"), {mSite.document()}, {QStringLiteral("KvMirror=ON")}, 2);
+    CommandRun run(u"bare"_s, {mSite.document()}, {u"KvMirror=ON"_s}, 2);
     QVERIFY(run.open());
     const int job = run.print();
-    QVERIFY(job > 0);
     QCOMPARE(mSite.choices(job), QStringList{u"KvMirror=ON"_s});
-    QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("2"));
+    QCOMPARE(mSite.job(job).value(u"copies"_s), u"2"_s);
 }
 
-void tst_badinput::brokenPPD_data()
+void tst_badinput::unusablePPD_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("fault");
-    const QByteArray whole = ppdOf(QStringLiteral("tape"));
+    const TestTable<QString, QString> table("path", "fault");
+    const auto addBytes = [this, &table](const char *name, const QByteArray &bytes,
+                                         const QString &fault) {
+        table.add(name, mSite.file(QString::fromLatin1(name) + u".ppd"_s, bytes), fault);
+    };
+    const QByteArray whole = ppdOf(u"tape"_s);
     QByteArray nested = whole;
     nested.replace("*OpenGroup: KvCutOptions", "*OpenGroup: One/One\n*OpenGroup: KvCutOptions");
     const auto line = whole.left(whole.indexOf("*OpenGroup: KvCutOptions")).count('\n') + 2;
     QByteArray unstarred = whole;
     unstarred.replace("*PPD-Adobe: \"4.3\"\n", "*PPD-Adobe: \"4.3\"\nKvHalfCut\n");
 
-    QTest::newRow("empty") << QByteArray() << u"line 0: Missing PPD-Adobe-4.x header"_s;
-    QTest::newRow("a text") << QByteArray("no PPD\n") << u"line 1: Missing asterisk in column 1"_s;
-    QTest::newRow("nested groups")
-        << nested << u"line %1: OpenGroup without a CloseGroup first"_s.arg(line);
-    QTest::newRow("no asterisk") << unstarred << u"line 2: Missing asterisk in column 1"_s;
-    QTest::newRow("a line without end")
-        << whole.left(200).replace('\n', ' ') + QByteArray(500, 'x')
-        << u"line 1: Line longer than the maximum allowed (255 characters)"_s;
-    QTest::newRow("a long keyword") << "*PPD-Adobe: \"4.3\"\n*" + QByteArray(60, 'a') + ": \"\"\n"
-                                    << u"line 2: Illegal main keyword string"_s;
+    addBytes("empty", {}, u"line 0: Missing PPD-Adobe-4.x header"_s);
+    addBytes("a text", "no PPD\n", u"line 1: Missing asterisk in column 1"_s);
+    addBytes("nested groups", nested, u"line %1: OpenGroup without a CloseGroup first"_s.arg(line));
+    addBytes("no asterisk", unstarred, u"line 2: Missing asterisk in column 1"_s);
+    addBytes("a line without end", whole.left(200).replace('\n', ' ') + QByteArray(500, 'x'),
+             u"line 1: Line longer than the maximum allowed (255 characters)"_s);
+    addBytes("a long keyword", "*PPD-Adobe: \"4.3\"\n*" + QByteArray(60, 'a') + ": \"\"\n",
+             u"line 2: Illegal main keyword string"_s);
+    table.add("missing", mSite.path(u"no.ppd"_s), u"No such file or directory"_s);
+    table.add("folder", QFileInfo(mSite.path(u"no.ppd"_s)).path(),
+              u"line 0: Missing PPD-Adobe-4.x header"_s);
 }
 
-void tst_badinput::brokenPPD()
-{
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, fault);
-    const QString path = mSite.file(QStringLiteral("broken.ppd"), bytes);
-    QString error;
-    QVERIFY(!PPDFile::open(path, &error));
-    QCOMPARE(error, QStringLiteral("%1: %2").arg(path, fault));
-    QVERIFY(!PPDFile::open(path, nullptr));
-}
-
-void tst_badinput::missingPPD_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("fault");
-    QTest::newRow("missing") << mSite.path(QStringLiteral("no.ppd"))
-                             << QStringLiteral("No such file or directory");
-    QTest::newRow("folder") << QFileInfo(mSite.path(QStringLiteral("no.ppd"))).path()
-                            << QStringLiteral("line 0: Missing PPD-Adobe-4.x header");
-}
-
-void tst_badinput::missingPPD()
+void tst_badinput::unusablePPD()
 {
     QFETCH(const QString, path);
     QFETCH(const QString, fault);
     QString error;
     QVERIFY(!PPDFile::open(path, &error));
-    QCOMPARE(error, QStringLiteral("%1: %2").arg(path, fault));
+    QCOMPARE(error, u"%1: %2"_s.arg(path, fault));
+    QVERIFY(!PPDFile::open(path, nullptr));
 }
 
 void tst_badinput::printerWhosePPDIsBroken()
 {
-    const QString name = QStringLiteral("spoilt");
-    QVERIFY(addPrinter(name, ppdOf(QStringLiteral("tape"))));
-    QFile ppd(mSite.scheduler().folder() + QStringLiteral("/etc/ppd/spoilt.ppd"));
+    const QString name = u"spoilt"_s;
+    QVERIFY(addPrinter(name, mSite.file(u"printer.ppd"_s, ppdOf(u"tape"_s))));
+    QFile ppd(mSite.scheduler().folder() + u"/etc/ppd/spoilt.ppd"_s);
     QVERIFY(ppd.open(QIODevice::ReadWrite));
     QVERIFY(ppd.resize(0));
     QCOMPARE(ppd.write("*PPD-Adobe: \"4.3\"\nno PPD\n"), 25);
     ppd.close();
 
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().pickPrinter(name));
     QVERIFY(!dialog.tabs().contains(kPanelTab));
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("tape")));
+    QVERIFY(dialog.user().pickPrinter(u"tape"_s));
     QVERIFY(dialog.tabs().contains(kPanelTab));
     QVERIFY(dialog.user().pickPrinter(name));
     QCOMPARE(dialog.problems(),
              QStringList{u"PPD of spoilt: line 2: Missing asterisk in column 1"_s});
     const int job = dialog.print(mSite.scheduler());
-    QVERIFY(job > 0);
     QVERIFY(mSite.job(job).value(u"job-printer-uri"_s).endsWith(u"/spoilt"));
 }
 
 void tst_badinput::oddPPD_data()
 {
-    QTest::addColumn<QByteArray>("option");
-    QTest::addColumn<QString>("unseen");
-    QTest::addColumn<QString>("clicked");
-    QTest::newRow("an option without choices")
-        << option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n") << QString() << QString();
-    QTest::newRow("an option without a default")
-        << option("KvHalfCut", "Half Cut", "*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n")
-        << u"KvHalfCut=OFF"_s << u"KvHalfCut=ON"_s;
-    QTest::newRow("a default that is no choice")
-        << option("KvHalfCut", "Half Cut",
-                  "*DefaultKvHalfCut: MAYBE\n*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n")
-        << u"KvHalfCut=OFF"_s << u"KvHalfCut=ON"_s;
-    QTest::newRow("an option with one choice")
-        << option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n*KvHalfCut OFF/Off: \"\"\n")
-        << u"KvHalfCut=OFF"_s << u"KvHalfCut=OFF"_s;
+    const TestTable<QByteArray, QString, QString> table("option", "unseen", "clicked");
+    table.add("an option without choices",
+              option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n"), QString(), QString());
+    table.add("an option without a default",
+              option("KvHalfCut", "Half Cut", "*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n"),
+              u"KvHalfCut=OFF"_s, u"KvHalfCut=ON"_s);
+    table.add(
+        "a default that is no choice",
+        option("KvHalfCut", "Half Cut",
+               "*DefaultKvHalfCut: MAYBE\n*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n"),
+        u"KvHalfCut=OFF"_s, u"KvHalfCut=ON"_s);
+    table.add("an option with one choice",
+              option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n*KvHalfCut OFF/Off: \"\"\n"),
+              u"KvHalfCut=OFF"_s, u"KvHalfCut=OFF"_s);
 }
 
 void tst_badinput::oddPPD()
@@ -228,23 +166,23 @@ void tst_badinput::oddPPD()
     const QByteArray mirror =
         ::option("KvMirror", "Mirror Printing",
                  "*DefaultKvMirror: OFF\n*KvMirror OFF/Off: \"\"\n*KvMirror ON/On: \"\"\n");
-    QVERIFY(addPrinter(QStringLiteral("odd"), ppdOf(QStringLiteral("plain")) + option + mirror));
+    QVERIFY(
+        addPrinter(u"odd"_s, mSite.file(u"printer.ppd"_s, ppdOf(u"plain"_s) + option + mirror)));
     const auto withMirror = [](const QString &half, const char *choice) {
         QStringList choices{u"KvMirror="_s + QLatin1String(choice)};
         return half.isEmpty() ? choices : QStringList{half} + choices;
     };
 
-    AttachedDialog closed(QStringLiteral("odd"));
+    AttachedDialog closed(u"odd"_s);
     QVERIFY(closed.user().open());
     QCOMPARE(mSite.choices(closed.print(mSite.scheduler())), withMirror(unseen, "OFF"));
     QCOMPARE(closed.problems(), QStringList());
 
-    AttachedDialog dialog(QStringLiteral("odd"));
+    AttachedDialog dialog(u"odd"_s);
     QVERIFY(dialog.openTab());
-    PanelUser panel(dialog.user());
-    QCOMPARE(panel.boxes(), QStringList({u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s}));
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    QCOMPARE(dialog.panel().boxes(), QStringList({u"mHalfCutChkBx"_s, u"mMirrorPrintChkBx"_s}));
+    QVERIFY(dialog.panel().click(u"mHalfCutChkBx"_s));
+    QVERIFY(dialog.panel().click(u"mMirrorPrintChkBx"_s));
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), withMirror(clicked, "ON"));
     QCOMPARE(dialog.problems(), QStringList());
 }
@@ -252,13 +190,14 @@ void tst_badinput::oddPPD()
 void tst_badinput::optionThatAPanelNeedsIsMissing()
 {
     // With counts alone a job cannot say that nothing is to be cut.
-    const QString name = QStringLiteral("counting");
-    QVERIFY(addPrinter(name, ppdOf(u"label"_s).replace("KvAutoTapeCut", "KvOtherCut")));
+    const QString name = u"counting"_s;
+    QVERIFY(addPrinter(name, mSite.file(u"printer.ppd"_s,
+                                        ppdOf(u"label"_s).replace("KvAutoTapeCut", "KvOtherCut"))));
     AttachedDialog dialog(name);
     QVERIFY(dialog.openTab());
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(dialog.user().pickPrinter(u"label"_s));
     QVERIFY(dialog.user().pickPrinter(name));
-    QVERIFY(PanelUser(dialog.user()).pickPreset(1));
+    QVERIFY(dialog.panel().pickPreset(1));
     QCOMPARE(dialog.problems(), QStringList{u"the panel \"Cut Options\" sets KvAutoTapeCut, which "
                                             "the printer's PPD lacks: no job carries it"_s});
     const int job = dialog.print(mSite.scheduler());
@@ -271,12 +210,12 @@ void tst_badinput::textsThatAreNoUTF8()
     const QByteArray mirror =
         option("KvMirror", "Spiegel\xfc\xe9\xff",
                "*DefaultKvMirror: OFF\n*KvMirror OFF/A\xe4s: \"\"\n*KvMirror ON/\xc3\x28: \"\"\n");
-    QVERIFY(addPrinter(QStringLiteral("latin"), ppdOf(QStringLiteral("plain")) + mirror));
-    AttachedDialog dialog(QStringLiteral("latin"));
+    QVERIFY(addPrinter(u"latin"_s, mSite.file(u"printer.ppd"_s, ppdOf(u"plain"_s) + mirror)));
+    AttachedDialog dialog(u"latin"_s);
     QVERIFY(dialog.openTab());
     PanelUser panel(dialog.user());
     QCOMPARE(panel.boxes(), QStringList{u"mMirrorPrintChkBx"_s});
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(panel.click(u"mMirrorPrintChkBx"_s));
     QTest::qWait(0);
     QCOMPARE(panel.summary().size(), 1);
     QVERIFY(panel.summary().first().startsWith(u"Spiegel"));
@@ -295,8 +234,8 @@ void tst_badinput::longDeviceURI_data()
 void tst_badinput::longDeviceURI()
 {
     QFETCH(const int, length);
-    const QString name = QStringLiteral("far");
-    QVERIFY(addPrinter(name, ppdOf(QStringLiteral("tape"))));
+    const QString name = u"far"_s;
+    QVERIFY(addPrinter(name, mSite.file(u"printer.ppd"_s, ppdOf(u"tape"_s))));
     const QByteArray uri = QByteArray("ipp://127.0.0.1:9/?").leftJustified(length, 'x');
     ipp_t *request = ippNewRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
@@ -310,9 +249,8 @@ void tst_badinput::longDeviceURI()
 
     AttachedDialog dialog(name);
     QVERIFY(dialog.openTab());
-    QVERIFY(PanelUser(dialog.user()).click(QStringLiteral("mHalfCutChkBx")));
-    const int job = dialog.print(mSite.scheduler());
-    QVERIFY(mSite.choices(job).contains(u"KvHalfCut=ON"));
+    QVERIFY(dialog.panel().click(u"mHalfCutChkBx"_s));
+    QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(u"KvHalfCut=ON"));
     QCOMPARE(dialog.problems(), QStringList());
 }
 
@@ -322,7 +260,7 @@ void tst_badinput::noScheduler()
     QString error;
     const bool answers = SchedulerConnection().open(&error);
     ExitStatus status = ExitStatus::Printed;
-    CommandRun run(QStringLiteral("tape"), {mSite.document()});
+    CommandRun run(u"tape"_s, {mSite.document()});
     const QPrintDialog *dialog = run.command().prepare(&status);
     cupsSetServer(mSite.scheduler().address().constData());
     QVERIFY(!answers);
@@ -345,31 +283,27 @@ void tst_badinput::unknownPrinter()
 
 void tst_badinput::fileThatCannotBePrinted_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("fault");
-    const QString folder = QFileInfo(mSite.path(QStringLiteral("a"))).path();
-    QTest::newRow("missing") << mSite.path(QStringLiteral("missing.txt"))
-                             << QStringLiteral("No such file or directory");
-    QTest::newRow("a folder") << folder << QStringLiteral("is a folder");
-    QTest::newRow("empty") << mSite.file(QStringLiteral("empty.txt"), {})
-                           << QStringLiteral("is empty");
-    QTest::newRow("a device") << QStringLiteral("/dev/null")
-                              << QStringLiteral("is no regular file");
-    const QString pipe = mSite.path(QStringLiteral("pipe"));
+    const TestTable<QString, QString> table("file", "fault");
+    const QString folder = QFileInfo(mSite.path(u"a"_s)).path();
+    table.add("missing", mSite.path(u"missing.txt"_s), u"No such file or directory"_s);
+    table.add("a folder", folder, u"is a folder"_s);
+    table.add("empty", mSite.file(u"empty.txt"_s, {}), u"is empty"_s);
+    table.add("a device", u"/dev/null"_s, u"is no regular file"_s);
+    const QString pipe = mSite.path(u"pipe"_s);
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    QTest::newRow("a pipe") << pipe << QStringLiteral("is no regular file");
-    QTest::newRow("no name") << QString() << QStringLiteral("No file name specified");
+    table.add("a pipe", pipe, u"is no regular file"_s);
+    table.add("no name", QString(), u"No file name specified"_s);
 }
 
 void tst_badinput::fileThatCannotBePrinted()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, fault);
-    QCOMPARE(JobSubmission::faultOf({file}), QStringLiteral("%1: %2").arg(file, fault));
+    QCOMPARE(JobSubmission::faultOf({file}), u"%1: %2"_s.arg(file, fault));
 
     const QList<int> before = mSite.scheduler().jobIds();
     ExitStatus status = ExitStatus::Printed;
-    CommandRun run(QStringLiteral("tape"), {mSite.document(), file});
+    CommandRun run(u"tape"_s, {mSite.document(), file});
     QVERIFY(!run.command().prepare(&status));
     QCOMPARE(status, ExitStatus::NotPrinted);
     QCOMPARE(mSite.scheduler().jobIds(), before);
@@ -377,40 +311,40 @@ void tst_badinput::fileThatCannotBePrinted()
 
 void tst_badinput::unreadableFile()
 {
-    const QString file = mSite.document(QStringLiteral("secret.txt"));
+    const QString file = mSite.document(u"secret.txt"_s);
     const QByteArray folder = QFile::encodeName(QFileInfo(file).path());
     QCOMPARE(chmod(folder.constData(), 0711), 0);
     QCOMPARE(chmod(QFile::encodeName(file).constData(), 0), 0);
     QString fault;
     {
-        const OrdinaryUser user;
+        const AnotherUser user;
         fault = JobSubmission::faultOf({file});
     }
-    QCOMPARE(fault, file + QStringLiteral(": Permission denied"));
+    QCOMPARE(fault, file + u": Permission denied"_s);
 }
 
 void tst_badinput::jobThatCannotBeSent()
 {
     SchedulerConnection scheduler;
     QString error;
-    QCOMPARE(JobSubmission::print(scheduler, QStringLiteral("nowhere"), {mSite.document()},
-                                  u"title"_s, {}, &error),
-             0);
+    QCOMPARE(
+        JobSubmission::print(scheduler, u"nowhere"_s, {mSite.document()}, u"title"_s, {}, &error),
+        0);
     QVERIFY2(error.startsWith(u"nowhere: "), qPrintable(error));
     QVERIFY(error.size() > 9);
 
     // A file that is gone by the time of sending leaves no job with the others behind.
     const QList<int> before = mSite.scheduler().jobIds();
     error.clear();
-    QCOMPARE(JobSubmission::print(scheduler, QStringLiteral("tape"),
-                                  {mSite.document(), mSite.path(QStringLiteral("gone.txt"))},
-                                  u"title"_s, {}, &error),
+    QCOMPARE(JobSubmission::print(scheduler, u"tape"_s,
+                                  {mSite.document(), mSite.path(u"gone.txt"_s)}, u"title"_s, {},
+                                  &error),
              0);
     QVERIFY2(error.startsWith(u"tape: "), qPrintable(error));
     const QList<int> after = mSite.scheduler().jobIds();
     for (const int job : after) {
         if (!before.contains(job)) {
-            QCOMPARE(mSite.job(job).value(QStringLiteral("job-state")), QStringLiteral("canceled"));
+            QCOMPARE(mSite.job(job).value(u"job-state"_s), u"canceled"_s);
         }
     }
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PrintingSite.h"
+#include "PrintingTest.h"
+#include "ProgramRun.h"
 #include "SampleChoices.h"
 #include "kvprint/CommandLine.h"
 #include "kvprint/PrintCommand.h"
 
-#include <QProcess>
 #include <QTest>
 
 using Action = CommandLine::Action;
@@ -12,8 +12,6 @@ using Action = CommandLine::Action;
 Q_DECLARE_METATYPE(CommandLine::Action)
 
 namespace {
-constexpr int runTimeoutMs = 30'000;
-
 /// "KEY=VALUE" of every option, in order.
 QStringList pairsOf(const JobOptions &options)
 {
@@ -26,54 +24,22 @@ QStringList pairsOf(const JobOptions &options)
 
 CommandLine parse(const QStringList &arguments)
 {
-    return CommandLine::parse(QStringList{QStringLiteral("kvprint")} + arguments,
-                              QStringLiteral("1.2.3"));
+    return CommandLine::parse(QStringList{u"kvprint"_s} + arguments, u"1.2.3"_s);
 }
 
-/// How a kvprint process ended.
-struct Run
+/// The variables of a process whose print dialog is worked by the plug-in of that name.
+QStringList variablesWithUser(const QString &deed)
 {
-    int status = -1;
-    QString output;
-    QString errors;
-};
-
-Run runProgram(const QStringList &arguments,
-               const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
-{
-    QProcess kvprint;
-    kvprint.setProcessEnvironment(environment);
-    kvprint.start(QStringLiteral(KV_PRINT_PROGRAM), arguments);
-    Run run;
-    if (kvprint.waitForFinished(runTimeoutMs) && kvprint.exitStatus() == QProcess::NormalExit) {
-        run.status = kvprint.exitCode();
-    } else {
-        kvprint.kill();
-        kvprint.waitForFinished();
-    }
-    run.output = QString::fromLocal8Bit(kvprint.readAllStandardOutput());
-    run.errors = QString::fromLocal8Bit(kvprint.readAllStandardError());
-    return run;
-}
-
-/// The environment of a process whose print dialog is worked by the plug-in of that name.
-QProcessEnvironment environmentWithUser(const QString &deed)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(KV_TEST_PLUGIN_FOLDER));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"),
-                       QStringLiteral("dialoguser:") + deed);
-    return environment;
+    return {QStringLiteral("QT_PLUGIN_PATH=" KV_TEST_PLUGIN_FOLDER),
+            u"QT_QPA_GENERIC_PLUGINS=dialoguser:"_s + deed};
 }
 } // namespace
 
-class tst_commandline : public QObject
+class tst_commandline : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void acceptedArguments_data();
     void acceptedArguments();
     void argumentsWithoutADialog_data();
@@ -101,47 +67,28 @@ private Q_SLOTS:
     void cancelledProgramPrintsNothing();
     void dialogSpeaksTheUsersLanguage_data();
     void dialogSpeaksTheUsersLanguage();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
-
-void tst_commandline::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_commandline::acceptedArguments_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<int>("copies");
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<QStringList>("files");
+    const TestTable<QStringList, QString, int, QStringList, QStringList> table(
+        "arguments", "printer", "copies", "options", "files");
     const QStringList file{u"a.pdf"_s};
-    QTest::newRow("a file") << file << QString() << 0 << QStringList() << file;
-    QTest::newRow("files") << QStringList{u"b"_s, u"a"_s, u"b"_s} << QString() << 0 << QStringList()
-                           << QStringList{u"b"_s, u"a"_s, u"b"_s};
-    QTest::newRow("printer") << QStringList{u"-d"_s, u"tape"_s, u"a.pdf"_s} << u"tape"_s << 0
-                             << QStringList() << file;
-    QTest::newRow("copies") << QStringList{u"-n"_s, u"3"_s, u"a.pdf"_s} << QString() << 3
-                            << QStringList() << file;
-    QTest::newRow("most copies") << QStringList{u"-n9999"_s, u"a.pdf"_s} << QString() << 9999
-                                 << QStringList() << file;
-    QTest::newRow("options") << QStringList{u"-o"_s,  u"B=1"_s,   u"-o"_s,
-                                            u"A=2"_s, u"-oC=3"_s, u"a.pdf"_s}
-                             << QString() << 0 << QStringList{u"B=1"_s, u"A=2"_s, u"C=3"_s} << file;
-    QTest::newRow("options at once")
-        << QStringList{u"-o"_s, u"A=1 B=2 fit nolandscape"_s, u"a.pdf"_s} << QString() << 0
-        << QStringList{u"A=1"_s, u"B=2"_s, u"fit=true"_s, u"landscape=false"_s} << file;
-    QTest::newRow("option twice") << QStringList{u"-o"_s, u"A=1"_s, u"-o"_s, u"A=2"_s, u"a.pdf"_s}
-                                  << QString() << 0 << QStringList{u"A=2"_s} << file;
-    QTest::newRow("options behind the file")
-        << QStringList{u"a.pdf"_s, u"-d"_s, u"x"_s, u"-n"_s, u"2"_s} << u"x"_s << 2 << QStringList()
-        << file;
-    QTest::newRow("file that looks like an option")
-        << QStringList{u"-d"_s, u"x"_s, u"--"_s, u"-n"_s} << u"x"_s << 0 << QStringList()
-        << QStringList{u"-n"_s};
+    table.add("a file", file, QString(), 0, {}, file);
+    table.add("files", {u"b"_s, u"a"_s, u"b"_s}, QString(), 0, {}, {u"b"_s, u"a"_s, u"b"_s});
+    table.add("printer", {u"-d"_s, u"tape"_s, u"a.pdf"_s}, u"tape"_s, 0, {}, file);
+    table.add("copies", {u"-n"_s, u"3"_s, u"a.pdf"_s}, QString(), 3, {}, file);
+    table.add("most copies", {u"-n9999"_s, u"a.pdf"_s}, QString(), 9999, {}, file);
+    table.add("options", {u"-o"_s, u"B=1"_s, u"-o"_s, u"A=2"_s, u"-oC=3"_s, u"a.pdf"_s}, QString(),
+              0, {u"B=1"_s, u"A=2"_s, u"C=3"_s}, file);
+    table.add("options at once", {u"-o"_s, u"A=1 B=2 fit nolandscape"_s, u"a.pdf"_s}, QString(), 0,
+              {u"A=1"_s, u"B=2"_s, u"fit=true"_s, u"landscape=false"_s}, file);
+    table.add("option twice", {u"-o"_s, u"A=1"_s, u"-o"_s, u"A=2"_s, u"a.pdf"_s}, QString(), 0,
+              {u"A=2"_s}, file);
+    table.add("options behind the file", {u"a.pdf"_s, u"-d"_s, u"x"_s, u"-n"_s, u"2"_s}, u"x"_s, 2,
+              {}, file);
+    table.add("file that looks like an option", {u"-d"_s, u"x"_s, u"--"_s, u"-n"_s}, u"x"_s, 0, {},
+              {u"-n"_s});
 }
 
 void tst_commandline::acceptedArguments()
@@ -162,58 +109,52 @@ void tst_commandline::acceptedArguments()
 
 void tst_commandline::argumentsWithoutADialog_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<Action>("action");
-    QTest::addColumn<QString>("about");
-    QTest::addColumn<QString>("file");
-    const auto add = [](const char *name, const QStringList &arguments, Action action,
-                        const QString &about, const QString &file) {
-        QTest::newRow(name) << arguments << action << about << file;
-    };
-    const QString a = QStringLiteral("a.pdf");
+    const TestTable<QStringList, Action, QString, QString> table("arguments", "action", "about",
+                                                                 "file");
+    const QString a = u"a.pdf"_s;
     const QString none;
-    add("no dialog", {u"--no-dialog"_s, a}, Action::PrintDirectly, none, a);
-    add("no dialog at a printer", {u"--no-dialog"_s, u"-d"_s, u"tape"_s, a}, Action::PrintDirectly,
-        u"tape"_s, a);
-    add("no dialog behind the file", {a, u"-dtape"_s, u"--no-dialog"_s}, Action::PrintDirectly,
-        u"tape"_s, a);
-    add("dry run", {u"--dry-run"_s, a}, Action::PrintDirectly, u"dry"_s, a);
-    add("dry run without a dialog", {u"--no-dialog"_s, u"--dry-run"_s, u"-dtape"_s, a},
-        Action::PrintDirectly, u"tape dry"_s, a);
-    add("dry run on a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--dry-run"_s, a}, Action::PrintDirectly,
-        u"t.ppd dry"_s, a);
-    add("PPD behind an equals sign", {u"--ppd=t.ppd"_s, u"--dry-run"_s, a}, Action::PrintDirectly,
-        u"t.ppd dry"_s, a);
-    add("list", {u"--list"_s}, Action::List, none, none);
-    add("list as JSON", {u"--list"_s, u"--json"_s}, Action::List, u"json"_s, none);
-    add("list of a printer", {u"-d"_s, u"tape"_s, u"--list"_s}, Action::List, u"tape"_s, none);
-    add("list of a PPD", {u"--list"_s, u"--json"_s, u"--ppd"_s, u"t.ppd"_s}, Action::List,
-        u"t.ppd json"_s, none);
-    add("picture", {u"--screenshot"_s, u"a.png"_s}, Action::Screenshot, none, u"a.png"_s);
-    add("picture of a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--screenshot=a.png"_s}, Action::Screenshot,
-        u"t.ppd"_s, u"a.png"_s);
-    add("script", {u"--script"_s, u"a.jsonl"_s}, Action::RunScript, none, u"a.jsonl"_s);
-    add("script from standard input", {u"--script"_s, u"-"_s}, Action::RunScript, none, u"-"_s);
-    add("script on a printer", {u"-dtape"_s, u"--script"_s, u"-"_s}, Action::RunScript, u"tape"_s,
-        u"-"_s);
-    add("script on a PPD", {u"--script=-"_s, u"--ppd=t.ppd"_s}, Action::RunScript, u"t.ppd"_s,
-        u"-"_s);
+    table.add("no dialog", {u"--no-dialog"_s, a}, Action::PrintDirectly, none, a);
+    table.add("no dialog at a printer", {u"--no-dialog"_s, u"-d"_s, u"tape"_s, a},
+              Action::PrintDirectly, u"tape"_s, a);
+    table.add("no dialog behind the file", {a, u"-dtape"_s, u"--no-dialog"_s},
+              Action::PrintDirectly, u"tape"_s, a);
+    table.add("dry run", {u"--dry-run"_s, a}, Action::PrintDirectly, u"dry"_s, a);
+    table.add("dry run without a dialog", {u"--no-dialog"_s, u"--dry-run"_s, u"-dtape"_s, a},
+              Action::PrintDirectly, u"tape dry"_s, a);
+    table.add("dry run on a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--dry-run"_s, a},
+              Action::PrintDirectly, u"t.ppd dry"_s, a);
+    table.add("PPD behind an equals sign", {u"--ppd=t.ppd"_s, u"--dry-run"_s, a},
+              Action::PrintDirectly, u"t.ppd dry"_s, a);
+    table.add("list", {u"--list"_s}, Action::List, none, none);
+    table.add("list as JSON", {u"--list"_s, u"--json"_s}, Action::List, u"json"_s, none);
+    table.add("list of a printer", {u"-d"_s, u"tape"_s, u"--list"_s}, Action::List, u"tape"_s,
+              none);
+    table.add("list of a PPD", {u"--list"_s, u"--json"_s, u"--ppd"_s, u"t.ppd"_s}, Action::List,
+              u"t.ppd json"_s, none);
+    table.add("picture", {u"--screenshot"_s, u"a.png"_s}, Action::Screenshot, none, u"a.png"_s);
+    table.add("picture of a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--screenshot=a.png"_s},
+              Action::Screenshot, u"t.ppd"_s, u"a.png"_s);
+    table.add("script", {u"--script"_s, u"a.jsonl"_s}, Action::RunScript, none, u"a.jsonl"_s);
+    table.add("script from standard input", {u"--script"_s, u"-"_s}, Action::RunScript, none,
+              u"-"_s);
+    table.add("script on a printer", {u"-dtape"_s, u"--script"_s, u"-"_s}, Action::RunScript,
+              u"tape"_s, u"-"_s);
+    table.add("script on a PPD", {u"--script=-"_s, u"--ppd=t.ppd"_s}, Action::RunScript, u"t.ppd"_s,
+              u"-"_s);
 }
 
 void tst_commandline::argumentsWithoutADialog()
 {
     QFETCH(const QStringList, arguments);
     QFETCH(const Action, action);
-    QFETCH(const QString, about);
-    QFETCH(const QString, file);
     const CommandLine line = parse(arguments);
     QCOMPARE(line.message, QString());
     QCOMPARE(line.action, action);
     QStringList said{line.printer, line.ppd, line.isDryRun ? u"dry"_s : QString(),
                      line.asJSON ? u"json"_s : QString()};
     said.removeAll(QString());
-    QCOMPARE(said.join(u' '), about);
-    QCOMPARE(line.actionFile + line.files.join(u' '), file);
+    QTEST(said.join(u' '), "about");
+    QTEST(line.actionFile + line.files.join(u' '), "file");
     QVERIFY(line.actionFile.isEmpty() || line.files.isEmpty());
 }
 
@@ -237,38 +178,29 @@ void tst_commandline::presetAndOptionsWithoutADialog()
 
 void tst_commandline::refusedArguments_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("reason");
-    const QString copies = QStringLiteral("-n %1: the number of copies is 1 to 9999.");
-    const QString option = QStringLiteral("-o %1: an option is KEY=VALUE.");
-    const QString a = QStringLiteral("a.pdf");
-    QTest::newRow("nothing") << QStringList() << u"There is no file to print."_s;
-    QTest::newRow("no file") << QStringList{u"-d"_s, u"tape"_s} << u"There is no file to print."_s;
-    QTest::newRow("unknown option") << QStringList{u"-x"_s, a} << u"Unknown option 'x'."_s;
-    QTest::newRow("unknown long option")
-        << QStringList{u"--copies"_s, a} << u"Unknown option 'copies'."_s;
-    QTest::newRow("no printer's name") << QStringList{u"-d"_s} << u"Missing value after '-d'."_s;
-    QTest::newRow("empty printer's name")
-        << QStringList{u"-d"_s, QString(), a} << u"-d needs a value: PRINTER."_s;
-    QTest::newRow("no copies") << QStringList{u"-n"_s, u"0"_s, a} << copies.arg(u"0"_s);
-    QTest::newRow("negative copies") << QStringList{u"-n"_s, u"-1"_s, a} << copies.arg(u"-1"_s);
-    QTest::newRow("too many copies")
-        << QStringList{u"-n"_s, u"10000"_s, a} << copies.arg(u"10000"_s);
-    QTest::newRow("far too many copies")
-        << QStringList{u"-n"_s, u"99999999999"_s, a} << copies.arg(u"99999999999"_s);
-    QTest::newRow("copies that are no number")
-        << QStringList{u"-n"_s, u"two"_s, a} << copies.arg(u"two"_s);
-    QTest::newRow("a part of a copy") << QStringList{u"-n"_s, u"1.5"_s, a} << copies.arg(u"1.5"_s);
-    QTest::newRow("empty option") << QStringList{u"-o"_s, QString(), a}
-                                  << u"-o needs a value: KEY=VALUE."_s;
-    QTest::newRow("blank option") << QStringList{u"-o"_s, u" "_s, a} << option.arg(u" "_s);
-    QTest::newRow("blank option behind another")
-        << QStringList{u"-o"_s, u"A=1"_s, u"-o"_s, u" "_s, a} << option.arg(u" "_s);
-    QTest::newRow("option that would make up a line")
-        << QStringList{u"-o"_s, u"=\nkvprint: all is well\x1b[2J"_s, a}
-        << option.arg(u"=\\nkvprint: all is well\\x1b[2J"_s);
-    QTest::newRow("option without a key")
-        << QStringList{u"-o"_s, u"=ON"_s, a} << option.arg(u"=ON"_s);
+    const TestTable<QStringList, QString> table("arguments", "reason");
+    const QString copies = u"-n %1: the number of copies is 1 to 9999."_s;
+    const QString option = u"-o %1: an option is KEY=VALUE."_s;
+    const QString a = u"a.pdf"_s;
+    table.add("nothing", {}, u"There is no file to print."_s);
+    table.add("no file", {u"-d"_s, u"tape"_s}, u"There is no file to print."_s);
+    table.add("unknown option", {u"-x"_s, a}, u"Unknown option 'x'."_s);
+    table.add("unknown long option", {u"--copies"_s, a}, u"Unknown option 'copies'."_s);
+    table.add("no printer's name", {u"-d"_s}, u"Missing value after '-d'."_s);
+    table.add("empty printer's name", {u"-d"_s, QString(), a}, u"-d needs a value: PRINTER."_s);
+    table.add("no copies", {u"-n"_s, u"0"_s, a}, copies.arg(u"0"_s));
+    table.add("negative copies", {u"-n"_s, u"-1"_s, a}, copies.arg(u"-1"_s));
+    table.add("too many copies", {u"-n"_s, u"10000"_s, a}, copies.arg(u"10000"_s));
+    table.add("far too many copies", {u"-n"_s, u"99999999999"_s, a}, copies.arg(u"99999999999"_s));
+    table.add("copies that are no number", {u"-n"_s, u"two"_s, a}, copies.arg(u"two"_s));
+    table.add("a part of a copy", {u"-n"_s, u"1.5"_s, a}, copies.arg(u"1.5"_s));
+    table.add("empty option", {u"-o"_s, QString(), a}, u"-o needs a value: KEY=VALUE."_s);
+    table.add("blank option", {u"-o"_s, u" "_s, a}, option.arg(u" "_s));
+    table.add("blank option behind another", {u"-o"_s, u"A=1"_s, u"-o"_s, u" "_s, a},
+              option.arg(u" "_s));
+    table.add("option that would make up a line", {u"-o"_s, u"=\nkvprint: all is well\x1b[2J"_s, a},
+              option.arg(u"=\\nkvprint: all is well\\x1b[2J"_s));
+    table.add("option without a key", {u"-o"_s, u"=ON"_s, a}, option.arg(u"=ON"_s));
 }
 
 void tst_commandline::refusedArguments()
@@ -277,20 +209,17 @@ void tst_commandline::refusedArguments()
     QFETCH(const QString, reason);
     const CommandLine line = parse(arguments);
     QCOMPARE(line.action, Action::Refuse);
-    QCOMPARE(line.message, reason + QStringLiteral("\nTry 'kvprint --help'."));
+    QCOMPARE(line.message, reason + u"\nTry 'kvprint --help'."_s);
 }
 
 void tst_commandline::refusedCombinations_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("reason");
-    const auto add = [](const QString &arguments, const QString &reason) {
-        QTest::newRow(qPrintable(arguments)) << arguments.split(u' ') << reason;
+    const TestTable<QStringList, QString> table("arguments", "reason");
+    const auto add = [&table](const QString &arguments, const QString &reason) {
+        table.add(qPrintable(arguments), arguments.split(u' '), reason);
     };
-    const QString ppdNeeds =
-        QStringLiteral("--ppd needs --dry-run, --list, --screenshot or --script.");
-    const QString presetNeeds =
-        QStringLiteral("--preset needs --no-dialog, --dry-run or --screenshot.");
+    const QString ppdNeeds = u"--ppd needs --dry-run, --list, --screenshot or --script."_s;
+    const QString presetNeeds = u"--preset needs --no-dialog, --dry-run or --screenshot."_s;
     add(u"--no-dialog"_s, u"There is no file to print."_s);
     add(u"--dry-run"_s, u"There is no file to print."_s);
     add(u"--dry-run --ppd t.ppd"_s, u"There is no file to print."_s);
@@ -357,34 +286,30 @@ void tst_commandline::version()
     for (const char *argument : {"-v", "--version"}) {
         const CommandLine line = parse({QLatin1String(argument)});
         QCOMPARE(line.action, Action::ShowVersion);
-        QCOMPARE(line.message, QStringLiteral("kvprint 1.2.3\n"));
+        QCOMPARE(line.message, u"kvprint 1.2.3\n"_s);
     }
 }
 
 void tst_commandline::options_data()
 {
-    QTest::addColumn<QString>("argument");
-    QTest::addColumn<QStringList>("pairs");
-    QTest::newRow("nothing") << QString() << QStringList();
-    QTest::newRow("a pair") << u"KvMirror=ON"_s << QStringList{u"KvMirror=ON"_s};
-    QTest::newRow("pairs") << u"A=1  B=2"_s << QStringList{u"A=1"_s, u"B=2"_s};
-    QTest::newRow("flags") << u"fit nolandscape"_s
-                           << QStringList{u"fit=true"_s, u"landscape=false"_s};
-    QTest::newRow("quotation marks")
-        << u"A='b c' D=\"e f\""_s << QStringList{u"A=b c"_s, u"D=e f"_s};
-    QTest::newRow("empty value") << u"A= B=1"_s << QStringList{u"A="_s, u"B=1"_s};
-    QTest::newRow("an equals sign in a value") << u"A=b=c"_s << QStringList{u"A=b=c"_s};
-    QTest::newRow("letters of all the world") << u"A=Größe"_s << QStringList{u"A=Größe"_s};
-    QTest::newRow("the same key twice") << u"A=1 B=2 A=3"_s << QStringList{u"A=3"_s, u"B=2"_s};
+    const TestTable<QString, QStringList> table("argument", "pairs");
+    table.add("nothing", QString(), {});
+    table.add("a pair", u"KvMirror=ON"_s, {u"KvMirror=ON"_s});
+    table.add("pairs", u"A=1  B=2"_s, {u"A=1"_s, u"B=2"_s});
+    table.add("flags", u"fit nolandscape"_s, {u"fit=true"_s, u"landscape=false"_s});
+    table.add("quotation marks", u"A='b c' D=\"e f\""_s, {u"A=b c"_s, u"D=e f"_s});
+    table.add("empty value", u"A= B=1"_s, {u"A="_s, u"B=1"_s});
+    table.add("an equals sign in a value", u"A=b=c"_s, {u"A=b=c"_s});
+    table.add("letters of all the world", u"A=Größe"_s, {u"A=Größe"_s});
+    table.add("the same key twice", u"A=1 B=2 A=3"_s, {u"A=3"_s, u"B=2"_s});
 }
 
 void tst_commandline::options()
 {
     QFETCH(const QString, argument);
-    QFETCH(const QStringList, pairs);
     JobOptions options;
     options.parse(argument);
-    QCOMPARE(pairsOf(options), pairs);
+    QTEST(pairsOf(options), "pairs");
 }
 
 void tst_commandline::optionsKeepTheirOrder()
@@ -436,12 +361,12 @@ void tst_commandline::optionsForCups()
 
 void tst_commandline::programHelpAndVersion()
 {
-    const Run help = runProgram({QStringLiteral("--help")});
+    const ProgramRun help = runKvprint({u"--help"_s});
     QCOMPARE(help.status, 0);
     QVERIFY(help.output.startsWith(u"Usage: kvprint [options] FILE...\n"));
     QCOMPARE(help.errors, QString());
 
-    const Run version = runProgram({QStringLiteral("--version")});
+    const ProgramRun version = runKvprint({u"--version"_s});
     QCOMPARE(version.status, 0);
     QCOMPARE(version.output, QStringLiteral("kvprint " KV_VERSION "\n"));
     QCOMPARE(version.errors, QString());
@@ -449,34 +374,32 @@ void tst_commandline::programHelpAndVersion()
 
 void tst_commandline::programStatus_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("error");
+    const TestTable<QStringList, int, QString> table("arguments", "status", "error");
     const QString file = mSite.document();
     const QString folder = QFileInfo(file).path();
-    const QString empty = mSite.file(QStringLiteral("empty.txt"), {});
-    const auto add = [](const char *name, const QStringList &arguments, int status,
-                        const QString &error) {
-        QTest::newRow(name) << arguments << status << error;
-    };
-    add("no file", {}, 2, u"There is no file to print."_s);
-    add("no copies", {u"-n"_s, u"0"_s, file}, 2, u"-n 0: the number of copies is 1 to 9999."_s);
-    add("unknown option", {u"--frobnicate"_s, file}, 2, u"Unknown option 'frobnicate'."_s);
-    add("missing file", {u"/nowhere/a.pdf"_s}, 3, u"/nowhere/a.pdf: No such file or directory"_s);
-    add("second file missing", {file, u"/nowhere/a.pdf"_s}, 3,
-        u"/nowhere/a.pdf: No such file or directory"_s);
-    add("empty file", {empty}, 3, empty + u": is empty"_s);
-    add("folder", {folder}, 3, folder + u": is a folder"_s);
-    add("unknown printer", {u"-d"_s, u"nowhere"_s, file}, 3,
+    const QString empty = mSite.file(u"empty.txt"_s, {});
+    table.add("no file", {}, 2, u"There is no file to print."_s);
+    table.add("no copies", {u"-n"_s, u"0"_s, file}, 2,
+              u"-n 0: the number of copies is 1 to 9999."_s);
+    table.add("unknown option", {u"--frobnicate"_s, file}, 2, u"Unknown option 'frobnicate'."_s);
+    table.add("missing file", {u"/nowhere/a.pdf"_s}, 3,
+              u"/nowhere/a.pdf: No such file or directory"_s);
+    table.add("second file missing", {file, u"/nowhere/a.pdf"_s}, 3,
+              u"/nowhere/a.pdf: No such file or directory"_s);
+    table.add("empty file", {empty}, 3, empty + u": is empty"_s);
+    table.add("folder", {folder}, 3, folder + u": is a folder"_s);
+    table.add(
+        "unknown printer", {u"-d"_s, u"nowhere"_s, file}, 3,
         u"there is no printer nowhere; the printers are: all, follow, label, mark, plain, tape"_s);
-    add("choice that the printer lacks", {u"-d"_s, u"tape"_s, u"-o"_s, u"KvHalfCut=MAYBE"_s, file},
-        2, u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
-    add("paper that the printer lacks", {u"-d"_s, u"mark"_s, u"-o"_s, u"media=A4"_s, file}, 2,
-        u"-o media=A4: the choices of media are: T12x100, T6x100, T9x100, T18x100, T24x100, "
-        "FL21x45, FL24x60"_s);
-    add("own paper size at a printer with fixed ones",
-        {u"-d"_s, u"mark"_s, u"-o"_s, u"PageSize=Custom.20x50mm"_s, file}, 2,
-        u"-o PageSize=Custom.20x50mm: the choices of PageSize are: T12x100, "_s);
+    table.add("choice that the printer lacks",
+              {u"-d"_s, u"tape"_s, u"-o"_s, u"KvHalfCut=MAYBE"_s, file}, 2,
+              u"-o KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
+    table.add("paper that the printer lacks", {u"-d"_s, u"mark"_s, u"-o"_s, u"media=A4"_s, file}, 2,
+              u"-o media=A4: the choices of media are: T12x100, T6x100, T9x100, T18x100, T24x100, "
+              "FL21x45, FL24x60"_s);
+    table.add("own paper size at a printer with fixed ones",
+              {u"-d"_s, u"mark"_s, u"-o"_s, u"PageSize=Custom.20x50mm"_s, file}, 2,
+              u"-o PageSize=Custom.20x50mm: the choices of PageSize are: T12x100, "_s);
 }
 
 void tst_commandline::programStatus()
@@ -485,9 +408,9 @@ void tst_commandline::programStatus()
     QFETCH(const int, status);
     QFETCH(const QString, error);
     const QList<int> before = mSite.scheduler().jobIds();
-    const Run run = runProgram(arguments);
+    const ProgramRun run = runKvprint(arguments);
     QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(QStringLiteral("kvprint: ") + error), qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: "_s + error));
     QCOMPARE(run.errors.count(u"kvprint: "), 1);
     QCOMPARE(run.output, QString());
     QCOMPARE(mSite.scheduler().jobIds(), before);
@@ -495,69 +418,60 @@ void tst_commandline::programStatus()
 
 void tst_commandline::programWithoutScheduler()
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("CUPS_SERVER"), QStringLiteral("127.0.0.1:9"));
-    const Run run = runProgram({mSite.document()}, environment);
+    const ProgramRun run = runKvprint({mSite.document()}, {{}, {noScheduler}});
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"kvprint: no print scheduler answers at 127.0.0.1 (port 9): "),
-             qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: no print scheduler answers at 127.0.0.1 (port 9): "_s));
 }
 
 void tst_commandline::programWithoutDisplay()
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        environment.remove(QLatin1String(variable));
-    }
-    const Run run = runProgram({mSite.document()}, environment);
+    const ProgramInput input{{}, {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s}};
+    const ProgramRun run = runKvprint({mSite.document()}, input);
     QCOMPARE(run.status, 3);
-    QVERIFY2(run.errors.contains(u"kvprint: there is no display to open the dialog on\n"),
-             qPrintable(run.errors));
+    QVERIFY(run.tells(u"kvprint: there is no display to open the dialog on\n"_s));
     // Neither help nor a refusal needs one.
-    QCOMPARE(runProgram({QStringLiteral("--help")}, environment).status, 0);
-    QCOMPARE(runProgram({}, environment).status, 2);
+    QCOMPARE(runKvprint({u"--help"_s}, input).status, 0);
+    QCOMPARE(runKvprint({}, input).status, 2);
 }
 
 void tst_commandline::acceptedProgramPrints()
 {
     const qsizetype before = mSite.scheduler().jobIds().size();
-    const Run run = runProgram(
+    const ProgramRun run = runKvprint(
         {u"-d"_s, u"tape"_s, u"-n"_s, u"2"_s, u"-o"_s, u"KvChainPrint=ON"_s, mSite.document()},
-        environmentWithUser(QStringLiteral("accept")));
+        {{}, variablesWithUser(u"accept"_s)});
     QVERIFY2(run.status == 0, qPrintable(run.errors));
     const QList<int> jobs = mSite.scheduler().jobIds();
     QCOMPARE(jobs.size(), before + 1);
     QCOMPARE(mSite.choices(jobs.last()),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
-                                     QStringLiteral("KvHalfCut=ON KvChainPrint=ON")));
-    QCOMPARE(mSite.job(jobs.last()).value(QStringLiteral("copies")), QStringLiteral("2"));
+             SampleChoices::replaced(SampleChoices::defaults(u"tape"_s),
+                                     u"KvHalfCut=ON KvChainPrint=ON"_s));
+    QCOMPARE(mSite.job(jobs.last()).value(u"copies"_s), u"2"_s);
 }
 
 void tst_commandline::cancelledProgramPrintsNothing()
 {
     const QList<int> before = mSite.scheduler().jobIds();
-    const Run run = runProgram({u"-d"_s, u"tape"_s, mSite.document()},
-                               environmentWithUser(QStringLiteral("cancel")));
+    const ProgramRun run =
+        runKvprint({u"-d"_s, u"tape"_s, mSite.document()}, {{}, variablesWithUser(u"cancel"_s)});
     QVERIFY2(run.status == 1, qPrintable(run.errors));
     QCOMPARE(mSite.scheduler().jobIds(), before);
 }
 
 void tst_commandline::dialogSpeaksTheUsersLanguage_data()
 {
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<QString>("cancel");
-    QTest::newRow("English") << u"en_GB.UTF-8"_s << u"Cancel"_s;
-    QTest::newRow("German") << u"de_DE.UTF-8"_s << u"Abbrechen"_s;
-    QTest::newRow("no texts of Qt's") << u"sw_KE.UTF-8"_s << u"Cancel"_s;
+    const TestTable<QString, QString> table("locale", "cancel");
+    table.add("English", u"en_GB.UTF-8"_s, u"Cancel"_s);
+    table.add("German", u"de_DE.UTF-8"_s, u"Abbrechen"_s);
+    table.add("no texts of Qt's", u"sw_KE.UTF-8"_s, u"Cancel"_s);
 }
 
 void tst_commandline::dialogSpeaksTheUsersLanguage()
 {
     QFETCH(const QString, locale);
     QFETCH(const QString, cancel);
-    QProcessEnvironment environment = environmentWithUser(QStringLiteral("tell"));
-    environment.insert(QStringLiteral("LC_ALL"), locale);
-    const Run run = runProgram({u"-d"_s, u"tape"_s, mSite.document()}, environment);
+    const QStringList variables = variablesWithUser(u"tell"_s) + QStringList{u"LC_ALL="_s + locale};
+    const ProgramRun run = runKvprint({u"-d"_s, u"tape"_s, mSite.document()}, {{}, variables});
     QVERIFY2(run.status == 1, qPrintable(run.errors));
     const QStringList buttons = run.output.split(u'\n');
     QVERIFY2(buttons.contains(cancel), qPrintable(run.output));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 
 #include <QDir>
 #include <QTest>
@@ -10,13 +10,11 @@ namespace {
 /// The files in folders of Qt Designer's plug-ins that are mapped into this process.
 QStringList mappedDesignerPlugIns()
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps(u"/proc/self/maps"_s);
     if (!maps.open(QIODevice::ReadOnly)) {
-        return {QStringLiteral("unknown")};
+        return {u"unknown"_s};
     }
-    return QString::fromLocal8Bit(maps.readAll())
-        .split(QLatin1Char('\n'))
-        .filter(QStringLiteral("/designer/"));
+    return QString::fromLocal8Bit(maps.readAll()).split(QLatin1Char('\n')).filter(u"/designer/"_s);
 }
 
 /// A folder of plug-ins of this application's, with one of Qt Designer's among them.
@@ -30,10 +28,9 @@ public:
 
     bool fill() const
     {
-        const QDir designer(mFolder.filePath(QStringLiteral("designer")));
-        return designer.mkpath(QStringLiteral(".")) &&
-               QFile::copy(QStringLiteral(KV_ODD_PANELS),
-                           designer.filePath(QStringLiteral("libown.so")));
+        const QDir designer(mFolder.filePath(u"designer"_s));
+        return designer.mkpath(u"."_s) &&
+               QFile::copy(QStringLiteral(KV_ODD_PANELS), designer.filePath(u"libown.so"_s));
     }
 
 private:
@@ -44,22 +41,13 @@ private:
 } // namespace
 
 /// That the panel's form brings nothing of Qt Designer's into an application.
-class tst_designerplugins : public QObject
+class tst_designerplugins : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void noneIsLoadedWithThePanel();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
-
-void tst_designerplugins::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_designerplugins::noneIsLoadedWithThePanel()
 {
@@ -67,9 +55,9 @@ void tst_designerplugins::noneIsLoadedWithThePanel()
     QVERIFY(plugIns.fill());
     const QStringList paths = QCoreApplication::libraryPaths();
     QVERIFY(paths.size() > 1);
-    AttachedDialog dialog(QStringLiteral("tape"));
+    AttachedDialog dialog(u"tape"_s);
     QVERIFY(dialog.openTab());
-    QCOMPARE(PanelUser(dialog.user()).boxes().size(), 6);
+    QCOMPARE(dialog.panel().boxes().size(), 6);
     QCOMPARE(mappedDesignerPlugIns(), QStringList());
     QCOMPARE(QCoreApplication::libraryPaths(), paths);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommandRun.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "SampleChoices.h"
 
 #include <QTest>
@@ -87,19 +87,17 @@ constexpr PresetRow presets[] = {
 };
 } // namespace
 
-class tst_dialog : public QObject
+class tst_dialog : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void unopenedTabPrintsTheDefaults_data() { addPrinters(); }
     void unopenedTabPrintsTheDefaults();
     void openedTabPrintsTheDefaults_data() { addPrinters(); }
     void openedTabPrintsTheDefaults();
-    void everyShownBoxIsTested_data() { addPrinters(); }
-    void everyShownBoxIsTested();
+    void everyBoxAndPresetIsTested_data() { addPrinters(); }
+    void everyBoxAndPresetIsTested();
     void clickedBoxReachesTheJob_data();
     void clickedBoxReachesTheJob();
     void boxClickedTwiceIsBack_data() { clickedBoxReachesTheJob_data(); }
@@ -111,8 +109,6 @@ private Q_SLOTS:
     void countNeedsTheTickedBox();
     void countBesideASeparateAutoCut();
     void firstCountUnticksTheBoxBesideAutoCut();
-    void everyOfferedPresetIsTested_data() { addPrinters(); }
-    void everyOfferedPresetIsTested();
     void presetReachesTheJob_data();
     void presetReachesTheJob();
     void presetTurnsMirrorPrintingOff();
@@ -120,14 +116,7 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     static void addPrinters();
     QStringList documents() const { return {mSite.document()}; }
-
-    PrintingSite mSite;
 };
-
-void tst_dialog::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_dialog::addPrinters()
 {
@@ -158,19 +147,26 @@ void tst_dialog::openedTabPrintsTheDefaults()
     QCOMPARE(mSite.choices(job), SampleChoices::seen(printer));
 }
 
-void tst_dialog::everyShownBoxIsTested()
+void tst_dialog::everyBoxAndPresetIsTested()
 {
     QFETCH(const QString, printer);
-    QStringList tested;
+    QStringList boxes;
     for (const Row &row : clicks) {
         if (printer == QLatin1String(row.printer)) {
-            tested.append(QLatin1String(row.control));
+            boxes.append(QLatin1String(row.control));
         }
     }
-    tested.sort();
+    boxes.sort();
+    QList<int> tags;
+    for (const PresetRow &row : presets) {
+        if (printer == QLatin1String(row.printer)) {
+            tags.append(row.tag);
+        }
+    }
     CommandRun run(printer, documents());
-    QCOMPARE(run.openTab(), !tested.isEmpty());
-    QCOMPARE(PanelUser(run.user()).boxes(), tested);
+    QCOMPARE(run.openTab(), !boxes.isEmpty());
+    QCOMPARE(run.panel().boxes(), boxes);
+    QCOMPARE(run.panel().presets(), tags);
 }
 
 void tst_dialog::clickedBoxReachesTheJob_data()
@@ -192,13 +188,11 @@ void tst_dialog::clickedBoxReachesTheJob()
     QFETCH(const QString, changes);
     CommandRun run(printer, documents());
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
-    const bool before = panel.isTicked(box);
-    QVERIFY(panel.click(box));
-    QCOMPARE(panel.isTicked(box), !before);
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), changes));
+    const bool before = run.panel().isTicked(box);
+    QVERIFY(run.panel().click(box));
+    QCOMPARE(run.panel().isTicked(box), !before);
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::seen(printer), changes));
 }
 
 void tst_dialog::boxClickedTwiceIsBack()
@@ -207,51 +201,42 @@ void tst_dialog::boxClickedTwiceIsBack()
     QFETCH(const QString, box);
     CommandRun run(printer, documents());
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
-    QVERIFY(panel.click(box));
-    QVERIFY(panel.click(box));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::seen(printer));
+    QVERIFY(run.panel().click(box));
+    QVERIFY(run.panel().click(box));
+    QCOMPARE(mSite.choices(run.print()), SampleChoices::seen(printer));
 }
 
 void tst_dialog::specialTapeTurnsTheOthersOff()
 {
-    CommandRun run(QStringLiteral("all"), documents());
+    CommandRun run(u"all"_s, documents());
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
     for (const char *box :
          {"mAutoCutChkBx", "mHalfCutChkBx", "mChainPrintChkBx", "mCutMarkChkBx", "mCutAndEndChkBx",
           "mMirrorPrintChkBx", "mRemoveBlkSpaceChkBx", "mSpecialTapeChkBx"}) {
-        QVERIFY2(panel.click(QLatin1String(box)), box);
+        QVERIFY2(run.panel().click(QLatin1String(box)), box);
     }
     for (const char *box : {"mAutoCutChkBx", "mHalfCutChkBx", "mChainPrintChkBx", "mCutEveryChkBx",
                             "mCutEveryTxBx", "mCutEveryStpr"}) {
-        QVERIFY2(!panel.isEnabled(QLatin1String(box)), box);
+        QVERIFY2(!run.panel().isEnabled(QLatin1String(box)), box);
     }
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("all")),
-                                     QStringLiteral("KvSpecialTape=ON KvCutAtEnd=ON "
-                                                    "KvMirror=ON KvRemoveBlkSpace=ON")));
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"all"_s),
+                                     u"KvSpecialTape=ON KvCutAtEnd=ON "
+                                     "KvMirror=ON KvRemoveBlkSpace=ON"_s));
 }
 
 void tst_dialog::specialTapeTurnedOffBringsTheOthersBack()
 {
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
-    QVERIFY(panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mSpecialTapeChkBx")));
-    QVERIFY(!panel.click(QStringLiteral("mHalfCutChkBx")));
-    QVERIFY(panel.click(QStringLiteral("mSpecialTapeChkBx")));
-    QVERIFY(panel.isEnabled(QStringLiteral("mHalfCutChkBx")));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
-                                     QStringLiteral("KvHalfCut=ON")));
+    QVERIFY(panel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(panel.click(u"mSpecialTapeChkBx"_s));
+    QVERIFY(!panel.click(u"mHalfCutChkBx"_s));
+    QVERIFY(panel.click(u"mSpecialTapeChkBx"_s));
+    QVERIFY(panel.isEnabled(u"mHalfCutChkBx"_s));
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"tape"_s), u"KvHalfCut=ON"_s));
 }
 
 void tst_dialog::countReachesTheJob_data()
@@ -262,7 +247,7 @@ void tst_dialog::countReachesTheJob_data()
     QTest::addColumn<QString>("count");
     for (const char *printer : {"label", "follow"}) {
         const QString name = QLatin1String(printer);
-        QTest::addRow("%s typed", printer) << name << QStringLiteral("7") << 0 << u"7"_s;
+        QTest::addRow("%s typed", printer) << name << u"7"_s << 0 << u"7"_s;
         QTest::addRow("%s typed two digits", printer) << name << u"42"_s << 0 << u"42"_s;
         QTest::addRow("%s typed, raised", printer) << name << u"7"_s << 2 << u"9"_s;
         QTest::addRow("%s typed, lowered", printer) << name << u"7"_s << -1 << u"6"_s;
@@ -284,7 +269,7 @@ void tst_dialog::countReachesTheJob()
     CommandRun run(printer, documents());
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
-    QCOMPARE(panel.count(), QStringLiteral("1"));
+    QCOMPARE(panel.count(), u"1"_s);
     if (!typed.isEmpty()) {
         QVERIFY(panel.typeCount(typed));
     }
@@ -292,78 +277,55 @@ void tst_dialog::countReachesTheJob()
         QVERIFY(panel.step(steps > 0));
     }
     QCOMPARE(panel.count(), count);
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
+    QCOMPARE(mSite.choices(run.print()),
              SampleChoices::replaced(SampleChoices::seen(printer), u"KvCutLabel="_s + count));
 }
 
 void tst_dialog::countNeedsTheTickedBox()
 {
-    CommandRun run(QStringLiteral("follow"), documents());
+    CommandRun run(u"follow"_s, documents());
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
-    QVERIFY(panel.typeCount(QStringLiteral("5")));
-    QVERIFY(panel.click(QStringLiteral("mCutEveryChkBx")));
-    QVERIFY(!panel.typeCount(QStringLiteral("6")));
+    QVERIFY(panel.typeCount(u"5"_s));
+    QVERIFY(panel.click(u"mCutEveryChkBx"_s));
+    QVERIFY(!panel.typeCount(u"6"_s));
     QVERIFY(!panel.step(true));
-    QCOMPARE(panel.count(), QStringLiteral("5"));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("follow")),
-                                     QStringLiteral("KvAutoTapeCut=OFF KvCutLabel=5")));
+    QCOMPARE(panel.count(), u"5"_s);
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"follow"_s),
+                                     u"KvAutoTapeCut=OFF KvCutLabel=5"_s));
 }
 
 void tst_dialog::countBesideASeparateAutoCut()
 {
     // The cut-every box shows the auto cut that it has set itself, and the count needs the box.
-    CommandRun run(QStringLiteral("all"), documents());
+    CommandRun run(u"all"_s, documents());
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
-    const QString box = QStringLiteral("mCutEveryChkBx");
+    const QString box = u"mCutEveryChkBx"_s;
     QVERIFY(panel.isTicked(box));
     QVERIFY(panel.click(box));
     QVERIFY(panel.click(box));
-    QVERIFY(panel.typeCount(QStringLiteral("42")));
+    QVERIFY(panel.typeCount(u"42"_s));
     QVERIFY(panel.step(true));
     QVERIFY(panel.isTicked(box));
-    QCOMPARE(panel.count(), QStringLiteral("43"));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("all")),
-                                     QStringLiteral("KvCutLabel=43")));
+    QCOMPARE(panel.count(), u"43"_s);
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"all"_s), u"KvCutLabel=43"_s));
 }
 
 void tst_dialog::firstCountUnticksTheBoxBesideAutoCut()
 {
     // The count makes the cut-every box show the choice of auto cut, which is off.
-    CommandRun run(QStringLiteral("all"), documents());
+    CommandRun run(u"all"_s, documents());
     QVERIFY(run.openTab());
     PanelUser panel(run.user());
     QVERIFY(panel.step(true));
-    QVERIFY(!panel.isTicked(QStringLiteral("mCutEveryChkBx")));
+    QVERIFY(!panel.isTicked(u"mCutEveryChkBx"_s));
     QVERIFY(!panel.step(true));
-    QCOMPARE(panel.count(), QStringLiteral("2"));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::defaults(u"all"_s),
-                                                         QStringLiteral("KvCutLabel=2")));
-}
-
-void tst_dialog::everyOfferedPresetIsTested()
-{
-    QFETCH(const QString, printer);
-    QList<int> tested;
-    for (const PresetRow &row : presets) {
-        if (printer == QLatin1String(row.printer)) {
-            tested.append(row.tag);
-        }
-    }
-    CommandRun run(printer, documents());
-    QCOMPARE(run.openTab(), !tested.isEmpty());
-    QCOMPARE(PanelUser(run.user()).presets(), tested);
+    QCOMPARE(panel.count(), u"2"_s);
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"all"_s), u"KvCutLabel=2"_s));
 }
 
 void tst_dialog::presetReachesTheJob_data()
@@ -384,27 +346,21 @@ void tst_dialog::presetReachesTheJob()
     QFETCH(const QString, changes);
     CommandRun run(printer, documents());
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
-    QVERIFY(panel.pickPreset(tag));
-    QCOMPARE(panel.selectedPreset(), tag);
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), changes));
+    QVERIFY(run.panel().pickPreset(tag));
+    QCOMPARE(run.panel().selectedPreset(), tag);
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::seen(printer), changes));
 }
 
 void tst_dialog::presetTurnsMirrorPrintingOff()
 {
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
-    QVERIFY(panel.click(QStringLiteral("mMirrorPrintChkBx")));
-    QVERIFY(panel.pickPreset(11));
-    QVERIFY(!panel.isTicked(QStringLiteral("mMirrorPrintChkBx")));
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
-                                     QStringLiteral("KvHalfCut=ON")));
+    QVERIFY(run.panel().click(u"mMirrorPrintChkBx"_s));
+    QVERIFY(run.panel().pickPreset(11));
+    QVERIFY(!run.panel().isTicked(u"mMirrorPrintChkBx"_s));
+    QCOMPARE(mSite.choices(run.print()),
+             SampleChoices::replaced(SampleChoices::defaults(u"tape"_s), u"KvHalfCut=ON"_s));
 }
 
 KV_TEST(tst_dialog)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "dialog/PrintDialogWidgets.h"
 #include "kvprint/PrintCommand.h"
@@ -18,7 +18,7 @@ namespace {
 /// What an application does with its dialog while our warning is open.
 using Doing = std::function<void(AttachedDialog &dialog)>;
 
-const QString cutEveryBox = QStringLiteral("mCutEveryChkBx");
+const QString cutEveryBox = u"mCutEveryChkBx"_s;
 
 /// So that a warning that is opened by what is done is open by then.
 constexpr int closingDelay = 50;
@@ -118,14 +118,14 @@ bool showAgain(AttachedDialog &dialog)
     dialog.dialog().show();
     closeAlerts();
     dialog.dialog().activateWindow();
-    return QTest::qWaitForWindowActive(&dialog.dialog()) && PanelUser(dialog.user()).openTab();
+    return QTest::qWaitForWindowActive(&dialog.dialog()) && dialog.panel().openTab();
 }
 
 /// Ticks cut every, on heat-shrink tube: our warning opens.
 void provokeWarning(AttachedDialog &dialog)
 {
     const QString box = cutEveryBox;
-    if (PanelUser(dialog.user()).isTicked(box)) {
+    if (dialog.panel().isTicked(box)) {
         dialog.user().click(box);
     }
     dialog.user().click(box);
@@ -135,13 +135,11 @@ void provokeWarning(AttachedDialog &dialog)
 Q_DECLARE_METATYPE(Doing)
 
 /// Dialogs that are hidden or destroyed by their application while something of ours is open.
-class tst_dialoggone : public QObject
+class tst_dialoggone : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QCOMPARE(mSite.open(), QString()); }
-
     // After an application has quit, Qt 5 waits for no dialog any more.
     void commandWhoseDialogIsDestroyed();
     void warningOfADialogThatIsShownAgain();
@@ -149,18 +147,13 @@ private Q_SLOTS:
     void warningGoesWithTheDialog();
     void anotherPrinterAsTheWarningComesUp_data();
     void anotherPrinterAsTheWarningComesUp();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
 
 void tst_dialoggone::warningGoesWithTheDialog_data()
 {
-    QTest::addColumn<Doing>("act");
-    QTest::addColumn<bool>("isLeftOpen");
-    QTest::addColumn<bool>("isChosen");
-    const auto row = [](const char *name, bool isLeftOpen, bool isChosen, const Doing &act) {
-        QTest::newRow(name) << act << isLeftOpen << isChosen;
+    const TestTable<Doing, bool, bool> table("act", "isLeftOpen", "isChosen");
+    const auto row = [&table](const char *name, bool isLeftOpen, bool isChosen, const Doing &act) {
+        table.add(name, act, isLeftOpen, isChosen);
     };
     row("nothing", true, true, [](AttachedDialog &) {});
     row("delete", false, false, [](AttachedDialog &dialog) { dialog.destroyDialog(); });
@@ -176,8 +169,8 @@ void tst_dialoggone::warningGoesWithTheDialog_data()
         dialog.dialog().show();
     });
     row("another printer", false, false, [](AttachedDialog &dialog) {
-        dialog.user().pickPrinter(QStringLiteral("tape"));
-        dialog.user().pickPrinter(QStringLiteral("follow"));
+        dialog.user().pickPrinter(u"tape"_s);
+        dialog.user().pickPrinter(u"follow"_s);
     });
     row("hide", false, true, [](AttachedDialog &dialog) { dialog.dialog().hide(); });
     row("hide and show", false, true, [](AttachedDialog &dialog) {
@@ -195,15 +188,14 @@ void tst_dialoggone::warningGoesWithTheDialog_data()
 void tst_dialoggone::warningGoesWithTheDialog()
 {
     QFETCH(const Doing, act);
-    QFETCH(const bool, isLeftOpen);
     QFETCH(const bool, isChosen);
-    AttachedDialog dialog(QStringLiteral("follow"), {QStringLiteral("media=HS12x100")});
+    AttachedDialog dialog(u"follow"_s, {u"media=HS12x100"_s});
     QVERIFY(dialog.openTab());
     WhileWarned whileWarned([&] { act(dialog); });
     provokeWarning(dialog);
     QVERIFY(QTest::qWaitFor([&] { return whileWarned.isDone(); }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(whileWarned.wasLeftOpen(), isLeftOpen);
+    QTEST(whileWarned.wasLeftOpen(), "isLeftOpen");
     QVERIFY(!openAlert());
     if (!dialog.hasDialog()) {
         return;
@@ -212,36 +204,36 @@ void tst_dialoggone::warningGoesWithTheDialog()
     // The dialog works on, and prints what it shows.
     QVERIFY(showAgain(dialog));
     QVERIFY(dialog.user().click(mirrorBox));
-    const bool isTicked = PanelUser(dialog.user()).isTicked(cutEveryBox);
+    const bool isTicked = dialog.panel().isTicked(cutEveryBox);
     if (isChosen) {
         QVERIFY(isTicked);
     }
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(job);
     const QStringList choices = mSite.choices(job);
-    QVERIFY(choices.contains(QStringLiteral("KvMirror=ON")));
-    QCOMPARE(choices.contains(QStringLiteral("KvAutoTapeCut=ON")), isTicked);
+    QVERIFY(choices.contains(u"KvMirror=ON"_s));
+    QCOMPARE(choices.contains(u"KvAutoTapeCut=ON"_s), isTicked);
     QCOMPARE(dialog.problems(), QStringList());
 }
 
 void tst_dialoggone::anotherPrinterAsTheWarningComesUp_data()
 {
-    QTest::addColumn<Doing>("act");
-    QTest::newRow("ticked") << Doing(provokeWarning);
-    QTest::newRow("tab seen again") << Doing([](AttachedDialog &dialog) {
-        dialog.user().showTab(kSummaryTab);
-        dialog.user().showTab(kPanelTab);
-    });
-    QTest::newRow("dialog shown again") << Doing([](AttachedDialog &dialog) {
-        dialog.dialog().hide();
-        dialog.dialog().show();
-    });
+    const TestTable<Doing> table("act");
+    table.add("ticked", Doing(provokeWarning));
+    table.add("tab seen again", Doing([](AttachedDialog &dialog) {
+                  dialog.user().showTab(kSummaryTab);
+                  dialog.user().showTab(kPanelTab);
+              }));
+    table.add("dialog shown again", Doing([](AttachedDialog &dialog) {
+                  dialog.dialog().hide();
+                  dialog.dialog().show();
+              }));
 }
 
 void tst_dialoggone::anotherPrinterAsTheWarningComesUp()
 {
     QFETCH(const Doing, act);
-    AttachedDialog dialog(QStringLiteral("follow"), {QStringLiteral("media=HS12x100")});
+    AttachedDialog dialog(u"follow"_s, {u"media=HS12x100"_s});
     QVERIFY(dialog.openTab());
     provokeWarning(dialog);
     closeAlerts();
@@ -250,15 +242,15 @@ void tst_dialoggone::anotherPrinterAsTheWarningComesUp()
     QVERIFY(QTest::qWaitFor([&] { return application.hasPicked(); }));
     QVERIFY(dialog.user().awaitPrinter());
     QVERIFY(!openAlert());
-    QVERIFY(PanelUser(dialog.user()).openTab());
+    QVERIFY(dialog.panel().openTab());
     QVERIFY(dialog.user().click(mirrorBox));
-    QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(QStringLiteral("KvMirror=ON")));
+    QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(u"KvMirror=ON"_s));
     QCOMPARE(dialog.problems(), QStringList());
 }
 
 void tst_dialoggone::warningOfADialogThatIsShownAgain()
 {
-    AttachedDialog dialog(QStringLiteral("follow"), {QStringLiteral("media=HS12x100")});
+    AttachedDialog dialog(u"follow"_s, {u"media=HS12x100"_s});
     QVERIFY(dialog.openTab());
     WhileWarned whileWarned([] {});
     provokeWarning(dialog);
@@ -270,7 +262,7 @@ void tst_dialoggone::warningOfADialogThatIsShownAgain()
     QVERIFY(dialog.dialog().isVisible());
     QVERIFY(QTest::qWaitFor([] { return openAlert() != nullptr; }));
     QCOMPARE(QApplication::activeModalWidget(), openAlert());
-    QVERIFY(PanelUser(dialog.user()).isTicked(cutEveryBox));
+    QVERIFY(dialog.panel().isTicked(cutEveryBox));
     dialog.destroyDialog();
     QVERIFY(!openAlert());
 }
@@ -278,7 +270,7 @@ void tst_dialoggone::warningOfADialogThatIsShownAgain()
 void tst_dialoggone::commandWhoseDialogIsDestroyed()
 {
     CommandLine line;
-    line.printer = QStringLiteral("follow");
+    line.printer = u"follow"_s;
     line.files.append(mSite.document());
     const QList<int> before = mSite.scheduler().jobIds();
     PrintCommand command(line, QStringLiteral(KV_BUNDLE_FOLDER));

@@ -30,22 +30,21 @@ bool giveTo(const QString &path, uid_t user)
     return chown(QFile::encodeName(path).constData(), user, static_cast<gid_t>(-1)) == 0;
 }
 
-const QString libraryFile =
-    QStringLiteral("Contents/Linux/libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR);
-const QString infoFile = QStringLiteral("Contents/Info.json");
+const QString libraryFile = u"Contents/Linux/libKVMQRVOptions-qt%1.so"_s.arg(QT_VERSION_MAJOR);
+const QString infoFile = u"Contents/Info.json"_s;
 
 /// What is told of a file at fault, in the words of what uses it: LIBRARY is told by its name
 /// alone.
 QString expected(const BundleFolder &folder, QString told)
 {
-    told.replace(QStringLiteral("LIBRARY"), QFileInfo(libraryFile).fileName());
-    told.replace(QStringLiteral("BUNDLE"), folder.path(QString()));
-    return told.replace(QStringLiteral("FOLDER"), folder.path());
+    told.replace(u"LIBRARY"_s, QFileInfo(libraryFile).fileName());
+    told.replace(u"BUNDLE"_s, folder.path(QString()));
+    return told.replace(u"FOLDER"_s, folder.path());
 }
 
 bool hasMapped(const QString &folder)
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps(u"/proc/self/maps"_s);
     return maps.open(QIODevice::ReadOnly) &&
            maps.readAll().contains(' ' + QFile::encodeName(folder) + '/');
 }
@@ -113,35 +112,26 @@ void tst_filetrust::soundBundleIsLoaded()
 
 void tst_filetrust::bundleOpenToOthersIsLeftAlone_data()
 {
-    QTest::addColumn<BundleChange>("open");
-    QTest::addColumn<QString>("told");
-    const auto row = [](const char *name, const QString &file, unsigned mode, const char *told) {
-        const BundleChange open = [file, mode](const BundleFolder &folder) {
-            return folder.setMode(file, mode);
-        };
-        QTest::newRow(name) << open
-                            << QStringLiteral("%1 can be written by others (mode %2)")
-                                   .arg(QLatin1String(told))
-                                   .arg(mode, 0, 8);
+    const TestTable<BundleChange, QString> table("open", "told");
+    const auto row = [&table](const char *name, const QString &file, unsigned mode,
+                              const char *told) {
+        table.add(
+            name, changing(&BundleFolder::setMode, file, mode),
+            u"%1 can be written by others (mode %2)"_s.arg(QLatin1String(told)).arg(mode, 0, 8));
     };
     row("library, all", libraryFile, 0646, "Spoilt.pde: LIBRARY");
     row("library, group", libraryFile, 0664, "Spoilt.pde: LIBRARY");
-    row("its folder", QStringLiteral("Contents/Linux"), 0757,
+    row("its folder", u"Contents/Linux"_s, 0757,
         "Spoilt.pde: LIBRARY is in BUNDLE/Contents/Linux, which");
     row("info file, all", infoFile, 0666, "BUNDLE/Contents/Info.json:");
     row("info file, group", infoFile, 0664, "BUNDLE/Contents/Info.json:");
-    row("contents", QStringLiteral("Contents"), 0775,
-        "BUNDLE/Contents/Info.json: is in BUNDLE/Contents, which");
-    row("bundle", QStringLiteral(""), 01777, "BUNDLE");
-    row("folder of bundles", QStringLiteral(".."), 0777, "FOLDER");
-    const auto link = [](const char *name, const QString &file, const char *told) {
+    row("contents", u"Contents"_s, 0775, "BUNDLE/Contents/Info.json: is in BUNDLE/Contents, which");
+    row("bundle", u""_s, 01777, "BUNDLE");
+    row("folder of bundles", u".."_s, 0777, "FOLDER");
+    const auto link = [&table](const char *name, const QString &file, const char *told) {
         const QString target = QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde/") + file;
-        const BundleChange change = [file, target](const BundleFolder &folder) {
-            return folder.replaceByLink(file, target);
-        };
-        QTest::newRow(name) << change
-                            << QLatin1String(told) + QStringLiteral(" but in ") +
-                                   QFileInfo(target).path();
+        table.add(name, changing(&BundleFolder::replaceByLink, file, target),
+                  QLatin1String(told) + u" but in "_s + QFileInfo(target).path());
     };
     link("library is a link elsewhere", libraryFile,
          "Spoilt.pde: LIBRARY is not in BUNDLE/Contents/Linux");
@@ -162,15 +152,13 @@ void tst_filetrust::bundleOpenToOthersIsLeftAlone()
 
 void tst_filetrust::bundleOfAnotherUserIsLeftAlone_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("library") << libraryFile << QStringLiteral("Spoilt.pde: LIBRARY");
-    QTest::newRow("its folder") << QStringLiteral("Contents/Linux")
-                                << QStringLiteral(
-                                       "Spoilt.pde: LIBRARY is in BUNDLE/Contents/Linux, which");
-    QTest::newRow("info file") << infoFile << QStringLiteral("BUNDLE/Contents/Info.json:");
-    QTest::newRow("bundle") << QStringLiteral(".") << QStringLiteral("BUNDLE");
-    QTest::newRow("folder of bundles") << QStringLiteral("..") << QStringLiteral("FOLDER");
+    const TestTable<QString, QString> table("file", "told");
+    table.add("library", libraryFile, u"Spoilt.pde: LIBRARY"_s);
+    table.add("its folder", u"Contents/Linux"_s,
+              u"Spoilt.pde: LIBRARY is in BUNDLE/Contents/Linux, which"_s);
+    table.add("info file", infoFile, u"BUNDLE/Contents/Info.json:"_s);
+    table.add("bundle", u"."_s, u"BUNDLE"_s);
+    table.add("folder of bundles", u".."_s, u"FOLDER"_s);
 }
 
 void tst_filetrust::bundleOfAnotherUserIsLeftAlone()
@@ -185,21 +173,20 @@ void tst_filetrust::bundleOfAnotherUserIsLeftAlone()
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
     QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
-    QCOMPARE(problems,
-             QStringList(expected(
-                 folder, told + QStringLiteral(" belongs to another user (%1)").arg(anotherUser))));
+    QCOMPARE(problems, QStringList(expected(
+                           folder, told + u" belongs to another user (%1)"_s.arg(anotherUser))));
 }
 
 void tst_filetrust::restOfTheFolderIsLoaded()
 {
     const BundleFolder folder;
-    QVERIFY(folder.add() && folder.add(QStringLiteral("Sound.pde")));
+    QVERIFY(folder.add() && folder.add(u"Sound.pde"_s));
     QVERIFY(setMode(folder.path(libraryFile), 0666));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
     const PanelBundles bundles = PanelBundle::loadAll(folder.path(), reporter);
     QCOMPARE(bundles.size(), std::size_t(1));
-    QCOMPARE(bundles.front()->name(), QStringLiteral("Sound.pde"));
+    QCOMPARE(bundles.front()->name(), u"Sound.pde"_s);
     QCOMPARE(problems.size(), 1);
 }
 
@@ -207,7 +194,7 @@ void tst_filetrust::folderMayBeALink()
 {
     const BundleFolder folder;
     const QTemporaryDir elsewhere;
-    const QString link = elsewhere.filePath(QStringLiteral("bundles"));
+    const QString link = elsewhere.filePath(u"bundles"_s);
     QVERIFY(folder.add() && QFile::link(folder.path(), link));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
@@ -217,24 +204,24 @@ void tst_filetrust::folderMayBeALink()
 
 void tst_filetrust::resourceOpenToOthersIsNotUsed_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::newRow("form") << QStringLiteral("OptionPDE.ui");
-    QTest::newRow("picture") << QStringLiteral("AHCMOnOffOffOff.png");
-    QTest::newRow("texts") << QStringLiteral("en.qm");
+    const TestTable<QString> table("file");
+    table.add("form", u"OptionPDE.ui"_s);
+    table.add("picture", u"AHCMOnOffOffOff.png"_s);
+    table.add("texts", u"en.qm"_s);
 }
 
 void tst_filetrust::resourceOpenToOthersIsNotUsed()
 {
     QFETCH(const QString, file);
     const BundleFolder folder;
-    QVERIFY(folder.add() && folder.setMode(QStringLiteral("Contents/Resources/") + file, 0646));
+    QVERIFY(folder.add() && folder.setMode(u"Contents/Resources/"_s + file, 0646));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
     const PanelBundles bundles = PanelBundle::loadAll(folder.path(), reporter);
     QCOMPARE(bundles.size(), std::size_t(1));
-    const QString told = QStringLiteral("Spoilt.pde: %1 can be written by others (mode 646)");
+    const QString told = u"Spoilt.pde: %1 can be written by others (mode 646)"_s;
     QCOMPARE(problems, QStringList(told.arg(file)));
-    QCOMPARE(bundles.front()->hasFormFault(reporter), file.endsWith(QStringLiteral(".ui")));
+    QCOMPARE(bundles.front()->hasFormFault(reporter), file.endsWith(u".ui"_s));
     QCOMPARE(problems.size(), 1);
 }
 
@@ -243,15 +230,15 @@ void tst_filetrust::linkFlippedMeanwhileLeadsToNoForeignCode()
     const BundleFolder sound;
     const BundleFolder foreign;
     const QTemporaryDir shared;
-    QVERIFY(sound.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Plain")));
-    QVERIFY(foreign.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Plain")));
+    QVERIFY(sound.addOdd(u"Odd.pde"_s, u"Plain"_s));
+    QVERIFY(foreign.addOdd(u"Odd.pde"_s, u"Plain"_s));
     QVERIFY(setMode(foreign.path(), 0777) && setMode(shared.path(), 0777));
-    const QString link = shared.filePath(QStringLiteral("bundles"));
+    const QString link = shared.filePath(u"bundles"_s);
     const Flipping flipping(link, sound.path(), foreign.path());
     ProblemReporter reporter([](const QString &) {});
     int loaded = 0;
     for (int i = 0; i < 4000; ++i) {
-        loaded += PanelBundle::load(link, QStringLiteral("Odd.pde"), reporter) ? 1 : 0;
+        loaded += PanelBundle::load(link, u"Odd.pde"_s, reporter) ? 1 : 0;
     }
     QVERIFY(!hasMapped(foreign.path()));
     QVERIFY(loaded > 0);
@@ -261,16 +248,16 @@ void tst_filetrust::linkFlippedMeanwhileLeadsToNoForeignCode()
 void tst_filetrust::pipeFlippedInMeanwhileKeepsNobodyWaiting()
 {
     const BundleFolder folder;
-    const QString table = QStringLiteral("Contents/Resources/en.qm");
-    QVERIFY(folder.add() && folder.replaceByFolder(QStringLiteral("Contents/Linux")));
-    const QString aside = QStringLiteral("Contents/Resources/aside.qm");
+    const QString table = u"Contents/Resources/en.qm"_s;
+    QVERIFY(folder.add() && folder.replaceByFolder(u"Contents/Linux"_s));
+    const QString aside = u"Contents/Resources/aside.qm"_s;
     QVERIFY(QFile::copy(folder.path(table), folder.path(aside)));
-    const QString pipe = folder.path(QStringLiteral("Contents/Resources/pipe.qm"));
+    const QString pipe = folder.path(u"Contents/Resources/pipe.qm"_s);
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     const Flipping flipping(folder.path(table), folder.path(aside), pipe);
     ProblemReporter reporter([](const QString &) {});
     for (int i = 0; i < 2000; ++i) {
-        QVERIFY(!PanelBundle::load(folder.path(), QStringLiteral("Spoilt.pde"), reporter));
+        QVERIFY(!PanelBundle::load(folder.path(), u"Spoilt.pde"_s, reporter));
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 
 #include <QLayout>
 #include <QScrollArea>
@@ -8,16 +8,13 @@
 #include <QTest>
 
 /// The dialog on a screen whose units are one and a half pixels.
-class tst_fractionalscale : public QObject
+class tst_fractionalscale : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
     void viewIsWholeInADialogThatWasRoundedDown();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
 
 void tst_fractionalscale::initTestCase()
@@ -28,8 +25,8 @@ void tst_fractionalscale::initTestCase()
 
 void tst_fractionalscale::viewIsWholeInADialogThatWasRoundedDown()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("label"));
+    Application application(u"label"_s);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
     // As a display does that counts in pixels.
     const QSize rounded = dialog.layout()->totalMinimumSize() - QSize(1, 1);
@@ -38,7 +35,7 @@ void tst_fractionalscale::viewIsWholeInADialogThatWasRoundedDown()
     dialog.resize(rounded);
     QTest::qWait(0);
 
-    const auto *tab = dialog.findChild<QScrollArea *>(QStringLiteral("panelTab"));
+    const auto *tab = dialog.findChild<QScrollArea *>(u"panelTab"_s);
     QVERIFY(tab->isVisible());
     QCOMPARE(dialog.size(), rounded);
     QVERIFY(!tab->horizontalScrollBar()->isVisible());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "support/DialogNames.h"
 
 #include <QTabBar>
@@ -9,26 +9,12 @@
 #include <QTest>
 #include <QWidget>
 
-namespace {
-QStringList titles(const QPrintDialog &dialog)
-{
-    const auto *tabs = dialog.findChild<QTabWidget *>();
-    QStringList titles;
-    for (int i = 0; tabs && i < tabs->count(); ++i) {
-        titles.append(tabs->tabText(i));
-    }
-    return titles;
-}
-} // namespace
-
 /// What an application that knows nothing of panels gets from its dialog, and when.
-class tst_handover : public QObject
+class tst_handover : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void applicationPrintsAsSoonAsItIsTold();
     void choicesOfCancelledDialogAreNotHandedOver();
     void choicesOfHiddenDialogAreNotHandedOver();
@@ -38,6 +24,7 @@ private Q_SLOTS:
     void plainPrinterLeavesTheJobAlone();
 
     void newDialogStartsFromTheLastChoices();
+    void lastChoicesBelongToTheirPrinter_data();
     void lastChoicesBelongToTheirPrinter();
     void shownAgainAfterCancelStartsFromTheLastChoices();
     void shownAgainKeepsThePaper();
@@ -46,30 +33,13 @@ private Q_SLOTS:
     void ownTabsOfTheApplicationStay();
     void titlesOfManyTabsAreSeen();
     void destroyedByItsOwnSignal();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    QStringList choicesOfLastJob() const;
-
-    PrintingSite mSite;
 };
-
-void tst_handover::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-QStringList tst_handover::choicesOfLastJob() const
-{
-    const QList<int> jobs = mSite.scheduler().jobIds();
-    return jobs.isEmpty() ? QStringList() : mSite.choices(jobs.last());
-}
 
 void tst_handover::applicationPrintsAsSoonAsItIsTold()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 1);
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
@@ -79,10 +49,9 @@ void tst_handover::applicationPrintsAsSoonAsItIsTold()
 
 void tst_handover::choicesOfCancelledDialogAreNotHandedOver()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().cancel());
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
     QCOMPARE(application.jobCount(), 0);
@@ -90,35 +59,35 @@ void tst_handover::choicesOfCancelledDialogAreNotHandedOver()
 
 void tst_handover::choicesOfHiddenDialogAreNotHandedOver()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     dialog.hide();
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
 }
 
 void tst_handover::hiddenDialogAfterAnAcceptedOneHandsNothingOver()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
     QVERIFY(application.user().print());
     dialog.show();
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     dialog.hide();
     const QStringList handedOver = application.handedOver();
-    const auto key = handedOver.indexOf(QStringLiteral("KvHalfCut"));
+    const auto key = handedOver.indexOf(u"KvHalfCut"_s);
     QVERIFY(key >= 0);
-    QCOMPARE(handedOver.at(key + 1), QStringLiteral("OFF"));
+    QCOMPARE(handedOver.at(key + 1), u"OFF"_s);
 }
 
 void tst_handover::secondPrintHasNoDoubledChoices()
 {
     Application application;
     for (const bool isTicked : {true, false}) {
-        application.makeDialog(QStringLiteral("tape"));
+        application.makeDialog(u"tape"_s);
         QVERIFY(application.show() && application.openTab());
         PanelUser panel(application.user());
         QVERIFY(panel.click(halfCutBox));
@@ -135,21 +104,20 @@ void tst_handover::secondPrintHasNoDoubledChoices()
 
 void tst_handover::choicesOfAnotherPrinterAreTakenBack()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
     QVERIFY(application.show());
     QVERIFY(application.user().print());
-    QVERIFY(choicesOfLastJob().contains(QStringLiteral("KvAutoTapeCut=ON")));
+    QVERIFY(choicesOfLastJob().contains(u"KvAutoTapeCut=ON"_s));
 
-    application.makeDialog(QStringLiteral("tape"));
+    application.makeDialog(u"tape"_s);
     QVERIFY(application.show());
-    QVERIFY(application.user().pickPrinter(QStringLiteral("label")));
+    QVERIFY(application.user().pickPrinter(u"label"_s));
     QVERIFY(application.user().print());
     QCOMPARE(choicesOfLastJob(), QStringList({u"KvAutoTapeCut=ON"_s, u"KvCutAtEnd=OFF"_s,
                                               u"KvCutLabel=1"_s, u"KvMirror=OFF"_s}));
 
     QVERIFY(application.show());
-    QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
+    QVERIFY(application.user().pickPrinter(u"plain"_s));
     QVERIFY(application.user().print());
     QCOMPARE(choicesOfLastJob(), QStringList());
     QCOMPARE(application.jobCount(), 3);
@@ -157,14 +125,13 @@ void tst_handover::choicesOfAnotherPrinterAreTakenBack()
 
 void tst_handover::plainPrinterLeavesTheJobAlone()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("plain"));
+    Application application(u"plain"_s);
     QVERIFY(application.show());
     QVERIFY(application.user().print());
     const QStringList withPanels = application.handedOver();
 
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPrinterName(QStringLiteral("plain"));
+    printer.setPrinterName(u"plain"_s);
     QPrintDialog bare(&printer);
     DialogDriver user(bare);
     QVERIFY(user.open() && user.print());
@@ -173,118 +140,126 @@ void tst_handover::plainPrinterLeavesTheJobAlone()
 
 void tst_handover::newDialogStartsFromTheLastChoices()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"), true);
+    Application application(u"tape"_s, true);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
-    QVERIFY(PanelUser(application.user()).click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.panel().click(halfCutBox));
+    QVERIFY(application.panel().click(u"mMirrorPrintChkBx"_s));
     QVERIFY(application.user().print());
     const QStringList first = choicesOfLastJob();
 
-    application.makeDialog(QStringLiteral("tape"), true);
+    application.makeDialog(u"tape"_s, true);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
-    QVERIFY(PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.panel().isTicked(halfCutBox));
+    QVERIFY(application.panel().isTicked(u"mMirrorPrintChkBx"_s));
     QVERIFY(application.user().print());
     QCOMPARE(choicesOfLastJob(), first);
 
     // So does a job whose panel nobody has looked at.
-    application.makeDialog(QStringLiteral("tape"), true);
+    application.makeDialog(u"tape"_s, true);
     QVERIFY(application.show() && application.user().print());
     QCOMPARE(choicesOfLastJob(), first);
     QCOMPARE(application.problems(), QStringList());
 }
 
+void tst_handover::lastChoicesBelongToTheirPrinter_data()
+{
+    const TestTable<QString, QString> table("printer", "other");
+    table.add("queue", tape, u"follow"_s);
+    table.add("instance", u"tape/draft"_s, tape);
+}
+
 void tst_handover::lastChoicesBelongToTheirPrinter()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    QFETCH(const QString, printer);
+    QFETCH(const QString, other);
+    QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON\n"));
+    Application application(printer);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.panel().click(halfCutBox));
+    QVERIFY(application.panel().click(mirrorBox));
     QVERIFY(application.user().print());
 
-    application.makeDialog(QStringLiteral("follow"));
+    application.makeDialog(other);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(!PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
-    QVERIFY(application.user().pickPrinter(QStringLiteral("tape")));
+    QVERIFY(!application.panel().isTicked(mirrorBox));
+    QVERIFY(application.user().pickPrinter(printer));
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(QStringLiteral("mMirrorPrintChkBx")));
+    QVERIFY(application.panel().isTicked(mirrorBox));
+    QCOMPARE(application.panel().isTicked(halfCutBox), printer == tape);
 }
 
 void tst_handover::shownAgainAfterCancelStartsFromTheLastChoices()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().cancel());
 
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
+    QVERIFY(application.panel().isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
 }
 
 void tst_handover::shownAgainKeepsThePaper()
 {
-    Application application;
-    application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
+    QVERIFY(application.user().pickPaper(u"FL21x45"_s));
+    QVERIFY(!application.panel().isEnabled(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
-    QVERIFY(application.user().pickPrinter(QStringLiteral("follow")));
-    QVERIFY(application.user().pickPrinter(QStringLiteral("tape")));
+    QVERIFY(!application.panel().isEnabled(halfCutBox));
+    QVERIFY(application.user().pickPrinter(u"follow"_s));
+    QVERIFY(application.user().pickPrinter(u"tape"_s));
     QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).isEnabled(halfCutBox));
+    QVERIFY(application.panel().isEnabled(halfCutBox));
 }
 
 void tst_handover::shownAgainShowsTheSameTab()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    const QStringList tabs = titles(dialog);
+    const QStringList tabs = tabsOf(dialog);
     QVERIFY(application.user().print());
     QVERIFY(application.show());
-    QCOMPARE(titles(dialog), tabs);
+    QCOMPARE(tabsOf(dialog), tabs);
     const auto *pane = dialog.findChild<QTabWidget *>();
     QCOMPARE(pane->tabText(pane->currentIndex()), kPanelTab);
-    QVERIFY(!PanelUser(application.user()).boxes().isEmpty());
+    QVERIFY(!application.panel().boxes().isEmpty());
 }
 
 void tst_handover::ownTabsOfTheApplicationStay()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     auto *const early = new QWidget;
-    early->setWindowTitle(QStringLiteral("Early"));
+    early->setWindowTitle(u"Early"_s);
     dialog.setOptionTabs({early});
     QVERIFY(application.show());
-    QCOMPARE(titles(dialog),
+    QCOMPARE(tabsOf(dialog),
              QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, kPanelTab, kSummaryTab}));
     auto *const late = new QWidget;
-    late->setWindowTitle(QStringLiteral("Late"));
+    late->setWindowTitle(u"Late"_s);
     dialog.setOptionTabs({late});
 
-    QVERIFY(application.user().pickPrinter(QStringLiteral("plain")));
-    QCOMPARE(titles(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s}));
+    QVERIFY(application.user().pickPrinter(u"plain"_s));
+    QCOMPARE(tabsOf(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s}));
     QVERIFY(application.user().cancel());
     QVERIFY(application.show());
-    QVERIFY(application.user().pickPrinter(QStringLiteral("mark")));
-    QCOMPARE(titles(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s,
+    QVERIFY(application.user().pickPrinter(u"mark"_s));
+    QCOMPARE(tabsOf(dialog), QStringList({u"Copies"_s, u"Options"_s, u"Early"_s, u"Late"_s,
                                           kPanelTab, kSummaryTab}));
 }
 
 void tst_handover::titlesOfManyTabsAreSeen()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     QList<QWidget *> own;
     for (const char *title : {"Extended options", "Pages per sheet"}) {
         own.append(new QWidget);
@@ -301,10 +276,10 @@ void tst_handover::titlesOfManyTabsAreSeen()
 
 void tst_handover::destroyedByItsOwnSignal()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(QStringLiteral("tape"));
+    Application application(u"tape"_s);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     bool wasDestroyed = false;
     QObject::connect(&dialog, &QObject::destroyed, [&wasDestroyed] { wasDestroyed = true; });
     QObject::connect(&dialog, &QDialog::accepted, [&application] { application.destroyDialog(); });

@@ -3,7 +3,7 @@
 #include "AttachedDialog.h"
 #include "CommandRun.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "SampleChoices.h"
 #include "cups/PrintQueue.h"
 #include "dialog/PrintDialogAttachment.h"
@@ -14,7 +14,7 @@
 #include <QTest>
 
 namespace {
-const QString draft = QStringLiteral("tape/draft");
+const QString draft = u"tape/draft"_s;
 
 /// What a job of the tape printer carries besides its defaults.
 QStringList tapeWith(const QString &others)
@@ -36,12 +36,11 @@ QStringList withoutPanelsOptions(const QStringList &handedOver)
 } // namespace
 
 /// A queue for which the user keeps a second set of options: to be chosen as "QUEUE/INSTANCE".
-class tst_instance : public QObject
+class tst_instance : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
     void instanceIsFound();
@@ -51,11 +50,8 @@ private Q_SLOTS:
     void defaultPrinterMayBeAnInstance();
 
     void savedChoicesAreShownAndPrinted();
-    void savedChoicesArePrintedUnseen();
-    void savedPaperIsShownAndPrinted();
     void queueItselfKeepsItsOwnChoices();
     void choicesWinOverTheSavedOnes();
-    void lastChoicesBelongToTheInstance();
     void restOfTheJobIsQtsOwn();
 
     void kvprintsDialogPrints();
@@ -64,14 +60,7 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     /// Whether a job has gone to the tape printer's queue.
     bool isAtTape(int job) const;
-
-    PrintingSite mSite;
 };
-
-void tst_instance::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_instance::init()
 {
@@ -115,10 +104,10 @@ void tst_instance::panelsAreToldOfTheQueue()
 
 void tst_instance::unknownInstance_data()
 {
-    QTest::addColumn<QString>("name");
+    const TestTable<QString> table("name");
     for (const char *name : {"tape/none", "tape/", "label/draft", "nowhere/draft", "/draft",
                              "tape/draft/", "tape/draft/more"}) {
-        QTest::newRow(name) << QString::fromLatin1(name);
+        table.add(name, QString::fromLatin1(name));
     }
 }
 
@@ -147,7 +136,7 @@ void tst_instance::defaultPrinterMayBeAnInstance()
 
 void tst_instance::savedChoicesAreShownAndPrinted()
 {
-    AttachedDialog dialog(QStringLiteral("plain"));
+    AttachedDialog dialog(u"plain"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().pickPrinter(draft));
     PanelUser panel(dialog.user());
@@ -164,43 +153,20 @@ void tst_instance::savedChoicesAreShownAndPrinted()
     QCOMPARE(dialog.problems(), QStringList());
 }
 
-void tst_instance::savedChoicesArePrintedUnseen()
-{
-    AttachedDialog dialog(draft);
-    QVERIFY(dialog.user().open());
-    const int job = dialog.print(mSite.scheduler());
-    QVERIFY(isAtTape(job));
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON"_s));
-    QCOMPARE(dialog.problems(), QStringList());
-}
-
-void tst_instance::savedPaperIsShownAndPrinted()
-{
-    QVERIFY(mSite.saveUserOptions("Dest tape/draft PageSize=FL21x45\n"));
-    AttachedDialog dialog(draft);
-    QVERIFY(dialog.openTab());
-    QCOMPARE(dialog.attachment().host()->paper().ppdPaperName(), u"FL21x45"_s);
-    QVERIFY(!PanelUser(dialog.user()).isEnabled(halfCutBox));
-    const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
-}
-
 void tst_instance::queueItselfKeepsItsOwnChoices()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvMirror=ON\nDest tape/draft KvHalfCut=ON\n"));
     AttachedDialog dialog(tape);
     QVERIFY(dialog.openTab());
-    QVERIFY(!PanelUser(dialog.user()).isTicked(halfCutBox));
-    const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), tapeWith(u"KvMirror=ON"_s));
+    QVERIFY(!dialog.panel().isTicked(halfCutBox));
+    QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), tapeWith(u"KvMirror=ON"_s));
 }
 
 void tst_instance::choicesWinOverTheSavedOnes()
 {
-    Application application;
-    application.makeDialog(draft);
+    Application application(draft);
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().print());
     const auto counts = application.countsOfChoices();
     QCOMPARE(counts.size(), 6);
@@ -213,24 +179,6 @@ void tst_instance::choicesWinOverTheSavedOnes()
     QCOMPARE(application.problems(), QStringList());
 }
 
-void tst_instance::lastChoicesBelongToTheInstance()
-{
-    Application application;
-    application.makeDialog(draft);
-    QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
-    QVERIFY(PanelUser(application.user()).click(mirrorBox));
-    QVERIFY(application.user().print());
-
-    application.makeDialog(tape);
-    QVERIFY(application.show() && application.openTab());
-    QVERIFY(!PanelUser(application.user()).isTicked(mirrorBox));
-    QVERIFY(application.user().pickPrinter(draft));
-    QVERIFY(application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(mirrorBox));
-    QVERIFY(!PanelUser(application.user()).isTicked(halfCutBox));
-}
-
 void tst_instance::restOfTheJobIsQtsOwn()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape/draft KvHalfCut=ON PageSize=T24x100 number-up=2\n"));
@@ -241,8 +189,7 @@ void tst_instance::restOfTheJobIsQtsOwn()
     QVERIFY(user.open() && user.print());
     const QStringList withoutPanels = withoutPanelsOptions(optionsHandedOver(printer));
 
-    Application application;
-    application.makeDialog(draft);
+    Application application(draft);
     QVERIFY(application.show() && application.user().print());
     QCOMPARE(withoutPanelsOptions(application.handedOver()), withoutPanels);
     QVERIFY(application.handedOver().contains(u"KvHalfCut"_s));
@@ -253,9 +200,8 @@ void tst_instance::kvprintsDialogPrints()
 {
     CommandRun run(draft, {mSite.document()});
     QVERIFY(run.openTab());
-    PanelUser panel(run.user());
-    QVERIFY(panel.isTicked(halfCutBox));
-    QVERIFY(panel.click(mirrorBox));
+    QVERIFY(run.panel().isTicked(halfCutBox));
+    QVERIFY(run.panel().click(mirrorBox));
     const int job = run.print();
     QVERIFY(isAtTape(job));
     QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommandRun.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "SampleChoices.h"
 
 #include <QApplication>
@@ -30,13 +30,11 @@ void whenDialogOpens(Action action)
 }
 } // namespace
 
-class tst_job : public QObject
+class tst_job : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void cancelSendsNoJob_data();
     void cancelSendsNoJob();
     void acceptedRunSendsOneJob();
@@ -60,14 +58,7 @@ private Q_SLOTS:
 
 private: // NOLINT(readability-redundant-access-specifiers)
     QStringList documents() const { return {mSite.document()}; }
-
-    PrintingSite mSite;
 };
-
-void tst_job::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 void tst_job::cancelSendsNoJob_data()
 {
@@ -88,7 +79,7 @@ void tst_job::cancelSendsNoJob()
     whenDialogOpens([printer, byKey](DialogDriver &user) {
         PanelUser panel(user);
         const bool hasPanel = printer != QLatin1String("plain");
-        if (hasPanel && (!panel.openTab() || !panel.click(QStringLiteral("mMirrorPrintChkBx")))) {
+        if (hasPanel && (!panel.openTab() || !panel.click(u"mMirrorPrintChkBx"_s))) {
             return false;
         }
         if (byKey) {
@@ -105,18 +96,17 @@ void tst_job::cancelSendsNoJob()
 void tst_job::acceptedRunSendsOneJob()
 {
     const qsizetype before = mSite.scheduler().jobIds().size();
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     whenDialogOpens([](DialogDriver &user) {
         PanelUser panel(user);
-        return panel.openTab() && panel.click(QStringLiteral("mHalfCutChkBx")) && user.print();
+        return panel.openTab() && panel.click(u"mHalfCutChkBx"_s) && user.print();
     });
     QCOMPARE(run.command().run(), ExitStatus::Printed);
     const QList<int> jobs = mSite.scheduler().jobIds();
     QCOMPARE(jobs.size(), before + 1);
     QCOMPARE(run.command().jobId(), jobs.last());
     QCOMPARE(mSite.choices(jobs.last()),
-             SampleChoices::replaced(SampleChoices::defaults(QStringLiteral("tape")),
-                                     QStringLiteral("KvHalfCut=ON")));
+             SampleChoices::replaced(SampleChoices::defaults(u"tape"_s), u"KvHalfCut=ON"_s));
 }
 
 void tst_job::requestedChoiceReachesTheJob_data()
@@ -157,42 +147,38 @@ void tst_job::requestedChoiceReachesTheJob()
     QFETCH(const QString, opened);
     CommandRun unseen(printer, documents(), {request});
     QVERIFY(unseen.open());
-    int job = unseen.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job),
+    QCOMPARE(mSite.choices(unseen.print()),
              SampleChoices::replaced(SampleChoices::defaults(printer), unopened));
 
     CommandRun seen(printer, documents(), {request});
     QCOMPARE(seen.openTab(), printer != u"plain");
-    job = seen.print();
-    QVERIFY(job > 0);
-    QCOMPARE(mSite.choices(job), SampleChoices::replaced(SampleChoices::seen(printer), opened));
+    QCOMPARE(mSite.choices(seen.print()),
+             SampleChoices::replaced(SampleChoices::seen(printer), opened));
 }
 
 void tst_job::requestedCopies()
 {
-    CommandRun run(QStringLiteral("tape"), documents(), {}, 3);
+    CommandRun run(u"tape"_s, documents(), {}, 3);
     QVERIFY(run.open());
     const int job = run.print();
-    QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("3"));
+    QCOMPARE(mSite.job(job).value(u"copies"_s), u"3"_s);
 
-    CommandRun byOption(QStringLiteral("tape"), documents(), {u"copies=4"_s});
+    CommandRun byOption(u"tape"_s, documents(), {u"copies=4"_s});
     QVERIFY(byOption.open());
     QCOMPARE(qobject_cast<QSpinBox *>(byOption.user().widget(u"copies"_s))->value(), 4);
     const int byOptionJob = byOption.print();
-    QCOMPARE(mSite.job(byOptionJob).value(QStringLiteral("copies")), QStringLiteral("4"));
+    QCOMPARE(mSite.job(byOptionJob).value(u"copies"_s), u"4"_s);
 
-    CommandRun once(QStringLiteral("tape"), documents());
+    CommandRun once(u"tape"_s, documents());
     QVERIFY(once.open());
     const int other = once.print();
     QVERIFY(other > byOptionJob);
-    QCOMPARE(mSite.job(other).value(QStringLiteral("copies"), QStringLiteral("1")),
-             QStringLiteral("1"));
+    QCOMPARE(mSite.job(other).value(u"copies"_s, u"1"_s), u"1"_s);
 }
 
 void tst_job::requestedOptionsOfThePrinterStay()
 {
-    CommandRun run(QStringLiteral("plain"), documents(),
+    CommandRun run(u"plain"_s, documents(),
                    {u"sides=two-sided-long-edge orientation-requested=4"_s, u"job-priority=70"_s,
                     u"x-note=kept"_s});
     QVERIFY(run.open());
@@ -205,38 +191,36 @@ void tst_job::requestedOptionsOfThePrinterStay()
 
 void tst_job::copiesOfTheDialog()
 {
-    CommandRun run(QStringLiteral("plain"), documents(), {}, 3);
+    CommandRun run(u"plain"_s, documents(), {}, 3);
     QVERIFY(run.open());
-    auto *copies = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("copies")));
+    auto *copies = qobject_cast<QSpinBox *>(run.user().widget(u"copies"_s));
     QVERIFY(copies);
     QCOMPARE(copies->value(), 3);
     copies->setValue(5);
     const int job = run.print();
-    QCOMPARE(mSite.job(job).value(QStringLiteral("copies")), QStringLiteral("5"));
+    QCOMPARE(mSite.job(job).value(u"copies"_s), u"5"_s);
 }
 
 void tst_job::severalFilesAreOneJob()
 {
     const qsizetype before = mSite.scheduler().jobIds().size();
-    CommandRun run(QStringLiteral("tape"),
-                   {mSite.document(u"first.txt"_s), mSite.document(u"second.txt"_s),
-                    mSite.document(u"third.txt"_s)});
+    CommandRun run(u"tape"_s, {mSite.document(u"first.txt"_s), mSite.document(u"second.txt"_s),
+                               mSite.document(u"third.txt"_s)});
     QVERIFY(run.open());
     const int job = run.print();
     QCOMPARE(mSite.scheduler().jobIds().size(), before + 1);
     const auto attributes = mSite.job(job);
-    QCOMPARE(attributes.value(QStringLiteral("number-of-documents")), QStringLiteral("3"));
-    QCOMPARE(attributes.value(QStringLiteral("job-name")), QStringLiteral("first.txt"));
-    QCOMPARE(mSite.choices(job), SampleChoices::defaults(QStringLiteral("tape")));
+    QCOMPARE(attributes.value(u"number-of-documents"_s), u"3"_s);
+    QCOMPARE(attributes.value(u"job-name"_s), u"first.txt"_s);
+    QCOMPARE(mSite.choices(job), SampleChoices::defaults(u"tape"_s));
 }
 
 void tst_job::paperOfTheDialog_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<QString>("media");
-    QTest::newRow("tape") << u"tape"_s << u"T12x100"_s;
-    QTest::newRow("label") << u"label"_s << u"62x29"_s;
-    QTest::newRow("plain") << u"plain"_s << u"62x29"_s;
+    const TestTable<QString, QString> table("printer", "media");
+    table.add("tape", u"tape"_s, u"T12x100"_s);
+    table.add("label", u"label"_s, u"62x29"_s);
+    table.add("plain", u"plain"_s, u"62x29"_s);
 }
 
 void tst_job::paperOfTheDialog()
@@ -246,97 +230,94 @@ void tst_job::paperOfTheDialog()
     CommandRun run(printer, documents());
     QVERIFY(run.open());
     const int job = run.print();
-    QCOMPARE(mSite.job(job).value(QStringLiteral("media")), media);
+    QCOMPARE(mSite.job(job).value(u"media"_s), media);
 }
 
 void tst_job::requestedPaper_data()
 {
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QString>("media");
-    QTest::newRow("media") << u"media=T24x100"_s << u"T24x100"_s;
-    QTest::newRow("PageSize") << u"PageSize=HS12x100"_s << u"HS12x100"_s;
-    QTest::newRow("custom") << u"media=Custom.20x50mm"_s << u"Custom.20x50mm"_s;
+    const TestTable<QString, QString> table("option", "media");
+    table.add("media", u"media=T24x100"_s, u"T24x100"_s);
+    table.add("PageSize", u"PageSize=HS12x100"_s, u"HS12x100"_s);
+    table.add("custom", u"media=Custom.20x50mm"_s, u"Custom.20x50mm"_s);
 }
 
 void tst_job::requestedPaper()
 {
     QFETCH(const QString, option);
     QFETCH(const QString, media);
-    CommandRun run(QStringLiteral("tape"), documents(), {option});
+    CommandRun run(u"tape"_s, documents(), {option});
     QVERIFY(run.open());
     const auto attributes = mSite.job(run.print());
-    QCOMPARE(attributes.value(QStringLiteral("media")), media);
-    QVERIFY(!attributes.contains(QStringLiteral("PageSize")));
+    QCOMPARE(attributes.value(u"media"_s), media);
+    QVERIFY(!attributes.contains(u"PageSize"_s));
 }
 
 void tst_job::paperOfThePropertiesDialog_data()
 {
-    QTest::addColumn<bool>("accept");
-    QTest::addColumn<QString>("media");
-    QTest::newRow("accepted") << true << u"T18x100"_s;
-    QTest::newRow("cancelled") << false << u"T12x100"_s;
+    const TestTable<bool, QString> table("accept", "media");
+    table.add("accepted", true, u"T18x100"_s);
+    table.add("cancelled", false, u"T12x100"_s);
 }
 
 void tst_job::paperOfThePropertiesDialog()
 {
     QFETCH(const bool, accept);
     QFETCH(const QString, media);
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     QVERIFY(run.open());
-    QVERIFY(run.user().pickPaper(QStringLiteral("T18x100"), accept));
+    QVERIFY(run.user().pickPaper(u"T18x100"_s, accept));
     const auto attributes = mSite.job(run.print());
-    QCOMPARE(attributes.value(QStringLiteral("media")), media);
+    QCOMPARE(attributes.value(u"media"_s), media);
 }
 
 void tst_job::pageRangeOfTheDialog_data()
 {
-    QTest::addColumn<QStringList>("options");
-    QTest::newRow("nothing requested") << QStringList();
-    QTest::newRow("other pages requested") << QStringList{u"page-ranges=7-9"_s};
+    const TestTable<QStringList> table("options");
+    table.add("nothing requested", {});
+    table.add("other pages requested", {u"page-ranges=7-9"_s});
 }
 
 void tst_job::pageRangeOfTheDialog()
 {
     QFETCH(const QStringList, options);
-    CommandRun run(QStringLiteral("tape"), documents(), options);
+    CommandRun run(u"tape"_s, documents(), options);
     QVERIFY(run.open());
-    auto *range = qobject_cast<QRadioButton *>(run.user().widget(QStringLiteral("printRange")));
-    auto *from = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("from")));
-    auto *to = qobject_cast<QSpinBox *>(run.user().widget(QStringLiteral("to")));
+    auto *range = qobject_cast<QRadioButton *>(run.user().widget(u"printRange"_s));
+    auto *from = qobject_cast<QSpinBox *>(run.user().widget(u"from"_s));
+    auto *to = qobject_cast<QSpinBox *>(run.user().widget(u"to"_s));
     QVERIFY(range && from && to);
     range->click();
     to->setValue(4);
     from->setValue(2);
     const auto attributes = mSite.job(run.print());
-    QCOMPARE(attributes.value(QStringLiteral("page-ranges")), QStringLiteral("2-4"));
+    QCOMPARE(attributes.value(u"page-ranges"_s), u"2-4"_s);
 }
 
 void tst_job::requestedPageRange()
 {
-    CommandRun run(QStringLiteral("tape"), documents(), {QStringLiteral("page-ranges=2-3")});
+    CommandRun run(u"tape"_s, documents(), {u"page-ranges=2-3"_s});
     QVERIFY(run.open());
     const auto attributes = mSite.job(run.print());
-    QCOMPARE(attributes.value(QStringLiteral("page-ranges")), QStringLiteral("2-3"));
+    QCOMPARE(attributes.value(u"page-ranges"_s), u"2-3"_s);
 }
 
 void tst_job::reversedPages()
 {
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     QVERIFY(run.open());
-    auto *reverse = qobject_cast<QCheckBox *>(run.user().widget(QStringLiteral("reverse")));
+    auto *reverse = qobject_cast<QCheckBox *>(run.user().widget(u"reverse"_s));
     QVERIFY(reverse);
     reverse->click();
     const auto attributes = mSite.job(run.print());
-    QCOMPARE(attributes.value(QStringLiteral("outputorder")), QStringLiteral("reverse"));
+    QCOMPARE(attributes.value(u"outputorder"_s), u"reverse"_s);
 }
 
 void tst_job::jobIsCompleted()
 {
-    CommandRun run(QStringLiteral("tape"), documents());
+    CommandRun run(u"tape"_s, documents());
     QVERIFY(run.openTab());
-    const int job = run.print();
-    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
-    QVERIFY(QFileInfo(mSite.scheduler().outputPath(QStringLiteral("tape"))).size() > 0);
+    QVERIFY(mSite.scheduler().waitForJob(run.print(), 30'000));
+    QVERIFY(QFileInfo(mSite.scheduler().outputPath(u"tape"_s)).size() > 0);
 }
 
 KV_TEST(tst_job)

@@ -2,7 +2,7 @@
 #include "AttachedDialog.h"
 #include "BundleFolder.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "host/PanelHost.h"
 #include "kvprint/PrintCommand.h"
@@ -11,11 +11,27 @@
 #include <QTest>
 
 namespace {
-const QString mirrorOn = QStringLiteral("KvMirror=ON");
-const QString mirrorOff = QStringLiteral("KvMirror=OFF");
+const QString mirrorOn = u"KvMirror=ON"_s;
+const QString mirrorOff = u"KvMirror=OFF"_s;
+
+/// A folder with one bundle, whose panel is odd in the way of its kind.
+struct OddBundle : BundleFolder
+{
+    explicit OddBundle(const QString &kind) { addOdd(u"Odd.pde"_s, kind); }
+};
+
+/// A dialog of the tape printer with that panel alone.
+struct OddDialog : private OddBundle, AttachedDialog
+{
+    explicit OddDialog(const QString &kind, const QStringList &options = {})
+        : OddBundle(kind)
+        , AttachedDialog(tape, options, OddBundle::path())
+    {
+    }
+};
 } // namespace
 
-class tst_oddpanel : public QObject
+class tst_oddpanel : public PrintingTest
 {
     Q_OBJECT
 
@@ -32,39 +48,29 @@ private Q_SLOTS:
     void refusalEndsWithTheNextAcceptance();
     void panelsOfTwoBundles();
     void panelWithoutASummary();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
 
 void tst_oddpanel::initTestCase()
 {
-    QCOMPARE(mSite.open(), QString());
-    QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(QStringLiteral("bare"), QString(), &error),
-             qPrintable(error));
+    PrintingTest::initTestCase();
+    QVERIFY(addPrinter(u"bare"_s, QString()));
 }
 
 void tst_oddpanel::bundleThatOffersNoTab_data()
 {
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QStringList>("problems");
-    QTest::newRow("plug-in that cannot work here")
-        << u"Unwilling"_s
-        << QStringList{u"Odd.pde: the library has no class Unwilling that works on this system"_s};
-    QTest::newRow("plug-in without a panel")
-        << u"Panelless"_s << QStringList{u"Odd.pde: could not make its panel"_s};
-    QTest::newRow("panel with an empty list of options") << u"Keyless"_s << QStringList();
-    QTest::newRow("panel without a list of options") << u"Undeclaring"_s << QStringList();
+    const TestTable<QString, QStringList> table("kind", "problems");
+    table.add("plug-in that cannot work here", u"Unwilling"_s,
+              {u"Odd.pde: the library has no class Unwilling that works on this system"_s});
+    table.add("plug-in without a panel", u"Panelless"_s, {u"Odd.pde: could not make its panel"_s});
+    table.add("panel with an empty list of options", u"Keyless"_s, {});
+    table.add("panel without a list of options", u"Undeclaring"_s, {});
 }
 
 void tst_oddpanel::bundleThatOffersNoTab()
 {
     QFETCH(const QString, kind);
     QFETCH(const QStringList, problems);
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), kind));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(kind);
     QVERIFY(dialog.user().open());
     QVERIFY(!dialog.tabs().contains(kind));
     QVERIFY(!dialog.tabs().contains(kSummaryTab));
@@ -77,33 +83,28 @@ void tst_oddpanel::bundleThatOffersNoTab()
 
 void tst_oddpanel::panelIsToldOfEveryChoice()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Plain")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(u"Plain"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
-    QVERIFY(dialog.user().showTab(QStringLiteral("Plain")));
-    QCOMPARE(PanelUser(dialog.user()).summary(), QStringList{u"Kind: Plain"_s});
-    const int job = dialog.print(mSite.scheduler());
-    QCOMPARE(mSite.choices(job), QStringList{mirrorOn});
-    const auto *view = qobject_cast<QLabel *>(dialog.user().widget(QStringLiteral("oddView")));
+    QVERIFY(dialog.user().showTab(u"Plain"_s));
+    QCOMPARE(dialog.panel().summary(), QStringList{u"Kind: Plain"_s});
+    QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{mirrorOn});
+    const auto *view = qobject_cast<QLabel *>(dialog.user().widget(u"oddView"_s));
     QVERIFY(view);
     // Also when the choice was marked before.
-    QCOMPARE(view->text(), QStringLiteral("willShow KvMirror=ON KvMirror=ON"));
+    QCOMPARE(view->text(), u"willShow KvMirror=ON KvMirror=ON"_s);
 }
 
 void tst_oddpanel::panelIsToldOfARequest()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Unsaving")));
-    AttachedDialog dialog(QStringLiteral("tape"), {mirrorOn}, folder.path());
+    OddDialog dialog(u"Unsaving"_s, {mirrorOn});
     QCOMPARE(dialog.attachment().host()->ppd().markedChoice(u"KvMirror"_s), u"ON"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
-    QVERIFY(dialog.user().showTab(QStringLiteral("Unsaving")));
-    const auto *view = qobject_cast<QLabel *>(dialog.user().widget(QStringLiteral("oddView")));
+    QVERIFY(dialog.user().showTab(u"Unsaving"_s));
+    const auto *view = qobject_cast<QLabel *>(dialog.user().widget(u"oddView"_s));
     QVERIFY(view);
-    QCOMPARE(view->text(), QStringLiteral("KvMirror=ON willShow"));
+    QCOMPARE(view->text(), u"KvMirror=ON willShow"_s);
     // The panel has no control for the option.
     QCOMPARE(dialog.problems(),
              QStringList{
@@ -112,9 +113,7 @@ void tst_oddpanel::panelIsToldOfARequest()
 
 void tst_oddpanel::choiceThatThePrinterLacksIsReported()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Lying")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(u"Lying"_s);
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(dialog.problems(), QStringList({u"the printer's PPD has no choice KvMirror=MAYBE"_s,
@@ -124,9 +123,7 @@ void tst_oddpanel::choiceThatThePrinterLacksIsReported()
 
 void tst_oddpanel::panelThatCannotSave()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Unsaving")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(u"Unsaving"_s);
     QVERIFY(dialog.user().open());
     const int job = dialog.print(mSite.scheduler());
     QCOMPARE(dialog.problems(), QStringList{u"the tape is stuck"_s});
@@ -135,13 +132,11 @@ void tst_oddpanel::panelThatCannotSave()
 
 void tst_oddpanel::panelWithoutAView()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Viewless")));
-    AttachedDialog dialog(QStringLiteral("tape"), {mirrorOff}, folder.path());
+    OddDialog dialog(u"Viewless"_s, {mirrorOff});
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().showOptions());
     for (int i = 0; i < 2; ++i) {
-        QVERIFY(dialog.user().showTab(QStringLiteral("Viewless")));
+        QVERIFY(dialog.user().showTab(u"Viewless"_s));
         QVERIFY(dialog.user().showTab(kSummaryTab));
     }
     QCOMPARE(dialog.problems(), QStringList{u"the panel \"Viewless\" could not make its view"_s});
@@ -151,9 +146,9 @@ void tst_oddpanel::panelWithoutAView()
 void tst_oddpanel::panelThatRefusesToPrint()
 {
     const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Refusing")));
+    QVERIFY(folder.addOdd(u"Odd.pde"_s, u"Refusing"_s));
     CommandLine line;
-    line.printer = QStringLiteral("tape");
+    line.printer = u"tape"_s;
     line.files = QStringList{mSite.document()};
     PrintCommand command(line, folder.path());
     ExitStatus status = ExitStatus::Printed;
@@ -168,7 +163,7 @@ void tst_oddpanel::panelThatRefusesToPrint()
     QCOMPARE(command.jobId(), 0);
     QCOMPARE(mSite.scheduler().jobIds(), before);
 
-    AttachedDialog told(QStringLiteral("tape"), {}, folder.path());
+    AttachedDialog told(u"tape"_s, {}, folder.path());
     QVERIFY(told.user().open());
     QVERIFY(told.user().print());
     QCOMPARE(told.problems(), QStringList{u"tape: a panel keeps the job from being printed"_s});
@@ -176,15 +171,13 @@ void tst_oddpanel::panelThatRefusesToPrint()
 
 void tst_oddpanel::refusalEndsWithTheNextAcceptance()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Refusing")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(u"Refusing"_s);
     QVERIFY(dialog.user().open());
     QVERIFY(dialog.user().print());
     QVERIFY(dialog.attachment().isRefused());
     // A printer without a PPD has no panels.
     QVERIFY(dialog.user().open());
-    QVERIFY(dialog.user().pickPrinter(QStringLiteral("bare")));
+    QVERIFY(dialog.user().pickPrinter(u"bare"_s));
     QVERIFY(dialog.print(mSite.scheduler()) > 0);
     QVERIFY(!dialog.attachment().isRefused());
 }
@@ -192,23 +185,20 @@ void tst_oddpanel::refusalEndsWithTheNextAcceptance()
 void tst_oddpanel::panelsOfTwoBundles()
 {
     const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("B.pde"), QStringLiteral("Second")));
-    QVERIFY(folder.addOdd(QStringLiteral("A.pde"), QStringLiteral("First")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    QVERIFY(folder.addOdd(u"B.pde"_s, u"Second"_s));
+    QVERIFY(folder.addOdd(u"A.pde"_s, u"First"_s));
+    AttachedDialog dialog(u"tape"_s, {}, folder.path());
     QCOMPARE(dialog.tabs().mid(2), QStringList({u"First"_s, u"Second"_s, kSummaryTab}));
     QVERIFY(dialog.user().open());
-    QCOMPARE(PanelUser(dialog.user()).summary(),
-             QStringList({u"Kind: First"_s, u"Kind: Second"_s}));
+    QCOMPARE(dialog.panel().summary(), QStringList({u"Kind: First"_s, u"Kind: Second"_s}));
     QCOMPARE(mSite.choices(dialog.print(mSite.scheduler())), QStringList{mirrorOn});
 }
 
 void tst_oddpanel::panelWithoutASummary()
 {
-    const BundleFolder folder;
-    QVERIFY(folder.addOdd(QStringLiteral("Odd.pde"), QStringLiteral("Lying")));
-    AttachedDialog dialog(QStringLiteral("tape"), {}, folder.path());
+    OddDialog dialog(u"Lying"_s);
     QVERIFY(dialog.user().open());
-    QCOMPARE(PanelUser(dialog.user()).summary(), QStringList());
+    QCOMPARE(dialog.panel().summary(), QStringList());
 }
 
 KV_TEST(tst_oddpanel)

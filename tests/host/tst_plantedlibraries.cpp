@@ -13,10 +13,10 @@ namespace {
 QStringList neededBy(const QString &library)
 {
     QProcess reader;
-    reader.start(QStringLiteral("readelf"), {QStringLiteral("-dW"), library});
+    reader.start(u"readelf"_s, {u"-dW"_s, library});
     reader.waitForFinished();
     const QString section = QString::fromLocal8Bit(reader.readAllStandardOutput());
-    const QRegularExpression entry(QStringLiteral("\\(NEEDED\\).*\\[(.*)\\]"));
+    const QRegularExpression entry(u"\\(NEEDED\\).*\\[(.*)\\]"_s);
     QStringList names;
     for (auto matches = entry.globalMatch(section); matches.hasNext();) {
         names.append(matches.next().captured(1));
@@ -46,13 +46,13 @@ private Q_SLOTS:
 void tst_plantedlibraries::bundleTakesWhatItNeedsFromTheSystem()
 {
     const BundleFolder outer;
-    const QString bundles = outer.path(QStringLiteral("../bundles"));
-    const QString bundle = bundles + QStringLiteral("/Spoilt.pde");
-    QVERIFY(QDir().mkpath(bundles) && outer.add(QStringLiteral("bundles/Spoilt.pde")));
-    const QString libraries = bundle + QStringLiteral("/Contents/Linux");
+    const QString bundles = outer.path(u"../bundles"_s);
+    const QString bundle = bundles + u"/Spoilt.pde"_s;
+    QVERIFY(QDir().mkpath(bundles) && outer.add(u"bundles/Spoilt.pde"_s));
+    const QString libraries = bundle + u"/Contents/Linux"_s;
     const QStringList needed =
-        neededBy(libraries + QStringLiteral("/libKVMQRVOptions-qt%1.so").arg(QT_VERSION_MAJOR));
-    QVERIFY(needed.contains(QStringLiteral("libkvprintcore-qt%1.so.0").arg(QT_VERSION_MAJOR)));
+        neededBy(libraries + u"/libKVMQRVOptions-qt%1.so"_s.arg(QT_VERSION_MAJOR));
+    QVERIFY(needed.contains(u"libkvprintcore-qt%1.so.0"_s.arg(QT_VERSION_MAJOR)));
     QVERIFY(needed.size() > 4);
     const QString current = QDir::currentPath();
     for (QString place = libraries; place.startsWith(outer.path());
@@ -62,8 +62,7 @@ void tst_plantedlibraries::bundleTakesWhatItNeedsFromTheSystem()
     QVERIFY(QDir::setCurrent(libraries));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    const bool isLoaded =
-        PanelBundle::load(bundles, QStringLiteral("Spoilt.pde"), reporter) != nullptr;
+    const bool isLoaded = PanelBundle::load(bundles, u"Spoilt.pde"_s, reporter) != nullptr;
     QVERIFY(QDir::setCurrent(current));
     QCOMPARE(problems, QStringList());
     QVERIFY(isLoaded);

@@ -41,7 +41,7 @@ private Q_SLOTS:
 
 void tst_ppdfile::defaultsAreMarked()
 {
-    const auto ppd = open(QStringLiteral("tape"));
+    const auto ppd = open(u"tape"_s);
     QVERIFY(ppd && ppd->get());
     QCOMPARE(ppd->markedChoice(u"KvAutoTapeCut"_s), u"ON"_s);
     QCOMPARE(ppd->markedChoice(u"KvHalfCut"_s), u"OFF"_s);
@@ -51,7 +51,7 @@ void tst_ppdfile::defaultsAreMarked()
 
 void tst_ppdfile::lookups()
 {
-    const auto ppd = open(QStringLiteral("label"));
+    const auto ppd = open(u"label"_s);
     QVERIFY(ppd);
     QVERIFY(ppd->hasOption(u"KvCutAtEnd"_s));
     QVERIFY(!ppd->hasOption(u"KvHalfCut"_s));
@@ -68,7 +68,7 @@ void tst_ppdfile::lookups()
 
 void tst_ppdfile::marking()
 {
-    const auto ppd = open(QStringLiteral("label"));
+    const auto ppd = open(u"label"_s);
     QVERIFY(ppd);
     QVERIFY(ppd->mark(u"KvCutLabel"_s, u"42"_s));
     QCOMPARE(ppd->markedChoice(u"KvCutLabel"_s), u"42"_s);
@@ -80,30 +80,24 @@ void tst_ppdfile::marking()
 
 void tst_ppdfile::paperOfAPageSize_data()
 {
-    QTest::addColumn<QString>("printer");
-    QTest::addColumn<QPageSize>("size");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<double>("height");
-    QTest::newRow("no page size: the marked one")
-        << u"tape"_s << QPageSize() << u"T12x100"_s << 283.46;
-    QTest::newRow("a size of its own, where that is allowed")
-        << u"tape"_s << millimetres(20, 50) << u"Custom"_s << 141.73;
-    QTest::newRow("a size of its own, where that is not allowed")
-        << u"mark"_s << millimetres(20, 50) << u"Custom.20x50mm"_s << 141.73;
-    QTest::newRow("a size that the printer lacks")
-        << u"mark"_s << QPageSize(QPageSize::A4) << u"A4"_s << 842.0;
+    const TestTable<QString, QPageSize, QString, double> table("printer", "size", "name", "height");
+    table.add("no page size: the marked one", u"tape"_s, QPageSize(), u"T12x100"_s, 283.46);
+    table.add("a size of its own, where that is allowed", u"tape"_s, millimetres(20, 50),
+              u"Custom"_s, 141.73);
+    table.add("a size of its own, where that is not allowed", u"mark"_s, millimetres(20, 50),
+              u"Custom.20x50mm"_s, 141.73);
+    table.add("a size that the printer lacks", u"mark"_s, QPageSize(QPageSize::A4), u"A4"_s, 842.0);
 }
 
 void tst_ppdfile::paperOfAPageSize()
 {
     QFETCH(const QString, printer);
     QFETCH(const QPageSize, size);
-    QFETCH(const QString, name);
     QFETCH(const double, height);
     const auto ppd = open(printer);
     QVERIFY(ppd);
     const Paper paper = paperIn(*ppd, size);
-    QCOMPARE(paper.ppdPaperName(), name);
+    QTEST(paper.ppdPaperName(), "name");
     QVERIFY2(std::abs(paper.height() - height) < 0.5, qPrintable(QString::number(paper.height())));
 }
 

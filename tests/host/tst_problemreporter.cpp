@@ -37,10 +37,9 @@ private Q_SLOTS:
 
 void tst_problemreporter::problemIsLoggedWithoutATerminal_data()
 {
-    QTest::addColumn<bool>("hasTerminal");
-    QTest::addColumn<QByteArrayList>("logged");
-    QTest::newRow("terminal") << true << QByteArrayList();
-    QTest::newRow("no terminal") << false << QByteArrayList{"a\\nb.pde is missing"};
+    const TestTable<bool, QByteArrayList> table("hasTerminal", "logged");
+    table.add("terminal", true, QByteArrayList());
+    table.add("no terminal", false, {"a\\nb.pde is missing"});
 }
 
 void tst_problemreporter::problemIsLoggedWithoutATerminal()

@@ -3,7 +3,7 @@
 #include "AttachedDialog.h"
 #include "CommandRun.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "PropertiesDialog.h"
 #include "SchedulerProxy.h"
 #include "cups/PrinterFetch.h"
@@ -21,12 +21,11 @@
 #include <pthread.h>
 
 /// The dialog and the scheduler that answers late, half, or no more what it answered before.
-class SchedulerAnswersTest : public QObject
+class SchedulerAnswersTest : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void cutPPDIsNone_data();
     void cutPPDIsNone();
     void failureKeepsThePPD();
@@ -49,21 +48,14 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     bool addTape(const QString &without = {});
     QList<int> requestsAtMoments(bool isExtended);
-
-    PrintingSite mSite;
 };
 
 namespace {
 using namespace std::chrono_literals;
 
-const QString tapeQueue = QStringLiteral("tape");
-const QString halfCut = QStringLiteral("mHalfCutChkBx");
+const QString tapeQueue = u"tape"_s;
+const QString halfCut = u"mHalfCutChkBx"_s;
 } // namespace
-
-void SchedulerAnswersTest::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
 
 /// Gives the tape printer its PPD, without an option.
 bool SchedulerAnswersTest::addTape(const QString &without)
@@ -82,8 +74,8 @@ bool SchedulerAnswersTest::addTape(const QString &without)
         isLeftOut = isLeftOut && !line.startsWith(u"*CloseUI");
     }
     QString error;
-    return mSite.scheduler().addPrinter(
-        tapeQueue, mSite.file(QStringLiteral("changed.ppd"), text.toUtf8()), &error);
+    return mSite.scheduler().addPrinter(tapeQueue, mSite.file(u"changed.ppd"_s, text.toUtf8()),
+                                        &error);
 }
 
 void SchedulerAnswersTest::cutPPDIsNone_data()
@@ -99,8 +91,7 @@ void SchedulerAnswersTest::cutPPDIsNone()
     QFETCH(const int, bytes);
     SchedulerProxy proxy(mSite.scheduler().address());
     // Qt's own part of the dialog does not bear half a PPD.
-    Application application;
-    application.makeDialog(tapeQueue);
+    Application application(tapeQueue);
     proxy.cutPPDsAfter(bytes);
     SchedulerConnection scheduler;
     const PrinterRecord record = PrinterRecord::read(scheduler, tapeQueue);
@@ -145,8 +136,7 @@ void SchedulerAnswersTest::ppdOfAnyName()
 {
     const QString name = u"Kasse+1@b(c)"_s;
     QString error;
-    QVERIFY2(mSite.scheduler().addPrinter(name, PrintingSite::ppdPath(tapeQueue), &error),
-             qPrintable(error));
+    QVERIFY(addPrinter(name, PrintingSite::ppdPath(tapeQueue)));
     SchedulerConnection scheduler;
     const PrinterRecord record = PrinterRecord::read(scheduler, name);
     QCOMPARE(record.error, QString());
@@ -157,8 +147,8 @@ void SchedulerAnswersTest::ppdOfAnyName()
 QList<int> SchedulerAnswersTest::requestsAtMoments(bool isExtended)
 {
     const SchedulerProxy proxy(mSite.scheduler().address());
-    Application application;
-    const QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    Application application(tapeQueue);
+    QPrintDialog &dialog = application.dialog();
     DialogDriver &user = application.user();
     const auto show = [&] {
         return isExtended ? application.show() : user.open();
@@ -200,8 +190,8 @@ void SchedulerAnswersTest::requestsOfEachMoment()
 void SchedulerAnswersTest::silentSchedulerHoldsNobody()
 {
     SchedulerProxy proxy(mSite.scheduler().address());
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    Application application(tapeQueue);
+    QPrintDialog &dialog = application.dialog();
     proxy.setSilent(true);
     QVERIFY(!application.show());
     QVERIFY(dialog.isVisible());
@@ -225,8 +215,8 @@ void SchedulerAnswersTest::silentSchedulerHoldsNobody()
 void SchedulerAnswersTest::answerBehindPrintStillCounts()
 {
     QVERIFY(mSite.saveUserOptions("Dest tape KvHalfCut=ON\n"));
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    Application application(tapeQueue);
+    QPrintDialog &dialog = application.dialog();
     dialog.open();
     application.attach();
     QVERIFY(dialog.findChild<PrintDialogAttachment *>()->isWaiting());
@@ -239,8 +229,8 @@ void SchedulerAnswersTest::answerBehindPrintStillCounts()
 void SchedulerAnswersTest::answerBehindPropertiesStillCounts()
 {
     SchedulerProxy proxy(mSite.scheduler().address());
-    Application application;
-    const QPrintDialog &dialog = application.makeDialog(tapeQueue);
+    Application application(tapeQueue);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.user().open());
     proxy.delayAnswers(std::chrono::milliseconds(500));
     application.attach();
@@ -340,12 +330,10 @@ void SchedulerAnswersTest::jobOfALongDialogIsPrinted()
     SchedulerProxy proxy(mSite.scheduler().address());
     CommandRun run(tapeQueue, {mSite.document()});
     QVERIFY(run.openTab());
-    QVERIFY(PanelUser(run.user()).click(halfCut));
+    QVERIFY(run.panel().click(halfCut));
     // As a scheduler does with connections that nothing comes over for half a minute.
     proxy.closeConnections();
-    const int job = run.print();
-    QVERIFY(job > 0);
-    QVERIFY(mSite.choices(job).contains(halfCutOn));
+    QVERIFY(mSite.choices(run.print()).contains(halfCutOn));
 }
 
 void SchedulerAnswersTest::changedPPDKeepsChoicesOut()
@@ -362,7 +350,7 @@ void SchedulerAnswersTest::changedPPDKeepsChoicesOut()
         AttachedDialog dialog(tapeQueue);
         QVERIFY(mSite.saveUserOptions(""));
         QVERIFY(dialog.openTab());
-        QVERIFY(PanelUser(dialog.user()).isTicked(halfCut));
+        QVERIFY(dialog.panel().isTicked(halfCut));
         QVERIFY(addTape(u"KvHalfCut"_s));
         choices = mSite.choices(dialog.print(mSite.scheduler()));
         problems = dialog.problems();
@@ -377,10 +365,10 @@ void SchedulerAnswersTest::changedPPDKeepsChoicesOut()
 
 void SchedulerAnswersTest::anotherPrinterKeepsTheTicks_data()
 {
-    QTest::addColumn<QString>("other");
-    QTest::newRow("a printer") << u"label"_s;
-    QTest::newRow("a printer without the panel") << u"plain"_s;
-    QTest::newRow("a file") << u"Print to File (PDF)"_s;
+    const TestTable<QString> table("other");
+    table.add("a printer", u"label"_s);
+    table.add("a printer without the panel", u"plain"_s);
+    table.add("a file", u"Print to File (PDF)"_s);
 }
 
 void SchedulerAnswersTest::anotherPrinterKeepsTheTicks()
@@ -388,11 +376,11 @@ void SchedulerAnswersTest::anotherPrinterKeepsTheTicks()
     QFETCH(const QString, other);
     AttachedDialog dialog(tapeQueue);
     QVERIFY(dialog.openTab());
-    QVERIFY(PanelUser(dialog.user()).click(halfCut));
+    QVERIFY(dialog.panel().click(halfCut));
     QVERIFY(dialog.user().pickPrinter(other));
     QVERIFY(dialog.user().pickPrinter(tapeQueue));
     QVERIFY(dialog.openTab());
-    QVERIFY(PanelUser(dialog.user()).isTicked(halfCut));
+    QVERIFY(dialog.panel().isTicked(halfCut));
     QVERIFY(mSite.choices(dialog.print(mSite.scheduler())).contains(u"KvHalfCut=ON"_s));
     QCOMPARE(dialog.problems(), QStringList());
 }

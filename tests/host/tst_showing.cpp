@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "support/DialogNames.h"
 
@@ -44,13 +44,11 @@ Q_DECLARE_METATYPE(Deed)
 
 /// What the panel shows in a dialog that is shown again: what it showed before when the user had
 /// finished neither by Print nor by Cancel, else what was last printed.
-class tst_showing : public QObject
+class tst_showing : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-
     void hiddenForAWhile_data() { waysOfHiding(); }
     void hiddenForAWhile();
     void hiddenForAWhileAfterAJob_data() { waysOfHiding(); }
@@ -68,41 +66,24 @@ private Q_SLOTS:
 
 private: // NOLINT(readability-redundant-access-specifiers)
     static void waysOfHiding();
-    QStringList choicesOfLastJob() const;
-
-    PrintingSite mSite;
 };
-
-void tst_showing::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
-QStringList tst_showing::choicesOfLastJob() const
-{
-    const QList<int> jobs = mSite.scheduler().jobIds();
-    return jobs.isEmpty() ? QStringList() : mSite.choices(jobs.last());
-}
 
 void tst_showing::waysOfHiding()
 {
-    QTest::addColumn<Deed>("hide");
-    const auto add = [](const char *name, const Deed &hide) {
-        QTest::newRow(name) << hide;
-    };
-    add("hidden", [](QPrintDialog &dialog) { dialog.hide(); });
-    add("made invisible twice", [](QPrintDialog &dialog) {
+    const TestTable<Deed> table("hide");
+    table.add("hidden", [](QPrintDialog &dialog) { dialog.hide(); });
+    table.add("made invisible twice", [](QPrintDialog &dialog) {
         dialog.setVisible(false);
         dialog.show();
         dialog.setVisible(false);
     });
-    add("another window flag",
-        [](QPrintDialog &dialog) { dialog.setWindowFlag(Qt::WindowStaysOnTopHint); });
-    add("another parent", [](QPrintDialog &dialog) {
+    table.add("another window flag",
+              [](QPrintDialog &dialog) { dialog.setWindowFlag(Qt::WindowStaysOnTopHint); });
+    table.add("another parent", [](QPrintDialog &dialog) {
         static QWidget parent;
         dialog.setParent(&parent, Qt::Dialog);
     });
-    add("a close that the application refuses", [](QPrintDialog &dialog) {
+    table.add("a close that the application refuses", [](QPrintDialog &dialog) {
         const CloseAnswer answer(dialog, false);
         QVERIFY(!dialog.close());
         QTest::qWait(0);
@@ -113,8 +94,8 @@ void tst_showing::waysOfHiding()
 void tst_showing::hiddenForAWhile()
 {
     QFETCH(const Deed, hide);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
     PanelUser panel(application.user());
     QVERIFY(panel.click(halfCutBox));
@@ -145,19 +126,18 @@ void tst_showing::hiddenForAWhile()
 void tst_showing::hiddenForAWhileAfterAJob()
 {
     QFETCH(const Deed, hide);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.user().print());
     // Shown as it is: the dialog's result is still that of the job.
     QVERIFY(application.user().open() && application.openTab());
-    PanelUser panel(application.user());
-    QVERIFY(panel.click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     const QStringList handedOver = application.handedOver();
     hide(dialog);
     QCOMPARE(application.handedOver(), handedOver);
 
     QVERIFY(application.show());
-    QVERIFY(panel.isTicked(halfCutBox));
+    QVERIFY(application.panel().isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 2);
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
@@ -167,14 +147,14 @@ void tst_showing::hiddenForAWhileAfterAJob()
 void tst_showing::hiddenForAWhileAtAnotherTab()
 {
     QFETCH(const Deed, hide);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().showTab(kSummaryTab));
     hide(dialog);
     QVERIFY(application.show());
-    QVERIFY(PanelUser(application.user()).summary().contains(u"Half Cut: Yes"_s));
+    QVERIFY(application.panel().summary().contains(u"Half Cut: Yes"_s));
     QVERIFY(application.user().print());
     QVERIFY(choicesOfLastJob().contains(halfCutOn));
     dialog.setParent(nullptr);
@@ -183,14 +163,14 @@ void tst_showing::hiddenForAWhileAtAnotherTab()
 void tst_showing::hiddenForAWhileWithAnotherPaper()
 {
     QFETCH(const Deed, hide);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(application.user().pickPaper(QStringLiteral("FL21x45")));
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
+    QVERIFY(application.user().pickPaper(u"FL21x45"_s));
+    QVERIFY(!application.panel().isEnabled(halfCutBox));
     hide(dialog);
     QVERIFY(application.show());
-    QVERIFY(!PanelUser(application.user()).isEnabled(halfCutBox));
+    QVERIFY(!application.panel().isEnabled(halfCutBox));
     QVERIFY(application.user().print());
     const int job = mSite.scheduler().jobIds().last();
     QCOMPARE(mSite.job(job).value(u"media"_s), u"FL21x45"_s);
@@ -199,28 +179,26 @@ void tst_showing::hiddenForAWhileWithAnotherPaper()
 
 void tst_showing::finished_data()
 {
-    QTest::addColumn<Deed>("finish");
-    const auto add = [](const char *name, const Deed &finish) {
-        QTest::newRow(name) << finish;
-    };
-    add("rejected", [](QPrintDialog &dialog) { dialog.reject(); });
-    add("closed", [](QPrintDialog &dialog) { dialog.close(); });
-    add("closed without telling so", [](QPrintDialog &dialog) {
+    const TestTable<Deed> table("finish");
+    table.add("rejected", [](QPrintDialog &dialog) { dialog.reject(); });
+    table.add("closed", [](QPrintDialog &dialog) { dialog.close(); });
+    table.add("closed without telling so", [](QPrintDialog &dialog) {
         const CloseAnswer answer(dialog, true);
         QVERIFY(dialog.close());
         QTest::qWait(0);
     });
-    add("with a result of the application's own", [](QPrintDialog &dialog) { dialog.done(7); });
-    add("rejected while it is hidden", [](QPrintDialog &dialog) {
+    table.add("with a result of the application's own",
+              [](QPrintDialog &dialog) { dialog.done(7); });
+    table.add("rejected while it is hidden", [](QPrintDialog &dialog) {
         dialog.hide();
         dialog.reject();
     });
-    add("rejected when it is shown again", [](QPrintDialog &dialog) {
+    table.add("rejected when it is shown again", [](QPrintDialog &dialog) {
         dialog.hide();
         dialog.show();
         dialog.reject();
     });
-    add("rejected, and hidden once more", [](QPrintDialog &dialog) {
+    table.add("rejected, and hidden once more", [](QPrintDialog &dialog) {
         dialog.reject();
         dialog.hide();
     });
@@ -229,20 +207,20 @@ void tst_showing::finished_data()
 void tst_showing::finished()
 {
     QFETCH(const Deed, finish);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(mirrorBox));
+    QVERIFY(application.panel().click(mirrorBox));
     QVERIFY(application.user().print());
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(mirrorBox));
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(mirrorBox));
+    QVERIFY(application.panel().click(halfCutBox));
     finish(dialog);
     QVERIFY(!dialog.isVisible());
 
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).isTicked(mirrorBox));
-    QVERIFY(!PanelUser(application.user()).isTicked(halfCutBox));
+    QVERIFY(application.panel().isTicked(mirrorBox));
+    QVERIFY(!application.panel().isTicked(halfCutBox));
     QVERIFY(application.user().print());
     QCOMPARE(application.jobCount(), 2);
     QVERIFY(choicesOfLastJob().contains(u"KvMirror=ON"_s));
@@ -251,37 +229,35 @@ void tst_showing::finished()
 
 void tst_showing::acceptedWhileHidden()
 {
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     QVERIFY(application.show() && application.openTab());
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     dialog.hide();
     QCOMPARE(application.countsOfChoices(), (QMap<QString, int>()));
     dialog.accept();
     QCOMPARE(application.countsOfChoices().size(), 6);
 
     QVERIFY(application.show());
-    QVERIFY(PanelUser(application.user()).isTicked(halfCutBox));
-    QVERIFY(PanelUser(application.user()).click(halfCutBox));
+    QVERIFY(application.panel().isTicked(halfCutBox));
+    QVERIFY(application.panel().click(halfCutBox));
     QVERIFY(application.user().print());
     QVERIFY(!choicesOfLastJob().contains(halfCutOn));
 }
 
 void tst_showing::shownAgainAsSoonAsItTells_data()
 {
-    QTest::addColumn<Deed>("finish");
-    QTest::addColumn<bool>("isKept");
-    QTest::addColumn<bool>("isHidden");
+    const TestTable<Deed, bool, bool> table("finish", "isKept", "isHidden");
     const Deed accept = [](QPrintDialog &dialog) {
         dialog.accept();
     };
     const Deed reject = [](QPrintDialog &dialog) {
         dialog.reject();
     };
-    QTest::newRow("accepted") << accept << true << false;
-    QTest::newRow("accepted, and hidden for a while") << accept << true << true;
-    QTest::newRow("rejected") << reject << false << false;
-    QTest::newRow("rejected, and hidden for a while") << reject << false << true;
+    table.add("accepted", accept, true, false);
+    table.add("accepted, and hidden for a while", accept, true, true);
+    table.add("rejected", reject, false, false);
+    table.add("rejected, and hidden for a while", reject, false, true);
 }
 
 void tst_showing::shownAgainAsSoonAsItTells()
@@ -289,8 +265,8 @@ void tst_showing::shownAgainAsSoonAsItTells()
     QFETCH(const Deed, finish);
     QFETCH(const bool, isKept);
     QFETCH(const bool, isHidden);
-    Application application;
-    QPrintDialog &dialog = application.makeDialog(tape);
+    Application application(tape);
+    QPrintDialog &dialog = application.dialog();
     bool isToBeShown = true;
     const auto showOnce = [&] {
         if (std::exchange(isToBeShown, false)) {

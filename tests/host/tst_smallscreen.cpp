@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 #include "PanelUser.h"
-#include "PrintingSite.h"
+#include "PrintingTest.h"
 
 #include <QScreen>
 #include <QScrollArea>
@@ -10,19 +10,15 @@
 #include <QTest>
 
 /// The dialog of the printer with most options on screens that are low, or at the edge of one.
-class tst_smallscreen : public QObject
+class tst_smallscreen : public PrintingTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void tabUsesTheFreeScreen();
     void grownDialogComesBackOntoTheScreen_data();
     void grownDialogComesBackOntoTheScreen();
     void dialogThatItsUserPutOverTheEdgeStays();
-
-private: // NOLINT(readability-redundant-access-specifiers)
-    PrintingSite mSite;
 };
 
 namespace {
@@ -32,7 +28,7 @@ const QScrollArea *openTab(AttachedDialog &dialog)
     if (!dialog.openTab()) {
         return nullptr;
     }
-    const auto *tab = dialog.dialog().findChild<QScrollArea *>(QStringLiteral("panelTab"));
+    const auto *tab = dialog.dialog().findChild<QScrollArea *>(u"panelTab"_s);
     const bool isGrown =
         QTest::qWaitFor([tab] { return tab->viewport()->width() >= tab->widget()->width(); });
     return isGrown ? tab : nullptr;
@@ -52,14 +48,9 @@ bool isWithin(const QRect &frame, const QRect &screen)
 }
 } // namespace
 
-void tst_smallscreen::initTestCase()
-{
-    QCOMPARE(mSite.open(), QString());
-}
-
 void tst_smallscreen::tabUsesTheFreeScreen()
 {
-    AttachedDialog dialog(QStringLiteral("all"));
+    AttachedDialog dialog(u"all"_s);
     const QScrollArea *tab = openTab(dialog);
     QVERIFY(tab);
     const int screen = dialog.dialog().screen()->availableGeometry().height();
@@ -75,24 +66,24 @@ void tst_smallscreen::tabUsesTheFreeScreen()
     // Neither does it change when the tab is seen once more.
     QVERIFY(dialog.user().showTab(kSummaryTab));
     const QSize size = dialog.dialog().size();
-    QVERIFY(PanelUser(dialog.user()).openTab());
+    QVERIFY(dialog.panel().openTab());
     QCOMPARE(dialog.dialog().size(), size);
 }
 
 void tst_smallscreen::grownDialogComesBackOntoTheScreen_data()
 {
-    QTest::addColumn<QPoint>("corner");
+    const TestTable<QPoint> table("corner");
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    QTest::newRow("right") << QPoint(screen.right() - 400, 0);
-    QTest::newRow("bottom") << QPoint(0, screen.bottom() - 150);
-    QTest::newRow("left") << QPoint(-30, 0);
-    QTest::newRow("corner") << QPoint(screen.right() - 400, screen.bottom() - 150);
+    table.add("right", QPoint(screen.right() - 400, 0));
+    table.add("bottom", QPoint(0, screen.bottom() - 150));
+    table.add("left", QPoint(-30, 0));
+    table.add("corner", QPoint(screen.right() - 400, screen.bottom() - 150));
 }
 
 void tst_smallscreen::grownDialogComesBackOntoTheScreen()
 {
     QFETCH(const QPoint, corner);
-    AttachedDialog dialog(QStringLiteral("all"));
+    AttachedDialog dialog(u"all"_s);
     QVERIFY(dialog.user().open());
     dialog.dialog().move(corner);
     QVERIFY(openTab(dialog));
@@ -102,7 +93,7 @@ void tst_smallscreen::grownDialogComesBackOntoTheScreen()
 
 void tst_smallscreen::dialogThatItsUserPutOverTheEdgeStays()
 {
-    AttachedDialog dialog(QStringLiteral("all"));
+    AttachedDialog dialog(u"all"_s);
     QVERIFY(openTab(dialog));
     QTest::qWait(0);
     dialog.dialog().move(-30, -20);
@@ -110,7 +101,7 @@ void tst_smallscreen::dialogThatItsUserPutOverTheEdgeStays()
     const QPoint corner = dialog.dialog().pos();
     QVERIFY(corner.x() < 0 && corner.y() < 0);
     QVERIFY(dialog.user().showTab(kSummaryTab));
-    QVERIFY(PanelUser(dialog.user()).openTab());
+    QVERIFY(dialog.panel().openTab());
     QTest::qWait(0);
     QCOMPARE(dialog.dialog().pos(), corner);
 }

@@ -180,8 +180,8 @@ QByteArray LineMaker::choose()
     const Option option = likelyOption();
     const PrinterOption *known = mPrinter.option(option);
     QString keyword = namesOf(option).keyword;
-    QString choice = known && !known->choices.isEmpty() ? mDice.oneOf(known->choices).keyword
-                                                        : QStringLiteral("ON");
+    QString choice =
+        known && !known->choices.isEmpty() ? mDice.oneOf(known->choices).keyword : u"ON"_s;
     switch (mDice.below(20)) {
     case 0:
         keyword = keyword.toLower();
@@ -190,10 +190,10 @@ QByteArray LineMaker::choose()
         choice = choice.toLower();
         break;
     case 2:
-        choice = QStringLiteral("Unknown");
+        choice = u"Unknown"_s;
         break;
     case 3:
-        keyword = QStringLiteral("PageSize");
+        keyword = u"PageSize"_s;
         choice = makePaperName(mDice, mPrinter);
         break;
     default:

@@ -68,7 +68,7 @@ ConversationRun::ConversationRun(ScriptSession &session, Files files, Tally &tal
 std::optional<ConversationRun::Fault> ConversationRun::run(const Conversation &conversation)
 {
     if (!write(conversation, withQueries(conversation.lines), mFiles)) {
-        return Fault{{mFiles.script, QStringLiteral("written"), QStringLiteral("not written")}, {}};
+        return Fault{{mFiles.script, u"written"_s, u"not written"_s}, {}};
     }
     mSession.answer(closing);
     mTally.addPrinter(conversation.printer);

@@ -12,7 +12,7 @@ namespace {
 QString shown(const QJsonValue &value)
 {
     if (value.isUndefined()) {
-        return QStringLiteral("(missing)");
+        return u"(missing)"_s;
     }
     const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(list.mid(1, list.size() - 2));

@@ -49,7 +49,7 @@ bool keepsStateWhileDisabled(Option option)
 
 QString defaultThatTicks(Option option)
 {
-    return option == CutEvery ? QStringLiteral("1") : QStringLiteral("ON");
+    return option == CutEvery ? u"1"_s : u"ON"_s;
 }
 
 bool isHS(const Medium &medium)
@@ -79,7 +79,7 @@ PanelModel::PanelModel(Job job, bool isOnUSB)
 {
     mSelection.fill(-1);
     if (isHS(mJob.medium())) {
-        mJob.mark(namesOf(AutoCut).keyword, QStringLiteral("OFF"));
+        mJob.mark(namesOf(AutoCut).keyword, u"OFF"_s);
     }
 }
 
@@ -87,7 +87,7 @@ void PanelModel::loadView()
 {
     if (!mView) {
         mView.emplace(mJob.printer());
-        mEvents.append(QJsonArray{QStringLiteral("resized")});
+        mEvents.append(QJsonArray{u"resized"_s});
     }
 }
 
@@ -157,7 +157,7 @@ void PanelModel::changePaper(const JobPaper &paper)
 {
     mJob.setPaper(paper);
     if (isHS(mJob.medium())) {
-        mJob.mark(namesOf(AutoCut).keyword, QStringLiteral("OFF"));
+        mJob.mark(namesOf(AutoCut).keyword, u"OFF"_s);
         reread(CutEvery);
     }
     refreshControls();
@@ -195,7 +195,7 @@ void PanelModel::initialiseBox(Option option)
 
 void PanelModel::initialiseCount(const PrinterOption &option)
 {
-    mView->captionTitle = QStringLiteral("RS_Labels");
+    mView->captionTitle = u"RS_Labels"_s;
     mView->setEnabled(View::Field, true);
     mView->fieldText = option.defaultChoice;
     mView->setEnabled(View::Stepper, true);
@@ -255,12 +255,12 @@ void PanelModel::saveAutoCutOfCutEvery()
     }
     const int index =
         mView ? boxIndexUnlessSpecialTape(CutEvery) : mJob.markedOrDefaultIndex(AutoCut);
-    tell(namesOf(AutoCut).keyword, index == 1 ? QStringLiteral("ON") : QStringLiteral("OFF"));
+    tell(namesOf(AutoCut).keyword, index == 1 ? u"ON"_s : u"OFF"_s);
 }
 
 void PanelModel::tell(const QString &keyword, const QString &choice)
 {
-    mEvents.append(QJsonArray{QStringLiteral("willChange"), keyword, choice});
+    mEvents.append(QJsonArray{u"willChange"_s, keyword, choice});
     if (mJob.mark(keyword, choice)) {
         takeBackChoice(keyword, choice);
     }
@@ -275,8 +275,7 @@ bool PanelModel::click(Option option)
     }
     mView->setOn(option, !mView->isOn(option));
     if (option == CutEvery && mView->isOn(CutEvery) && isHS(mJob.medium())) {
-        mEvents.append(
-            QJsonArray{QStringLiteral("alert"), QStringLiteral("RS_Alrt_AutoCutWithHS")});
+        mEvents.append(QJsonArray{u"alert"_s, u"RS_Alrt_AutoCutWithHS"_s});
     }
     choose(mView->isOn(option), option == CutEvery ? AutoCut : option, option);
     refresh(option);
@@ -486,10 +485,10 @@ QString PanelModel::summaryValue(Option option) const
     const Choice &selected = mJob.printer().option(option)->choices.at(mSelection[option]);
     switch (mJob.markedIndex(option == CutEvery ? AutoCut : option)) {
     case 0:
-        return QStringLiteral("RS_STitle_No");
+        return u"RS_STitle_No"_s;
     case 1:
         return option == CutEvery ? selected.keyword + QLatin1String(" RS_Labels")
-                                  : QStringLiteral("RS_STitle_Yes");
+                                  : u"RS_STitle_Yes"_s;
     default:
         return selected.shownText();
     }

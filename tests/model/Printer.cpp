@@ -29,7 +29,7 @@ constexpr char header[] = R"PPD(*PPD-Adobe: "4.3"
 
 QString attribute(const char *name, const std::optional<QString> &value)
 {
-    return value ? QStringLiteral("*%1: \"%2\"\n").arg(QLatin1String(name), *value) : QString();
+    return value ? u"*%1: \"%2\"\n"_s.arg(QLatin1String(name), *value) : QString();
 }
 
 QString named(const QString &keyword, const QString &text)
@@ -39,14 +39,14 @@ QString named(const QString &keyword, const QString &text)
 
 QString optionLines(const QString &keyword, const PrinterOption &option)
 {
-    QString lines = QStringLiteral("*OpenUI *%1: PickOne\n").arg(named(keyword, option.text));
+    QString lines = u"*OpenUI *%1: PickOne\n"_s.arg(named(keyword, option.text));
     if (!option.defaultChoice.isEmpty()) {
-        lines += QStringLiteral("*Default%1: %2\n").arg(keyword, option.defaultChoice);
+        lines += u"*Default%1: %2\n"_s.arg(keyword, option.defaultChoice);
     }
     for (const Choice &choice : option.choices) {
-        lines += QStringLiteral("*%1 %2: \"\"\n").arg(keyword, named(choice.keyword, choice.text));
+        lines += u"*%1 %2: \"\"\n"_s.arg(keyword, named(choice.keyword, choice.text));
     }
-    return lines + QStringLiteral("*CloseUI: *%1\n").arg(keyword);
+    return lines + u"*CloseUI: *%1\n"_s.arg(keyword);
 }
 
 QString sizeLines(const QList<PaperSize> &sizes)
@@ -59,14 +59,12 @@ QString sizeLines(const QList<PaperSize> &sizes)
     QString dimensions;
     for (const PaperSize &size : sizes) {
         pageSize.choices.append({size.name});
-        areas +=
-            QStringLiteral("*ImageableArea %1: \"0 0 100 %2\"\n").arg(size.name).arg(size.height);
-        dimensions +=
-            QStringLiteral("*PaperDimension %1: \"100 %2\"\n").arg(size.name).arg(size.height);
+        areas += u"*ImageableArea %1: \"0 0 100 %2\"\n"_s.arg(size.name).arg(size.height);
+        dimensions += u"*PaperDimension %1: \"100 %2\"\n"_s.arg(size.name).arg(size.height);
     }
-    return optionLines(QStringLiteral("PageSize"), pageSize) +
-           QStringLiteral("*DefaultImageableArea: %1\n%2").arg(sizes.first().name, areas) +
-           QStringLiteral("*DefaultPaperDimension: %1\n%2").arg(sizes.first().name, dimensions);
+    return optionLines(u"PageSize"_s, pageSize) +
+           u"*DefaultImageableArea: %1\n%2"_s.arg(sizes.first().name, areas) +
+           u"*DefaultPaperDimension: %1\n%2"_s.arg(sizes.first().name, dimensions);
 }
 } // namespace
 

@@ -5,29 +5,28 @@
 
 namespace model {
 namespace {
-const QString commandKind = QStringLiteral("commands");
-const QString deliveryKind = QStringLiteral("delivered");
-const QString errorKind = QStringLiteral("errors");
-const QString eventKind = QStringLiteral("events");
-const QString familyKind = QStringLiteral("families");
-const QString optionKind = QStringLiteral("options");
-const QString paperKind = QStringLiteral("papers");
-const QString pictureKind = QStringLiteral("pictures");
-const QString presetKind = QStringLiteral("presets");
-const QString tapeKind = QStringLiteral("tape states");
+const QString commandKind = u"commands"_s;
+const QString deliveryKind = u"delivered"_s;
+const QString errorKind = u"errors"_s;
+const QString eventKind = u"events"_s;
+const QString familyKind = u"families"_s;
+const QString optionKind = u"options"_s;
+const QString paperKind = u"papers"_s;
+const QString pictureKind = u"pictures"_s;
+const QString presetKind = u"presets"_s;
+const QString tapeKind = u"tape states"_s;
 
-const QString plainPaper = QStringLiteral("plain");
-const QString unnamedPaper = QStringLiteral("unnamed");
-const QString emptyPaper = QStringLiteral("empty name");
-const QString unlistedPaper = QStringLiteral("not in the table");
-const QString paperOfNoHeight = QStringLiteral("no height");
-const QString paperOfTicket = QStringLiteral("HS in the ticket alone");
+const QString plainPaper = u"plain"_s;
+const QString unnamedPaper = u"unnamed"_s;
+const QString emptyPaper = u"empty name"_s;
+const QString unlistedPaper = u"not in the table"_s;
+const QString paperOfNoHeight = u"no height"_s;
+const QString paperOfTicket = u"HS in the ticket alone"_s;
 
 const QStringList &prefixes()
 {
     static const QStringList all = {
-        QStringLiteral("DC"), QStringLiteral("AV"), QStringLiteral("FL"),
-        QStringLiteral("C_"), QStringLiteral("HS"), QStringLiteral("Custom"),
+        u"DC"_s, u"AV"_s, u"FL"_s, u"C_"_s, u"HS"_s, u"Custom"_s,
     };
     return all;
 }
@@ -58,17 +57,16 @@ QMap<QString, QStringList> wanted()
     for (const char *command : commands) {
         all[commandKind].append(QLatin1String(command));
     }
-    all[familyKind] = {QStringLiteral("RV"), QStringLiteral("other")};
+    all[familyKind] = {u"RV"_s, u"other"_s};
     all[paperKind] = prefixes() + QStringList{plainPaper,    unnamedPaper,    emptyPaper,
                                               unlistedPaper, paperOfNoHeight, paperOfTicket};
     for (const char *command : {"click", "preset", "type", "step"}) {
         for (const char *delivered : {"true", "false"}) {
             all[deliveryKind].append(
-                QStringLiteral("%1 %2").arg(QLatin1String(command), QLatin1String(delivered)));
+                u"%1 %2"_s.arg(QLatin1String(command), QLatin1String(delivered)));
         }
     }
-    all[eventKind] = {QStringLiteral("willChange"), QStringLiteral("resized"),
-                      QStringLiteral("alert")};
+    all[eventKind] = {u"willChange"_s, u"resized"_s, u"alert"_s};
     for (const int tag : Presets::allTags()) {
         all[presetKind].append(QString::number(tag));
     }
@@ -82,7 +80,7 @@ QMap<QString, QStringList> wanted()
 void Tally::addPrinter(const Printer &printer)
 {
     ++mConversations;
-    add(familyKind, printer.isRV() ? QStringLiteral("RV") : QStringLiteral("other"));
+    add(familyKind, printer.isRV() ? u"RV"_s : u"other"_s);
     for (const Option option : everyOption) {
         if (printer.option(option)) {
             add(optionKind, namesOf(option).keyword);
@@ -141,11 +139,10 @@ QString Tally::report() const
     for (auto kind = mCounts.begin(); kind != mCounts.end(); ++kind) {
         QStringList counts;
         for (auto value = kind->begin(); value != kind->end(); ++value) {
-            counts.append(QStringLiteral("%1 %2").arg(
-                value.key().isEmpty() ? QStringLiteral("(none)") : value.key(),
-                QString::number(value.value())));
+            counts.append(u"%1 %2"_s.arg(value.key().isEmpty() ? u"(none)"_s : value.key(),
+                                         QString::number(value.value())));
         }
-        text += QStringLiteral("  %1: %2\n").arg(kind.key(), counts.join(QStringLiteral(", ")));
+        text += u"  %1: %2\n"_s.arg(kind.key(), counts.join(u", "_s));
     }
     return text;
 }

@@ -14,28 +14,26 @@ QByteArray propertyList(const QString &value)
 
 QString entry(const char *key, const QString &element)
 {
-    return QStringLiteral("<key>%1</key>%2").arg(QLatin1String(key), element);
+    return u"<key>%1</key>%2"_s.arg(QLatin1String(key), element);
 }
 
 QString stringEntry(const char *key, const std::optional<QString> &text)
 {
-    return text ? entry(key, QStringLiteral("<string>%1</string>").arg(text->toHtmlEscaped()))
-                : QString();
+    return text ? entry(key, u"<string>%1</string>"_s.arg(text->toHtmlEscaped())) : QString();
 }
 
 QByteArray ticketData(const Ticket &ticket)
 {
     switch (ticket.kind) {
     case Ticket::Kind::List:
-        return propertyList(QStringLiteral("<array><string>HS058</string></array>"));
+        return propertyList(u"<array><string>HS058</string></array>"_s);
     case Ticket::Kind::NoPropertyList:
         return "HS058";
     case Ticket::Kind::Dictionary:
         break;
     }
-    return propertyList(QStringLiteral("<dict>%1%2</dict>")
-                            .arg(stringEntry("MqPaperName2", ticket.paperName),
-                                 stringEntry("MqRVMultiColor", ticket.colour)));
+    return propertyList(u"<dict>%1%2</dict>"_s.arg(stringEntry("MqPaperName2", ticket.paperName),
+                                                   stringEntry("MqRVMultiColor", ticket.colour)));
 }
 } // namespace
 
@@ -46,13 +44,13 @@ QString Ticket::readablePaperName() const
 
 QByteArray settingsFile(const std::optional<Ticket> &ticket)
 {
-    QString entries = stringEntry("com.apple.print.PrintSettings.PMJobName", QStringLiteral("Job"));
+    QString entries = stringEntry("com.apple.print.PrintSettings.PMJobName", u"Job"_s);
     if (ticket) {
-        entries += entry("com.korvane.print.PrintSettingsTicket.MqE5",
-                         QStringLiteral("<data>%1</data>")
-                             .arg(QString::fromLatin1(ticketData(*ticket).toBase64())));
+        entries +=
+            entry("com.korvane.print.PrintSettingsTicket.MqE5",
+                  u"<data>%1</data>"_s.arg(QString::fromLatin1(ticketData(*ticket).toBase64())));
     }
-    return propertyList(QStringLiteral("<dict>%1</dict>").arg(entries));
+    return propertyList(u"<dict>%1</dict>"_s.arg(entries));
 }
 
 } // namespace model

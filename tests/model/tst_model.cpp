@@ -116,9 +116,9 @@ void ModelTest::initTestCase()
     const double seconds = qEnvironmentVariable("KV_MODEL_SECONDS").toDouble(&isNumber);
     mMillisecondsPerSeed = qint64(1000.0 * (isNumber ? seconds : defaultSeconds) / 2.0);
     mFolder = QDir(QCoreApplication::applicationDirPath() + QLatin1String("/model-failures"));
-    QVERIFY(mFolder.mkpath(QStringLiteral(".")));
-    mFiles = ConversationRun::filesIn(
-        mFolder, QStringLiteral("current-%1").arg(QCoreApplication::applicationPid()));
+    QVERIFY(mFolder.mkpath(u"."_s));
+    mFiles =
+        ConversationRun::filesIn(mFolder, u"current-%1"_s.arg(QCoreApplication::applicationPid()));
     mSession = std::make_unique<ScriptSession>(
         ScriptSession::Setup{QStringLiteral(KV_BUILT_BUNDLES), {}, {}});
 }
@@ -137,7 +137,7 @@ void ModelTest::agreesFromAFreshSeed()
 
 void ModelTest::holdConversations(quint64 seed)
 {
-    print(QStringLiteral("Seed %1 (a crash leaves its script in %2)").arg(seed).arg(mFiles.script));
+    print(u"Seed %1 (a crash leaves its script in %2)"_s.arg(seed).arg(mFiles.script));
     QElapsedTimer timer;
     timer.start();
     const int before = mTally.conversations();
@@ -178,30 +178,29 @@ bool ModelTest::holdBatch(quint64 seed)
 void ModelTest::reportFault(quint64 seed, const Conversation &conversation,
                             const ConversationRun::Fault &fault) const
 {
-    const auto files = ConversationRun::filesIn(mFolder, QStringLiteral("seed-%1").arg(seed));
+    const auto files = ConversationRun::filesIn(mFolder, u"seed-%1"_s.arg(seed));
     const bool isWritten = ConversationRun::write(conversation, fault.transcript, files);
     const QByteArray line = fault.transcript.isEmpty() ? QByteArray() : fault.transcript.last();
-    print(QStringLiteral("The panel and the model differ in the answer to %1\n"
-                         "  member:   %2\n"
-                         "  expected: %3\n"
-                         "  actual:   %4\n"
-                         "  script:   %5%6\n"
-                         "  replay:   kvprint --script %5\n"
-                         "  again:    KV_MODEL_SEED=%7 %8 tst_model agreesFromAFreshSeed")
-              .arg(QString::fromUtf8(line), fault.difference.path, fault.difference.expected,
-                   fault.difference.actual, files.script,
-                   isWritten ? QString() : QStringLiteral(" (could not be written)"),
-                   QString::number(seed), QCoreApplication::applicationFilePath()));
+    print(u"The panel and the model differ in the answer to %1\n"
+          "  member:   %2\n"
+          "  expected: %3\n"
+          "  actual:   %4\n"
+          "  script:   %5%6\n"
+          "  replay:   kvprint --script %5\n"
+          "  again:    KV_MODEL_SEED=%7 %8 tst_model agreesFromAFreshSeed"_s.arg(
+              QString::fromUtf8(line), fault.difference.path, fault.difference.expected,
+              fault.difference.actual, files.script,
+              isWritten ? QString() : u" (could not be written)"_s, QString::number(seed),
+              QCoreApplication::applicationFilePath()));
 }
 
 void ModelTest::conversationsAreManySided()
 {
-    print(QStringLiteral("Compared %1 actions in %2 conversations\n%3")
-              .arg(mTally.actions())
+    print(u"Compared %1 actions in %2 conversations\n%3"_s.arg(mTally.actions())
               .arg(mTally.conversations())
               .arg(mTally.report()));
     const QStringList missing = mTally.missing();
-    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QStringLiteral(", "))));
+    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u", "_s)));
 }
 
 void ModelTest::cleanupTestCase()

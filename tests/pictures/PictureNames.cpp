@@ -11,7 +11,7 @@ const QString resources = QStringLiteral(KV_BUNDLE_DIR "/Contents/Resources/");
 
 QString form()
 {
-    QFile file(resources + QStringLiteral("OptionPDE.ui"));
+    QFile file(resources + u"OptionPDE.ui"_s);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -19,34 +19,33 @@ QString form()
 QString widget(const QString &name)
 {
     const QString text = form();
-    const qsizetype start = text.indexOf(QStringLiteral("name=\"%1\"").arg(name));
+    const qsizetype start = text.indexOf(u"name=\"%1\""_s.arg(name));
     return start < 0 ? QString() : text.mid(start, text.indexOf(u"</widget>", start) - start);
 }
 
 QSize firstSize(const QString &text)
 {
-    static const QRegularExpression size(
-        QStringLiteral("<width>(\\d+)</width>\\s*<height>(\\d+)</height>"));
+    static const QRegularExpression size(u"<width>(\\d+)</width>\\s*<height>(\\d+)</height>"_s);
     const QRegularExpressionMatch match = size.match(text);
     return {match.captured(1).toInt(), match.captured(2).toInt()};
 }
 
 QRegularExpressionMatch partsOf(const QString &name)
 {
-    static const QRegularExpression parts(QStringLiteral("^([A-Za-z]+?)((?:On|Off)+)$"));
+    static const QRegularExpression parts(u"^([A-Za-z]+?)((?:On|Off)+)$"_s);
     return parts.match(name);
 }
 
 QString word(bool on)
 {
-    return on ? QStringLiteral("On") : QStringLiteral("Off");
+    return on ? u"On"_s : u"Off"_s;
 }
 } // namespace
 
 QList<bool> PictureNames::switchesOf(const QString &name)
 {
     QList<bool> switches;
-    static const QRegularExpression state(QStringLiteral("On|Off"));
+    static const QRegularExpression state(u"On|Off"_s);
     auto states = state.globalMatch(partsOf(name).captured(2));
     while (states.hasNext()) {
         switches.append(states.next().captured() == u"On");
@@ -69,18 +68,16 @@ QStringList PictureNames::previews()
 {
     QStringList names;
     for (const bool mirror : {false, true}) {
-        for (const QString &cuts :
-             {QStringLiteral("OffOff"), QStringLiteral("OffOn"), QStringLiteral("OnOff")}) {
-            names.append(QStringLiteral("EveryEndMirror") + cuts + word(mirror));
+        for (const QString &cuts : {u"OffOff"_s, u"OffOn"_s, u"OnOff"_s}) {
+            names.append(u"EveryEndMirror"_s + cuts + word(mirror));
         }
-        names.append(QStringLiteral("SPMROn") + word(mirror));
+        names.append(u"SPMROn"_s + word(mirror));
     }
     for (int i = 0; i < 16; ++i) {
-        names.append(QStringLiteral("AHCM") + word(i & 8) + word(i & 4) + word(i & 2) +
-                     word(i & 1));
+        names.append(u"AHCM"_s + word(i & 8) + word(i & 4) + word(i & 2) + word(i & 1));
     }
     for (int i = 0; i < 4; ++i) {
-        names.append(QStringLiteral("CTMR") + word(i & 2) + word(i & 1) + word(false));
+        names.append(u"CTMR"_s + word(i & 2) + word(i & 1) + word(false));
     }
     return names;
 }
@@ -89,27 +86,27 @@ QStringList PictureNames::presets()
 {
     QStringList names;
     static const QRegularExpression item(
-        QStringLiteral("<item>\\s*<property name=\"text\">\\s*<string[^>]*>([A-Za-z]+)</string>"));
-    auto items = item.globalMatch(widget(QStringLiteral("mOptionPopUpButton")));
+        u"<item>\\s*<property name=\"text\">\\s*<string[^>]*>([A-Za-z]+)</string>"_s);
+    auto items = item.globalMatch(widget(u"mOptionPopUpButton"_s));
     while (items.hasNext()) {
-        names.append(QStringLiteral("Preset") + items.next().captured(1));
+        names.append(u"Preset"_s + items.next().captured(1));
     }
     return names;
 }
 
 QString PictureNames::path(const QString &name, const char *mark)
 {
-    return resources + name + QLatin1String(mark) + QStringLiteral(".png");
+    return resources + name + QLatin1String(mark) + u".png"_s;
 }
 
 QSize PictureNames::previewFrame()
 {
-    return firstSize(widget(QStringLiteral("mOptionDummyView")));
+    return firstSize(widget(u"mOptionDummyView"_s));
 }
 
 QSize PictureNames::iconFrame()
 {
-    const QString popUp = widget(QStringLiteral("mOptionPopUpButton"));
+    const QString popUp = widget(u"mOptionPopUpButton"_s);
     return firstSize(popUp.mid(popUp.indexOf(u"iconSize")));
 }
 

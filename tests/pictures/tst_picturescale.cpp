@@ -210,7 +210,7 @@ void PictureScaleTest::previewIsDrawnSharp()
     QVERIFY(sharpness(drawn) > 0.97 * fine);
     if (screenRatio() > 1.4) {
         QVERIFY2(sharpness(drawn) > 1.3 * coarse,
-                 qPrintable(QStringLiteral("%1 %2").arg(sharpness(drawn)).arg(coarse)));
+                 qPrintable(u"%1 %2"_s.arg(sharpness(drawn)).arg(coarse)));
     }
 }
 

@@ -188,8 +188,7 @@ void PictureSetTest::menuItemsAreToldApart()
         for (qsizetype j = 0; j < i; ++j) {
             const double area = pictures.at(i).differenceTo(pictures.at(j), grounds[1]);
             QVERIFY2(area >= 12.0,
-                     qPrintable(
-                         QStringLiteral("%1 and %2: %3").arg(names.at(i), names.at(j)).arg(area)));
+                     qPrintable(u"%1 and %2: %3"_s.arg(names.at(i), names.at(j)).arg(area)));
         }
     }
 }
@@ -268,7 +267,7 @@ void PictureSetTest::textIsLegible()
 
 void PictureSetTest::cutsAreToldApartInGrey()
 {
-    for (const QString &kind : {QString(), QStringLiteral("Preset")}) {
+    for (const QString &kind : {QString(), u"Preset"_s}) {
         const StripPicture none(kind + u"AHCMOffOffOffOff"_s);
         const StripPicture half(kind + u"AHCMOffOnOffOff"_s);
         const StripPicture full(kind + u"AHCMOnOffOffOff"_s);

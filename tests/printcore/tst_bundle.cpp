@@ -28,10 +28,10 @@ QJsonObject soundInfo()
 
 void addEndlessRows()
 {
-    QTest::addColumn<qint64>("size");
+    const TestTable<qint64> table("size");
     const qint64 gigabyte = 1024 * 1024 * 1024;
-    QTest::newRow("1 GB") << gigabyte;
-    QTest::newRow("3 GB") << 3 * gigabyte;
+    table.add("1 GB", gigabyte);
+    table.add("3 GB", 3 * gigabyte);
 }
 } // namespace
 
@@ -104,6 +104,8 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     }
     void addTables() const;
     std::shared_ptr<Bundle> openBundle() const;
+    /// Why the bundle is not opened; "none" when it is.
+    QString faultOfBundle() const;
 
     std::unique_ptr<QTemporaryDir> mFolder;
 };
@@ -142,6 +144,12 @@ std::shared_ptr<Bundle> BundleTest::openBundle() const
     return bundle;
 }
 
+QString BundleTest::faultOfBundle() const
+{
+    QString error;
+    return Bundle::open(path(), &error) ? u"none"_s : error;
+}
+
 void BundleTest::tellsWhatTheInfoFileSays()
 {
     const auto bundle = openBundle();
@@ -164,9 +172,7 @@ void BundleTest::hasTheSamePathHoweverItIsWritten()
 void BundleTest::isNotOpenedWithoutAnInfoFile()
 {
     QVERIFY(QFile::remove(path() + u"/Contents/Info.json"_s));
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, path() + u"/Contents/Info.json: is missing"_s);
+    QCOMPARE(faultOfBundle(), path() + u"/Contents/Info.json: is missing"_s);
 }
 
 void BundleTest::isNotOpenedWithAPipeForItsInfoFile()
@@ -174,9 +180,7 @@ void BundleTest::isNotOpenedWithAPipeForItsInfoFile()
     const QString info = path() + u"/Contents/Info.json"_s;
     QVERIFY(QFile::remove(info));
     QCOMPARE(mkfifo(QFile::encodeName(info).constData(), 0644), 0);
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, info + u": is a pipe"_s);
+    QCOMPARE(faultOfBundle(), info + u": is a pipe"_s);
 }
 
 void BundleTest::isNotOpenedWithBrokenJSON()
@@ -191,18 +195,15 @@ void BundleTest::isNotOpenedWithBrokenJSON()
 void BundleTest::isNotOpenedWithoutAJSONObject()
 {
     writeInfo(QByteArray("[]"));
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, path() + u"/Contents/Info.json: is no JSON object"_s);
+    QCOMPARE(faultOfBundle(), path() + u"/Contents/Info.json: is no JSON object"_s);
 }
 
 void BundleTest::isNotOpenedWithoutAnEntry_data()
 {
-    QTest::addColumn<QString>("entry");
-
+    const TestTable<QString> table("entry");
     const QStringList entries = soundInfo().keys();
     for (const QString &entry : entries)
-        QTest::newRow(qPrintable(entry)) << entry;
+        table.add(qPrintable(entry), entry);
 }
 
 void BundleTest::isNotOpenedWithoutAnEntry()
@@ -211,40 +212,32 @@ void BundleTest::isNotOpenedWithoutAnEntry()
     QJsonObject info = soundInfo();
     info.remove(entry);
     writeInfo(info);
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, u"%1/Contents/Info.json: the entry \"%2\" is missing"_s.arg(path(), entry));
+    QCOMPARE(faultOfBundle(),
+             u"%1/Contents/Info.json: the entry \"%2\" is missing"_s.arg(path(), entry));
 }
 
 void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind_data()
 {
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QJsonValue>("value");
-    QTest::addColumn<QString>("complaint");
-
+    const TestTable<QString, QJsonValue, QString> table("entry", "value", "complaint");
     const auto name = u"\"libraries\" gives no file name for \"%1\""_s.arg(ourQt);
     const auto text = u"\"version\" is no text"_s;
-    QTest::newRow("number") << u"version"_s << QJsonValue(3) << text;
-    QTest::newRow("empty") << u"version"_s << QJsonValue(QString()) << text;
-    QTest::newRow("null") << u"version"_s << QJsonValue() << text;
+    table.add("number", u"version"_s, QJsonValue(3), text);
+    table.add("empty", u"version"_s, QJsonValue(QString()), text);
+    table.add("null", u"version"_s, QJsonValue(), text);
     const auto libraries = [](const QString &version, const QString &file) {
         return QJsonValue(QJsonObject{{version, file}});
     };
-    QTest::newRow("no libraries") << u"libraries"_s << QJsonValue(u"libcut.so"_s)
-                                  << u"\"libraries\" is no object"_s;
-    QTest::newRow("library for another Qt")
-        << u"libraries"_s << libraries(u"qt4"_s, u"x.so"_s)
-        << u"\"libraries\" has none for Qt %1"_s.arg(QT_VERSION_MAJOR);
-    QTest::newRow("library elsewhere")
-        << u"libraries"_s << libraries(ourQt, u"../../x.so"_s) << name;
-    QTest::newRow("library parent") << u"libraries"_s << libraries(ourQt, u".."_s) << name;
-    QTest::newRow("no list") << u"resources"_s << QJsonValue(u"Cut.ui"_s)
-                             << u"\"resources\" is no array"_s;
-    QTest::newRow("list of numbers") << u"resources"_s << QJsonValue(QJsonArray{u"Cut.ui"_s, 1})
-                                     << u"\"resources\" [1] is no file name"_s;
-    QTest::newRow("resource elsewhere")
-        << u"resources"_s << QJsonValue(QJsonArray{u"../Info.json"_s})
-        << u"\"resources\" [0] is no file name"_s;
+    table.add("no libraries", u"libraries"_s, QJsonValue(u"libcut.so"_s),
+              u"\"libraries\" is no object"_s);
+    table.add("library for another Qt", u"libraries"_s, libraries(u"qt4"_s, u"x.so"_s),
+              u"\"libraries\" has none for Qt %1"_s.arg(QT_VERSION_MAJOR));
+    table.add("library elsewhere", u"libraries"_s, libraries(ourQt, u"../../x.so"_s), name);
+    table.add("library parent", u"libraries"_s, libraries(ourQt, u".."_s), name);
+    table.add("no list", u"resources"_s, QJsonValue(u"Cut.ui"_s), u"\"resources\" is no array"_s);
+    table.add("list of numbers", u"resources"_s, QJsonValue(QJsonArray{u"Cut.ui"_s, 1}),
+              u"\"resources\" [1] is no file name"_s);
+    table.add("resource elsewhere", u"resources"_s, QJsonValue(QJsonArray{u"../Info.json"_s}),
+              u"\"resources\" [0] is no file name"_s);
 }
 
 void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind()
@@ -255,9 +248,7 @@ void BundleTest::isNotOpenedWithAnEntryOfTheWrongKind()
     QJsonObject info = soundInfo();
     info.insert(entry, value);
     writeInfo(info);
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, u"%1/Contents/Info.json: the entry %2"_s.arg(path(), complaint));
+    QCOMPARE(faultOfBundle(), u"%1/Contents/Info.json: the entry %2"_s.arg(path(), complaint));
 }
 
 void BundleTest::isNotOpenedWithAnInfoFileOfOthers()
@@ -295,9 +286,7 @@ void BundleTest::isNotOpenedWithAnEndlessInfoFile()
     QFETCH(const qint64, size);
     const QString info = path() + u"/Contents/Info.json"_s;
     QVERIFY(QFile(info).resize(size));
-    QString error;
-    QVERIFY(!Bundle::open(path(), &error));
-    QCOMPARE(error, info + u": has more than 262144 bytes"_s);
+    QCOMPARE(faultOfBundle(), info + u": has more than 262144 bytes"_s);
 }
 
 void BundleTest::opensWithoutAnyoneAskingForTheError()
@@ -338,17 +327,16 @@ void BundleTest::prefersPicturesByTheirSuffix()
 
 void BundleTest::looksForNothingOutsideItsResources_data()
 {
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("parent") << u"../Info"_s;
-    QTest::newRow("absolute") << u"/outside"_s;
-    QTest::newRow("far up") << u"../../../outside"_s;
-    QTest::newRow("down") << u"folder/inside"_s;
-    QTest::newRow("null character") << u"tape"_s + QChar(u'\0');
-    QTest::newRow("a folder's name") << u"folder"_s;
-    QTest::newRow("dot") << u"."_s;
-    QTest::newRow("dots") << u".."_s;
-    QTest::newRow("long") << QString(100'000, u'x');
+    const TestTable<QString> table("name");
+    table.add("parent", u"../Info"_s);
+    table.add("absolute", u"/outside"_s);
+    table.add("far up", u"../../../outside"_s);
+    table.add("down", u"folder/inside"_s);
+    table.add("null character", u"tape"_s + QChar(u'\0'));
+    table.add("a folder's name", u"folder"_s);
+    table.add("dot", u"."_s);
+    table.add("dots", u".."_s);
+    table.add("long", QString(100'000, u'x'));
 }
 
 void BundleTest::looksForNothingOutsideItsResources()
@@ -371,14 +359,11 @@ void BundleTest::looksForNothingOutsideItsResources()
 
 void BundleTest::showsTextsInTheFirstLanguageThatHasThem_data()
 {
-    QTest::addColumn<QStringList>("languages");
-    QTest::addColumn<QString>("cut");
-    QTest::addColumn<QString>("margin");
-    QTest::addColumn<QString>("onlyEnglish");
-
-    const auto row = [](const char *name, const QStringList &languages, const QString &cut,
-                        const QString &margin) {
-        QTest::newRow(name) << languages << cut << margin << u"Spoken in English"_s;
+    const TestTable<QStringList, QString, QString, QString> table("languages", "cut", "margin",
+                                                                  "onlyEnglish");
+    const auto row = [&table](const char *name, const QStringList &languages, const QString &cut,
+                              const QString &margin) {
+        table.add(name, languages, cut, margin, u"Spoken in English"_s);
     };
     row("English", {u"en"_s}, u"Cut the tape"_s, u"Margin"_s);
     row("German", {u"de"_s}, u"Band schneiden"_s, u"Rand"_s);
@@ -446,13 +431,11 @@ void BundleTest::showsKeysWithoutAnyTable()
 
 void BundleTest::opensWithTheUsersLanguage_data()
 {
-    QTest::addColumn<QByteArray>("locale");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("German") << QByteArray("de_DE.UTF-8") << u"Band schneiden"_s;
-    QTest::newRow("Austrian") << QByteArray("de_AT.UTF-8") << u"Band abschneiden"_s;
-    QTest::newRow("no table") << QByteArray("ja_JP.UTF-8") << u"Cut the tape"_s;
-    QTest::newRow("none") << QByteArray("C.UTF-8") << u"Cut the tape"_s;
+    const TestTable<QByteArray, QString> table("locale", "text");
+    table.add("German", "de_DE.UTF-8", u"Band schneiden"_s);
+    table.add("Austrian", "de_AT.UTF-8", u"Band abschneiden"_s);
+    table.add("no table", "ja_JP.UTF-8", u"Cut the tape"_s);
+    table.add("none", "C.UTF-8", u"Cut the tape"_s);
 }
 
 void BundleTest::opensWithTheUsersLanguage()

@@ -93,9 +93,7 @@ void tst_checkedfile::cleanupTestCase()
 
 void tst_checkedfile::fault_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<std::optional<FileUse>>("trusted");
-    QTest::addColumn<QString>("fault");
+    const TestTable<QString, std::optional<FileUse>, QString> table("path", "trusted", "fault");
     constexpr const char *link = "is a link to %1, which is missing";
     constexpr const char *unreached = "cannot be reached: Permission denied";
     constexpr const char *unread = "cannot be read: Permission denied";
@@ -137,8 +135,8 @@ void tst_checkedfile::fault_data()
     };
     const auto addRow = [this](const char *name, std::optional<FileUse> trusted, const char *told) {
         QString fault = QString::fromLatin1(told);
-        fault.replace(QStringLiteral("%1"), path("nothing"));
-        fault.replace(QStringLiteral("%2"), path("pipe"));
+        fault.replace(u"%1"_s, path("nothing"));
+        fault.replace(u"%2"_s, path("pipe"));
         QTest::addRow("%s, %d", name, trusted ? int(*trusted) : -1)
             << path(name) << trusted << fault;
     };
@@ -149,10 +147,8 @@ void tst_checkedfile::fault_data()
         addRow(file.name, std::nullopt, file.fault);
         addRow(file.name, FileUse::Read, file.trustedFault ? file.trustedFault : file.fault);
     }
-    QTest::newRow("device") << QStringLiteral("/dev/null") << std::optional<FileUse>()
-                            << QStringLiteral("is a device");
-    QTest::newRow("trusted device") << QStringLiteral("/dev/null") << std::optional(FileUse::Read)
-                                    << QStringLiteral("is a device");
+    table.add("device", u"/dev/null"_s, std::optional<FileUse>(), u"is a device"_s);
+    table.add("trusted device", u"/dev/null"_s, std::optional(FileUse::Read), u"is a device"_s);
 }
 
 void tst_checkedfile::fault()
@@ -164,7 +160,7 @@ void tst_checkedfile::fault()
         const AnotherUser user;
         fault = open(path, trusted);
     }
-    QTEST(fault.isNull() ? QStringLiteral("") : fault, "fault");
+    QTEST(fault.isNull() ? u""_s : fault, "fault");
 }
 
 void tst_checkedfile::nothingIsMissing()
@@ -185,11 +181,11 @@ void tst_checkedfile::trust_data()
     QTest::addColumn<QString>("changed");
     QTest::addColumn<int>("mode");
     QTest::addColumn<QString>("fault");
-    const QString written = QStringLiteral("can be written by others (mode %1)");
-    const QString within = QStringLiteral("is in %1, which ");
+    const QString written = u"can be written by others (mode %1)"_s;
+    const QString within = u"is in %1, which "_s;
     for (const int mode : {0664, 0646, 0620, 0602}) {
         QTest::addRow("file %o", unsigned(mode))
-            << QStringLiteral("top/way/file") << mode << written.arg(mode, 0, 8);
+            << u"top/way/file"_s << mode << written.arg(mode, 0, 8);
     }
     for (const int mode : {0775, 0757, 01777}) {
         for (const char *folder : {"top/way", "top"}) {
@@ -199,8 +195,7 @@ void tst_checkedfile::trust_data()
         }
     }
     for (const int mode : {0644, 0400, 0755, 04755}) {
-        QTest::addRow("file %o", unsigned(mode))
-            << QStringLiteral("top/way/file") << mode << QString();
+        QTest::addRow("file %o", unsigned(mode)) << u"top/way/file"_s << mode << QString();
     }
 }
 
@@ -209,7 +204,7 @@ void tst_checkedfile::trust()
     QFETCH(const QString, changed);
     QFETCH(const int, mode);
     QFETCH(const QString, fault);
-    QVERIFY(QDir(mFolder.path()).mkpath(QStringLiteral("top/way")));
+    QVERIFY(QDir(mFolder.path()).mkpath(u"top/way"_s));
     QVERIFY(setMode("top", 0755) && setMode("top/way", 0755) && make("top/way/file", 0644));
     QVERIFY(setMode(changed.toUtf8().constData(), mode_t(mode)));
     const QString file = path("top/way/file");
@@ -220,23 +215,20 @@ void tst_checkedfile::trust()
 
 void tst_checkedfile::foldersAboveTheTop_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("owner");
-    QTest::addColumn<int>("group");
-    QTest::addColumn<QString>("fault");
+    const TestTable<int, int, int, QString> table("mode", "owner", "group", "fault");
     const int us = int(geteuid());
     const int others = int(anotherUser);
-    const QString written = QStringLiteral("is in %1, which can be written by others (mode %2)");
-    const QString owned = QStringLiteral("is in %1, which belongs to another user (%2)");
+    const QString written = u"is in %1, which can be written by others (mode %2)"_s;
+    const QString owned = u"is in %1, which belongs to another user (%2)"_s;
     const QString above = path("above");
-    QTest::newRow("closed to others") << 0755 << us << others << QString();
-    QTest::newRow("sticky") << 01777 << us << others << QString();
-    QTest::newRow("all") << 0777 << us << others << written.arg(above).arg(777);
-    QTest::newRow("a group") << 0775 << us << others << written.arg(above).arg(775);
-    QTest::newRow("the user's own group") << 0775 << us << us << QString();
-    QTest::newRow("own group and all") << 0777 << us << us << written.arg(above).arg(777);
-    QTest::newRow("another's") << 0755 << others << us << owned.arg(above).arg(others);
-    QTest::newRow("another's sticky") << 01777 << others << us << owned.arg(above).arg(others);
+    table.add("closed to others", 0755, us, others, QString());
+    table.add("sticky", 01777, us, others, QString());
+    table.add("all", 0777, us, others, written.arg(above).arg(777));
+    table.add("a group", 0775, us, others, written.arg(above).arg(775));
+    table.add("the user's own group", 0775, us, us, QString());
+    table.add("own group and all", 0777, us, us, written.arg(above).arg(777));
+    table.add("another's", 0755, others, us, owned.arg(above).arg(others));
+    table.add("another's sticky", 01777, others, us, owned.arg(above).arg(others));
 }
 
 void tst_checkedfile::foldersAboveTheTop()
@@ -248,7 +240,7 @@ void tst_checkedfile::foldersAboveTheTop()
     if (geteuid() != 0) {
         QSKIP("Only root can give files away.");
     }
-    QVERIFY(QDir(mFolder.path()).mkpath(QStringLiteral("above/top")));
+    QVERIFY(QDir(mFolder.path()).mkpath(u"above/top"_s));
     QVERIFY(make("above/top/file", 0644));
     QCOMPARE(chown(QFile::encodeName(path("above")).constData(), uid_t(owner), gid_t(group)), 0);
     QVERIFY(setMode("above", mode_t(mode)));
@@ -264,22 +256,22 @@ void tst_checkedfile::anothersFile()
     }
     QVERIFY(make("another's", 0644));
     QCOMPARE(chown(QFile::encodeName(path("another's")).constData(), anotherUser, 0), 0);
-    const QString fault = QStringLiteral("belongs to another user (%1)").arg(anotherUser);
+    const QString fault = u"belongs to another user (%1)"_s.arg(anotherUser);
     QCOMPARE(CheckedFile::trusted(path("another's")).fault(), fault);
     const CheckedFile folder = CheckedFile::trusted(mFolder.path(), FileUse::Enter, mFolder.path());
     QCOMPARE(folder.fault(), QString());
-    QCOMPARE(folder.file(QStringLiteral("another's")).fault(), fault);
+    QCOMPARE(folder.file(u"another's"_s).fault(), fault);
     QCOMPARE(CheckedFile::ofAnybody(path("another's")).fault(), QString());
 }
 
 void tst_checkedfile::linksStayInTheirFolder()
 {
-    QVERIFY(QDir(mFolder.path()).mkpath(QStringLiteral("links/below")));
+    QVERIFY(QDir(mFolder.path()).mkpath(u"links/below"_s));
     QVERIFY(make("links/file", 0644) && make("links/open", 0666) && make("links/below/file", 0644));
-    QVERIFY(QFile::link(QStringLiteral("file"), path("links/within")));
-    QVERIFY(QFile::link(QStringLiteral("below/file"), path("links/to below")));
-    QVERIFY(QFile::link(QStringLiteral("open"), path("links/to open")));
-    QVERIFY(QFile::link(QStringLiteral("../file"), path("links/outwards")));
+    QVERIFY(QFile::link(u"file"_s, path("links/within")));
+    QVERIFY(QFile::link(u"below/file"_s, path("links/to below")));
+    QVERIFY(QFile::link(u"open"_s, path("links/to open")));
+    QVERIFY(QFile::link(u"../file"_s, path("links/outwards")));
     const QString folder = path("links");
     const CheckedFile checked = CheckedFile::trusted(folder, FileUse::Enter, folder);
     const struct
@@ -290,9 +282,8 @@ void tst_checkedfile::linksStayInTheirFolder()
         {"within", QString()},
         {"to below", QString()},
         {"to open",
-         QStringLiteral("is a link to %1/open, which can be written by others (mode 666)")
-             .arg(folder)},
-        {"outwards", QStringLiteral("is not in %1 but in %2").arg(folder, mFolder.path())},
+         u"is a link to %1/open, which can be written by others (mode 666)"_s.arg(folder)},
+        {"outwards", u"is not in %1 but in %2"_s.arg(folder, mFolder.path())},
     };
     for (const auto &row : rows) {
         const QString name = QString::fromLatin1(row.link);
@@ -306,7 +297,7 @@ void tst_checkedfile::linksStayInTheirFolder()
 
 void tst_checkedfile::linkIsFollowedToItsRealPath()
 {
-    QVERIFY(QDir(mFolder.path()).mkpath(QStringLiteral("real")));
+    QVERIFY(QDir(mFolder.path()).mkpath(u"real"_s));
     QVERIFY(make("real/file", 0644) && QFile::link(path("real"), path("way")));
     CheckedFile file = CheckedFile::trusted(path("way/file"), FileUse::Read, path("way"));
     QCOMPARE(file.fault(), QString());
@@ -318,13 +309,12 @@ void tst_checkedfile::linkIsFollowedToItsRealPath()
 
 void tst_checkedfile::size_data()
 {
-    QTest::addColumn<qint64>("size");
-    QTest::addColumn<bool>("isRead");
-    QTest::newRow("empty") << qint64(0) << true;
-    QTest::newRow("the greatest") << qint64(50'000) << true;
-    QTest::newRow("one more") << qint64(50'001) << false;
-    QTest::newRow("1 GB") << gigabyte << false;
-    QTest::newRow("3 GB") << 3 * gigabyte << false;
+    const TestTable<qint64, bool> table("size", "isRead");
+    table.add("empty", qint64(0), true);
+    table.add("the greatest", qint64(50'000), true);
+    table.add("one more", qint64(50'001), false);
+    table.add("1 GB", gigabyte, false);
+    table.add("3 GB", 3 * gigabyte, false);
 }
 
 void tst_checkedfile::size()
@@ -335,7 +325,7 @@ void tst_checkedfile::size()
     QVERIFY(QFile(path("sized")).resize(size));
     CheckedFile file = CheckedFile::trusted(path("sized"));
     const QByteArray bytes = file.read(50'000);
-    QCOMPARE(file.fault(), isRead ? QString() : QStringLiteral("has more than 50000 bytes"));
+    QCOMPARE(file.fault(), isRead ? QString() : u"has more than 50000 bytes"_s);
     QCOMPARE(bytes.isNull(), !isRead);
     QCOMPARE(qint64(bytes.size()), isRead ? size : 0);
 }
@@ -346,21 +336,21 @@ void tst_checkedfile::readsWhatItHasOpened()
     CheckedFile grown = CheckedFile::ofAnybody(path("grown"));
     QVERIFY(make("grown", 0644, QByteArray(101, 'x')));
     QCOMPARE(grown.read(100), QByteArray());
-    QCOMPARE(grown.fault(), QStringLiteral("has more than 100 bytes"));
+    QCOMPARE(grown.fault(), u"has more than 100 bytes"_s);
     // A file of the system whose size is told as none.
-    CheckedFile endless = CheckedFile::ofAnybody(QStringLiteral("/proc/self/maps"));
+    CheckedFile endless = CheckedFile::ofAnybody(u"/proc/self/maps"_s);
     QCOMPARE(endless.read(10), QByteArray());
-    QCOMPARE(endless.fault(), QStringLiteral("has more than 10 bytes"));
+    QCOMPARE(endless.fault(), u"has more than 10 bytes"_s);
 }
 
 void tst_checkedfile::unreadableFileHasNoBytes()
 {
     CheckedFile missing = CheckedFile::trusted(path("nothing"));
     QVERIFY(missing.read(100).isNull());
-    QCOMPARE(missing.fault(), QStringLiteral("is missing"));
+    QCOMPARE(missing.fault(), u"is missing"_s);
     const CheckedFile nowhere =
         CheckedFile::trusted(path("nowhere"), FileUse::Enter, path("nowhere"));
-    CheckedFile inNowhere = nowhere.file(QStringLiteral("file"));
+    CheckedFile inNowhere = nowhere.file(u"file"_s);
     QVERIFY(inNowhere.isMissing() && inNowhere.read(100).isNull());
 }
 

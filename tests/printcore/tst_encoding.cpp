@@ -87,28 +87,20 @@ void EncodingTest::mostWantedEncodingsComeFirst()
 
 void EncodingTest::encodes_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("encoding");
-    QTest::addColumn<QByteArray>("bytes");
-
-    QTest::newRow("ASCII") << u"Tape 12"_s << QByteArray("US-ASCII") << QByteArray("Tape 12");
-    QTest::newRow("Latin-1") << u"Größe"_s << QByteArray("ISO-8859-1")
-                             << QByteArray("Gr\xf6\xdf"
-                                           "e");
-    QTest::newRow("Latin-2") << u"ž"_s << QByteArray("ISO-8859-2") << QByteArray("\xbe");
-    QTest::newRow("Windows") << u"€"_s << QByteArray("windows-1252") << QByteArray("\x80");
-    QTest::newRow("Mac OS Roman") << u"é†Ω"_s << QByteArray(SystemEncoding::kMacOSRoman)
-                                  << QByteArray("\x8e\xa0\xbd");
-    QTest::newRow("Shift JIS") << u"あ漢"_s << QByteArray("Shift_JIS")
-                               << QByteArray("\x82\xa0\x8a\xbf");
-    QTest::newRow("EUC") << u"あ"_s << QByteArray("EUC-JP") << QByteArray("\xa4\xa2");
-    QTest::newRow("UTF-16") << u"A\U0001F600"_s << QByteArray("UTF-16BE")
-                            << QByteArray("\0A\xd8\x3d\xde\0", 6);
-    QTest::newRow("UTF-8") << u"é\U0001F600"_s << QByteArray("UTF-8")
-                           << QByteArray("\xc3\xa9\xf0\x9f\x98\x80");
-    QTest::newRow("null character")
-        << QString(QChar(u'\0')) << QByteArray("US-ASCII") << QByteArray("\0", 1);
-    QTest::newRow("another spelling") << u"é"_s << QByteArray("latin1") << QByteArray("\xe9");
+    const TestTable<QString, QByteArray, QByteArray> table("text", "encoding", "bytes");
+    table.add("ASCII", u"Tape 12"_s, "US-ASCII", "Tape 12");
+    table.add("Latin-1", u"Größe"_s, "ISO-8859-1",
+              "Gr\xf6\xdf"
+              "e");
+    table.add("Latin-2", u"ž"_s, "ISO-8859-2", "\xbe");
+    table.add("Windows", u"€"_s, "windows-1252", "\x80");
+    table.add("Mac OS Roman", u"é†Ω"_s, QByteArray(SystemEncoding::kMacOSRoman), "\x8e\xa0\xbd");
+    table.add("Shift JIS", u"あ漢"_s, "Shift_JIS", "\x82\xa0\x8a\xbf");
+    table.add("EUC", u"あ"_s, "EUC-JP", "\xa4\xa2");
+    table.add("UTF-16", u"A\U0001F600"_s, "UTF-16BE", QByteArray("\0A\xd8\x3d\xde\0", 6));
+    table.add("UTF-8", u"é\U0001F600"_s, "UTF-8", "\xc3\xa9\xf0\x9f\x98\x80");
+    table.add("null character", QString(QChar(u'\0')), "US-ASCII", QByteArray("\0", 1));
+    table.add("another spelling", u"é"_s, "latin1", "\xe9");
 }
 
 void EncodingTest::encodes()
@@ -122,17 +114,15 @@ void EncodingTest::encodes()
 
 void EncodingTest::refusesTextThatAnEncodingDoesNotHold_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("encoding");
-
-    QTest::newRow("accent in ASCII") << u"café"_s << QByteArray("US-ASCII");
-    QTest::newRow("euro in Latin-1") << u"€"_s << QByteArray("ISO-8859-1");
-    QTest::newRow("kana in Mac OS Roman") << u"あ"_s << QByteArray(SystemEncoding::kMacOSRoman);
-    QTest::newRow("look-alike letter") << u"Ａ"_s << QByteArray("windows-1252");
-    QTest::newRow("invisible soft hyphen") << u"a\u00adb"_s << QByteArray("US-ASCII");
-    QTest::newRow("invisible joiner") << u"a\u200db"_s << QByteArray("ISO-8859-1");
-    QTest::newRow("half a pair in UTF-8") << QString(QChar(0xd83d)) << QByteArray("UTF-8");
-    QTest::newRow("half a pair in UTF-16") << QString(QChar(0xde00)) << QByteArray("UTF-16BE");
+    const TestTable<QString, QByteArray> table("text", "encoding");
+    table.add("accent in ASCII", u"café"_s, "US-ASCII");
+    table.add("euro in Latin-1", u"€"_s, "ISO-8859-1");
+    table.add("kana in Mac OS Roman", u"あ"_s, QByteArray(SystemEncoding::kMacOSRoman));
+    table.add("look-alike letter", u"Ａ"_s, "windows-1252");
+    table.add("invisible soft hyphen", u"a\u00adb"_s, "US-ASCII");
+    table.add("invisible joiner", u"a\u200db"_s, "ISO-8859-1");
+    table.add("half a pair in UTF-8", QString(QChar(0xd83d)), "UTF-8");
+    table.add("half a pair in UTF-16", QString(QChar(0xde00)), "UTF-16BE");
 }
 
 void EncodingTest::refusesTextThatAnEncodingDoesNotHold()
@@ -145,12 +135,11 @@ void EncodingTest::refusesTextThatAnEncodingDoesNotHold()
 
 void EncodingTest::refusesUnknownEncodings_data()
 {
-    QTest::addColumn<QByteArray>("encoding");
-
-    QTest::newRow("none") << QByteArray();
-    QTest::newRow("invented") << QByteArray("no-such-encoding");
-    QTest::newRow("path") << QByteArray("../../etc/passwd");
-    QTest::newRow("long") << QByteArray(100'000, 'x');
+    const TestTable<QByteArray> table("encoding");
+    table.add("none", QByteArray());
+    table.add("invented", "no-such-encoding");
+    table.add("path", "../../etc/passwd");
+    table.add("long", QByteArray(100'000, 'x'));
 }
 
 void EncodingTest::refusesUnknownEncodings()
@@ -179,15 +168,10 @@ void EncodingTest::longTextsPass()
 
 void EncodingTest::decodes_data()
 {
-    QTest::addColumn<QByteArray>("encoding");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("UTF-8") << QByteArray() << QByteArray("\xc3\xa9 \xf0\x9f\x98\x80")
-                           << u"é \U0001F600"_s;
-    QTest::newRow("Shift JIS") << QByteArray("Shift_JIS") << QByteArray("\x82\xa0") << u"あ"_s;
-    QTest::newRow("Mac OS Roman") << QByteArray(SystemEncoding::kMacOSRoman) << QByteArray("\x8e")
-                                  << u"é"_s;
+    const TestTable<QByteArray, QByteArray, QString> table("encoding", "bytes", "text");
+    table.add("UTF-8", QByteArray(), "\xc3\xa9 \xf0\x9f\x98\x80", u"é \U0001F600"_s);
+    table.add("Shift JIS", "Shift_JIS", "\x82\xa0", u"あ"_s);
+    table.add("Mac OS Roman", QByteArray(SystemEncoding::kMacOSRoman), "\x8e", u"é"_s);
 }
 
 void EncodingTest::decodes()
@@ -200,15 +184,13 @@ void EncodingTest::decodes()
 
 void EncodingTest::refusesMalformedBytes_data()
 {
-    QTest::addColumn<QByteArray>("encoding");
-    QTest::addColumn<QByteArray>("bytes");
-
-    QTest::newRow("stray byte") << QByteArray("UTF-8") << QByteArray("a\xff");
-    QTest::newRow("cut off") << QByteArray("UTF-8") << QByteArray("a\xe3\x81");
-    QTest::newRow("overlong") << QByteArray("UTF-8") << QByteArray("\xc0\xaf");
-    QTest::newRow("surrogate") << QByteArray("UTF-8") << QByteArray("\xed\xa0\xbd");
-    QTest::newRow("8 bits in ASCII") << QByteArray("US-ASCII") << QByteArray("\xe9");
-    QTest::newRow("half a kana") << QByteArray("Shift_JIS") << QByteArray("\x82");
+    const TestTable<QByteArray, QByteArray> table("encoding", "bytes");
+    table.add("stray byte", "UTF-8", "a\xff");
+    table.add("cut off", "UTF-8", "a\xe3\x81");
+    table.add("overlong", "UTF-8", "\xc0\xaf");
+    table.add("surrogate", "UTF-8", "\xed\xa0\xbd");
+    table.add("8 bits in ASCII", "US-ASCII", "\xe9");
+    table.add("half a kana", "Shift_JIS", "\x82");
 }
 
 void EncodingTest::refusesMalformedBytes()
@@ -237,31 +219,28 @@ void EncodingTest::unknownSystemEncodingDecodesNothing()
 
 void EncodingTest::readsIntegers_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<qint32>("value");
-
-    QTest::newRow("number") << u"62"_s << 62;
-    QTest::newRow("minus") << u"-7"_s << -7;
-    QTest::newRow("plus") << u"+7"_s << 7;
-    QTest::newRow("white space") << u" \t\n 12"_s << 12;
-    QTest::newRow("trailing text") << u"12mm"_s << 12;
-    QTest::newRow("decimals") << u"12.9"_s << 12;
-    QTest::newRow("leading zeros") << u"0012"_s << 12;
-    QTest::newRow("two signs") << u"+-3"_s << 0;
-    QTest::newRow("space after the sign") << u"- 3"_s << 0;
-    QTest::newRow("no digits") << u"W12"_s << 0;
-    QTest::newRow("sign alone") << u"-"_s << 0;
-    QTest::newRow("empty") << u""_s << 0;
-    QTest::newRow("null") << QString() << 0;
-    QTest::newRow("hexadecimal") << u"0x1F"_s << 0;
-    QTest::newRow("digits beyond ASCII") << u"１２"_s << 0;
-    QTest::newRow("largest") << u"2147483647"_s << std::numeric_limits<qint32>::max();
-    QTest::newRow("beyond the largest") << u"2147483648"_s << std::numeric_limits<qint32>::max();
-    QTest::newRow("smallest") << u"-2147483648"_s << std::numeric_limits<qint32>::min();
-    QTest::newRow("beyond the smallest") << u"-2147483649"_s << std::numeric_limits<qint32>::min();
-    QTest::newRow("endless") << QString(100'000, u'9') << std::numeric_limits<qint32>::max();
-    QTest::newRow("endless minus")
-        << u'-' + QString(100'000, u'9') << std::numeric_limits<qint32>::min();
+    const TestTable<QString, qint32> table("text", "value");
+    table.add("number", u"62"_s, 62);
+    table.add("minus", u"-7"_s, -7);
+    table.add("plus", u"+7"_s, 7);
+    table.add("white space", u" \t\n 12"_s, 12);
+    table.add("trailing text", u"12mm"_s, 12);
+    table.add("decimals", u"12.9"_s, 12);
+    table.add("leading zeros", u"0012"_s, 12);
+    table.add("two signs", u"+-3"_s, 0);
+    table.add("space after the sign", u"- 3"_s, 0);
+    table.add("no digits", u"W12"_s, 0);
+    table.add("sign alone", u"-"_s, 0);
+    table.add("empty", u""_s, 0);
+    table.add("null", QString(), 0);
+    table.add("hexadecimal", u"0x1F"_s, 0);
+    table.add("digits beyond ASCII", u"１２"_s, 0);
+    table.add("largest", u"2147483647"_s, std::numeric_limits<qint32>::max());
+    table.add("beyond the largest", u"2147483648"_s, std::numeric_limits<qint32>::max());
+    table.add("smallest", u"-2147483648"_s, std::numeric_limits<qint32>::min());
+    table.add("beyond the smallest", u"-2147483649"_s, std::numeric_limits<qint32>::min());
+    table.add("endless", QString(100'000, u'9'), std::numeric_limits<qint32>::max());
+    table.add("endless minus", u'-' + QString(100'000, u'9'), std::numeric_limits<qint32>::min());
 }
 
 void EncodingTest::readsIntegers()

@@ -8,8 +8,8 @@
 #include <utility>
 
 namespace {
-const QString kOpened = QStringLiteral("Opened");
-const QString kClosed = QStringLiteral("Closed");
+const QString kOpened = u"Opened"_s;
+const QString kClosed = u"Closed"_s;
 
 /// Does something when it is destroyed.
 class Farewell
@@ -106,15 +106,12 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots
 
 void NotificationCenterTest::tellsOnlyOfTheNameAndObjectAskedFor_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("oneObject");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("one name, any object") << kOpened << false << "O1 O2 O0";
-    QTest::newRow("one name, one object") << kOpened << true << "O1";
-    QTest::newRow("any name, one object") << QString() << true << "O1 C1";
-    QTest::newRow("any name, any object") << QString() << false << "O1 O2 O0 C1 C2 C0";
-    QTest::newRow("an empty name is not any") << QStringLiteral("") << false << "";
+    const TestTable<QString, bool, QString> table("name", "oneObject", "expected");
+    table.add("one name, any object", kOpened, false, u"O1 O2 O0"_s);
+    table.add("one name, one object", kOpened, true, u"O1"_s);
+    table.add("any name, one object", QString(), true, u"O1 C1"_s);
+    table.add("any name, any object", QString(), false, u"O1 O2 O0 C1 C2 C0"_s);
+    table.add("an empty name is not any", u""_s, false, u""_s);
 }
 
 void NotificationCenterTest::tellsOnlyOfTheNameAndObjectAskedFor()
@@ -149,28 +146,28 @@ void NotificationCenterTest::tellsWhatHappenedToWhat()
 
 void NotificationCenterTest::tellsInOrderOfRegistration()
 {
-    observe(&mSecond, QStringLiteral("2"));
-    observe(&mFirst, QStringLiteral("1"));
-    observe(&mThird, QStringLiteral("3"), QString());
-    observe(&mSecond, QStringLiteral("2b"));
+    observe(&mSecond, u"2"_s);
+    observe(&mFirst, u"1"_s);
+    observe(&mThird, u"3"_s, QString());
+    observe(&mSecond, u"2b"_s);
     post();
-    QCOMPARE(told(), QStringLiteral("2 1 3 2b"));
+    QCOMPARE(told(), u"2 1 3 2b"_s);
 }
 
 void NotificationCenterTest::tellsOncePerRegistration()
 {
-    observe(&mFirst, QStringLiteral("1"));
-    observe(&mFirst, QStringLiteral("1"));
+    observe(&mFirst, u"1"_s);
+    observe(&mFirst, u"1"_s);
     post();
-    QCOMPARE(told(), QStringLiteral("1 1"));
+    QCOMPARE(told(), u"1 1"_s);
 }
 
 void NotificationCenterTest::sharesOneDefaultCenter()
 {
     NotificationCenter &center = NotificationCenter::defaultCenter();
-    center.addObserver(this, logging(QStringLiteral("told")), kOpened);
+    center.addObserver(this, logging(u"told"_s), kOpened);
     NotificationCenter::defaultCenter().postNotification(kOpened, nullptr);
-    QCOMPARE(told(), QStringLiteral("told"));
+    QCOMPARE(told(), u"told"_s);
 
     center.removeObserver(this);
     NotificationCenter::defaultCenter().postNotification(kOpened, nullptr);
@@ -179,27 +176,24 @@ void NotificationCenterTest::sharesOneDefaultCenter()
 
 void NotificationCenterTest::removesOneRegistrationOnly_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("oneObject");
-    QTest::addColumn<QString>("left");
-
-    QTest::newRow("name and object") << kOpened << true << "opened any-first closed-first other";
-    QTest::newRow("name, any object") << kOpened << false << "any-first closed-first other";
-    QTest::newRow("any name, object") << QString() << true << "opened other";
-    QTest::newRow("any name and object") << QString() << false << "other";
-    QTest::newRow("never registered")
-        << QStringLiteral("Moved") << false << "opened opened-first any-first closed-first other";
+    const TestTable<QString, bool, QString> table("name", "oneObject", "left");
+    table.add("name and object", kOpened, true, u"opened any-first closed-first other"_s);
+    table.add("name, any object", kOpened, false, u"any-first closed-first other"_s);
+    table.add("any name, object", QString(), true, u"opened other"_s);
+    table.add("any name and object", QString(), false, u"other"_s);
+    table.add("never registered", u"Moved"_s, false,
+              u"opened opened-first any-first closed-first other"_s);
 }
 
 void NotificationCenterTest::removesOneRegistrationOnly()
 {
     QFETCH(QString, name);
     QFETCH(bool, oneObject);
-    mCenter->addObserver(&mSecond, logging(QStringLiteral("opened")), kOpened);
-    mCenter->addObserver(&mSecond, logging(QStringLiteral("opened-first")), kOpened, &mFirst);
-    mCenter->addObserver(&mSecond, logging(QStringLiteral("any-first")), QString(), &mFirst);
-    mCenter->addObserver(&mSecond, logging(QStringLiteral("closed-first")), kClosed, &mFirst);
-    mCenter->addObserver(&mThird, logging(QStringLiteral("other")), kOpened, &mFirst);
+    mCenter->addObserver(&mSecond, logging(u"opened"_s), kOpened);
+    mCenter->addObserver(&mSecond, logging(u"opened-first"_s), kOpened, &mFirst);
+    mCenter->addObserver(&mSecond, logging(u"any-first"_s), QString(), &mFirst);
+    mCenter->addObserver(&mSecond, logging(u"closed-first"_s), kClosed, &mFirst);
+    mCenter->addObserver(&mThird, logging(u"other"_s), kOpened, &mFirst);
 
     mCenter->removeObserver(&mSecond, name, oneObject ? &mFirst : nullptr);
 
@@ -215,18 +209,18 @@ void NotificationCenterTest::removesOneRegistrationOnly()
 
 void NotificationCenterTest::removesEveryRegistrationOfOneObserverOnly()
 {
-    observe(&mFirst, QStringLiteral("1"));
-    observe(&mSecond, QStringLiteral("2"));
-    observe(&mFirst, QStringLiteral("1b"), QString());
+    observe(&mFirst, u"1"_s);
+    observe(&mSecond, u"2"_s);
+    observe(&mFirst, u"1b"_s, QString());
     mCenter->removeObserver(&mFirst);
     mCenter->removeObserver(&mThird);
     post();
-    QCOMPARE(told(), QStringLiteral("2"));
+    QCOMPARE(told(), u"2"_s);
 }
 
 void NotificationCenterTest::observerMayRemoveItselfWhileTold()
 {
-    const QString captured = QStringLiteral("still here after the removal");
+    const QString captured = u"still here after the removal"_s;
     mCenter->addObserver(
         &mFirst,
         [this, captured](const Notification &) {
@@ -234,21 +228,21 @@ void NotificationCenterTest::observerMayRemoveItselfWhileTold()
             mLog.append(captured);
         },
         kOpened);
-    observe(&mSecond, QStringLiteral("2"));
+    observe(&mSecond, u"2"_s);
     post();
-    QCOMPARE(told(), captured + QStringLiteral(" 2"));
+    QCOMPARE(told(), captured + u" 2"_s);
     post();
-    QCOMPARE(told(), QStringLiteral("2"));
+    QCOMPARE(told(), u"2"_s);
 }
 
 void NotificationCenterTest::observerRemovedByAnEarlierOneIsNotTold()
 {
     mCenter->addObserver(
         &mFirst, [this](const Notification &) { mCenter->removeObserver(&mSecond); }, kOpened);
-    observe(&mSecond, QStringLiteral("2"));
-    observe(&mThird, QStringLiteral("3"));
+    observe(&mSecond, u"2"_s);
+    observe(&mThird, u"3"_s);
     post();
-    QCOMPARE(told(), QStringLiteral("3"));
+    QCOMPARE(told(), u"3"_s);
 }
 
 void NotificationCenterTest::observerAddedWhileToldIsToldFromTheNextOn()
@@ -258,7 +252,7 @@ void NotificationCenterTest::observerAddedWhileToldIsToldFromTheNextOn()
         [this](const Notification &) {
             mCenter->removeObserver(&mFirst);
             for (int i = 0; i < 100; ++i)
-                observe(&mSecond, QStringLiteral("2"));
+                observe(&mSecond, u"2"_s);
         },
         kOpened);
     post();
@@ -272,15 +266,15 @@ void NotificationCenterTest::observerMayPostWhileTold()
     mCenter->addObserver(
         &mFirst,
         [this](const Notification &) {
-            mLog.append(QStringLiteral("opening"));
+            mLog.append(u"opening"_s);
             post(kClosed);
-            mLog.append(QStringLiteral("opened"));
+            mLog.append(u"opened"_s);
         },
         kOpened);
-    observe(&mSecond, QStringLiteral("closed"), kClosed);
-    observe(&mThird, QStringLiteral("any"), QString());
+    observe(&mSecond, u"closed"_s, kClosed);
+    observe(&mThird, u"any"_s, QString());
     post();
-    QCOMPARE(told(), QStringLiteral("opening closed any opened any"));
+    QCOMPARE(told(), u"opening closed any opened any"_s);
 }
 
 void NotificationCenterTest::observerRemovedInANestedPostIsNotToldOfTheOuterOne()
@@ -288,7 +282,7 @@ void NotificationCenterTest::observerRemovedInANestedPostIsNotToldOfTheOuterOne(
     mCenter->addObserver(&mFirst, [this](const Notification &) { post(kClosed); }, kOpened);
     mCenter->addObserver(
         &mFirst, [this](const Notification &) { mCenter->removeObserver(&mSecond); }, kClosed);
-    observe(&mSecond, QStringLiteral("2"));
+    observe(&mSecond, u"2"_s);
     post();
     QCOMPARE(told(), QString());
 }
@@ -297,12 +291,12 @@ void NotificationCenterTest::observerMayBeDestroyedWhileTold()
 {
     std::unique_ptr<Mayfly> mayfly;
     mayfly = std::make_unique<Mayfly>(*mCenter, mLog, mayfly);
-    observe(&mSecond, QStringLiteral("2"));
+    observe(&mSecond, u"2"_s);
     post();
     QVERIFY(!mayfly);
-    QCOMPARE(told(), QStringLiteral("Opened 2"));
+    QCOMPARE(told(), u"Opened 2"_s);
     post();
-    QCOMPARE(told(), QStringLiteral("2"));
+    QCOMPARE(told(), u"2"_s);
 }
 
 void NotificationCenterTest::handlerMayOwnWhatRemovesFurtherObservers()
@@ -310,11 +304,11 @@ void NotificationCenterTest::handlerMayOwnWhatRemovesFurtherObservers()
     auto farewell = std::make_shared<Farewell>([this] { mCenter->removeObserver(&mSecond); });
     mCenter->addObserver(&mFirst, [farewell](const Notification &) {}, kOpened);
     farewell.reset();
-    observe(&mSecond, QStringLiteral("2"));
-    observe(&mThird, QStringLiteral("3"));
+    observe(&mSecond, u"2"_s);
+    observe(&mThird, u"3"_s);
     mCenter->removeObserver(&mFirst);
     post();
-    QCOMPARE(told(), QStringLiteral("3"));
+    QCOMPARE(told(), u"3"_s);
 }
 
 KV_CORE_TEST(NotificationCenterTest)

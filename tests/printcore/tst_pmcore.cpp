@@ -13,8 +13,8 @@
 #include <limits>
 
 namespace {
-const QString kFirstPageKey = QStringLiteral("com.korvane.print.settings.FirstPage");
-const QString kLastPageKey = QStringLiteral("com.korvane.print.settings.LastPage");
+const QString kFirstPageKey = u"com.korvane.print.settings.FirstPage"_s;
+const QString kLastPageKey = u"com.korvane.print.settings.LastPage"_s;
 constexpr quint32 kAllPages = std::numeric_limits<quint32>::max();
 } // namespace
 
@@ -97,17 +97,16 @@ void PMCoreTest::paperWithoutANameDiffersFromOneWithAnEmptyName()
 
 void PMCoreTest::paperTellsItsHeight_data()
 {
-    QTest::addColumn<double>("height");
-    QTest::addColumn<bool>("isHeight");
+    const TestTable<double, bool> table("height", "isHeight");
 
     using Limits = std::numeric_limits<double>;
-    QTest::newRow("known") << 85.04 << true;
-    QTest::newRow("unknown") << 0.0 << true;
-    QTest::newRow("huge") << 1e300 << true;
-    QTest::newRow("negative") << -1.0 << false;
-    QTest::newRow("no number") << Limits::quiet_NaN() << false;
-    QTest::newRow("infinite") << Limits::infinity() << false;
-    QTest::newRow("negative and infinite") << -Limits::infinity() << false;
+    table.add("known", 85.04, true);
+    table.add("unknown", 0.0, true);
+    table.add("huge", 1e300, true);
+    table.add("negative", -1.0, false);
+    table.add("no number", Limits::quiet_NaN(), false);
+    table.add("infinite", Limits::infinity(), false);
+    table.add("negative and infinite", -Limits::infinity(), false);
 }
 
 void PMCoreTest::paperTellsItsHeight()
@@ -181,14 +180,12 @@ void PMCoreTest::settingsWithOtherTypesAreNotSaved()
 
 void PMCoreTest::settingsAreNotReadFromAnythingElse_data()
 {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("complaint");
-
-    QTest::newRow("nothing") << QByteArray() << u"line 1: Premature end of document."_s;
-    QTest::newRow("no list") << QByteArray("<xml/>") << u"line 1: the data is no property list"_s;
-    QTest::newRow("an array") << PropertyList::write(QVariantList{1})
-                              << u"the top level is no dictionary"_s;
-    QTest::newRow("a text") << PropertyList::write(u"a"_s) << u"the top level is no dictionary"_s;
+    const TestTable<QByteArray, QString> table("data", "complaint");
+    table.add("nothing", QByteArray(), u"line 1: Premature end of document."_s);
+    table.add("no list", "<xml/>", u"line 1: the data is no property list"_s);
+    table.add("an array", PropertyList::write(QVariantList{1}),
+              u"the top level is no dictionary"_s);
+    table.add("a text", PropertyList::write(u"a"_s), u"the top level is no dictionary"_s);
 }
 
 void PMCoreTest::settingsAreNotReadFromAnythingElse()
@@ -272,24 +269,22 @@ void PMCoreTest::pageRangeSurvivesBeingSaved()
 
 void PMCoreTest::pageRangeReadsItsEntries_data()
 {
-    QTest::addColumn<QVariant>("entry");
-    QTest::addColumn<quint32>("page");
-
-    QTest::newRow("int") << QVariant(3) << 3U;
-    QTest::newRow("unsigned") << QVariant(kAllPages) << kAllPages;
-    QTest::newRow("long long") << QVariant(4LL) << 4U;
-    QTest::newRow("unsigned long long") << QVariant(5ULL) << 5U;
-    QTest::newRow("short") << QVariant::fromValue<short>(6) << 6U;
-    QTest::newRow("byte") << QVariant::fromValue<quint8>(255) << 255U;
-    QTest::newRow("zero") << QVariant(0) << 0U;
-    QTest::newRow("negative") << QVariant(-1) << 0U;
-    QTest::newRow("smallest") << QVariant(std::numeric_limits<qlonglong>::min()) << 0U;
-    QTest::newRow("beyond 32 bits") << QVariant(4294967296LL) << 0U;
-    QTest::newRow("largest") << QVariant(std::numeric_limits<qulonglong>::max()) << 0U;
-    QTest::newRow("real") << QVariant(3.0) << 0U;
-    QTest::newRow("text") << QVariant(u"3"_s) << 0U;
-    QTest::newRow("truth") << QVariant(true) << 0U;
-    QTest::newRow("list") << QVariant(QVariantList{3}) << 0U;
+    const TestTable<QVariant, quint32> table("entry", "page");
+    table.add("int", QVariant(3), 3U);
+    table.add("unsigned", QVariant(kAllPages), kAllPages);
+    table.add("long long", QVariant(4LL), 4U);
+    table.add("unsigned long long", QVariant(5ULL), 5U);
+    table.add("short", QVariant::fromValue<short>(6), 6U);
+    table.add("byte", QVariant::fromValue<quint8>(255), 255U);
+    table.add("zero", QVariant(0), 0U);
+    table.add("negative", QVariant(-1), 0U);
+    table.add("smallest", QVariant(std::numeric_limits<qlonglong>::min()), 0U);
+    table.add("beyond 32 bits", QVariant(4294967296LL), 0U);
+    table.add("largest", QVariant(std::numeric_limits<qulonglong>::max()), 0U);
+    table.add("real", QVariant(3.0), 0U);
+    table.add("text", QVariant(u"3"_s), 0U);
+    table.add("truth", QVariant(true), 0U);
+    table.add("list", QVariant(QVariantList{3}), 0U);
 }
 
 void PMCoreTest::pageRangeReadsItsEntries()
@@ -322,25 +317,24 @@ void PMCoreTest::printerTellsItsDeviceURI()
 
 void PMCoreTest::schemeStandsBeforeTheColon_data()
 {
-    QTest::addColumn<QString>("uri");
-    QTest::addColumn<QString>("scheme");
+    const TestTable<QString, QString> table("uri", "scheme");
 
     QTest::newRow("usb") << u"usb://Korvane/LX%20200"_s << u"usb"_s;
     QTest::newRow("own case") << u"IPP://host"_s << u"IPP"_s;
-    QTest::newRow("every character") << u"a1+-.Z9:x"_s << u"a1+-.Z9"_s;
-    QTest::newRow("nothing after it") << u"lpd:"_s << u"lpd"_s;
-    QTest::newRow("first colon") << u"a:b:c"_s << u"a"_s;
-    QTest::newRow("no colon") << u"usb"_s << QString();
-    QTest::newRow("empty") << u""_s << QString();
-    QTest::newRow("null") << QString() << QString();
+    table.add("every character", u"a1+-.Z9:x"_s, u"a1+-.Z9"_s);
+    table.add("nothing after it", u"lpd:"_s, u"lpd"_s);
+    table.add("first colon", u"a:b:c"_s, u"a"_s);
+    table.add("no colon", u"usb"_s, QString());
+    table.add("empty", u""_s, QString());
+    table.add("null", QString(), QString());
     QTest::newRow("nothing before it") << u"://host"_s << QString();
     QTest::newRow("digit first") << u"1usb://x"_s << QString();
     QTest::newRow("plus first") << u"+usb://x"_s << QString();
-    QTest::newRow("path") << u"/dev/usb:1"_s << QString();
-    QTest::newRow("space") << u"us b:x"_s << QString();
-    QTest::newRow("letter beyond ASCII") << u"üsb:x"_s << QString();
-    QTest::newRow("digit beyond ASCII") << u"u１:x"_s << QString();
-    QTest::newRow("underscore") << u"a_b:x"_s << QString();
+    table.add("path", u"/dev/usb:1"_s, QString());
+    table.add("space", u"us b:x"_s, QString());
+    table.add("letter beyond ASCII", u"üsb:x"_s, QString());
+    table.add("digit beyond ASCII", u"u１:x"_s, QString());
+    table.add("underscore", u"a_b:x"_s, QString());
 }
 
 void PMCoreTest::schemeStandsBeforeTheColon()

@@ -15,27 +15,25 @@ private Q_SLOTS:
 
 void tst_problemline::line_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("line");
-    const auto same = [](const char *name, const QString &text) {
-        QTest::newRow(name) << text << text;
+    const TestTable<QString, QString> table("text", "line");
+    const auto same = [&table](const char *name, const QString &text) {
+        table.add(name, text, text);
     };
     same("empty", u""_s);
     same("ASCII", u"a.pde: \"x\" is missing (100 %)"_s);
     same("backslash", u"C:\\n"_s);
     same("letters", u"Größe 印刷 طباعة"_s);
     same("beyond 16 bits", u"label \U0001F3F7"_s);
-    QTest::newRow("newlines") << u"a\nkvprint: b\r\n"_s << u"a\\nkvprint: b\\r\\n"_s;
-    QTest::newRow("tab") << u"a\tb"_s << u"a\\tb"_s;
-    QTest::newRow("escape") << u"\x1b]0;title\a\x1b[31m"_s << u"\\x1b]0;title\\x07\\x1b[31m"_s;
-    QTest::newRow("null") << u"a"_s + QChar(u'\0') + u"b"_s << u"a\\x00b"_s;
-    QTest::newRow("delete") << QString(QChar(0x7f)) << u"\\x7f"_s;
-    QTest::newRow("C1") << QString(QChar(0x9b)) << u"\\x9b"_s;
-    QTest::newRow("other ends of lines")
-        << u"a\u2028b\u2029c\u0085d"_s << u"a\\u2028b\\u2029c\\x85d"_s;
-    QTest::newRow("turned around") << u"\u202egnp.exe"_s << u"\\u202egnp.exe"_s;
-    QTest::newRow("half a character") << QString(QChar(0xd83c)) + u"x"_s << u"\\ud83cx"_s;
-    QTest::newRow("tag") << u"\U000E0041"_s << u"\\U000e0041"_s;
+    table.add("newlines", u"a\nkvprint: b\r\n"_s, u"a\\nkvprint: b\\r\\n"_s);
+    table.add("tab", u"a\tb"_s, u"a\\tb"_s);
+    table.add("escape", u"\x1b]0;title\a\x1b[31m"_s, u"\\x1b]0;title\\x07\\x1b[31m"_s);
+    table.add("null", u"a"_s + QChar(u'\0') + u"b"_s, u"a\\x00b"_s);
+    table.add("delete", QString(QChar(0x7f)), u"\\x7f"_s);
+    table.add("C1", QString(QChar(0x9b)), u"\\x9b"_s);
+    table.add("other ends of lines", u"a\u2028b\u2029c\u0085d"_s, u"a\\u2028b\\u2029c\\x85d"_s);
+    table.add("turned around", u"\u202egnp.exe"_s, u"\\u202egnp.exe"_s);
+    table.add("half a character", QString(QChar(0xd83c)) + u"x"_s, u"\\ud83cx"_s);
+    table.add("tag", u"\U000E0041"_s, u"\\U000e0041"_s);
 }
 
 void tst_problemline::line()

@@ -55,14 +55,14 @@ QDateTime utc(const char *date)
 QVariantMap everyType()
 {
     return {
-        {QStringLiteral("text <&>"), QStringLiteral("Größe <12> & \U0001F600")},
-        {QStringLiteral("integers"), QVariantList{62LL, -1LL, 0LL, ~0ULL}},
-        {QStringLiteral("real"), 0.1},
-        {QStringLiteral("truth"), QVariantList{true, false}},
-        {QStringLiteral("date"), utc("2024-02-29T23:59:58Z")},
-        {QStringLiteral("[data]"), QByteArray("\0\1\xff", 3)},
-        {QStringLiteral(""), QVariantList{QStringLiteral(""), QByteArray(""), QVariantList()}},
-        {QStringLiteral("map"), QVariantMap{{QStringLiteral("a"), QVariantMap()}}},
+        {u"text <&>"_s, u"Größe <12> & \U0001F600"_s},
+        {u"integers"_s, QVariantList{62LL, -1LL, 0LL, ~0ULL}},
+        {u"real"_s, 0.1},
+        {u"truth"_s, QVariantList{true, false}},
+        {u"date"_s, utc("2024-02-29T23:59:58Z")},
+        {u"[data]"_s, QByteArray("\0\1\xff", 3)},
+        {u""_s, QVariantList{u""_s, QByteArray(""), QVariantList()}},
+        {u"map"_s, QVariantMap{{u"a"_s, QVariantMap()}}},
     };
 }
 
@@ -97,12 +97,11 @@ private Q_SLOTS:
 
 void PropertyListTest::everyValueSurvives_data()
 {
-    QTest::addColumn<QVariant>("value");
-
+    const TestTable<QVariant> table("value");
     const std::pair<const char *, QVariant> rows[] = {
         {"every type", everyType()},
-        {"text", QStringLiteral(" Größe\r\n\r \n\t\"]]><![CDATA[ &lt; <!-- ]]> \U0001F600 ")},
-        {"white space", QStringLiteral(" \n")},
+        {"text", u" Größe\r\n\r \n\t\"]]><![CDATA[ &lt; <!-- ]]> \U0001F600 "_s},
+        {"white space", u" \n"_s},
         {"smallest", std::numeric_limits<qlonglong>::min()},
         {"largest with a sign", std::numeric_limits<qlonglong>::max()},
         {"next without a sign", qulonglong(1) << 63},
@@ -119,7 +118,7 @@ void PropertyListTest::everyValueSurvives_data()
         {"deepest", nested(PropertyList::kGreatestDepth)},
     };
     for (const auto &[name, value] : rows) {
-        QTest::newRow(name) << value;
+        table.add(name, value);
     }
 }
 
@@ -145,11 +144,9 @@ void PropertyListTest::noNumberSurvives()
 
 void PropertyListTest::writesOtherTypesAsThoseThatItReads_data()
 {
-    QTest::addColumn<QVariant>("written");
-    QTest::addColumn<QVariant>("read");
-
-    const auto integer = [](const char *name, auto value) {
-        QTest::newRow(name) << QVariant::fromValue(value) << QVariant(qlonglong(value));
+    const TestTable<QVariant, QVariant> table("written", "read");
+    const auto integer = [&table](const char *name, auto value) {
+        table.add(name, QVariant::fromValue(value), QVariant(qlonglong(value)));
     };
     integer("qint8", qint8(-8));
     integer("quint8", quint8(250));
@@ -160,9 +157,9 @@ void PropertyListTest::writesOtherTypesAsThoseThatItReads_data()
     integer("long", long(-64));
     integer("unsigned long", 64UL);
     integer("quint64", quint64(64));
-    QTest::newRow("no text") << QVariant(QString()) << QVariant(QStringLiteral(""));
-    QTest::newRow("date in the east")
-        << QVariant(utc("2024-06-01T12:00:00+02:00")) << QVariant(utc("2024-06-01T10:00:00Z"));
+    table.add("no text", QVariant(QString()), QVariant(u""_s));
+    table.add("date in the east", QVariant(utc("2024-06-01T12:00:00+02:00")),
+              QVariant(utc("2024-06-01T10:00:00Z")));
 }
 
 void PropertyListTest::writesOtherTypesAsThoseThatItReads()
@@ -177,9 +174,8 @@ void PropertyListTest::writesOtherTypesAsThoseThatItReads()
 
 void PropertyListTest::writesADocument()
 {
-    const QVariantMap value{{QStringLiteral("Cut & feed"), true},
-                            {QStringLiteral("Date"), utc("2024-02-29T23:59:58Z")},
-                            {QStringLiteral("Text"), QStringLiteral("\r\n")}};
+    const QVariantMap value{
+        {u"Cut & feed"_s, true}, {u"Date"_s, utc("2024-02-29T23:59:58Z")}, {u"Text"_s, u"\r\n"_s}};
     QCOMPARE(PropertyList::write(value),
              QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -198,23 +194,20 @@ void PropertyListTest::writesADocument()
 
 void PropertyListTest::readsWhatOthersWrite_data()
 {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QVariant>("value");
-
-    const auto row = [](const QByteArray &data, const QVariant &value) {
-        QTest::newRow(rowName(data)) << data << value;
+    const TestTable<QByteArray, QVariant> table("data", "value");
+    const auto row = [&table](const QByteArray &data, const QVariant &value) {
+        table.add(rowName(data), data, value);
     };
     row("<?xml version='1.0'?><!DOCTYPE plist SYSTEM 'list.dtd'><!-- <array> --><plist><!-- a -->"
         "<dict><!-- [ --><key>a<!-- b --></key><true></true><?order 1?></dict></plist><!-- b -->",
-        QVariantMap{{QStringLiteral("a"), true}});
-    row("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>ß</string></plist>",
-        QStringLiteral("ß"));
-    row("\xef\xbb\xbf" + xmlString("a[b"), QStringLiteral("a[b"));
-    row(xmlString("\r\n\r"), QStringLiteral("\n\n"));
-    row(xmlString("&#65;&#x1F600;&lt;<![CDATA[<x>]]>"), QStringLiteral("A\U0001F600<<x>"));
-    row(xmlString("a<!-- x --><?y z?>[b"), QStringLiteral("a[b"));
+        QVariantMap{{u"a"_s, true}});
+    row("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>ß</string></plist>", u"ß"_s);
+    row("\xef\xbb\xbf" + xmlString("a[b"), u"a[b"_s);
+    row(xmlString("\r\n\r"), u"\n\n"_s);
+    row(xmlString("&#65;&#x1F600;&lt;<![CDATA[<x>]]>"), u"A\U0001F600<<x>"_s);
+    row(xmlString("a<!-- x --><?y z?>[b"), u"a[b"_s);
     row(xml("<array><string/><data/><dict/><array/></array>"),
-        QVariantList{QStringLiteral(""), QByteArray(""), QVariantMap(), QVariantList()});
+        QVariantList{u""_s, QByteArray(""), QVariantMap(), QVariantList()});
     row(xml("<array><integer> +5 </integer><integer>010</integer><real> 2e3 </real></array>"),
         QVariantList{5LL, 10LL, 2000.0});
     const double infinity = std::numeric_limits<double>::infinity();
@@ -271,15 +264,15 @@ void PropertyListTest::tellsWhatCannotBeWritten_data()
     noValue(utc("9999-12-31T23:59:59Z").addSecs(1), "QDateTime");
     noValue(utc("0001-01-01T00:00:00Z").addSecs(-1), "QDateTime");
 
-    const QString key = QStringLiteral("50 %1");
-    const QVariantMap bell{{QStringLiteral("a\u0007"), true}};
-    const QVariantMap settings{{key, QVariantList{1, QRect()}}, {QStringLiteral("a"), 1.5F}};
+    const QString key = u"50 %1"_s;
+    const QVariantMap bell{{u"a\u0007"_s, true}};
+    const QVariantMap settings{{key, QVariantList{1, QRect()}}, {u"a"_s, 1.5F}};
     const int depth = PropertyList::kGreatestDepth + 1;
     row(QString(QChar(0xd83d)), "the text is no Unicode");
     row(QString(QChar(u'\0')), "XML has no character U+0000");
     row(QString(QChar(0xfffe)), "XML has no character U+fffe");
     row(bell, "a\a: XML has no character U+0007");
-    row(QVariantMap{{QStringLiteral("Settings"), settings}},
+    row(QVariantMap{{u"Settings"_s, settings}},
         "Settings/50 %1[1]: a property list cannot hold this QRect");
     row(QVariantList{0, QVariantList{QVariantMap{{key, QVariant()}}}},
         "[1][0]/50 %1: a property list cannot hold this invalid value");
@@ -297,12 +290,11 @@ void PropertyListTest::tellsWhatCannotBeWritten()
 
 void PropertyListTest::tellsWhatIsMalformed_data()
 {
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("complaint");
+    const TestTable<QByteArray, QString> table("data", "complaint");
 
     // The rest of a complaint that ends with a colon is Qt's.
-    const auto row = [](const QByteArray &data, const QByteArray &complaint) {
-        QTest::newRow(rowName(data)) << data << QString::fromUtf8(complaint);
+    const auto row = [&table](const QByteArray &data, const QByteArray &complaint) {
+        table.add(rowName(data), data, QString::fromUtf8(complaint));
     };
     const auto content = [&row](const QByteArray &text, const QByteArray &complaint) {
         row(xml(text), complaint);

@@ -20,9 +20,8 @@ QString read(const QString &path)
 QString sourcesIn(const QString &folder)
 {
     QString sources;
-    QDirIterator files(QStringLiteral(KV_SOURCE_FOLDER "/src/") + folder,
-                       {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
-                       QDirIterator::Subdirectories);
+    QDirIterator files(QStringLiteral(KV_SOURCE_FOLDER "/src/") + folder, {u"*.cpp"_s, u"*.h"_s},
+                       QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         sources.append(read(files.next()));
     }
@@ -68,7 +67,7 @@ QSet<QString> LookedUpKeys::all()
     }
     const QStringList identifiers = presetIdentifiers();
     for (const QString &identifier : identifiers) {
-        keys.insert(QStringLiteral("RS_Preset_") + identifier);
+        keys.insert(u"RS_Preset_"_s + identifier);
     }
     return keys;
 }
@@ -90,8 +89,7 @@ QStringList LookedUpKeys::presetIdentifiers()
 QSet<QString> LookedUpKeys::optionTexts()
 {
     QSet<QString> texts;
-    const QFileInfoList files =
-        QDir(QStringLiteral(KV_PPD_DIR)).entryInfoList({QStringLiteral("*.ppd")});
+    const QFileInfoList files = QDir(QStringLiteral(KV_PPD_DIR)).entryInfoList({u"*.ppd"_s});
     for (const QFileInfo &file : files) {
         const PPDHandle ppd(ppdOpenFile(QFile::encodeName(file.filePath()).constData()));
         for (const OptionRow &row : OptionCatalogue::rows) {

@@ -60,7 +60,7 @@ TranslationFile::TranslationFile(const QString &path)
         }
     }
     if (reader.hasError()) {
-        mError = QStringLiteral("line %1: %2").arg(reader.lineNumber()).arg(reader.errorString());
+        mError = u"line %1: %2"_s.arg(reader.lineNumber()).arg(reader.errorString());
     }
 }
 

@@ -9,7 +9,7 @@
 #include <QTest>
 
 namespace {
-const QString panelName = QStringLiteral("OP_PANEL_NAME");
+const QString panelName = u"OP_PANEL_NAME"_s;
 
 QString nameIn(const QString &language)
 {
@@ -20,13 +20,13 @@ QString nameIn(const QString &language)
 QString nameToldTo(const QString &locale, const QString &languages)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), locale);
-    environment.insert(QStringLiteral("LANGUAGE"), languages);
+    environment.insert(u"LC_ALL"_s, locale);
+    environment.insert(u"LANGUAGE"_s, languages);
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(KV_PRINT_PROGRAM),
-                  {QStringLiteral("--ppd"), QStringLiteral(KV_PPD_DIR "/korvane-tape.ppd"),
-                   QStringLiteral("--script"), QStringLiteral("-")});
+    program.start(
+        QStringLiteral(KV_PRINT_PROGRAM),
+        {u"--ppd"_s, QStringLiteral(KV_PPD_DIR "/korvane-tape.ppd"), u"--script"_s, u"-"_s});
     program.write("{\"cmd\":\"open\"}\n");
     program.closeWriteChannel();
     if (!program.waitForFinished()) {
@@ -55,10 +55,9 @@ private Q_SLOTS:
 
 void FallbacksTest::namesOfTables_data()
 {
-    QTest::addColumn<QStringList>("languages");
-    QTest::addColumn<QString>("names");
-    const auto row = [](const QString &languages, const char *names) {
-        QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(names);
+    const TestTable<QStringList, QString> table("languages", "names");
+    const auto row = [&table](const QString &languages, const char *names) {
+        table.add(qPrintable(languages), languages.split(u' '), QString::fromLatin1(names));
     };
     row(u"en"_s, "en");
     row(u"de-AT"_s, "de_AT de en");
@@ -89,16 +88,14 @@ void FallbacksTest::namesOfTables_data()
 void FallbacksTest::namesOfTables()
 {
     QFETCH(const QStringList, languages);
-    QFETCH(const QString, names);
-    QCOMPARE(StringTables::namesFor(languages).join(u' '), names);
+    QTEST(StringTables::namesFor(languages).join(u' '), "names");
 }
 
 void FallbacksTest::languageOfTheBundle_data()
 {
-    QTest::addColumn<QStringList>("languages");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const QString &languages, const char *shown) {
-        QTest::newRow(qPrintable(languages)) << languages.split(u' ') << QString::fromLatin1(shown);
+    const TestTable<QStringList, QString> table("languages", "shown");
+    const auto row = [&table](const QString &languages, const char *shown) {
+        table.add(qPrintable(languages), languages.split(u' '), QString::fromLatin1(shown));
     };
     row(u"de-AT"_s, "de");
     row(u"de-CH"_s, "de");

@@ -76,7 +76,7 @@ void HostTextsTest::textsFollowTheUser()
 void HostTextsTest::unknownTextIsItself()
 {
     qputenv("LC_ALL", "de_DE.UTF-8");
-    QCOMPARE(HostText().text("Unheard of"), QStringLiteral("Unheard of"));
+    QCOMPARE(HostText().text("Unheard of"), u"Unheard of"_s);
     QCOMPARE(HostText().text(""), QString());
 }
 
@@ -96,16 +96,16 @@ void HostTextsTest::tabsFollowTheUser()
 
     const TranslationFile panelTexts = TranslationFile::ofBundle(language);
     const PanelTab tab(host, *host.panels().front());
-    QCOMPARE(tab.windowTitle(), panelTexts.text(QStringLiteral("OP_PANEL_NAME")));
+    QCOMPARE(tab.windowTitle(), panelTexts.text(u"OP_PANEL_NAME"_s));
 
     const TranslationFile hostTexts = TranslationFile::ofHost(language);
     const SummaryTab summary(host);
-    QCOMPARE(summary.windowTitle(), hostTexts.text(QStringLiteral("Summary")));
-    QCOMPARE(summary.headerItem()->text(0), hostTexts.text(QStringLiteral("Option")));
-    QCOMPARE(summary.headerItem()->text(1), hostTexts.text(QStringLiteral("Choice")));
+    QCOMPARE(summary.windowTitle(), hostTexts.text(u"Summary"_s));
+    QCOMPARE(summary.headerItem()->text(0), hostTexts.text(u"Option"_s));
+    QCOMPARE(summary.headerItem()->text(1), hostTexts.text(u"Choice"_s));
     QVERIFY(summary.topLevelItemCount() > 0);
-    QCOMPARE(summary.topLevelItem(0)->text(0), panelTexts.text(QStringLiteral("Auto Cut")));
-    QCOMPARE(summary.topLevelItem(0)->text(1), panelTexts.text(QStringLiteral("RS_STitle_Yes")));
+    QCOMPARE(summary.topLevelItem(0)->text(0), panelTexts.text(u"Auto Cut"_s));
+    QCOMPARE(summary.topLevelItem(0)->text(1), panelTexts.text(u"RS_STitle_Yes"_s));
     QCOMPARE(problems, QStringList());
 }
 
@@ -113,12 +113,12 @@ void HostTextsTest::applicationKeepsItsLanguage()
 {
     qputenv("LC_ALL", "de_DE.UTF-8");
     const LanguageChanges changes;
-    QCOMPARE(HostText().text("Choice"), QStringLiteral("Auswahl"));
+    QCOMPARE(HostText().text("Choice"), u"Auswahl"_s);
     QCOMPARE(changes.count, 0);
-    QCOMPARE(QCoreApplication::translate("Host", "Choice"), QStringLiteral("Choice"));
+    QCOMPARE(QCoreApplication::translate("Host", "Choice"), u"Choice"_s);
 
     QTranslator counted;
-    QVERIFY(counted.load(QStringLiteral(":/kvprint/host/de.qm")));
+    QVERIFY(counted.load(u":/kvprint/host/de.qm"_s));
     QCoreApplication::installTranslator(&counted);
     QCOMPARE(changes.count, 1);
 }

@@ -28,7 +28,7 @@ const Tables everyTables[] = {
 
 QString english()
 {
-    return QStringLiteral("en");
+    return u"en"_s;
 }
 
 QStringList sorted(QStringList list)
@@ -45,8 +45,7 @@ QStringList sorted(const QSet<QString> &set)
 /// What a text leaves to be filled in, in any order.
 QStringList placeholders(const QString &text)
 {
-    static const QRegularExpression placeholder(
-        QStringLiteral("%(?:L?\\d{1,2}|n|\\d+\\$[@a-zA-Z]|[@a-zA-Z%])"));
+    static const QRegularExpression placeholder(u"%(?:L?\\d{1,2}|n|\\d+\\$[@a-zA-Z]|[@a-zA-Z%])"_s);
     QStringList found;
     auto matches = placeholder.globalMatch(text);
     while (matches.hasNext()) {
@@ -86,11 +85,11 @@ bool hasLetterOf(const QString &text, const QList<QChar::Script> &scripts)
 QList<QChar::Script> scriptsOf(const QString &language)
 {
     static const QMap<QString, QList<QChar::Script>> others = {
-        {QStringLiteral("ar"), {QChar::Script_Arabic}},
-        {QStringLiteral("ja"), {QChar::Script_Han, QChar::Script_Hiragana, QChar::Script_Katakana}},
-        {QStringLiteral("ko"), {QChar::Script_Hangul}},
-        {QStringLiteral("zh_CN"), {QChar::Script_Han}},
-        {QStringLiteral("zh_TW"), {QChar::Script_Han}},
+        {u"ar"_s, {QChar::Script_Arabic}},
+        {u"ja"_s, {QChar::Script_Han, QChar::Script_Hiragana, QChar::Script_Katakana}},
+        {u"ko"_s, {QChar::Script_Hangul}},
+        {u"zh_CN"_s, {QChar::Script_Han}},
+        {u"zh_TW"_s, {QChar::Script_Han}},
     };
     return others.value(language, {QChar::Script_Latin});
 }
@@ -99,9 +98,8 @@ QList<QChar::Script> scriptsOf(const QString &language)
 const char *encodingOf(const QString &language)
 {
     static const QMap<QString, const char *> encodings = {
-        {QStringLiteral("ar"), "windows-1256"}, {QStringLiteral("ja"), "Shift_JIS"},
-        {QStringLiteral("ko"), "EUC-KR"},       {QStringLiteral("pl"), "windows-1250"},
-        {QStringLiteral("zh_CN"), "GB2312"},    {QStringLiteral("zh_TW"), "Big5"},
+        {u"ar"_s, "windows-1256"}, {u"ja"_s, "Shift_JIS"}, {u"ko"_s, "EUC-KR"},
+        {u"pl"_s, "windows-1250"}, {u"zh_CN"_s, "GB2312"}, {u"zh_TW"_s, "Big5"},
     };
     return encodings.value(language, "windows-1252");
 }
@@ -148,7 +146,7 @@ QStringList menuOf(const PPDText &printer)
     QStringList keys;
     const QList<PDEPreset> presets = panel.presets();
     for (const PDEPreset &preset : presets) {
-        keys.append(QStringLiteral("RS_Preset_") + preset.identifier);
+        keys.append(u"RS_Preset_"_s + preset.identifier);
     }
     return keys;
 }
@@ -181,8 +179,8 @@ QList<Group> groups()
         {"check boxes", keysOf(&OptionRow::labelKey)},
         {"lines of the summary", keysOf(&OptionRow::summaryTitleKey)},
         {"options of the sample printers", sorted(LookedUpKeys::optionTexts())},
-        {"choices", {QStringLiteral("RS_STitle_Yes"), QStringLiteral("RS_STitle_No")}},
-        {"arrows", {QStringLiteral("RS_Increase"), QStringLiteral("RS_Decrease")}},
+        {"choices", {u"RS_STitle_Yes"_s, u"RS_STitle_No"_s}},
+        {"arrows", {u"RS_Increase"_s, u"RS_Decrease"_s}},
     };
     const QSet<QStringList> menus = everyMenu();
     for (const QStringList &menu : menus) {
@@ -245,7 +243,7 @@ void StringTablesTest::everyFileIsBuilt()
 {
     QFETCH(const Tables *, tables);
     const QFileInfoList files =
-        QDir(QLatin1String(tables->folder)).entryInfoList({QStringLiteral("*.ts")}, QDir::Files);
+        QDir(QLatin1String(tables->folder)).entryInfoList({u"*.ts"_s}, QDir::Files);
     QStringList names;
     for (const QFileInfo &file : files) {
         names.append(file.completeBaseName());
@@ -255,7 +253,7 @@ void StringTablesTest::everyFileIsBuilt()
 
 void StringTablesTest::keysAreFoundWhereTheyComeFrom()
 {
-    QCOMPARE(LookedUpKeys::beginnings(), QSet<QString>{QStringLiteral("RS_Preset_")});
+    QCOMPARE(LookedUpKeys::beginnings(), QSet<QString>{u"RS_Preset_"_s});
     QCOMPARE(sorted(LookedUpKeys::strayLookUps()), QStringList());
     QCOMPARE(LookedUpKeys::optionTexts().size(), qsizetype(OptionCatalogue::size));
     // The form's menu is the one that a panel shows.
@@ -294,9 +292,9 @@ void StringTablesTest::keysAreThoseLookedUp()
     const QSet<QString> known(keys.begin(), keys.end());
     QCOMPARE(keys.size(), known.size());
     const QStringList missing = sorted(lookedUp - known);
-    QVERIFY2(missing.isEmpty(), qPrintable(QStringLiteral("missing: ") + missing.join(u", ")));
+    QVERIFY2(missing.isEmpty(), qPrintable(u"missing: "_s + missing.join(u", ")));
     const QStringList unused = sorted(known - lookedUp);
-    QVERIFY2(unused.isEmpty(), qPrintable(QStringLiteral("unused: ") + unused.join(u", ")));
+    QVERIFY2(unused.isEmpty(), qPrintable(u"unused: "_s + unused.join(u", ")));
     // In the order of the English ones, so that files can be compared line by line.
     QCOMPARE(keys, tables->of(english()).keys());
 }
@@ -308,7 +306,7 @@ void StringTablesTest::textsAreDone()
     const TranslationFile file = tables->of(language);
     for (const Translation &translation : file.translations()) {
         QVERIFY2(translation.state.isNull(),
-                 qPrintable(translation.key + QStringLiteral(" is ") + translation.state));
+                 qPrintable(translation.key + u" is "_s + translation.state));
         QVERIFY2(!translation.text.isEmpty(), qPrintable(translation.key));
         const bool isItsOwnKey =
             translation.key.startsWith(u"RS_") && translation.text == translation.key;
@@ -345,7 +343,7 @@ void StringTablesTest::textsHaveTheFormOfTheEnglish()
         QVERIFY2(ending(text) == ending(model), key);
         QVERIFY2(ending(text) != u"three dots", key);
         QVERIFY2(text.trimmed() == text, key);
-        QVERIFY2(!text.contains(QStringLiteral("  ")), key);
+        QVERIFY2(!text.contains(u"  "_s), key);
     }
 }
 
@@ -370,10 +368,10 @@ void StringTablesTest::textsAreInTheirLanguage()
 
 void StringTablesTest::textsSeenTogetherDiffer_data()
 {
-    QTest::addColumn<QString>("language");
+    const TestTable<QString> table("language");
     const QStringList languages = TranslationFile::languages();
     for (const QString &language : languages) {
-        QTest::newRow(qPrintable(language)) << language;
+        table.add(qPrintable(language), language);
     }
 }
 
@@ -386,10 +384,9 @@ void StringTablesTest::textsSeenTogetherDiffer()
         QHash<QString, QString> keyOfText;
         for (const QString &key : group.keys) {
             const QString text = file.text(key);
-            QVERIFY2(
-                !keyOfText.contains(text),
-                qPrintable(QStringLiteral("%1: %2 and %3 are both \"%4\"")
-                               .arg(QLatin1String(group.name), keyOfText.value(text), key, text)));
+            QVERIFY2(!keyOfText.contains(text),
+                     qPrintable(u"%1: %2 and %3 are both \"%4\""_s.arg(
+                         QLatin1String(group.name), keyOfText.value(text), key, text)));
             keyOfText.insert(text, key);
         }
     }

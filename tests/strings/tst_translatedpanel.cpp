@@ -112,7 +112,7 @@ void TranslatedPanelTest::nameIsTranslated()
 {
     QFETCH(const QString, language);
     const PanelOfLanguage shown(language, printer(true));
-    const QString name = TranslationFile::ofBundle(language).text(QStringLiteral("OP_PANEL_NAME"));
+    const QString name = TranslationFile::ofBundle(language).text(u"OP_PANEL_NAME"_s);
     QVERIFY(!name.isEmpty());
     QCOMPARE(shown.panel->panelName(), name);
 }
@@ -127,7 +127,7 @@ void TranslatedPanelTest::boxesSayThePrintersTexts()
         QVERIFY2(box && !box->isHidden(), row.outlet);
         QCOMPARE(box->title(), texts.text(QLatin1String(textOf(row))));
     }
-    QCOMPARE(shown.panel->mCutEveryStr->text(), texts.text(QStringLiteral("RS_Labels")));
+    QCOMPARE(shown.panel->mCutEveryStr->text(), texts.text(u"RS_Labels"_s));
 }
 
 void TranslatedPanelTest::boxesSayThePanelsTexts()
@@ -187,12 +187,10 @@ void TranslatedPanelTest::menuIsTranslated()
     const QList<PDEPreset> presets = shown.panel->presets();
     QVERIFY(presets.size() > 1);
     for (const PDEPreset &preset : presets) {
-        QCOMPARE(preset.name, texts.text(QStringLiteral("RS_Preset_") + preset.identifier));
+        QCOMPARE(preset.name, texts.text(u"RS_Preset_"_s + preset.identifier));
     }
-    QCOMPARE(shown.panel->mOptionPopUpButton->accessibleName(),
-             texts.text(QStringLiteral("RS_Presets")));
-    QCOMPARE(shown.panel->mCutEveryTxBx->accessibleName(),
-             texts.text(QStringLiteral("RS_CutEveryCount")));
+    QCOMPARE(shown.panel->mOptionPopUpButton->accessibleName(), texts.text(u"RS_Presets"_s));
+    QCOMPARE(shown.panel->mCutEveryTxBx->accessibleName(), texts.text(u"RS_CutEveryCount"_s));
 }
 
 void TranslatedPanelTest::summaryIsTranslated()
@@ -201,13 +199,13 @@ void TranslatedPanelTest::summaryIsTranslated()
     const TranslationFile texts = TranslationFile::ofBundle(language);
     const PanelOfLanguage shown(language, printer(true));
     const QVariantMap summary = shown.panel->summaryInfo().value_or(QVariantMap());
-    const QString halfCut = texts.text(QStringLiteral("Half Cut"));
-    QCOMPARE(summary.value(halfCut).toString(), texts.text(QStringLiteral("RS_STitle_No")));
+    const QString halfCut = texts.text(u"Half Cut"_s);
+    QCOMPARE(summary.value(halfCut).toString(), texts.text(u"RS_STitle_No"_s));
 
     QTest::mouseClick(shown.panel->box(OptionCatalogue::HalfCut), Qt::LeftButton, {},
                       QPoint(8, shown.panel->box(OptionCatalogue::HalfCut)->height() / 2));
     const QVariantMap changed = shown.panel->summaryInfo().value_or(QVariantMap());
-    QCOMPARE(changed.value(halfCut).toString(), texts.text(QStringLiteral("RS_STitle_Yes")));
+    QCOMPARE(changed.value(halfCut).toString(), texts.text(u"RS_STitle_Yes"_s));
 }
 
 KV_TEST(TranslatedPanelTest)

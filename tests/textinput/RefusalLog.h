@@ -4,8 +4,8 @@
 #include <QStringList>
 
 /// What a log has of one refused edit: for a character, and for a value.
-inline const QStringList invalid{QStringLiteral("InvalidCharacterNotification")};
-inline const QStringList outOfRange{QStringLiteral("FormatErrorNotification")};
+inline const QStringList invalid{u"InvalidCharacterNotification"_s};
+inline const QStringList outOfRange{u"FormatErrorNotification"_s};
 /// The same with the character that was refused.
 inline QStringList invalidCharacter(const QString &character)
 {

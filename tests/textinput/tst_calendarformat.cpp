@@ -39,8 +39,7 @@ QString described(const QString &format, const QVariantMap &locale = {})
 
 void CalendarFormatTest::fillsEachConversion_data()
 {
-    QTest::addColumn<QString>("text");
-
+    const TestTable<QString> table("text");
     const std::pair<const char *, const char16_t *> rows[] = {
         {"%a", u"Thu"},
         {"%A", u"Thursday"},
@@ -79,7 +78,7 @@ void CalendarFormatTest::fillsEachConversion_data()
         {"Grüße", u"Grüße"},
     };
     for (const auto &[format, text] : rows) {
-        QTest::newRow(format) << QString::fromUtf16(text);
+        table.add(format, QString::fromUtf16(text));
     }
 }
 
@@ -90,11 +89,9 @@ void CalendarFormatTest::fillsEachConversion()
 
 void CalendarFormatTest::writesNumbersOfEveryTime_data()
 {
-    QTest::addColumn<QDateTime>("when");
-    QTest::addColumn<QString>("text");
-
-    const auto row = [](const char *name, QDate day, QTime time, const char16_t *text) {
-        QTest::newRow(name) << QDateTime(day, time, QTimeZone::utc()) << QString::fromUtf16(text);
+    const TestTable<QDateTime, QString> table("when", "text");
+    const auto row = [&table](const char *name, QDate day, QTime time, const char16_t *text) {
+        table.add(name, QDateTime(day, time, QTimeZone::utc()), QString::fromUtf16(text));
     };
     row("midnight", {2024, 1, 1}, {0, 0, 0, 0}, u"00 12 AM 00 00 000 001 1 Mon 24 2024");
     row("one", {2023, 12, 31}, {1, 2, 3, 45}, u"01 01 AM 02 03 045 365 0 Sun 23 2023");
@@ -180,10 +177,10 @@ void CalendarFormatTest::fallsBackToEnglish()
 
 void CalendarFormatTest::leavesOtherTextAlone_data()
 {
-    QTest::addColumn<QString>("text");
+    const TestTable<QString> table("text");
     for (const char *text : {"%", "%1", "100%", "%q", "%@", "%E%k%l", "%-d", "%1p", "%1A", "%12d",
                              "% d", "%é", "%s%n"}) {
-        QTest::newRow(text) << QString::fromUtf8(text);
+        table.add(text, QString::fromUtf8(text));
     }
 }
 
@@ -195,19 +192,16 @@ void CalendarFormatTest::leavesOtherTextAlone()
 
 void CalendarFormatTest::writesTimeZones_data()
 {
-    QTest::addColumn<QDateTime>("when");
-    QTest::addColumn<QString>("text");
-
+    const TestTable<QDateTime, QString> table("when", "text");
     const QDate day(2024, 7, 4);
     const QTime time(12, 0);
-    QTest::newRow("universal") << QDateTime(day, time, QTimeZone::utc()) << u"+0000 UTC"_s;
-    QTest::newRow("half an hour west")
-        << QDateTime(day, time, QTimeZone(-1800)) << u"-0030 UTC-00:30"_s;
-    QTest::newRow("east") << QDateTime(day, time, QTimeZone(20700)) << u"+0545 UTC+05:45"_s;
-    QTest::newRow("summer") << QDateTime(day, time, QTimeZone("America/Los_Angeles"))
-                            << u"-0700 Pacific Daylight Time"_s;
-    QTest::newRow("winter") << QDateTime(day.addMonths(6), time, QTimeZone("America/Los_Angeles"))
-                            << u"-0800 Pacific Standard Time"_s;
+    table.add("universal", QDateTime(day, time, QTimeZone::utc()), u"+0000 UTC"_s);
+    table.add("half an hour west", QDateTime(day, time, QTimeZone(-1800)), u"-0030 UTC-00:30"_s);
+    table.add("east", QDateTime(day, time, QTimeZone(20700)), u"+0545 UTC+05:45"_s);
+    table.add("summer", QDateTime(day, time, QTimeZone("America/Los_Angeles")),
+              u"-0700 Pacific Daylight Time"_s);
+    table.add("winter", QDateTime(day.addMonths(6), time, QTimeZone("America/Los_Angeles")),
+              u"-0800 Pacific Standard Time"_s);
 }
 
 void CalendarFormatTest::writesTimeZones()
@@ -226,9 +220,9 @@ void CalendarFormatTest::endsFormatsThatHoldThemselves()
 
 void CalendarFormatTest::saysNothingOfDatesThatAreNotValid_data()
 {
-    QTest::addColumn<QDateTime>("when");
-    QTest::newRow("none") << QDateTime();
-    QTest::newRow("no day") << QDateTime(QDate(2024, 2, 30), QTime(1, 2), QTimeZone::utc());
+    const TestTable<QDateTime> table("when");
+    table.add("none", QDateTime());
+    table.add("no day", QDateTime(QDate(2024, 2, 30), QTime(1, 2), QTimeZone::utc()));
 }
 
 void CalendarFormatTest::saysNothingOfDatesThatAreNotValid()

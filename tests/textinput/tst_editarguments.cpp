@@ -233,10 +233,9 @@ const UnaskedRow unaskedRows[] = {
 
 void EditArgumentsTest::checkIsGivenTheEdit_data()
 {
-    QTest::addColumn<FieldAction>("edits");
-    QTest::addColumn<QStringList>("asked");
+    const TestTable<FieldAction, QStringList> table("edits", "asked");
     for (const AskedRow &row : askedRows) {
-        QTest::newRow(row.name) << FieldAction(row.edit) << row.asked;
+        table.add(row.name, FieldAction(row.edit), row.asked);
     }
 }
 
@@ -253,9 +252,9 @@ void EditArgumentsTest::checkIsGivenTheEdit()
 
 void EditArgumentsTest::checkIsNotAsked_data()
 {
-    QTest::addColumn<FieldAction>("acts");
+    const TestTable<FieldAction> table("acts");
     for (const UnaskedRow &row : unaskedRows) {
-        QTest::newRow(row.name) << FieldAction(row.act);
+        table.add(row.name, FieldAction(row.act));
     }
 }
 

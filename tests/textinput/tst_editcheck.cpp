@@ -106,18 +106,14 @@ void EditCheckTest::allowsWithoutText()
 
 void EditCheckTest::allowsWhatDoesNotMoveTheCaretForward_data()
 {
-    QTest::addColumn<TextRange>("before");
-    QTest::addColumn<TextRange>("after");
-    QTest::addColumn<bool>("allowed");
-
-    QTest::newRow("caret stays") << TextRange{2, 0} << TextRange{2, 0} << true;
-    QTest::newRow("caret goes back") << TextRange{2, 0} << TextRange{1, 0} << true;
-    QTest::newRow("caret goes to the start") << TextRange{4, 0} << TextRange{0, 0} << true;
-    QTest::newRow("selection is deleted") << TextRange{1, 3} << TextRange{1, 0} << true;
-    QTest::newRow("caret goes on") << TextRange{2, 0} << TextRange{3, 0} << false;
-    QTest::newRow("selection is replaced") << TextRange{1, 3} << TextRange{2, 0} << false;
-    QTest::newRow("selection after counts from its start")
-        << TextRange{2, 0} << TextRange{2, 2} << true;
+    const TestTable<TextRange, TextRange, bool> table("before", "after", "allowed");
+    table.add("caret stays", {2, 0}, {2, 0}, true);
+    table.add("caret goes back", {2, 0}, {1, 0}, true);
+    table.add("caret goes to the start", {4, 0}, {0, 0}, true);
+    table.add("selection is deleted", {1, 3}, {1, 0}, true);
+    table.add("caret goes on", {2, 0}, {3, 0}, false);
+    table.add("selection is replaced", {1, 3}, {2, 0}, false);
+    table.add("selection after counts from its start", {2, 0}, {2, 2}, true);
 }
 
 void EditCheckTest::allowsWhatDoesNotMoveTheCaretForward()
@@ -137,17 +133,15 @@ void EditCheckTest::allowsWhatDoesNotMoveTheCaretForward()
 
 void EditCheckTest::staysWithinTheText_data()
 {
-    QTest::addColumn<QtSize>("before");
-    QTest::addColumn<QtSize>("after");
-    QTest::addColumn<QString>("refused");
+    const TestTable<QtSize, QtSize, QString> table("before", "after", "refused");
 
     // The text is "1x3".
-    QTest::newRow("beyond the end") << QtSize(1) << QtSize(9) << u"x3"_s;
-    QTest::newRow("far beyond the end") << QtSize(2) << farthest << u"3"_s;
-    QTest::newRow("both beyond the end") << QtSize(3) << farthest << QString();
-    QTest::newRow("before the start") << QtSize(-5) << QtSize(2) << u"1x"_s;
-    QTest::newRow("far before the start") << farthestBack << farthest << u"1x3"_s;
-    QTest::newRow("both before the start") << farthestBack << QtSize(-1) << QString();
+    table.add("beyond the end", 1, 9, u"x3"_s);
+    table.add("far beyond the end", 2, farthest, u"3"_s);
+    table.add("both beyond the end", 3, farthest, QString());
+    table.add("before the start", -5, 2, u"1x"_s);
+    table.add("far before the start", farthestBack, farthest, u"1x3"_s);
+    table.add("both before the start", farthestBack, -1, QString());
 }
 
 void EditCheckTest::staysWithinTheText()
@@ -188,33 +182,29 @@ void EditCheckTest::neverSetsAnError()
 
 void EditCheckTest::refusesValuesOutOfRange_data()
 {
-    QTest::addColumn<qint32>("least");
-    QTest::addColumn<qint32>("most");
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<bool>("allowed");
-
-    QTest::newRow("one digit") << 0 << 99 << u"[1]"_s << true;
-    QTest::newRow("two digits") << 0 << 99 << u"1[0]"_s << true;
-    QTest::newRow("three digits") << 0 << 99 << u"10[0]"_s << false;
-    QTest::newRow("the largest") << 0 << 99 << u"9[9]"_s << true;
-    QTest::newRow("the smallest") << 10 << 99 << u"1[0]"_s << true;
-    QTest::newRow("below the smallest") << 10 << 99 << u"[9]"_s << false;
-    QTest::newRow("digits in front") << 0 << 99 << u"[1]23"_s << false;
-    QTest::newRow("leading zeros") << 0 << 99 << u"[000]1"_s << true;
-    QTest::newRow("negative text") << -5 << 99 << u"-[5]"_s << true;
-    QTest::newRow("text too negative") << -5 << 99 << u"-[6]"_s << false;
-    QTest::newRow("letters count 0") << 1 << 99 << u"x[5]"_s << false;
-    QTest::newRow("pasted over") << 0 << 99 << u"1(2)[34]"_s << false;
-    QTest::newRow("32 bits") << smallest << largest << u"214748364[7]"_s << true;
-    QTest::newRow("beyond 32 bits") << smallest << largest << u"214748364[8]"_s << true;
-    QTest::newRow("far beyond 32 bits") << 0 << largest - 1 << u"9999999999999[9]"_s << false;
-    QTest::newRow("no value") << largest << smallest << u"[0]"_s << false;
-    QTest::newRow("only the largest") << largest << largest << u"2147483647[0]"_s << true;
-    QTest::newRow("only the smallest") << smallest << smallest << u"-2147483648[0]"_s << true;
-    QTest::newRow("above the smallest") << smallest << smallest << u"-[2]"_s << false;
-    QTest::newRow("negative range") << -9 << -3 << u"[3]"_s << false;
-    QTest::newRow("zero") << 0 << 0 << u"[0]"_s << true;
-    QTest::newRow("not zero") << 0 << 0 << u"[1]"_s << false;
+    const TestTable<qint32, qint32, QString, bool> table("least", "most", "edit", "allowed");
+    table.add("one digit", 0, 99, u"[1]"_s, true);
+    table.add("two digits", 0, 99, u"1[0]"_s, true);
+    table.add("three digits", 0, 99, u"10[0]"_s, false);
+    table.add("the largest", 0, 99, u"9[9]"_s, true);
+    table.add("the smallest", 10, 99, u"1[0]"_s, true);
+    table.add("below the smallest", 10, 99, u"[9]"_s, false);
+    table.add("digits in front", 0, 99, u"[1]23"_s, false);
+    table.add("leading zeros", 0, 99, u"[000]1"_s, true);
+    table.add("negative text", -5, 99, u"-[5]"_s, true);
+    table.add("text too negative", -5, 99, u"-[6]"_s, false);
+    table.add("letters count 0", 1, 99, u"x[5]"_s, false);
+    table.add("pasted over", 0, 99, u"1(2)[34]"_s, false);
+    table.add("32 bits", smallest, largest, u"214748364[7]"_s, true);
+    table.add("beyond 32 bits", smallest, largest, u"214748364[8]"_s, true);
+    table.add("far beyond 32 bits", 0, largest - 1, u"9999999999999[9]"_s, false);
+    table.add("no value", largest, smallest, u"[0]"_s, false);
+    table.add("only the largest", largest, largest, u"2147483647[0]"_s, true);
+    table.add("only the smallest", smallest, smallest, u"-2147483648[0]"_s, true);
+    table.add("above the smallest", smallest, smallest, u"-[2]"_s, false);
+    table.add("negative range", -9, -3, u"[3]"_s, false);
+    table.add("zero", 0, 0, u"[0]"_s, true);
+    table.add("not zero", 0, 0, u"[1]"_s, false);
 }
 
 void EditCheckTest::refusesValuesOutOfRange()
@@ -296,21 +286,20 @@ void EditCheckTest::checksNoValueThatIsSwitchedOff()
 
 void EditCheckTest::lastFailureWins_data()
 {
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<QStringList>("told");
+    const TestTable<QString, QStringList> table("edit", "told");
 
     // Style 2, up to 99.
-    QTest::newRow("letter, then digit") << u"[x1]"_s << invalid;
-    QTest::newRow("digit, then letter") << u"[1x]"_s << invalid;
-    QTest::newRow("value, then letter") << u"[100x]"_s << invalid;
-    QTest::newRow("letter, then value") << u"100[x1]"_s << outOfRange;
-    QTest::newRow("letter within the value") << u"10[0x0]"_s << outOfRange;
-    QTest::newRow("letter in front of a number") << u"[x1]00"_s << invalid;
-    QTest::newRow("value alone") << u"[100]"_s << outOfRange;
-    QTest::newRow("letters alone") << u"[xyz]"_s << invalid;
-    QTest::newRow("accent beside a value") << u"100[é1]"_s << invalid;
-    QTest::newRow("kana beside a value") << u"100[あ1]"_s << invalidCharacter(u"1"_s);
-    QTest::newRow("kana behind a value") << u"100[1あ]"_s << invalidCharacter(u"あ"_s);
+    table.add("letter, then digit", u"[x1]"_s, invalid);
+    table.add("digit, then letter", u"[1x]"_s, invalid);
+    table.add("value, then letter", u"[100x]"_s, invalid);
+    table.add("letter, then value", u"100[x1]"_s, outOfRange);
+    table.add("letter within the value", u"10[0x0]"_s, outOfRange);
+    table.add("letter in front of a number", u"[x1]00"_s, invalid);
+    table.add("value alone", u"[100]"_s, outOfRange);
+    table.add("letters alone", u"[xyz]"_s, invalid);
+    table.add("accent beside a value", u"100[é1]"_s, invalid);
+    table.add("kana beside a value", u"100[あ1]"_s, invalidCharacter(u"1"_s));
+    table.add("kana behind a value", u"100[1あ]"_s, invalidCharacter(u"あ"_s));
 }
 
 void EditCheckTest::lastFailureWins()
@@ -326,22 +315,20 @@ void EditCheckTest::lastFailureWins()
 
 void EditCheckTest::takesOnePoint_data()
 {
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<bool>("allowed");
-
-    QTest::newRow("the first") << u"1[.]"_s << true;
-    QTest::newRow("the first, alone") << u"[.]"_s << true;
-    QTest::newRow("the second") << u"1.5[.]"_s << false;
-    QTest::newRow("the second, in front") << u"1[.]2.5"_s << false;
-    QTest::newRow("digits behind") << u"1.5[2]"_s << true;
-    QTest::newRow("a number behind") << u"1.5[2.3]"_s << false;
-    QTest::newRow("a number into nothing") << u"[2.3]"_s << true;
+    const TestTable<QString, bool> table("edit", "allowed");
+    table.add("the first", u"1[.]"_s, true);
+    table.add("the first, alone", u"[.]"_s, true);
+    table.add("the second", u"1.5[.]"_s, false);
+    table.add("the second, in front", u"1[.]2.5"_s, false);
+    table.add("digits behind", u"1.5[2]"_s, true);
+    table.add("a number behind", u"1.5[2.3]"_s, false);
+    table.add("a number into nothing", u"[2.3]"_s, true);
     // The text before counts, not the one after.
-    QTest::newRow("two into nothing") << u"[1.2.3]"_s << true;
-    QTest::newRow("two into a number") << u"1[.2.3]"_s << true;
-    QTest::newRow("in the place of the first") << u"1(.)[.]5"_s << false;
-    QTest::newRow("in the place of everything") << u"(1.5)[2.5]"_s << false;
-    QTest::newRow("comma") << u"1[,]"_s << false;
+    table.add("two into nothing", u"[1.2.3]"_s, true);
+    table.add("two into a number", u"1[.2.3]"_s, true);
+    table.add("in the place of the first", u"1(.)[.]5"_s, false);
+    table.add("in the place of everything", u"(1.5)[2.5]"_s, false);
+    table.add("comma", u"1[,]"_s, false);
 }
 
 void EditCheckTest::takesOnePoint()
@@ -356,23 +343,19 @@ void EditCheckTest::takesOnePoint()
 
 void EditCheckTest::countsBytes_data()
 {
-    QTest::addColumn<QByteArray>("encoding");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<qint32>("size");
-
-    QTest::newRow("ASCII") << QByteArray("UTF-8") << u"abc"_s << 3;
-    QTest::newRow("accent") << QByteArray("UTF-8") << u"né"_s << 3;
-    QTest::newRow("kana") << QByteArray("UTF-8") << u"あ"_s << 3;
-    QTest::newRow("pair") << QByteArray("UTF-8") << u"\U0001f600"_s << 4;
-    QTest::newRow("half a pair counts characters")
-        << QByteArray("UTF-8") << u"é"_s + QChar(0xd83d) << 2;
-    QTest::newRow("accent of one byte") << QByteArray("ISO-8859-1") << u"né"_s << 2;
-    QTest::newRow("kana outside the encoding") << QByteArray("ISO-8859-1") << u"あé"_s << 2;
-    QTest::newRow("pair outside the encoding") << QByteArray("ISO-8859-1") << u"\U0001f600"_s << 2;
-    QTest::newRow("kana of two bytes") << QByteArray("Shift_JIS") << u"aあ漢"_s << 5;
-    QTest::newRow("accent outside the encoding") << QByteArray("Shift_JIS") << u"éé"_s << 2;
-    QTest::newRow("wide characters") << QByteArray("UTF-16BE") << u"ab"_s << 4;
-    QTest::newRow("encoding that is not known") << QByteArray("no-such-encoding") << u"aé"_s << 2;
+    const TestTable<QByteArray, QString, qint32> table("encoding", "text", "size");
+    table.add("ASCII", "UTF-8", u"abc"_s, 3);
+    table.add("accent", "UTF-8", u"né"_s, 3);
+    table.add("kana", "UTF-8", u"あ"_s, 3);
+    table.add("pair", "UTF-8", u"\U0001f600"_s, 4);
+    table.add("half a pair counts characters", "UTF-8", u"é"_s + QChar(0xd83d), 2);
+    table.add("accent of one byte", "ISO-8859-1", u"né"_s, 2);
+    table.add("kana outside the encoding", "ISO-8859-1", u"あé"_s, 2);
+    table.add("pair outside the encoding", "ISO-8859-1", u"\U0001f600"_s, 2);
+    table.add("kana of two bytes", "Shift_JIS", u"aあ漢"_s, 5);
+    table.add("accent outside the encoding", "Shift_JIS", u"éé"_s, 2);
+    table.add("wide characters", "UTF-16BE", u"ab"_s, 4);
+    table.add("encoding that is not known", "no-such-encoding", u"aé"_s, 2);
 }
 
 void EditCheckTest::countsBytes()
@@ -413,14 +396,12 @@ void EditCheckTest::limitsTheWholeText()
 
 void EditCheckTest::takesLimitsOfEverySize_data()
 {
-    QTest::addColumn<qint32>("limit");
-    QTest::addColumn<bool>("allowed");
-
-    QTest::newRow("none") << 0 << true;
-    QTest::newRow("one") << 1 << true;
-    QTest::newRow("largest") << largest << true;
-    QTest::newRow("negative") << -1 << false;
-    QTest::newRow("smallest") << smallest << false;
+    const TestTable<qint32, bool> table("limit", "allowed");
+    table.add("none", 0, true);
+    table.add("one", 1, true);
+    table.add("largest", largest, true);
+    table.add("negative", -1, false);
+    table.add("smallest", smallest, false);
 }
 
 void EditCheckTest::takesLimitsOfEverySize()
@@ -438,30 +419,23 @@ void EditCheckTest::takesLimitsOfEverySize()
 
 void EditCheckTest::refusesStringsTypedWhole_data()
 {
-    QTest::addColumn<QStringList>("refused");
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<QStringList>("told");
-
+    const TestTable<QStringList, QString, QStringList> table("refused", "edit", "told");
     const QStringList x{u"x"_s};
-    QTest::newRow("typed") << x << u"a[x]"_s << invalidCharacter(u"x"_s);
-    QTest::newRow("pasted with another") << x << u"[xy]"_s << nothing;
-    QTest::newRow("pasted twice") << x << u"[xx]"_s << nothing;
-    QTest::newRow("in the text already") << x << u"x[y]"_s << nothing;
-    QTest::newRow("another") << x << u"[y]"_s << nothing;
-    QTest::newRow("other case") << x << u"[X]"_s << nothing;
-    QTest::newRow("in the place of itself") << x << u"(x)[x]"_s << invalidCharacter(u"x"_s);
-    QTest::newRow("deleted") << x << u"(x)[]"_s << nothing;
-    QTest::newRow("twice in the list") << x + x << u"[x]"_s << invalidCharacter(u"x"_s);
-    QTest::newRow("one of several")
-        << QStringList{u"a"_s, u"b"_s, u"c"_s} << u"[b]"_s << invalidCharacter(u"b"_s);
-    QTest::newRow("of several characters")
-        << QStringList{u"end"_s} << u"[end]"_s << invalidCharacter(u"d"_s);
-    QTest::newRow("part of the string") << QStringList{u"end"_s} << u"en[d]"_s << nothing;
-    QTest::newRow("accent") << QStringList{u"\u00e9"_s} << u"[e\u0301]"_s
-                            << invalidCharacter(u"\u0301"_s);
-    QTest::newRow("pair") << QStringList{u"\U0001f600"_s} << u"[\U0001f600]"_s
-                          << invalidCharacter(QChar(0xde00));
-    QTest::newRow("empty string") << QStringList{u""_s} << u"[x]"_s << nothing;
+    table.add("typed", x, u"a[x]"_s, invalidCharacter(u"x"_s));
+    table.add("pasted with another", x, u"[xy]"_s, nothing);
+    table.add("pasted twice", x, u"[xx]"_s, nothing);
+    table.add("in the text already", x, u"x[y]"_s, nothing);
+    table.add("another", x, u"[y]"_s, nothing);
+    table.add("other case", x, u"[X]"_s, nothing);
+    table.add("in the place of itself", x, u"(x)[x]"_s, invalidCharacter(u"x"_s));
+    table.add("deleted", x, u"(x)[]"_s, nothing);
+    table.add("twice in the list", x + x, u"[x]"_s, invalidCharacter(u"x"_s));
+    table.add("one of several", {u"a"_s, u"b"_s, u"c"_s}, u"[b]"_s, invalidCharacter(u"b"_s));
+    table.add("of several characters", {u"end"_s}, u"[end]"_s, invalidCharacter(u"d"_s));
+    table.add("part of the string", {u"end"_s}, u"en[d]"_s, nothing);
+    table.add("accent", {u"\u00e9"_s}, u"[e\u0301]"_s, invalidCharacter(u"\u0301"_s));
+    table.add("pair", {u"\U0001f600"_s}, u"[\U0001f600]"_s, invalidCharacter(QChar(0xde00)));
+    table.add("empty string", {u""_s}, u"[x]"_s, nothing);
 }
 
 void EditCheckTest::refusesStringsTypedWhole()
@@ -483,22 +457,19 @@ void EditCheckTest::refusesStringsTypedWhole()
 
 void EditCheckTest::longTexts_data()
 {
-    QTest::addColumn<qint32>("style");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("allowed");
-
+    const TestTable<qint32, QString, bool> table("style", "text", "allowed");
     constexpr QtSize many = 1 << 18;
-    QTest::newRow("any text") << 0 << QString(many, u'あ') << true;
-    QTest::newRow("ASCII") << 1 << QString(many, u'x') << true;
-    QTest::newRow("digits") << 2 << QString(many, u'7') << false;
-    QTest::newRow("points") << 4 << QString(many, u'.') << true;
-    QTest::newRow("printable") << 10 << QString(many, u'~') << true;
-    QTest::newRow("letter at the end") << 2 << QString(many, u'7') + u'x' << false;
-    QTest::newRow("kana") << 6 << QString(many, u'あ') << false;
-    QTest::newRow("accents") << 6 << QString(many, u'é') << false;
-    QTest::newRow("halves of pairs") << 0 << QString(many, QChar(0xd83d)) << true;
-    QTest::newRow("refused string") << 0 << QString(many, u'r') << false;
-    QTest::newRow("blanks") << 1 << QString(many, u' ') << true;
+    table.add("any text", 0, QString(many, u'あ'), true);
+    table.add("ASCII", 1, QString(many, u'x'), true);
+    table.add("digits", 2, QString(many, u'7'), false);
+    table.add("points", 4, QString(many, u'.'), true);
+    table.add("printable", 10, QString(many, u'~'), true);
+    table.add("letter at the end", 2, QString(many, u'7') + u'x', false);
+    table.add("kana", 6, QString(many, u'あ'), false);
+    table.add("accents", 6, QString(many, u'é'), false);
+    table.add("halves of pairs", 0, QString(many, QChar(0xd83d)), true);
+    table.add("refused string", 0, QString(many, u'r'), false);
+    table.add("blanks", 1, QString(many, u' '), true);
 }
 
 void EditCheckTest::longTexts()

@@ -42,15 +42,15 @@ public:
 
 void addWaysOfTheUser()
 {
-    QTest::addColumn<FieldAction>("puts");
+    const TestTable<FieldAction> table("puts");
     for (const FieldWay &way : waysOfTheUser()) {
-        QTest::newRow(way.name) << way.puttingX();
+        table.add(way.name, way.puttingX());
     }
-    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_s, 1); });
-    QTest::newRow("composition") << FieldAction([](FieldUser &user) {
-        user.composes(u"ks"_s);
-        user.commits(u"x"_s);
-    });
+    table.add("drop", FieldAction([](FieldUser &user) { user.drops(u"x"_s, 1); }));
+    table.add("composition", FieldAction([](FieldUser &user) {
+                  user.composes(u"ks"_s);
+                  user.commits(u"x"_s);
+              }));
 }
 
 void addWaysOfTheProgram()

@@ -164,10 +164,9 @@ void FieldSettingsTest::textThatAValidatorForbidsLetsNothingPass()
 
 void FieldSettingsTest::validatorMayComeLater_data()
 {
-    QTest::addColumn<FieldAction>("puts");
+    const TestTable<FieldAction> table("puts");
     for (const FieldWay &way : waysOfTheUser() + waysOfTheProgram()) {
-        QTest::newRow(way.name) << FieldAction(
-            [put = way.put](FieldUser &user) { put(user, u"5"_s); });
+        table.add(way.name, FieldAction([put = way.put](FieldUser &user) { put(user, u"5"_s); }));
     }
 }
 

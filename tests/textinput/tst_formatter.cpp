@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <cmath>
 #include <limits>
 
 /// How a formatter is made and set, and what it shows.
@@ -215,15 +216,10 @@ void FormatterTest::ignoresMissingStrings()
 
 void FormatterTest::showsValues_data()
 {
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<qint32>("style");
-    QTest::addColumn<QVariant>("object");
-    QTest::addColumn<QString>("shown");
-
-    const auto row = [](const char *name, const char16_t *format, qint32 style,
-                        const QVariant &object, const char16_t *shown) {
-        QTest::newRow(name) << QString::fromUtf16(format) << style << object
-                            << QString::fromUtf16(shown);
+    const TestTable<QString, qint32, QVariant, QString> table("format", "style", "object", "shown");
+    const auto row = [&table](const char *name, const char16_t *format, qint32 style,
+                              const QVariant &object, const char16_t *shown) {
+        table.add(name, QString::fromUtf16(format), style, object, QString::fromUtf16(shown));
     };
     row("text", u"%@", 0, u"Tape"_s, u"Tape");
     row("text in a format", u"[%@ mm]", 1, u"12"_s, u"[12 mm]");

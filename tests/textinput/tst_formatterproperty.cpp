@@ -319,10 +319,9 @@ double secondsToRun()
 
 void FormatterPropertyTest::allowsWhatTheRulesAllow_data()
 {
-    QTest::addColumn<quint64>("seed");
-
-    QTest::newRow("fixed seed") << quint64(20240704);
-    QTest::newRow("fresh seed") << freshSeed();
+    const TestTable<quint64> table("seed");
+    table.add("fixed seed", quint64(20240704));
+    table.add("fresh seed", freshSeed());
 }
 
 void FormatterPropertyTest::allowsWhatTheRulesAllow()

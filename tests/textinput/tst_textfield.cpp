@@ -123,11 +123,9 @@ void TextFieldTest::cleanup()
 
 void TextFieldTest::tellsOfEachEdit_data()
 {
-    QTest::addColumn<FieldAction>("edits");
-    QTest::addColumn<int>("told");
-
-    const auto row = [](const char *name, int told, const FieldAction &edits) {
-        QTest::newRow(name) << edits << told;
+    const TestTable<FieldAction, int> table("edits", "told");
+    const auto row = [&table](const char *name, int told, const FieldAction &edits) {
+        table.add(name, edits, told);
     };
     row("one character", 1, [](FieldUser &user) { user.types(u"x"_s); });
     row("three characters", 3, [](FieldUser &user) { user.types(u"xyz"_s); });
@@ -184,34 +182,31 @@ void TextFieldTest::tellsOfEachEdit()
 
 void TextFieldTest::tellsNothingOfTheRest_data()
 {
-    QTest::addColumn<FieldAction>("acts");
-
-    const auto row = [](const char *name, const FieldAction &acts) {
-        QTest::newRow(name) << acts;
-    };
-    row("text of the program", [](FieldUser &user) {
+    const TestTable<FieldAction> table("acts");
+    table.add("text of the program", [](FieldUser &user) {
         static_cast<PDETextField13_v400_ *>(user.field())->setText(u"5678"_s);
     });
-    row("text of the program, twice", [](FieldUser &user) {
+    table.add("text of the program, twice", [](FieldUser &user) {
         auto *field = static_cast<PDETextField13_v400_ *>(user.field());
         field->clear();
         field->setText(u"5678"_s);
     });
-    row("text of a form", [](FieldUser &user) { user.field()->setProperty("text", u"5678"_s); });
-    row("text that is there already", [](FieldUser &user) {
+    table.add("text of a form",
+              [](FieldUser &user) { user.field()->setProperty("text", u"5678"_s); });
+    table.add("text that is there already", [](FieldUser &user) {
         static_cast<PDETextField13_v400_ *>(user.field())->setText(user.field()->text());
         user.field()->setText(user.field()->text());
     });
-    row("moving the caret", [](FieldUser &user) { user.presses(Qt::Key_Home); });
-    row("selecting", [](FieldUser &user) { user.presses(Qt::Key_Home, Qt::ShiftModifier); });
-    row("Return", [](FieldUser &user) { user.presses(Qt::Key_Return); });
-    row("deleting nothing", [](FieldUser &user) { user.presses(Qt::Key_Delete); });
-    row("composing", [](FieldUser &user) { user.composes(u"ka"_s); });
-    row("focus", [](FieldUser &user) {
+    table.add("moving the caret", [](FieldUser &user) { user.presses(Qt::Key_Home); });
+    table.add("selecting", [](FieldUser &user) { user.presses(Qt::Key_Home, Qt::ShiftModifier); });
+    table.add("Return", [](FieldUser &user) { user.presses(Qt::Key_Return); });
+    table.add("deleting nothing", [](FieldUser &user) { user.presses(Qt::Key_Delete); });
+    table.add("composing", [](FieldUser &user) { user.composes(u"ka"_s); });
+    table.add("focus", [](FieldUser &user) {
         user.field()->clearFocus();
         user.field()->setFocus();
     });
-    row("hiding", [](FieldUser &user) {
+    table.add("hiding", [](FieldUser &user) {
         user.field()->hide();
         user.field()->show();
     });
@@ -388,14 +383,14 @@ void TextFieldTest::observerMayChangeTheField()
 
 void TextFieldTest::observerMayDestroyTheField_data()
 {
-    QTest::addColumn<FieldAction>("edits");
-    QTest::newRow("typing") << FieldAction([](FieldUser &user) { user.types(u"x"_s); });
-    QTest::newRow("deleting") << FieldAction([](FieldUser &user) { user.types(u"\b"_s); });
-    QTest::newRow("pasting") << FieldAction([](FieldUser &user) { user.pastes(u"x"_s); });
-    QTest::newRow("commit") << FieldAction([](FieldUser &user) { user.commits(u"x"_s); });
-    QTest::newRow("drop") << FieldAction([](FieldUser &user) { user.drops(u"x"_s, 0); });
-    QTest::newRow("undo") << FieldAction([](FieldUser &user) { user.undoes(); });
-    QTest::newRow("menu") << FieldAction([](FieldUser &user) { user.pastesFromMenu(u"x"_s); });
+    const TestTable<FieldAction> table("edits");
+    table.add("typing", FieldAction([](FieldUser &user) { user.types(u"x"_s); }));
+    table.add("deleting", FieldAction([](FieldUser &user) { user.types(u"\b"_s); }));
+    table.add("pasting", FieldAction([](FieldUser &user) { user.pastes(u"x"_s); }));
+    table.add("commit", FieldAction([](FieldUser &user) { user.commits(u"x"_s); }));
+    table.add("drop", FieldAction([](FieldUser &user) { user.drops(u"x"_s, 0); }));
+    table.add("undo", FieldAction([](FieldUser &user) { user.undoes(); }));
+    table.add("menu", FieldAction([](FieldUser &user) { user.pastesFromMenu(u"x"_s); }));
 }
 
 void TextFieldTest::observerMayDestroyTheField()
@@ -521,19 +516,16 @@ void TextFieldTest::propertiesSetAnAttachedFormatter()
 
 void TextFieldTest::warnsOfPropertiesThatAreNoIntegers_data()
 {
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<QByteArray>("shown");
-
-    QTest::newRow("text") << QByteArray("<string>twelve</string>") << QByteArray("twelve");
-    QTest::newRow("number and text") << QByteArray("<string>12 mm</string>") << QByteArray("12 mm");
-    QTest::newRow("two lines") << QByteArray("<string>1&#10;2</string>") << QByteArray("1\\n2");
-    QTest::newRow("no text") << QByteArray("<string></string>") << QByteArray();
-    QTest::newRow("real") << QByteArray("<double>1.5</double>") << QByteArray("1.5");
-    QTest::newRow("truth") << QByteArray("<bool>true</bool>") << QByteArray("true");
-    QTest::newRow("beyond 32 bits")
-        << QByteArray("<longLong>2147483648</longLong>") << QByteArray("2147483648");
-    QTest::newRow("beyond 64 bits") << QByteArray("<uLongLong>18446744073709551615</uLongLong>")
-                                    << QByteArray("18446744073709551615");
+    const TestTable<QByteArray, QByteArray> table("value", "shown");
+    table.add("text", "<string>twelve</string>", "twelve");
+    table.add("number and text", "<string>12 mm</string>", "12 mm");
+    table.add("two lines", "<string>1&#10;2</string>", "1\\n2");
+    table.add("no text", "<string></string>", QByteArray());
+    table.add("real", "<double>1.5</double>", "1.5");
+    table.add("truth", "<bool>true</bool>", "true");
+    table.add("beyond 32 bits", "<longLong>2147483648</longLong>", "2147483648");
+    table.add("beyond 64 bits", "<uLongLong>18446744073709551615</uLongLong>",
+              "18446744073709551615");
 }
 
 void TextFieldTest::warnsOfPropertiesThatAreNoIntegers()
@@ -561,17 +553,16 @@ void TextFieldTest::warnsOfPropertiesThatAreNoIntegers()
 
 void TextFieldTest::takesIntegersOfEveryKind_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<qint32>("number");
-    QTest::newRow("integer") << QVariant(7) << 7;
-    QTest::newRow("unsigned") << QVariant(7U) << 7;
-    QTest::newRow("long") << QVariant(-7LL) << -7;
-    QTest::newRow("unsigned long") << QVariant(7ULL) << 7;
-    QTest::newRow("text") << QVariant(u"-7"_s) << -7;
-    QTest::newRow("largest") << QVariant(largest) << largest;
-    QTest::newRow("smallest") << QVariant(smallest) << smallest;
-    QTest::newRow("real") << QVariant(7.0) << 7;
-    QTest::newRow("text of the smallest") << QVariant(u"-2147483648"_s) << smallest;
+    const TestTable<QVariant, qint32> table("value", "number");
+    table.add("integer", QVariant(7), 7);
+    table.add("unsigned", QVariant(7U), 7);
+    table.add("long", QVariant(-7LL), -7);
+    table.add("unsigned long", QVariant(7ULL), 7);
+    table.add("text", QVariant(u"-7"_s), -7);
+    table.add("largest", QVariant(largest), largest);
+    table.add("smallest", QVariant(smallest), smallest);
+    table.add("real", QVariant(7.0), 7);
+    table.add("text of the smallest", QVariant(u"-2147483648"_s), smallest);
 }
 
 void TextFieldTest::takesIntegersOfEveryKind()

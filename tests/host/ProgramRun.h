@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-/// How a run of the kvprint program ended.
+/// How a run of a program ended.
 struct ProgramRun
 {
     /// The exit status; −1 when the program crashed or did not end.
@@ -16,21 +16,26 @@ struct ProgramRun
 
     /// The lines of the output.
     QStringList lines() const;
+    /// Whether the errors contain the text; shows them when they do not.
+    bool tells(const QString &text) const;
 };
 
-/// What a run of kvprint is given besides its arguments.
+/// What a run is given besides its arguments.
 struct ProgramInput
 {
     QByteArray standardInput;
-    /// Of the process; this one's when it is empty.
+    /// What its environment has ("NAME=VALUE") and lacks ("NAME") other than this process's.
     QStringList variables = {};
     /// The current folder; this process's when it is null.
     QString folder = {};
 };
 
 /// The variable that names a scheduler that does not answer.
-inline const QString noScheduler = QStringLiteral("CUPS_SERVER=127.0.0.1:9");
+inline const QString noScheduler = u"CUPS_SERVER=127.0.0.1:9"_s;
 
+/// Runs a program to its end.
+ProgramRun runProgram(const QString &program, const QStringList &arguments,
+                      const ProgramInput &input = {});
 /// Runs kvprint to its end.
 ProgramRun runKvprint(const QStringList &arguments, const ProgramInput &input = {});
 

@@ -5,8 +5,18 @@
 
 namespace {
 constexpr int runTimeoutMs = 60'000;
+} // namespace
 
-ProgramRun run(const QString &program, const QStringList &arguments, const ProgramInput &input)
+bool ProgramRun::tells(const QString &text) const
+{
+    if (!errors.contains(text)) {
+        qWarning("%s", qPrintable(errors));
+    }
+    return errors.contains(text);
+}
+
+ProgramRun runProgram(const QString &program, const QStringList &arguments,
+                      const ProgramInput &input)
 {
     QProcess process;
     process.setProcessEnvironment(environmentWith(input.variables));
@@ -25,7 +35,6 @@ ProgramRun run(const QString &program, const QStringList &arguments, const Progr
     run.errors = QString::fromLocal8Bit(process.readAllStandardError());
     return run;
 }
-} // namespace
 
 QStringList ProgramRun::lines() const
 {
@@ -34,26 +43,26 @@ QStringList ProgramRun::lines() const
 
 ProgramRun runKvprint(const QStringList &arguments, const ProgramInput &input)
 {
-    return run(QStringLiteral(KV_PRINT_PROGRAM), arguments, input);
+    return runProgram(QStringLiteral(KV_PRINT_PROGRAM), arguments, input);
 }
 
 QStringList atPrinter(const QString &queue, const QStringList &more)
 {
-    return QStringList{QStringLiteral("--no-dialog"), QStringLiteral("-d"), queue} + more;
+    return QStringList{u"--no-dialog"_s, u"-d"_s, queue} + more;
 }
 
 QStringList options(const QStringList &all)
 {
     QStringList arguments;
     for (const QString &option : all) {
-        arguments << QStringLiteral("-o") << option;
+        arguments << u"-o"_s << option;
     }
     return arguments;
 }
 
 ProgramRun runInShell(const QString &line, const ProgramInput &input)
 {
-    return run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line}, input);
+    return runProgram(u"/bin/sh"_s, {u"-c"_s, line}, input);
 }
 
 QProcessEnvironment environmentWith(const QStringList &variables)
