@@ -70,12 +70,6 @@ UConverter *converterFor(const QByteArray &encoding)
     return converters.emplace(encoding, std::move(converter)).first->second.get();
 }
 
-QByteArray &chosenName()
-{
-    static QByteArray name;
-    return name;
-}
-
 /// Runs a conversion of ICU's into a buffer, once more when the first one was too short.
 template <typename Buffer, typename Conversion>
 bool convert(Buffer &buffer, QtSize firstLength, Conversion conversion)
@@ -101,12 +95,7 @@ bool convert(Buffer &buffer, QtSize firstLength, Conversion conversion)
 
 QByteArray SystemEncoding::name()
 {
-    return chosenName().isEmpty() ? QByteArray(nl_langinfo(CODESET)) : chosenName();
-}
-
-void SystemEncoding::setName(const QByteArray &name)
-{
-    chosenName() = name;
+    return nl_langinfo(CODESET);
 }
 
 std::span<const char *const> SystemEncoding::availableStringEncodings()

@@ -11,11 +11,8 @@
 
 /// Text in the encodings that the system uses, through ICU.
 namespace SystemEncoding {
-/// The name of the system encoding: the locale's codeset ("UTF-8") unless setName() changed it.
+/// The name of the system encoding, which is the locale's codeset: "UTF-8".
 KVPRINTCORE_EXPORT QByteArray name();
-
-/// Uses another encoding as the system's; an empty name goes back to the locale's codeset.
-KVPRINTCORE_EXPORT void setName(const QByteArray &name);
 
 /// The further encodings that a text may be measured in, most wanted first.
 KVPRINTCORE_EXPORT std::span<const char *const> availableStringEncodings();

@@ -2,7 +2,7 @@
 #include "Talker.h"
 #include "textinput/FormatString.h"
 
-#include "printcore/SystemEncoding.h"
+#include "support/SystemCodeset.h"
 
 #include <QEvent>
 #include <QFile>
@@ -104,7 +104,7 @@ private Q_SLOTS:
 
 void FormatStringTest::cleanup()
 {
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 }
 
 void FormatStringTest::fillsTexts()
@@ -219,10 +219,10 @@ void FormatStringTest::noneIsNull()
 void FormatStringTest::readsCStringsInTheSystemEncoding()
 {
     QCOMPARE(formatted(u"%s"_s, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_s);
-    SystemEncoding::setName("Shift_JIS");
+    setSystemCodeset("Shift_JIS");
     QCOMPARE(formatted(u"%s %@"_s, "\x83\x65", "\x83\x65"), u"テ テ"_s);
     // In UTF-8 though the system is not.
-    SystemEncoding::setName("US-ASCII");
+    setSystemCodeset("US-ASCII");
     QCOMPARE(formatted(u"%s"_s, "Gr\xc3\xb6\xc3\x9f"), u"Größ"_s);
     // In neither.
     QCOMPARE(formatted(u"%s"_s, "Gr\xf6\xdf"), u"Größ"_s);

@@ -3,9 +3,9 @@
 
 #include "Talker.h"
 #include "ppd/PDEChoice.h"
-#include "printcore/SystemEncoding.h"
 #include "printcore/SystemLog.h"
 #include "support/PPDText.h"
+#include "support/SystemCodeset.h"
 
 #include <QTest>
 
@@ -78,7 +78,7 @@ void PDELogTest::init()
 void PDELogTest::cleanup()
 {
     setLogSink({});
-    SystemEncoding::setName({});
+    setSystemCodeset({});
     mLines.clear();
 }
 
@@ -286,7 +286,7 @@ void PDELogTest::dumpsInTheSystemEncoding()
 {
     const PPDHandle ppd = PPDText().option("KvTest", {"1/Gr\xf6\xdf"}, "1", "\xc4nderung").open();
     QVERIFY(ppd);
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     _PDELog_ppd_option_t(ppd.get(), "KvTest");
     const QByteArrayList lines = logged();
     QCOMPARE(valuesOf(lines, "***** text | "), QByteArrayList({u"Änderung"_s.toUtf8()}));

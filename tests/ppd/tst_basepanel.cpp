@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RecordingHost.h"
 #include "RecordingPanel.h"
-#include "printcore/SystemEncoding.h"
+#include "support/SystemCodeset.h"
 #include "support/TestHost.h"
 
 #include <QHash>
@@ -61,7 +61,7 @@ QString uriOfLength(int length)
 
 void BasePanelTest::cleanup()
 {
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 }
 
 void BasePanelTest::fetchesTheObjectsOfTheJobOnce()
@@ -147,7 +147,7 @@ void BasePanelTest::copiesTheDeviceURIInTheSystemEncoding()
     QCOMPARE(copiedURI(accents), QByteArray("usb://Gr\xc3\xb6\xc3\x9f"
                                             "e"));
     QCOMPARE(copiedURI(uriOfLength(253) + u'é'), QByteArray(""));
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     QCOMPARE(copiedURI(accents), QByteArray("usb://Gr\xf6\xdf"
                                             "e"));
     QCOMPARE(copiedURI(uriOfLength(253) + u'é'), uriOfLength(253).toLatin1() + '\xe9');
@@ -155,9 +155,9 @@ void BasePanelTest::copiesTheDeviceURIInTheSystemEncoding()
 
 void BasePanelTest::deviceURIThatTheSystemEncodingLacksIsLeftOut()
 {
-    SystemEncoding::setName("US-ASCII");
+    setSystemCodeset("US-ASCII");
     QCOMPARE(copiedURI(u"usb://Größe"_s), QByteArray(""));
-    SystemEncoding::setName("no-such-encoding");
+    setSystemCodeset("no-such-encoding");
     QCOMPARE(copiedURI(u"usb://Korvane"_s), QByteArray(""));
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ppd/PDEUtilsMethod.h"
-#include "printcore/SystemEncoding.h"
 #include "support/PPDText.h"
+#include "support/SystemCodeset.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -93,7 +93,7 @@ QColor textColor(QPalette::ColorGroup group, QPalette::ColorRole role)
 
 void UtilsTest::cleanup()
 {
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 }
 
 void UtilsTest::measuresTextInBytes_data()
@@ -125,7 +125,7 @@ void UtilsTest::measuresTextInBytes()
 {
     QFETCH(QByteArray, encoding);
     QFETCH(QString, text);
-    SystemEncoding::setName(encoding);
+    setSystemCodeset(encoding);
     QTEST(Utils::stringLengthConvertedToEncoding(text), "length");
 }
 
@@ -230,9 +230,9 @@ void UtilsTest::readsAttributesInTheSystemEncoding()
 {
     const PPDHandle ppd = ppdWithAttribute("Gr\xf6\xdf"
                                            "e");
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     QCOMPARE(Utils::ppdAttrValStr(ppd.get(), "KvTest"), u"Größe"_s);
-    SystemEncoding::setName("US-ASCII");
+    setSystemCodeset("US-ASCII");
     QVERIFY(Utils::ppdAttrValStr(ppd.get(), "KvTest").isNull());
 }
 
@@ -251,7 +251,7 @@ void UtilsTest::readsOptionTextsInTheSystemEncoding()
                                         "Gr\xf6\xdf"
                                         "e");
     QVERIFY(Utils::ppdOptionTextStr(ppd.get(), "KvTest").isNull());
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     QCOMPARE(Utils::ppdOptionTextStr(ppd.get(), "KvTest"), u"Größe"_s);
 }
 
@@ -371,7 +371,7 @@ void UtilsTest::findsNothingInAnEmptyList()
 
 void UtilsTest::titlesAreUTF8WhateverTheSystemEncoding()
 {
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     const PPDHandle ppd = ppdWithOption({"ON/\xe3\x81\x82"}, "ON",
                                         "Gr\xc3\xb6\xc3\x9f"
                                         "e");

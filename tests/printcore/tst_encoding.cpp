@@ -2,6 +2,7 @@
 #include "printcore/Gestalt.h"
 #include "printcore/IntegerValue.h"
 #include "printcore/SystemEncoding.h"
+#include "support/SystemCodeset.h"
 
 #include <QTest>
 
@@ -45,23 +46,23 @@ private Q_SLOTS:
 
 void EncodingTest::cleanup()
 {
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 }
 
 void EncodingTest::systemEncodingIsTheLocalesUntilChosen()
 {
     // The tests run in a locale with this codeset.
     QCOMPARE(SystemEncoding::name(), QByteArray("UTF-8"));
-    SystemEncoding::setName("Shift_JIS");
+    setSystemCodeset("Shift_JIS");
     QCOMPARE(SystemEncoding::name(), QByteArray("Shift_JIS"));
-    SystemEncoding::setName({});
+    setSystemCodeset({});
     QCOMPARE(SystemEncoding::name(), QByteArray("UTF-8"));
 }
 
 void EncodingTest::systemEncodingAppliesToTexts()
 {
     QCOMPARE(SystemEncoding::encode(u"é"_s), Bytes("\xc3\xa9"));
-    SystemEncoding::setName("ISO-8859-1");
+    setSystemCodeset("ISO-8859-1");
     QCOMPARE(SystemEncoding::encode(u"é"_s), Bytes("\xe9"));
     QCOMPARE(SystemEncoding::encode(u"あ"_s), Bytes());
     QCOMPARE(SystemEncoding::decode("\xe9"), u"é"_s);
@@ -178,7 +179,7 @@ void EncodingTest::decodes()
 {
     QFETCH(QByteArray, encoding);
     QFETCH(QByteArray, bytes);
-    SystemEncoding::setName(encoding);
+    setSystemCodeset(encoding);
     QTEST(SystemEncoding::decode(bytes.constData()), "text");
 }
 
@@ -197,7 +198,7 @@ void EncodingTest::refusesMalformedBytes()
 {
     QFETCH(QByteArray, encoding);
     QFETCH(QByteArray, bytes);
-    SystemEncoding::setName(encoding);
+    setSystemCodeset(encoding);
     QVERIFY(SystemEncoding::decode(bytes.constData()).isNull());
     QCOMPARE(SystemEncoding::decode("fine"), u"fine"_s);
 }
@@ -212,7 +213,7 @@ void EncodingTest::emptyBytesAreAnEmptyText()
 
 void EncodingTest::unknownSystemEncodingDecodesNothing()
 {
-    SystemEncoding::setName("no-such-encoding");
+    setSystemCodeset("no-such-encoding");
     QVERIFY(SystemEncoding::decode("a").isNull());
     QCOMPARE(SystemEncoding::encode(u"a"_s), Bytes());
 }

@@ -2,8 +2,8 @@
 #include "RefusalLog.h"
 
 #include "printcore/QtVersions.h"
-#include "printcore/SystemEncoding.h"
 #include "support/Limits.h"
+#include "support/SystemCodeset.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QTest>
@@ -72,7 +72,7 @@ const QStringList nothing;
 void EditCheckTest::cleanup()
 {
     mFormatter.reset();
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 }
 
 bool EditCheckTest::allows(const QString &edit)
@@ -364,7 +364,7 @@ void EditCheckTest::countsBytes()
     QFETCH(QString, text);
     QFETCH(qint32, size);
     RefusalLog log;
-    SystemEncoding::setName(encoding);
+    setSystemCodeset(encoding);
     const QString edit = u'[' + text + u']';
     mFormatter->setMaxLength(size);
     QVERIFY(allows(edit));

@@ -3,8 +3,8 @@
 #include "RefusalLog.h"
 
 #include "printcore/QtVersions.h"
-#include "printcore/SystemEncoding.h"
 #include "support/Limits.h"
+#include "support/SystemCodeset.h"
 #include "textinput/PDEFormatter.h"
 
 #include <QElapsedTimer>
@@ -286,7 +286,7 @@ public:
 private:
     void tryOne(const TriedEdit &tried)
     {
-        SystemEncoding::setName(QByteArray::fromStdString(tried.encoding));
+        setSystemCodeset(QByteArray::fromStdString(tried.encoding));
         const Verdict expected = verdictOn(tried.edit);
         const Verdict answer = answerOn(tried.edit);
         Counts &counts = mCounts[tried.edit.style];
@@ -329,7 +329,7 @@ void FormatterPropertyTest::allowsWhatTheRulesAllow()
     QFETCH(quint64, seed);
     EditTrial trial(seed);
     const std::string problem = trial.run(secondsToRun() / 2);
-    SystemEncoding::setName({});
+    setSystemCodeset({});
 
     int edits = 0;
     for (const auto &[style, counts] : trial.counts()) {
