@@ -98,17 +98,17 @@ std::optional<QStringList> OptionPDE13_v400_::supportedPPDOptionKeys()
 {
     if (!supportedOptions()) {
         setValuesToKey();
-        setSupportedOptions(QStringList());
+        QStringList keys;
         for (const OptionRow &row : OptionCatalogue::rows) {
             if (this->*row.option) {
-                mSupportedOptions->append(QLatin1String(row.keyword));
+                keys.append(QLatin1String(row.keyword));
             }
             // The cut-every box drives the auto-cut key where that has no option of its own.
             if (row.id == OptionCatalogue::CutEvery && mCutEvery_Option && !mAutoCut_Option) {
-                mSupportedOptions->append(
-                    QLatin1String(OptionCatalogue::rows[OptionCatalogue::AutoCut].keyword));
+                keys.append(QLatin1String(OptionCatalogue::rows[OptionCatalogue::AutoCut].keyword));
             }
         }
+        setSupportedOptions(keys);
     }
     return supportedOptions();
 }

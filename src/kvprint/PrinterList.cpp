@@ -25,7 +25,7 @@ QString fromPPD(const char *text)
     return QString::fromUtf8(text);
 }
 
-QJsonValue orNull(const QString &text)
+QJsonValue nullIfEmpty(const QString &text)
 {
     return text.isEmpty() ? QJsonValue() : QJsonValue(text);
 }
@@ -41,8 +41,8 @@ QJsonObject described(const ppd_option_t &option, const PPDFile &ppd, bool isOfP
     return {{nameMember, keyword},
             {textMember, fromPPD(option.text)},
             {panelMember, isOfPanel},
-            {defaultMember, orNull(fromPPD(option.defchoice))},
-            {currentMember, orNull(ppd.markedChoice(keyword))},
+            {defaultMember, nullIfEmpty(fromPPD(option.defchoice))},
+            {currentMember, nullIfEmpty(ppd.markedChoice(keyword))},
             {choicesMember, choices}};
 }
 

@@ -16,18 +16,20 @@ QString DisplayServer::open()
 
 QString DisplayServer::startServer()
 {
-    mServer.setStandardErrorFile(mHome.filePath(u"server.log"_s));
+    mServer.setStandardErrorFile(mHome.filePath(QStringLiteral("server.log")));
     // It writes the number of a display that was free to its standard output.
-    mServer.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
-                              u"%1x%2x24"_s.arg(mScreen.width()).arg(mScreen.height()),
-                              u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+    mServer.start(QStringLiteral("Xvfb"),
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                   QStringLiteral("0"),
+                   QStringLiteral("%1x%2x24").arg(mScreen.width()).arg(mScreen.height()),
+                   QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
     const bool isReady = waitFor([this] {
         return mServer.state() == QProcess::NotRunning || mServer.canReadLine() ||
                mServer.waitForReadyRead(0);
     });
     const QByteArray number = mServer.readLine().trimmed();
     if (!isReady || number.isEmpty()) {
-        return u"Xvfb: %1"_s.arg(mServer.errorString());
+        return QStringLiteral("Xvfb: %1").arg(mServer.errorString());
     }
     mName = QLatin1Char(':') + QString::fromLatin1(number);
     return {};
@@ -37,17 +39,17 @@ QString DisplayServer::startWindowManager()
 {
     mWindowManager.setProcessEnvironment(environment());
     mWindowManager.setProcessChannelMode(QProcess::MergedChannels);
-    mWindowManager.setStandardOutputFile(mHome.filePath(u"manager.log"_s));
-    mWindowManager.start(u"openbox"_s, {});
+    mWindowManager.setStandardOutputFile(mHome.filePath(QStringLiteral("manager.log")));
+    mWindowManager.start(QStringLiteral("openbox"), {});
     const bool isReady = mWindowManager.waitForStarted() &&
-                         waitFor([this] { return command({u"get_num_desktops"_s}); });
-    return isReady ? QString() : u"openbox: %1"_s.arg(mWindowManager.errorString());
+                         waitFor([this] { return command({QStringLiteral("get_num_desktops")}); });
+    return isReady ? QString() : QStringLiteral("openbox: %1").arg(mWindowManager.errorString());
 }
 
 QProcessEnvironment DisplayServer::environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"DISPLAY"_s, mName);
+    environment.insert(QStringLiteral("DISPLAY"), mName);
     for (const char *folder : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) {
         environment.insert(QLatin1String(folder), mHome.path());
     }
@@ -60,7 +62,7 @@ bool DisplayServer::command(const QStringList &arguments) const
     xdotool.setProcessEnvironment(environment());
     xdotool.setStandardOutputFile(QProcess::nullDevice());
     xdotool.setStandardErrorFile(QProcess::nullDevice());
-    xdotool.start(u"xdotool"_s, arguments);
+    xdotool.start(QStringLiteral("xdotool"), arguments);
     return xdotool.waitForFinished(kPatienceMs) && xdotool.exitStatus() == QProcess::NormalExit &&
            xdotool.exitCode() == 0;
 }

@@ -19,7 +19,7 @@ void setSystemCodeset(const QByteArray &name)
 
 /// Takes the place of the C library's in this program: a machine need not have a locale with the
 /// codeset that a test wants.
-extern "C" char *nl_langinfo(nl_item item) noexcept
+extern "C" __attribute__((visibility("default"))) char *nl_langinfo(nl_item item) noexcept
 {
     if (item == CODESET && !codeset().isEmpty()) {
         return codeset().data();
