@@ -44,15 +44,15 @@ void OptionOutlets::findIn(QWidget *nib)
     find(nib, "mCutEveryStr", mCutEveryStr);
 }
 
-StripBoxes OptionOutlets::stripBoxes() const
+Strip OptionOutlets::strip() const
 {
-    return {.cutEvery = mCutEveryChkBx.data(),
-            .cutAtEnd = mCutAndEndChkBx.data(),
-            .mirror = mMirrorPrintChkBx.data(),
-            .autoCut = mAutoCutChkBx.data(),
-            .halfCut = mHalfCutChkBx.data(),
-            .chainPrint = mChainPrintChkBx.data(),
-            .specialTape = mSpecialTapeChkBx.data(),
-            .removeBlkSpace = mRemoveBlkSpaceChkBx.data(),
-            .cutMark = mCutMarkChkBx.data()};
+    return Strip::of({.cutEvery = mCutEveryChkBx.data(),
+                      .cutAtEnd = mCutAndEndChkBx.data(),
+                      .mirror = mMirrorPrintChkBx.data(),
+                      .autoCut = mAutoCutChkBx.data(),
+                      .halfCut = mHalfCutChkBx.data(),
+                      .chainPrint = mChainPrintChkBx.data(),
+                      .specialTape = mSpecialTapeChkBx.data(),
+                      .removeBlkSpace = mRemoveBlkSpaceChkBx.data(),
+                      .cutMark = mCutMarkChkBx.data()});
 }

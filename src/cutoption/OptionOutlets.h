@@ -19,8 +19,7 @@ struct OptionOutlets
     void findIn(QWidget *nib);
 
     /// The strip that the check boxes ask for.
-    Strip strip() const { return Strip::of(stripBoxes()); }
-    StripBoxes stripBoxes() const;
+    Strip strip() const;
 
     QPointer<QWidget> mOptionDummyView;
     QPointer<PopUpButton> mOptionPopUpButton;

@@ -79,7 +79,9 @@ double OptionPDE13_v400_::widthMissingForTitles() const
 void OptionPDE13_v400_::awakeFromNib()
 {
     OptionLayout layout(*this, *this, mAutoCutHideKey_dec != 0);
-    layout.widen(kPDEView, std::min(widthMissingForTitles(), mostWidening));
+    if (const double missing = widthMissingForTitles(); missing > 0.0) {
+        layout.widen(kPDEView, std::min(missing, mostWidening));
+    }
     layout.alignFieldLine();
 
     const QSizeF size = frameSize(kPDEView);

@@ -10,9 +10,9 @@ namespace {
 void tellUser(const QString &problem)
 {
     tellProblem(problem);
-    // Nobody sees the standard error of what a menu has started.
+    // Nobody sees the standard error of what a menu has started. The log names the application.
     if (!isatty(STDERR_FILENO)) {
-        logToSystem(asOneLine(problem));
+        logToSystem(QStringLiteral("kvprint: ") + asOneLine(problem));
     }
 }
 } // namespace

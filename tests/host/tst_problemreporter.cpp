@@ -39,7 +39,7 @@ void tst_problemreporter::problemIsLoggedWithoutATerminal_data()
 {
     const TestTable<bool, QByteArrayList> table("hasTerminal", "logged");
     table.add("terminal", true, QByteArrayList());
-    table.add("no terminal", false, {"a\\nb.pde is missing"});
+    table.add("no terminal", false, {"kvprint: a\\nb.pde is missing"});
 }
 
 void tst_problemreporter::problemIsLoggedWithoutATerminal()
