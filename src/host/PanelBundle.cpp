@@ -6,9 +6,11 @@
 #include "printcore/CheckedFile.h"
 #include "printcore/FormCheck.h"
 #include "printcore/PictureDecoder.h"
+#include "printcore/PictureVariants.h"
 #include "printcore/ResourceLimits.h"
 
 #include <QDir>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
@@ -30,9 +32,10 @@ struct ResourceKind
 };
 
 const QLatin1String formSuffix(".ui");
+const QLatin1String pictureSuffix(".png");
 
 const ResourceKind checkedKinds[] = {
-    {QLatin1String(".png"), ResourceLimits::kPictureSize, pictureFault},
+    {pictureSuffix, ResourceLimits::kPictureSize, pictureFault},
     {formSuffix, ResourceLimits::kFormSize, formFault},
 };
 
@@ -154,8 +157,25 @@ bool PanelBundle::checkNextResource(ProblemReporter &reporter)
     if (mCheckedResources == files.size()) {
         return false;
     }
-    checkResource(files.at(mCheckedResources++), reporter);
+    const QString &file = files.at(mCheckedResources++);
+    if (file.endsWith(pictureSuffix)) {
+        checkPicture(file, reporter);
+    } else {
+        checkResource(file, reporter);
+    }
     return true;
+}
+
+void PanelBundle::checkPicture(const QString &file, ProblemReporter &reporter) const
+{
+    if (isFinerVariant(file)) {
+        return;
+    }
+    for (const PictureVariant &variant : pictureVariants(file, qGuiApp->devicePixelRatio())) {
+        if (checkResource(variant.file, reporter)) {
+            return;
+        }
+    }
 }
 
 bool PanelBundle::checkResource(const QString &file, ProblemReporter &reporter) const

@@ -44,8 +44,9 @@ public:
     /// The bundle's folder name, for messages.
     QString name() const;
 
-    /// Reads the next of the declared pictures and forms, and tells when it cannot be read. False
-    /// when all have been read: each is read once, and takes about a millisecond.
+    /// Reads the next of the declared pictures and forms, and tells when it cannot be read. Of a
+    /// picture only the file for this screen is read. False when all have been read: each is read
+    /// once, and takes less than a millisecond.
     bool checkNextResource(ProblemReporter &reporter);
 
     /// Whether a declared form is missing or cannot be read now. Tells all that is wrong with the
@@ -59,6 +60,8 @@ private:
     void reportProblems(ProblemReporter &reporter) const;
     /// Reads a declared picture or form, and tells when it is none. Whether it can be used.
     bool checkResource(const QString &file, ProblemReporter &reporter) const;
+    /// Checks the file that stands for a picture on this screen; nothing for a finer variant.
+    void checkPicture(const QString &file, ProblemReporter &reporter) const;
 
     std::shared_ptr<Bundle> mBundle;
     QPluginLoader mLoader;

@@ -6,20 +6,16 @@
 #include <QString>
 
 class CheckedFile;
+struct PictureVariant;
 
-/**
- * A picture whose file is read at once, and decoded when it is first used.
- *
- * Beside the file there may be files of the same picture with a higher resolution, with "@1.5x",
- * "@2x" and "@3x" in their names.
- */
+/// A picture whose file is read at once, and decoded when it is first used.
 class PictureFile
 {
 public:
     PictureFile() = default;
     /**
-     * Reads the file with the lowest resolution that is sufficient for the screen, else the one
-     * with the highest. Only trusted files within the ResourceLimits are used.
+     * Reads the first of the pictureVariants() for the screen that is a trusted file within the
+     * ResourceLimits.
      *
      * @param folder opened as a trusted one.
      * @param name of the file with the lowest resolution.
@@ -30,7 +26,7 @@ public:
     const QPixmap &pixmap() const;
 
 private:
-    bool read(const CheckedFile &folder, const QString &name, qreal ratio);
+    bool read(const CheckedFile &folder, const PictureVariant &variant);
 
     mutable QByteArray mBytes;
     mutable QPixmap mPixmap;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Application.h"
+#include "AttachedDialog.h"
+#include "BundleFolder.h"
 #include "PrintingTest.h"
 
 #include <QLayout>
@@ -15,6 +17,7 @@ class tst_fractionalscale : public PrintingTest
 private Q_SLOTS:
     void initTestCase();
     void viewIsWholeInADialogThatWasRoundedDown();
+    void picturesOfThisScreenAreChecked();
 };
 
 void tst_fractionalscale::initTestCase()
@@ -40,6 +43,23 @@ void tst_fractionalscale::viewIsWholeInADialogThatWasRoundedDown()
     QCOMPARE(dialog.size(), rounded);
     QVERIFY(!tab->horizontalScrollBar()->isVisible());
     QVERIFY(!tab->verticalScrollBar()->isVisible());
+}
+
+void tst_fractionalscale::picturesOfThisScreenAreChecked()
+{
+    const BundleFolder folder;
+    QVERIFY(folder.add());
+    for (const QString &mark : {u""_s, u"@1.5x"_s}) {
+        const QString picture = u"Contents/Resources/AHCMOnOffOffOff%1.png"_s.arg(mark);
+        QVERIFY(folder.overwrite(picture, "no picture"));
+    }
+    AttachedDialog dialog(u"tape"_s, {}, folder.path());
+    QVERIFY(dialog.user().open());
+    QTRY_VERIFY(!dialog.problems().isEmpty());
+    // The pictures behind it are checked, too.
+    QTest::qWait(200);
+    QCOMPARE(dialog.problems().join(u"; "_s),
+             u"Spoilt.pde: AHCMOnOffOffOff@1.5x.png is no picture"_s);
 }
 
 KV_TEST(tst_fractionalscale)
