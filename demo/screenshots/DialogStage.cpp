@@ -35,7 +35,7 @@ void endAnimations()
     }
 }
 
-QImage pictureOf(QWidget &widget)
+QImage grabbed(QWidget &widget)
 {
     widget.grab();
     endAnimations();
@@ -55,7 +55,7 @@ QList<Overlay> overlaysOf(const QWidget &dialog)
     const auto widgets = QApplication::topLevelWidgets();
     for (QWidget *widget : widgets) {
         if (isOverDialog(*widget, dialog)) {
-            overlays.append({widget->pos() - dialog.mapToGlobal(QPoint()), pictureOf(*widget)});
+            overlays.append({widget->pos() - dialog.mapToGlobal(QPoint()), grabbed(*widget)});
         }
     }
     return overlays;
@@ -164,7 +164,7 @@ bool DialogStage::showSummary()
 
 QImage DialogStage::picture() const
 {
-    QImage picture = pictureOf(*mDialog);
+    QImage picture = grabbed(*mDialog);
     const QList<Overlay> overlays = overlaysOf(*mDialog);
     QRectF area = mDialog->rect();
     for (const Overlay &overlay : overlays) {
@@ -183,5 +183,5 @@ QImage DialogStage::picture() const
 
 QImage DialogStage::panelPicture() const
 {
-    return pictureOf(*panelTab());
+    return grabbed(*panelTab());
 }

@@ -49,7 +49,7 @@ bool offerNoDisplay()
 QString bundleFolder()
 {
     return QDir::cleanPath(QDir(QCoreApplication::applicationDirPath())
-                               .absoluteFilePath(QStringLiteral(KV_BUNDLE_FOLDER)));
+                               .absoluteFilePath(QStringLiteral(KV_BUNDLES_BESIDE_PROGRAM)));
 }
 
 /// Shows Qt's own part of the dialog in the user's language too, where Qt's texts are installed.
