@@ -274,6 +274,18 @@ bool PrivateScheduler::addPrinter(const QString &name, const QString &ppdPath, Q
     return cupsLastError() <= IPP_STATUS_OK_CONFLICTING || fail(error, lastError());
 }
 
+bool PrivateScheduler::setPaused(const QString &name, bool isPaused, QString *error) const
+{
+    const Connection connection = connectTo(mPort);
+    if (!connection) {
+        return fail(error, lastError());
+    }
+    ipp_t *request = newRequest(isPaused ? IPP_OP_PAUSE_PRINTER : IPP_OP_RESUME_PRINTER,
+                                "printer-uri", resourceUri("printers", name.toUtf8()));
+    const Message response(cupsDoRequest(connection.get(), request, "/admin/"));
+    return cupsLastError() <= IPP_STATUS_OK_CONFLICTING || fail(error, lastError());
+}
+
 QString PrivateScheduler::outputPath(const QString &printer) const
 {
     return mFolder.filePath(QStringLiteral("out/%1.prn").arg(printer));

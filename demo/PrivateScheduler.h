@@ -40,6 +40,9 @@ public:
      */
     bool addPrinter(const QString &name, const QString &ppdPath, QString *error) const;
 
+    /// Stops a queue, whose jobs are kept from here on, or starts it again.
+    bool setPaused(const QString &name, bool isPaused, QString *error) const;
+
     /**
      * The file that holds what the latest job of a queue sent to its device.
      *

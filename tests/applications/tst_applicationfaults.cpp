@@ -84,8 +84,7 @@ QStringList tst_applicationfaults::printedChoices() const
         jobs = mSite->scheduler().jobIds();
         return !jobs.isEmpty();
     });
-    const bool isPrinted =
-        jobs.size() == 1 && mSite->scheduler().waitForJob(jobs.first(), kPatienceMs);
+    const bool isPrinted = jobs.size() == 1 && mSite->isPrinted(jobs.first());
     return isPrinted ? JobTicket::attributes(jobs.first(), u"Kv"_s) : QStringList{u"no job"_s};
 }
 

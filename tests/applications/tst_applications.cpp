@@ -68,7 +68,7 @@ bool tst_applications::isPrinted(const QString &printer, const QStringList &choi
     waitFor([this] { return !newJobs().isEmpty(); });
     const QList<int> jobs = newJobs();
     mFormerJobs += jobs.size();
-    if (jobs.size() != 1 || !mSite.scheduler().waitForJob(jobs.first(), kPatienceMs)) {
+    if (jobs.size() != 1 || !mSite.isPrinted(jobs.first())) {
         qWarning("%d jobs", int(jobs.size()));
         return false;
     }

@@ -30,7 +30,8 @@ QString PrintingSite::open()
         return error;
     }
     for (const QString &printer : printers()) {
-        if (!mScheduler->addPrinter(printer, ppdPath(printer), &error)) {
+        if (!mScheduler->addPrinter(printer, ppdPath(printer), &error) ||
+            !mScheduler->setPaused(printer, true, &error)) {
             return error;
         }
     }
@@ -74,6 +75,15 @@ bool PrintingSite::saveUserOptions(const QByteArray &lines) const
     QFile file(home.filePath(u".cups/lpoptions"_s));
     return home.mkpath(u".cups"_s) && file.open(QIODevice::WriteOnly) &&
            file.write(lines) == lines.size();
+}
+
+bool PrintingSite::isPrinted(int job) const
+{
+    for (const QString &queue : printers()) {
+        // Unless a test has removed it.
+        mScheduler->setPaused(queue, false, nullptr);
+    }
+    return mScheduler->waitForJob(job, 30'000);
 }
 
 QMap<QString, QString> PrintingSite::job(int id) const

@@ -17,7 +17,8 @@ public:
     /// Gives the process its home folder: before its first call of libcups.
     PrintingSite();
 
-    /// Starts the scheduler with the six sample printers; the reason when that fails.
+    /// Starts the scheduler with the six sample printers; the reason when that fails. Jobs are kept,
+    /// and not printed before isPrinted() asks for it.
     QString open();
 
     /// The queues, each named after its printer: "tape", "follow", "mark", "all", "label", "plain".
@@ -38,6 +39,8 @@ public:
     /// nothing.
     bool saveUserOptions(const QByteArray &lines) const;
 
+    /// Whether a job is completed, after some time to print it. All queues print from here on.
+    bool isPrinted(int job) const;
     /// The attributes of a job.
     QMap<QString, QString> job(int id) const;
     /// "KEY=CHOICE" of every option of the maker's that a job carries, sorted.

@@ -149,7 +149,7 @@ void tst_instance::savedChoicesAreShownAndPrinted()
     const int job = dialog.print(mSite.scheduler());
     QVERIFY(isAtTape(job));
     QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));
-    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
+    QVERIFY(mSite.isPrinted(job));
     QCOMPARE(dialog.problems(), QStringList());
 }
 
@@ -205,7 +205,7 @@ void tst_instance::kvprintsDialogPrints()
     const int job = run.print();
     QVERIFY(isAtTape(job));
     QCOMPARE(mSite.choices(job), tapeWith(u"KvHalfCut=ON KvMirror=ON"_s));
-    QVERIFY(mSite.scheduler().waitForJob(job, 30'000));
+    QVERIFY(mSite.isPrinted(job));
 }
 
 void tst_instance::kvprintsRequestsWinOverTheSavedOnes()
