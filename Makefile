@@ -56,7 +56,7 @@ lint: format
 	cmake --build --preset lint
 
 format: deps
-	git ls-files '*.cpp' '*.h' | xargs clang-format-19 --dry-run --Werror
+	git ls-files '*.cpp' '*.h' | xargs -n 64 -P $(JOBS) clang-format-19 --dry-run --Werror
 	! git grep -L '^[/#]* SPDX-License-Identifier: Apache-2.0$$' -- $(licensed) | grep .
 
 test-optimised test-sanitize: test-%: deps

@@ -17,8 +17,8 @@ public:
     /// Gives the process its home folder: before its first call of libcups.
     PrintingSite();
 
-    /// Starts the scheduler with the six sample printers; the reason when that fails. Jobs are kept,
-    /// and not printed before isPrinted() asks for it.
+    /// Starts the scheduler with the six sample printers; the reason when that fails. Jobs are
+    /// kept, and not printed before isPrinted() asks for it.
     QString open();
 
     /// The queues, each named after its printer: "tape", "follow", "mark", "all", "label", "plain".
