@@ -52,7 +52,7 @@ const PanelBundles &BenchSite::bundles()
         QString problems;
         ProblemReporter reporter(
             [&problems](const QString &problem) { problems += problem + u'\n'; });
-        mBundles = PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), reporter);
+        mBundles = PanelBundles::load(QStringLiteral(KV_BUNDLE_FOLDER), reporter);
         require(problems.isEmpty(), problems);
     }
     return mBundles;

@@ -3,7 +3,7 @@
 
 #include "bench/MeasuredPrinter.h"
 #include "demo/PrivateScheduler.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/PanelTarget.h"
 
 #include <QDir>

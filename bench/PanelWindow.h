@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/PanelTarget.h"
 #include "host/ProblemReporter.h"
 

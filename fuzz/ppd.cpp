@@ -65,7 +65,7 @@ class PPDFuzzer : public FuzzTarget
 public:
     PPDFuzzer()
         : mReporter([](const QString &) {})
-        , mBundles(PanelBundle::loadAll(mBundle.folder(), mReporter))
+        , mBundles(PanelBundles::load(mBundle.folder(), mReporter))
     {
         expectRule(mBundles.size() == 1, "the bundle is loaded");
         mBundles.front()->setLanguages({QStringLiteral("en")});

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/DialogCallback.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 
 #include <QPointer>
 #include <QWidget>

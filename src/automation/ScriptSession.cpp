@@ -229,9 +229,9 @@ PanelBundles ScriptSession::loadBundles(ScriptRequest &request, const QString &p
     PanelBundles bundles;
     const QFileInfo named(QDir::cleanPath(QDir(path).absolutePath()));
     if (path.isNull()) {
-        bundles = PanelBundle::loadAll(mSetup.bundleFolder, reporter);
+        bundles = PanelBundles::load(mSetup.bundleFolder, reporter);
     } else if (auto bundle = PanelBundle::load(named.path(), named.fileName(), reporter)) {
-        bundles.push_back(std::move(bundle));
+        bundles.add(std::move(bundle));
     }
     if (bundles.empty()) {
         request.refuse(problems.join(QStringLiteral("; ")));

@@ -2,12 +2,14 @@
 #include "cups/PPDFile.h"
 
 #include "cups/JobOptions.h"
+#include "printcore/QtVersions.h"
 
 #include <QFile>
 #include <QStringList>
 
 #include <cups/cups.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -37,15 +39,16 @@ QString systemError(const QString &name)
     return QStringLiteral("%1: %2").arg(name, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
-/// Reads a PPD and closes the file.
-ppd_file_t *openPPD(cups_file_t *file, const QString &shownName, QString *error)
+/// All that can be read of a file, decompressed.
+QByteArray textOf(cups_file_t *file)
 {
-    ppd_file_t *ppd = ppdOpen2(file);
-    cupsFileClose(file);
-    if (!ppd) {
-        setError(error, lastErrorOf(shownName));
+    QByteArray text;
+    std::array<char, 65536> part;
+    for (ssize_t size = cupsFileRead(file, part.data(), part.size()); size > 0;
+         size = cupsFileRead(file, part.data(), part.size())) {
+        text.append(part.data(), QtSize(size));
     }
-    return ppd;
+    return text;
 }
 
 /// A file with that text which needs no room on a disk; null, with errno set, when there is no
@@ -71,26 +74,48 @@ cups_file_t *fileInMemory(const QByteArray &text)
 std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error, Marks marks)
 {
     cups_file_t *file = cupsFileOpen(QFile::encodeName(path).constData(), "r");
-    ppd_file_t *ppd = file ? openPPD(file, path, error) : nullptr;
     if (!file) {
         setError(error, systemError(path));
+        return nullptr;
     }
-    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
+    const QByteArray text = textOf(file);
+    cupsFileRewind(file);
+    return opened(file, text, path, error, marks);
 }
 
 std::unique_ptr<PPDFile> PPDFile::read(const QByteArray &text, const QString &name, QString *error,
                                        Marks marks)
 {
     cups_file_t *file = fileInMemory(text);
-    ppd_file_t *ppd = file ? openPPD(file, name, error) : nullptr;
     if (!file) {
         setError(error, systemError(name));
+        return nullptr;
     }
-    return ppd ? std::unique_ptr<PPDFile>(new PPDFile(ppd, marks)) : nullptr;
+    return opened(file, text, name, error, marks);
 }
 
-PPDFile::PPDFile(ppd_file_t *ppd, Marks marks)
+std::unique_ptr<PPDFile> PPDFile::opened(cups_file_t *file, const QByteArray &text,
+                                         const QString &name, QString *error, Marks marks)
+{
+    ppd_file_t *ppd = ppdOpen2(file);
+    cupsFileClose(file);
+    if (!ppd) {
+        setError(error, lastErrorOf(name));
+        return nullptr;
+    }
+    return std::unique_ptr<PPDFile>(new PPDFile(ppd, text, name, marks));
+}
+
+std::unique_ptr<PPDFile> PPDFile::with(const QByteArray &lines, QString *error) const
+{
+    return read(mText + lines, mName, error, mMarks);
+}
+
+PPDFile::PPDFile(ppd_file_t *ppd, const QByteArray &text, const QString &name, Marks marks)
     : mPPD(ppd)
+    , mText(text)
+    , mName(name)
+    , mMarks(marks)
 {
     ppdLocalize(mPPD);
     if (marks == Marks::Defaults) {
@@ -133,6 +158,18 @@ QStringList PPDFile::choices(const QString &key) const
         keywords.append(QString::fromUtf8(found->choices[i].choice));
     }
     return keywords;
+}
+
+QString PPDFile::defaultChoice(const QString &key) const
+{
+    const ppd_option_t *found = option(key);
+    return found ? QString::fromUtf8(found->defchoice) : QString();
+}
+
+QString PPDFile::attribute(const QString &name) const
+{
+    const ppd_attr_t *found = ppdFindAttr(mPPD, name.toUtf8().constData(), nullptr);
+    return found ? QString::fromUtf8(found->value) : QString();
 }
 
 QString PPDFile::markedChoice(const QString &key) const

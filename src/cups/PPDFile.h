@@ -3,7 +3,10 @@
 
 #include "ppd/PPD.h"
 
+#include <QByteArray>
 #include <QString>
+
+#include <cups/file.h>
 
 #include <memory>
 
@@ -35,6 +38,10 @@ public:
     static std::unique_ptr<PPDFile> read(const QByteArray &text, const QString &name,
                                          QString *error, Marks marks = Marks::Defaults);
 
+    /// The same PPD with more lines behind its own, with nothing else marked than from the start;
+    /// null, with the reason in @p error, when libcups refuses them.
+    std::unique_ptr<PPDFile> with(const QByteArray &lines, QString *error) const;
+
     ~PPDFile();
     PPDFile(const PPDFile &) = delete;
     PPDFile &operator=(const PPDFile &) = delete;
@@ -50,6 +57,10 @@ public:
     QString optionText(const QString &key) const;
     /// The keywords of the option's choices in the PPD's order, for a message.
     QStringList choices(const QString &key) const;
+    /// The option's default choice; null when there is no such option.
+    QString defaultChoice(const QString &key) const;
+    /// The value of an attribute such as "Manufacturer"; null when the PPD has none of that name.
+    QString attribute(const QString &name) const;
     /// The choice that is marked; null when there is none.
     QString markedChoice(const QString &key) const;
     /// Marks the choice; false, with nothing marked, when the PPD lacks it.
@@ -58,9 +69,15 @@ public:
     void mark(const JobOptions &options);
 
 private:
-    PPDFile(ppd_file_t *ppd, Marks marks);
+    /// Reads the PPD of that text from a file, and closes the file.
+    static std::unique_ptr<PPDFile> opened(cups_file_t *file, const QByteArray &text,
+                                           const QString &name, QString *error, Marks marks);
+    PPDFile(ppd_file_t *ppd, const QByteArray &text, const QString &name, Marks marks);
 
     ppd_option_t *option(const QString &key) const;
 
     ppd_file_t *mPPD;
+    QByteArray mText;
+    QString mName;
+    Marks mMarks;
 };

@@ -39,5 +39,5 @@ PanelBundles DialogService::loadBundles()
         mReporter.report(QStringLiteral("%1 has been removed").arg(ownFile()));
         return {};
     }
-    return PanelBundle::loadAll(folder + QStringLiteral("/pde"), mReporter);
+    return PanelBundles::load(folder + QStringLiteral("/pde"), mReporter);
 }

@@ -3,7 +3,7 @@
 
 #include "dialog/PrintDialogExtender.h"
 #include "host/LastChoices.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
 #include <optional>

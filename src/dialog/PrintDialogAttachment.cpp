@@ -228,15 +228,17 @@ void PrintDialogAttachment::buildHost()
     if (!target) {
         return;
     }
+    mReporter.report(target->use(mBundles.maps()));
     const PPDFile &openPPD = *target->ppd;
     if (const QPageSize paper = mPickedPaper.isValid() ? mPickedPaper : mRequestedPaper;
         paper.isValid()) {
         target->paper = paperIn(openPPD, paper);
     }
-    JobOptions requests = target->savedOptions;
-    requests.merge(mRequested);
-    requests.merge(mLastChoices.of(mQueue));
-    requests.merge(mSetChoices.value(mQueue));
+    JobOptions requests;
+    for (const JobOptions &options :
+         {target->savedOptions, mRequested, mLastChoices.of(mQueue), mSetChoices.value(mQueue)}) {
+        requests.merge(target->take(options));
+    }
 
     mHost = std::make_unique<PanelHost>(std::move(*target), mBundles, mReporter);
     for (const QString &key : mHost->keys()) {
@@ -317,7 +319,8 @@ void PrintDialogAttachment::hidePanelsOptions()
         return;
     }
     QStringList texts;
-    for (const QString &key : mHost->keys()) {
+    const QStringList keys = mHost->printerKeys();
+    for (const QString &key : keys) {
         texts.append(mHost->ppd().optionText(key));
     }
     hideListedOptions(*mProperties, texts);
@@ -398,6 +401,7 @@ void PrintDialogAttachment::passPanelsChoices()
     for (const auto &[key, choice] : shown.pairs()) {
         options.remove(key);
     }
+    mHost->removeMapped(options);
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);
 }

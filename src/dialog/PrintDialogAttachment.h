@@ -3,7 +3,7 @@
 
 #include "cups/JobOptions.h"
 #include "cups/PrinterRecord.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 
 #include <QMap>
 #include <QObject>

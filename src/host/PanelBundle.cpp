@@ -50,37 +50,7 @@ std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, 
     }
     return Bundle::open(bundle.path(), error);
 }
-
-/// What is in the folder under a bundle's name, links that lead nowhere included.
-QStringList candidatesIn(const QString &folder, ProblemReporter &reporter)
-{
-    const CheckedFile listed = CheckedFile::trusted(folder, FileUse::List, folder);
-    if (!listed.fault().isNull()) {
-        reporter.report(QStringLiteral("%1 %2").arg(folder, listed.fault()));
-        return {};
-    }
-    QStringList names =
-        QDir(folder).entryList({QStringLiteral("*.pde")},
-                               QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-    if (names.isEmpty()) {
-        reporter.report(QStringLiteral("%1: there is no panel bundle").arg(folder));
-    }
-    return names;
-}
 } // namespace
-
-std::vector<std::unique_ptr<PanelBundle>> PanelBundle::loadAll(const QString &folder,
-                                                               ProblemReporter &reporter)
-{
-    PanelBundles bundles;
-    const QStringList names = candidatesIn(folder, reporter);
-    for (const QString &name : names) {
-        if (auto bundle = load(folder, name, reporter)) {
-            bundles.push_back(std::move(bundle));
-        }
-    }
-    return bundles;
-}
 
 std::unique_ptr<PanelBundle> PanelBundle::load(const QString &folder, const QString &name,
                                                ProblemReporter &reporter)
@@ -144,6 +114,11 @@ std::unique_ptr<PDEPlugIn> PanelBundle::makePlugIn() const
 {
     auto plugIn = mFactory->makePlugIn(mBundle->principalClass());
     return plugIn && plugIn->initWithBundle(mBundle) ? std::move(plugIn) : nullptr;
+}
+
+QString PanelBundle::mapFolder() const
+{
+    return QDir(mBundle->resourcePath()).filePath(QStringLiteral("printers"));
 }
 
 QString PanelBundle::name() const

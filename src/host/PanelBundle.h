@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <memory>
-#include <vector>
 
 class Bundle;
 class ProblemReporter;
@@ -16,19 +15,8 @@ class ProblemReporter;
 class PanelBundle
 {
 public:
-    /**
-     * Loads every bundle (a folder whose name ends in ".pde") in a folder, in the order of names.
-     *
-     * A bundle is left alone when its info file or its library is no trusted CheckedFile of the
-     * given folder.
-     *
-     * @param reporter told of each bundle that cannot be loaded and of each resource that is
-     *        missing; what is left works.
-     */
-    static std::vector<std::unique_ptr<PanelBundle>> loadAll(const QString &folder,
-                                                             ProblemReporter &reporter);
-
-    /// Loads the bundle of that name in a folder; null, and reported, when it cannot be loaded.
+    /// Loads the bundle of that name in a folder; null, and reported, when it cannot be loaded. Its
+    /// info file and its library must be trusted CheckedFiles of the folder.
     static std::unique_ptr<PanelBundle> load(const QString &folder, const QString &name,
                                              ProblemReporter &reporter);
 
@@ -41,6 +29,8 @@ public:
 
     /// A plug-in object for one dialog.
     std::unique_ptr<PDEPlugIn> makePlugIn() const;
+    /// The folder of the keyword maps in the bundle's resources, which may be missing.
+    QString mapFolder() const;
     /// The bundle's folder name, for messages.
     QString name() const;
 
@@ -68,6 +58,3 @@ private:
     PDEPlugInFactory *mFactory = nullptr;
     int mCheckedResources = 0;
 };
-
-/// The bundles of a dialog.
-using PanelBundles = std::vector<std::unique_ptr<PanelBundle>>;

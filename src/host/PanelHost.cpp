@@ -23,6 +23,7 @@ void offerBeep()
 
 PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
+    , mMap(std::move(target.map))
     , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     connect(mCallback.get(), &DialogCallback::choiceChanged, this, &PanelHost::tellPanels);
@@ -35,6 +36,18 @@ PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemRep
     offerBeep();
     for (const auto &bundle : bundles) {
         addPanels(*bundle);
+    }
+    if (mMap) {
+        startFromPrinter();
+    }
+}
+
+void PanelHost::startFromPrinter()
+{
+    mFormer = mMap->markedIn(ppd());
+    const JobOptions choices = mMap->panelChoices(mFormer);
+    for (const auto &[key, choice] : choices.pairs()) {
+        request(key, choice);
     }
 }
 
@@ -250,7 +263,20 @@ JobOptions PanelHost::jobOptions() const
             options.set(key, choice);
         }
     }
-    return options;
+    return mMap ? mMap->printerChoices(options, mFormer) : options;
+}
+
+QStringList PanelHost::printerKeys() const
+{
+    return mMap ? mMap->printerKeys() : mKeys;
+}
+
+void PanelHost::removeMapped(JobOptions &options) const
+{
+    const auto added = mMap ? mMap->options() : QList<KeywordMap::Option>();
+    for (const KeywordMap::Option &option : added) {
+        options.remove(option.key);
+    }
 }
 
 QList<PanelHost::SummaryLine> PanelHost::summary() const

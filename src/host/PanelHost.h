@@ -3,7 +3,7 @@
 
 #include "cups/JobOptions.h"
 #include "host/DialogCallback.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/PanelTarget.h"
 
 #include <QHash>
@@ -79,11 +79,16 @@ public:
     /// The user accepts the dialog; false when a panel refuses to print.
     bool accept();
 
-    /// The marked choice of every option that a panel declares and the PPD has.
+    /// The marked choice of every option that a panel declares and the PPD has, in the printer's
+    /// words.
     JobOptions jobOptions() const;
 
     /// The keywords of the options that the panels declare.
     const QStringList &keys() const { return mKeys; }
+    /// The keywords of the printer's options that the panels decide: with a map other ones.
+    QStringList printerKeys() const;
+    /// Takes the options that the printer does not know by these words out of a job's.
+    void removeMapped(JobOptions &options) const;
 
     /// The lines of all panels in order.
     QList<SummaryLine> summary() const;
@@ -96,6 +101,8 @@ Q_SIGNALS:
 
 private:
     void addPanels(const PanelBundle &bundle);
+    /// Requests what the printer's own choices stand for.
+    void startFromPrinter();
     void tellMissingOptions(PDEPanel &panel, const QStringList &keys);
     void tellPanels(const QString &key, const QString &choice);
     void showAgain(PDEPanel &panel);
@@ -108,6 +115,9 @@ private:
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
+    std::optional<KeywordMap> mMap;
+    /// With a map the printer's choices that the panels started from.
+    JobOptions mFormer;
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;

@@ -3,6 +3,7 @@
 
 #include "cups/PPDPaper.h"
 #include "cups/PrinterRecord.h"
+#include "host/PrinterMaps.h"
 
 std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Marks marks,
                                               QString *error)
@@ -12,8 +13,8 @@ std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Mark
         return std::nullopt;
     }
     Paper paper = markedPaper(*ppd);
-    return PanelTarget{std::move(ppd), Printer(QString()), std::move(paper), PrintSettings(),
-                       JobOptions()};
+    return PanelTarget{std::move(ppd),  Printer(QString()), std::move(paper),
+                       PrintSettings(), JobOptions(),       std::nullopt};
 }
 
 std::optional<PanelTarget> PanelTarget::ofQueue(SchedulerConnection &scheduler, const QString &name,
@@ -33,6 +34,40 @@ std::optional<PanelTarget> PanelTarget::of(const PrinterRecord &printer, PPDFile
     JobOptions saved = printer.queue->jobOptions();
     ppd->mark(saved);
     Paper paper = markedPaper(*ppd);
-    return PanelTarget{std::move(ppd), Printer(printer.queue->queue(), printer.queue->deviceURI()),
-                       std::move(paper), PrintSettings(), std::move(saved)};
+    return PanelTarget{
+        std::move(ppd),   Printer(printer.queue->queue(), printer.queue->deviceURI()),
+        std::move(paper), PrintSettings(),
+        std::move(saved), std::nullopt};
+}
+
+QString PanelTarget::use(const PrinterMaps &maps)
+{
+    map = maps.mapFor(*ppd);
+    if (!map) {
+        return {};
+    }
+    QString error;
+    auto extended = ppd->with(map->ppdLines(*ppd), &error);
+    if (!extended) {
+        map.reset();
+        return error;
+    }
+    ppd = std::move(extended);
+    ppd->mark(savedOptions);
+    return {};
+}
+
+JobOptions PanelTarget::take(const JobOptions &options)
+{
+    if (!map) {
+        return options;
+    }
+    JobOptions words = map->inPanelWords(options, map->markedIn(*ppd));
+    const QStringList keys = map->printerKeys();
+    for (const QString &key : keys) {
+        if (options.contains(key)) {
+            ppd->mark(key, options.value(key));
+        }
+    }
+    return words;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cups/JobOptions.h"
+#include "cups/KeywordMap.h"
 #include "cups/PPDFile.h"
 #include "printcore/Paper.h"
 #include "printcore/PrintSettings.h"
@@ -10,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class PrinterMaps;
 class SchedulerConnection;
 struct PrinterRecord;
 
@@ -43,6 +45,18 @@ struct PanelTarget
     static std::optional<PanelTarget> of(const PrinterRecord &printer, PPDFile::Marks marks,
                                          QString *error);
 
+    /**
+     * Adds the panels' options to a PPD that lacks them, when there is a map for it. To be used
+     * before anything is marked but what the target was made with.
+     *
+     * @return what is wrong with the map; null when nothing is.
+     */
+    QString use(const PrinterMaps &maps);
+
+    /// Marks the printer's own options among these, and answers all of them in the panels' words;
+    /// without a map the options themselves, with nothing marked.
+    JobOptions take(const JobOptions &options);
+
     /// The printer's, with the choices marked that the panels start from; never null.
     std::unique_ptr<PPDFile> ppd;
     Printer printer;
@@ -50,4 +64,6 @@ struct PanelTarget
     PrintSettings settings;
     /// The options that the queue's jobs start from, PrintQueue::jobOptions().
     JobOptions savedOptions;
+    /// What the panels' options in the PPD stand for; nothing when they are the printer's own.
+    std::optional<KeywordMap> map;
 };

@@ -14,7 +14,7 @@
 DirectCommand::DirectCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
     , mScheduler(std::chrono::seconds(mCommandLine.timeout))
-    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+    , mBundles(PanelBundles::load(bundleFolder, mReporter))
 {
     QObject::connect(&mEvents, &PanelEvents::alerted,
                      [this](const QString &text) { mReporter.report(text); });

@@ -3,29 +3,33 @@
 
 #include "cups/OptionCheck.h"
 #include "cups/PPDPaper.h"
+#include "host/ProblemReporter.h"
 #include "plugin/PDEPanelAutomation.h"
 
 JobSetup::JobSetup(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mBundles(bundles)
     , mReporter(reporter)
     , mTarget(std::move(target))
-    , mSaved(spelledAsIn(*mTarget.ppd, mTarget.savedOptions))
 {
+    mReporter.report(mTarget.use(mBundles.maps()));
+    mSaved = spelledAsIn(*mTarget.ppd, mTarget.savedOptions);
 }
 
 QString JobSetup::apply(const Wish &wish)
 {
     mAsked = spelledAsIn(*mTarget.ppd, wish.options);
     QString fault = faultOfOptions(*mTarget.ppd, mAsked);
+    const JobOptions saved = mTarget.take(mSaved);
+    const JobOptions asked = mTarget.take(mAsked);
     mTarget.ppd->mark(mAsked);
     mTarget.paper = markedPaper(*mTarget.ppd);
     mHost = std::make_unique<PanelHost>(std::move(mTarget), mBundles, mReporter);
     if (!fault.isNull()) {
         return fault;
     }
-    request(mSaved);
+    request(saved);
     mHost->requestPreset(wish.preset);
-    request(mAsked);
+    request(asked);
     for (PDEPanel *panel : mHost->panels()) {
         if (mHost->view(*panel)) {
             mHost->show(*panel);
@@ -79,6 +83,7 @@ void JobSetup::request(const JobOptions &options)
 JobOptions JobSetup::askedOptions() const
 {
     JobOptions options = mAsked;
+    mHost->removeMapped(options);
     options.merge(mHost->jobOptions());
     return options;
 }
@@ -86,6 +91,7 @@ JobOptions JobSetup::askedOptions() const
 JobOptions JobSetup::jobOptions() const
 {
     JobOptions options = mSaved;
+    mHost->removeMapped(options);
     options.merge(askedOptions());
     if (mAsked.contains(QStringLiteral("PageSize"))) {
         options.remove(QStringLiteral("media"));

@@ -11,7 +11,7 @@
 
 ListCommand::ListCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
-    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+    , mBundles(PanelBundles::load(bundleFolder, mReporter))
 {
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/PanelEvents.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 #include "kvprint/CommandLine.h"
 #include "kvprint/PrintCommand.h"

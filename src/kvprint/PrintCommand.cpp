@@ -146,7 +146,7 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     mDialog->setOption(QAbstractPrintDialog::PrintToFile, false);
     mDialog->setMinMax(1, mostPages);
     mDialog->setWindowTitle(HostText().text("Print %1").arg(mPrinter->docName()));
-    mBundles = PanelBundle::loadAll(mBundleFolder, mReporter);
+    mBundles = PanelBundles::load(mBundleFolder, mReporter);
     mAttachment =
         new PrintDialogAttachment(mDialog, mBundles, mReporter, mLastChoices, mCommandLine.options);
     return mDialog;

@@ -4,7 +4,7 @@
 #include "cups/SchedulerConnection.h"
 #include "dialog/PrintDialogAttachment.h"
 #include "host/LastChoices.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 #include "kvprint/CommandLine.h"
 

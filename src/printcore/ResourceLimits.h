@@ -21,6 +21,9 @@ constexpr int kFormWidgets = 500;
 constexpr int kFormElements = 10'000;
 constexpr int kFormDepth = 64;
 
+/// Bytes of a keyword map.
+constexpr qint64 kMapSize = 262'144;
+
 /// Bytes and pixels of a picture.
 constexpr qint64 kPictureSize = 1'048'576;
 constexpr qint64 kPicturePixels = 4'194'304;

@@ -15,7 +15,7 @@ QStringList optionsHandedOver(const QPrinter &printer)
 
 Application::Application()
     : mReporter([this](const QString &problem) { mProblems.append(problem); })
-    , mBundles(PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
+    , mBundles(PanelBundles::load(QStringLiteral(KV_BUNDLE_FOLDER), mReporter))
     , mPrinter(QPrinter::HighResolution)
 {
 }

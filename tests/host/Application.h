@@ -4,7 +4,7 @@
 #include "PanelUser.h"
 #include "demo/DialogDriver.h"
 #include "host/LastChoices.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
 #include <QMap>

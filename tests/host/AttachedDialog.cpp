@@ -20,7 +20,7 @@ JobOptions optionsOf(const QStringList &arguments)
 AttachedDialog::AttachedDialog(const QString &printer, const QStringList &options,
                                const QString &bundleFolder)
     : mReporter([this](const QString &problem) { mProblems.append(problem); })
-    , mBundles(PanelBundle::loadAll(bundleFolder, mReporter))
+    , mBundles(PanelBundles::load(bundleFolder, mReporter))
     , mPrinter(QPrinter::HighResolution)
 {
     mPrinter.setPrinterName(printer);

@@ -5,7 +5,7 @@
 #include "cups/JobOptions.h"
 #include "demo/DialogDriver.h"
 #include "host/LastChoices.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
 #include <QPrintDialog>

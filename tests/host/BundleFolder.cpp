@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <filesystem>
 
@@ -51,6 +52,13 @@ bool BundleFolder::overwrite(const QString &file, const QByteArray &bytes) const
     QFile target(path(file));
     return target.exists() && target.open(QIODevice::WriteOnly) &&
            target.write(bytes) == bytes.size();
+}
+
+bool BundleFolder::create(const QString &file, const QByteArray &bytes) const
+{
+    QFile added(path(file));
+    return QDir().mkpath(QFileInfo(added.fileName()).path()) && added.open(QIODevice::WriteOnly) &&
+           added.write(bytes) == bytes.size();
 }
 
 bool BundleFolder::truncate(const QString &file, qint64 size) const

@@ -28,6 +28,8 @@ public:
     /// Removes a file, or a folder with all that is in it.
     bool remove(const QString &file) const;
     bool overwrite(const QString &file, const QByteArray &bytes) const;
+    /// Adds a file, with the folders that lead to it.
+    bool create(const QString &file, const QByteArray &bytes) const;
     /// Cuts the file after so many bytes.
     bool truncate(const QString &file, qint64 size) const;
     /// Makes the file that large, without a byte in it.

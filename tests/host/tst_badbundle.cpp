@@ -335,7 +335,7 @@ void tst_badbundle::closedBundle()
     ProblemReporter reporter([&problems](const QString &told) { problems.append(told); });
     {
         const AnotherUser user;
-        QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
+        QVERIFY(PanelBundles::load(folder.path(), reporter).empty());
     }
     QVERIFY(folder.setMode(closed, 0755));
     problem.replace(u"FOLDER"_s, folder.path());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
 #include <QDir>
@@ -106,7 +106,7 @@ void tst_filetrust::soundBundleIsLoaded()
     QVERIFY(folder.add());
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    QCOMPARE(PanelBundle::loadAll(folder.path(), reporter).size(), std::size_t(1));
+    QCOMPARE(PanelBundles::load(folder.path(), reporter).size(), std::size_t(1));
     QCOMPARE(problems, QStringList());
 }
 
@@ -146,7 +146,7 @@ void tst_filetrust::bundleOpenToOthersIsLeftAlone()
     QVERIFY(folder.add() && open(folder));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
+    QVERIFY(PanelBundles::load(folder.path(), reporter).empty());
     QCOMPARE(problems, QStringList(expected(folder, told)));
 }
 
@@ -172,7 +172,7 @@ void tst_filetrust::bundleOfAnotherUserIsLeftAlone()
     QVERIFY(folder.add() && giveTo(QDir::cleanPath(folder.path(file)), anotherUser));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    QVERIFY(PanelBundle::loadAll(folder.path(), reporter).empty());
+    QVERIFY(PanelBundles::load(folder.path(), reporter).empty());
     QCOMPARE(problems, QStringList(expected(
                            folder, told + u" belongs to another user (%1)"_s.arg(anotherUser))));
 }
@@ -184,7 +184,7 @@ void tst_filetrust::restOfTheFolderIsLoaded()
     QVERIFY(setMode(folder.path(libraryFile), 0666));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    const PanelBundles bundles = PanelBundle::loadAll(folder.path(), reporter);
+    const PanelBundles bundles = PanelBundles::load(folder.path(), reporter);
     QCOMPARE(bundles.size(), std::size_t(1));
     QCOMPARE(bundles.front()->name(), u"Sound.pde"_s);
     QCOMPARE(problems.size(), 1);
@@ -198,7 +198,7 @@ void tst_filetrust::folderMayBeALink()
     QVERIFY(folder.add() && QFile::link(folder.path(), link));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    QCOMPARE(PanelBundle::loadAll(link, reporter).size(), std::size_t(1));
+    QCOMPARE(PanelBundles::load(link, reporter).size(), std::size_t(1));
     QCOMPARE(problems, QStringList());
 }
 
@@ -217,7 +217,7 @@ void tst_filetrust::resourceOpenToOthersIsNotUsed()
     QVERIFY(folder.add() && folder.setMode(u"Contents/Resources/"_s + file, 0646));
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    const PanelBundles bundles = PanelBundle::loadAll(folder.path(), reporter);
+    const PanelBundles bundles = PanelBundles::load(folder.path(), reporter);
     QCOMPARE(bundles.size(), std::size_t(1));
     const QString told = u"Spoilt.pde: %1 can be written by others (mode 646)"_s;
     QCOMPARE(problems, QStringList(told.arg(file)));

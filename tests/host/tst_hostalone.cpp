@@ -32,7 +32,7 @@ void tst_hostalone::choiceIsAnOptionOfTheJob()
 {
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems += problem; });
-    const PanelBundles bundles = PanelBundle::loadAll(QStringLiteral(KV_BUNDLE_FOLDER), reporter);
+    const PanelBundles bundles = PanelBundles::load(QStringLiteral(KV_BUNDLE_FOLDER), reporter);
     QString error;
     auto target = PanelTarget::ofPPD(QStringLiteral(KV_PPD_DIR "/korvane-tape.ppd"),
                                      PPDFile::Marks::Defaults, &error);

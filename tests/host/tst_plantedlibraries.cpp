@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
-#include "host/PanelBundle.h"
+#include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
 #include <QDir>

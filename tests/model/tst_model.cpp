@@ -17,9 +17,9 @@ using namespace model;
 
 namespace {
 constexpr quint64 fixedSeedNumber = 20090828;
-constexpr double defaultSeconds = 20.0;
+constexpr double defaultSeconds = 10.0;
 /// However slow the machine, so many conversations are held with each seed.
-constexpr int leastConversations = 120;
+constexpr int leastConversations = 60;
 constexpr int conversationsInABatch = 25;
 constexpr int greatestLength = 100;
 

@@ -86,7 +86,7 @@ void HostTextsTest::tabsFollowTheUser()
     qputenv("LC_ALL", language.toLatin1() + ".UTF-8");
     QStringList problems;
     ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
-    const PanelBundles bundles = PanelBundle::loadAll(QStringLiteral(KV_BUILT_BUNDLES), reporter);
+    const PanelBundles bundles = PanelBundles::load(QStringLiteral(KV_BUILT_BUNDLES), reporter);
     QString error;
     auto target = PanelTarget::ofPPD(QStringLiteral(KV_PPD_DIR "/korvane-tape.ppd"),
                                      PPDFile::Marks::Defaults, &error);

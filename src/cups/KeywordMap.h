@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "cups/JobOptions.h"
+#include "cups/KeywordTable.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class PPDFile;
+
+/**
+ * How the options of a printer's PPD stand for those of the panels.
+ *
+ * A map adds the panels' options to a PPD that lacks them, and translates their choices in both
+ * directions by the rows of its tables. It is a JSON file: see docs/keyword-maps.md.
+ */
+class KeywordMap
+{
+public:
+    /// An option that is added to the PPD.
+    struct Option
+    {
+        QString key;
+        /// As in a PPD: in English, and a key of the panel's translations.
+        QString text;
+        /// Keywords with the text behind a slash: "ON/On".
+        QStringList choices;
+        /// The option without which this one is left out; empty for one that a table decides.
+        QString with;
+
+        /// The choices without their texts.
+        QStringList keywords() const;
+    };
+
+    /**
+     * Reads a map.
+     *
+     * @param fault set to the line and the reason when there is no result.
+     */
+    static std::optional<KeywordMap> read(const QByteArray &json, QString *fault);
+
+    /**
+     * The map for a PPD: with the choices that the PPD has, and with the options that can then be
+     * decided in every combination.
+     *
+     * Nothing when the map is not for that PPD, when nothing is left of it, or when the PPD has an
+     * option of the panels itself.
+     */
+    std::optional<KeywordMap> fittedTo(const PPDFile &ppd) const;
+
+    /// How many conditions a PPD has to meet: of two maps, the one with more is the more
+    /// particular.
+    int conditions() const { return int(mAttributes.size() + mRequiredOptions.size()); }
+
+    /// The lines to add to the PPD, with the defaults that its own stand for.
+    QByteArray ppdLines(const PPDFile &ppd) const;
+
+    /// The keywords of the printer's options that are decided by the panels.
+    QStringList printerKeys() const;
+
+    /// The panels' choices that stand for choices of the printer's options.
+    JobOptions panelChoices(const JobOptions &printer) const;
+
+    /**
+     * The printer's choices that stand for choices of the panels.
+     *
+     * @param former the printer's choices so far, which are kept where they stand for the same, or
+     *        are named by no row and the panels' choices have not changed.
+     */
+    JobOptions printerChoices(const JobOptions &panel, const JobOptions &former) const;
+
+    /**
+     * Options of a job in the panels' words: with what the printer's options among them stand for,
+     * unless they contain the panels' own.
+     *
+     * @param printer the printer's choices so far.
+     */
+    JobOptions inPanelWords(const JobOptions &options, const JobOptions &printer) const;
+
+    /// The marked choices of the printer's options.
+    JobOptions markedIn(const PPDFile &ppd) const;
+
+    const QList<KeywordTable> &tables() const { return mTables; }
+    const QList<Option> &options() const { return mOptions; }
+
+private:
+    friend class KeywordMapReader;
+
+    bool isFor(const PPDFile &ppd) const;
+    /// Leaves out the options that no table decides.
+    void keepDecidedOptions();
+
+    QStringList mRequiredOptions;
+    QMap<QString, QString> mAttributes;
+    QString mSeries;
+    bool mHasAutoCutBox = false;
+    QList<Option> mOptions;
+    QList<KeywordTable> mTables;
+};
