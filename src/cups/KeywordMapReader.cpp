@@ -44,15 +44,16 @@ bool isChoice(const QString &choice)
 }
 
 /// The strings of an array, or the one string; empty when there is anything else.
-QStringList stringsOf(const QJsonValue &value)
+QStringList stringsOf(const QJsonValue &words)
 {
-    const QJsonArray array = value.isArray() ? value.toArray() : QJsonArray{value};
+    const QJsonArray array = words.isArray() ? words.toArray() : QJsonArray{words};
     QStringList strings;
-    for (const QJsonValue &each : array) {
-        if (!each.isString()) {
+    for (const auto &each : array) {
+        const QJsonValue value = each;
+        if (!value.isString()) {
             return {};
         }
-        strings.append(each.toString());
+        strings.append(value.toString());
     }
     return strings;
 }
@@ -218,7 +219,7 @@ bool KeywordMapReader::readTable(const QJsonValue &value)
                     QStringLiteral("a table is no array of 1 to %1 rows").arg(mostRows));
     }
     QList<KeywordTable::Row> rows;
-    for (const QJsonValue &each : array) {
+    for (const auto &each : array) {
         KeywordTable::Row row;
         if (!readRow(each, row)) {
             return false;

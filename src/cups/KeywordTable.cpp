@@ -13,7 +13,7 @@
 
 namespace {
 using Combination = KeywordTable::Combination;
-using Row = KeywordTable::Row;
+using TableRow = KeywordTable::Row;
 
 bool allows(const Combination &combination, const JobOptions &options)
 {
@@ -56,9 +56,9 @@ bool keepChoicesOf(const PPDFile &ppd, Combination &combination)
 }
 
 /// The rows without the panels' options whose bits are set.
-QList<Row> without(quint32 removed, const QStringList &keys, QList<Row> rows)
+QList<TableRow> without(quint32 removed, const QStringList &keys, QList<TableRow> rows)
 {
-    for (Row &row : rows) {
+    for (TableRow &row : rows) {
         for (int i = 0; i < keys.size(); ++i) {
             if (removed & (1U << i)) {
                 row.panel.remove(keys.at(i));
@@ -83,7 +83,7 @@ std::vector<quint32> setsOf(int options)
 }
 
 template <typename Match>
-int indexOf(const QList<Row> &rows, Match matches)
+int indexOf(const QList<TableRow> &rows, Match matches)
 {
     const auto row = std::find_if(rows.begin(), rows.end(), matches);
     return row == rows.end() ? -1 : int(row - rows.begin());
@@ -103,7 +103,7 @@ QStringList KeywordTable::printerKeys() const
 QStringList KeywordTable::panelChoices(const QString &key) const
 {
     QStringList choices;
-    for (const Row &row : mRows) {
+    for (const TableRow &row : mRows) {
         choices += row.panel.value(key);
     }
     choices.removeDuplicates();
@@ -114,7 +114,7 @@ QString KeywordTable::fault() const
 {
     double named = 0.0;
     for (int i = 0; i < mRows.size(); ++i) {
-        const Row &row = mRows.at(i);
+        const TableRow &row = mRows.at(i);
         for (int j = 0; j < i; ++j) {
             if (overlap(row.panel, mRows.at(j).panel)) {
                 return QStringLiteral("two rows are for %1").arg(fromCombination(row.panel));
@@ -143,8 +143,8 @@ QString KeywordTable::fault() const
 
 KeywordTable KeywordTable::fittedTo(const PPDFile &ppd) const
 {
-    QList<Row> possible;
-    for (Row row : mRows) {
+    QList<TableRow> possible;
+    for (TableRow row : mRows) {
         if (keepChoicesOf(ppd, row.printer)) {
             possible.append(row);
         }
@@ -166,10 +166,10 @@ KeywordTable KeywordTable::fittedTo(const PPDFile &ppd) const
 
 int KeywordTable::rowOfPanel(const JobOptions &panel) const
 {
-    return indexOf(mRows, [&panel](const Row &row) { return allows(row.panel, panel); });
+    return indexOf(mRows, [&panel](const TableRow &row) { return allows(row.panel, panel); });
 }
 
 int KeywordTable::rowOfPrinter(const JobOptions &printer) const
 {
-    return indexOf(mRows, [&printer](const Row &row) { return allows(row.printer, printer); });
+    return indexOf(mRows, [&printer](const TableRow &row) { return allows(row.printer, printer); });
 }

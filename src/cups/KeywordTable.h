@@ -46,8 +46,8 @@ public:
     QString fault() const;
 
     /// The rows that a PPD has the choices for, with the options of the panels that these rows
-    /// decide in every combination, with all their choices; empty when that is none. Of several options that would have to
-    /// be given up the last ones are.
+    /// decide in every combination, with all their choices; empty when that is none. Of several
+    /// options that would have to be given up the last ones are.
     KeywordTable fittedTo(const PPDFile &ppd) const;
 
     /// The row of the panels' choices; −1 when there is none.

@@ -37,13 +37,14 @@ PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemRep
     for (const auto &bundle : bundles) {
         addPanels(*bundle);
     }
-    if (mMap) {
-        startFromPrinter();
-    }
+    startFromPrinter();
 }
 
 void PanelHost::startFromPrinter()
 {
+    if (!mMap) {
+        return;
+    }
     mFormer = mMap->markedIn(ppd());
     const JobOptions choices = mMap->panelChoices(mFormer);
     for (const auto &[key, choice] : choices.pairs()) {

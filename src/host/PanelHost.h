@@ -101,7 +101,7 @@ Q_SIGNALS:
 
 private:
     void addPanels(const PanelBundle &bundle);
-    /// Requests what the printer's own choices stand for.
+    /// With a map, requests what the printer's own choices stand for.
     void startFromPrinter();
     void tellMissingOptions(PDEPanel &panel, const QStringList &keys);
     void tellPanels(const QString &key, const QString &choice);

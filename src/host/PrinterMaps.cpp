@@ -37,12 +37,12 @@ void PrinterMaps::addFolder(const QString &folder, ProblemReporter &reporter)
     Folder maps;
     for (const QString &name : names) {
         if (auto map = readMap(files.filePath(name), reporter)) {
-            maps.append(*map);
+            const auto isBefore = [](const KeywordMap &one, const KeywordMap &other) {
+                return one.conditions() > other.conditions();
+            };
+            maps.insert(std::upper_bound(maps.begin(), maps.end(), *map, isBefore), *map);
         }
     }
-    std::stable_sort(maps.begin(), maps.end(), [](const KeywordMap &one, const KeywordMap &other) {
-        return one.conditions() > other.conditions();
-    });
     mFolders.append(maps);
 }
 

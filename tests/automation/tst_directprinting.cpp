@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "CutterPrinter.h"
 #include "PrintingTest.h"
 #include "ProgramRun.h"
 #include "SampleChoices.h"
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void choicesOfTheJob();
     void presetOfTheJob_data();
     void presetOfTheJob();
+    void printerWithOtherWords_data();
+    void printerWithOtherWords();
     void savedOptions_data();
     void savedOptions();
     void savedOptionThatThePaperForbids();
@@ -156,6 +159,39 @@ void tst_directprinting::presetOfTheJob()
     const int job =
         print(atPrinter(printer, QStringList{u"--preset"_s, preset} + options(asked) << mDocument));
     QCOMPARE(mSite.choices(job), seen(printer, others));
+}
+
+void tst_directprinting::printerWithOtherWords_data()
+{
+    const TestTable<QString, QByteArray, QStringList, QString> table("cut", "saved", "arguments",
+                                                                     "printed");
+    for (const char *cut : CutterPrinter::cuts) {
+        const QString name = QLatin1String(cut);
+        table.add(cut, name, "", {}, u"CutMedia=%1 MirrorPrint=false"_s.arg(name));
+    }
+    const QByteArray saved = "Default cutter CutMedia=EndOfSet\n";
+    table.add("saved", u"None"_s, saved, {}, u"CutMedia=EndOfSet MirrorPrint=false"_s);
+    table.add("panel's words", u"None"_s, "", {u"-o"_s, u"KvCutAtEnd=ON"_s},
+              u"CutMedia=EndOfJob MirrorPrint=false"_s);
+    table.add("printer's words", u"None"_s, saved, {u"-o"_s, u"CutMedia=Auto MirrorPrint=True"_s},
+              u"CutMedia=Auto MirrorPrint=true"_s);
+    table.add("preset", u"Twice"_s, "", {u"--preset"_s, u"EveryEndMirrorOnOnOff"_s},
+              u"CutMedia=EndOfPage MirrorPrint=false"_s);
+    table.add("preset over saved", u"Twice"_s, saved, {u"--preset"_s, u"EveryEndMirrorOffOffOff"_s},
+              u"CutMedia=None MirrorPrint=false"_s);
+}
+
+void tst_directprinting::printerWithOtherWords()
+{
+    QFETCH(const QString, cut);
+    QFETCH(const QByteArray, saved);
+    QFETCH(const QStringList, arguments);
+    const QString ppd = mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd(cut.toLatin1()));
+    QVERIFY(addPrinter(u"cutter"_s, ppd));
+    QVERIFY(mSite.saveUserOptions(saved));
+    const int job = print(atPrinter(u"cutter"_s, arguments + QStringList{mDocument}));
+    QTEST(CutterPrinter::printed(mSite.job(job)), "printed");
+    QCOMPARE(mRun.errors, QString());
 }
 
 void tst_directprinting::savedOptions_data()

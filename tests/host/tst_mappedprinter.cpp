@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AttachedDialog.h"
 #include "BundleFolder.h"
+#include "CutterPrinter.h"
 #include "PrintingTest.h"
 #include "PropertiesDialog.h"
 #include "support/PPDText.h"
@@ -35,18 +36,6 @@ constexpr char oddMap[] = R"({
         ]
     ]
 })";
-
-PPDText cutter(const char *cut)
-{
-    PPDText text;
-    text.option("CutMedia",
-                {"None", "Auto", "EndOfPage", "EndOfDoc", "EndOfSet", "EndOfJob", "Twice"}, cut,
-                "Cut Media")
-        .option("MirrorPrint", {"False", "True"}, "False", "Mirror Print")
-        .option("InkType", {"Thin", "Thick"}, "Thin", "Ink")
-        .size("w72h144", 72, 144);
-    return text;
-}
 } // namespace
 
 /// Printers whose PPDs have other words than the panel's.
@@ -69,33 +58,24 @@ private Q_SLOTS:
 private: // NOLINT(readability-redundant-access-specifiers)
     /// Adds the printer "cutter" whose default is that choice.
     bool addCutter(const char *cut);
-    /// The printer's own options that a job carries, and none of the panel's. The scheduler keeps
-    /// "True" and "False" as truth values.
+    /// What CutterPrinter::printed() says of a job.
     QString printed(int job) const;
 };
 
 bool tst_mappedprinter::addCutter(const char *cut)
 {
-    return addPrinter(u"cutter"_s, mSite.file(u"cutter.ppd"_s, cutter(cut).data()));
+    return addPrinter(u"cutter"_s, mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd(cut)));
 }
 
 QString tst_mappedprinter::printed(int job) const
 {
-    QStringList words = mSite.choices(job);
-    const QMap<QString, QString> attributes = mSite.job(job);
-    for (const char *key : {"CutMedia", "Finishing", "MirrorPrint", "NoMirror"}) {
-        if (attributes.contains(QLatin1String(key))) {
-            words.append(QLatin1String(key) + u'=' + attributes.value(QLatin1String(key)));
-        }
-    }
-    return words.join(u' ');
+    return CutterPrinter::printed(mSite.job(job));
 }
 
 void tst_mappedprinter::whoChangesNothingGetsThePrintersOptions_data()
 {
     const TestTable<QString, bool> table("cut", "isShown");
-    for (const char *cut :
-         {"None", "Auto", "EndOfPage", "EndOfDoc", "EndOfSet", "EndOfJob", "Twice"}) {
+    for (const char *cut : CutterPrinter::cuts) {
         const QString name = QLatin1String(cut);
         table.add(cut, name, false);
         table.add(qPrintable(name + u" shown"_s), name, true);
@@ -216,7 +196,10 @@ void tst_mappedprinter::mapOfABundle()
     QVERIFY(!dialog.panel().isTicked(mirrorBox));
     QVERIFY(dialog.panel().click(u"mAutoCutChkBx"_s));
     QVERIFY(dialog.panel().click(mirrorBox));
-    QCOMPARE(printed(dialog.print(mSite.scheduler())), u"Finishing=Both NoMirror=false"_s);
+    const QMap<QString, QString> job = mSite.job(dialog.print(mSite.scheduler()));
+    QCOMPARE(job.value(u"Finishing"_s), u"Both"_s);
+    QCOMPARE(job.value(u"NoMirror"_s), u"false"_s);
+    QCOMPARE(CutterPrinter::printed(job), QString());
     QCOMPARE(dialog.problems(), QStringList());
 }
 

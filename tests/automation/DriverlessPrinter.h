@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "demo/BoundProcess.h"
+
+#include <QList>
+#include <QString>
+#include <QTemporaryDir>
+
+/// A driverless printer that trims, at a port of the loopback address.
+class DriverlessPrinter
+{
+public:
+    /// Starts the printer and makes a queue of that name for it, as "lpadmin -m everywhere" does,
+    /// at the scheduler that libcups asks; the reason when that fails.
+    QString open(const QString &queue);
+
+    /// The finishings of the printer's jobs, the last job first: what it has been asked for.
+    QList<int> finishings() const;
+
+private:
+    QString startBus();
+    QString startPrinter();
+    bool isAnswering() const;
+
+    QTemporaryDir mFolder{QStringLiteral("/tmp/driverless-XXXXXX")};
+    // The printer announces itself at a bus, which it needs even when nobody is there.
+    BoundProcess mBus;
+    BoundProcess mPrinter;
+    int mPort = 0;
+};

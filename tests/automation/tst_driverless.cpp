@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "AttachedDialog.h"
+#include "DriverlessPrinter.h"
+#include "PrintingTest.h"
+#include "ProgramRun.h"
+
+#include <QTest>
+
+namespace {
+const QString queue = u"driverless"_s;
+const QString everyBox = u"mCutEveryChkBx"_s;
+const QString endBox = u"mCutAndEndChkBx"_s;
+
+/// IPP's values of "finishings".
+constexpr int noFinishing = 3;
+constexpr int trimAfterPages = 60;
+constexpr int trimAfterJob = 63;
+} // namespace
+
+/// A printer without a driver: what is chosen in the panel is asked from the printer itself.
+class tst_driverless : public PrintingTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void printerIsAskedForWhatIsChosen_data();
+    void printerIsAskedForWhatIsChosen();
+    void printerIsListed();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    DriverlessPrinter mPrinter;
+};
+
+void tst_driverless::initTestCase()
+{
+    PrintingTest::initTestCase();
+    QCOMPARE(mPrinter.open(queue), QString());
+}
+
+void tst_driverless::printerIsAskedForWhatIsChosen_data()
+{
+    const TestTable<QStringList, int> table("boxes", "finishing");
+    table.add("nothing", {}, noFinishing);
+    table.add("every label", {everyBox}, trimAfterPages);
+    table.add("at the end", {endBox}, trimAfterJob);
+    table.add("both", {everyBox, endBox}, trimAfterPages);
+}
+
+void tst_driverless::printerIsAskedForWhatIsChosen()
+{
+    QFETCH(const QStringList, boxes);
+    QFETCH(const int, finishing);
+    const qsizetype former = mPrinter.finishings().size();
+    AttachedDialog dialog(queue);
+    QVERIFY(dialog.openTab());
+    QCOMPARE(dialog.panel().boxes(), QStringList({endBox, everyBox}));
+    QVERIFY(!dialog.panel().isTicked(everyBox) && !dialog.panel().isTicked(endBox));
+    for (const QString &box : boxes) {
+        QVERIFY(dialog.panel().click(box));
+    }
+    const int job = dialog.print(mSite.scheduler());
+    QVERIFY(mSite.isPrinted(job));
+    const QList<int> finishings = mPrinter.finishings();
+    QCOMPARE(finishings.size(), former + 1);
+    QCOMPARE(finishings.first(), finishing);
+    QCOMPARE(dialog.problems(), QStringList());
+}
+
+void tst_driverless::printerIsListed()
+{
+    const ProgramRun run = runKvprint({u"--list"_s, u"-d"_s, queue});
+    QCOMPARE(run.status, 0);
+    QVERIFY2(run.output.contains(u"EveryEndMirrorOnOnOff"_s), qPrintable(run.output));
+}
+
+KV_TEST(tst_driverless)
+#include "tst_driverless.moc"
