@@ -53,6 +53,14 @@ std::unique_ptr<ipp_t, IppDeleter> jobsOf(int port)
 }
 } // namespace
 
+DriverlessPrinter::~DriverlessPrinter()
+{
+    for (BoundProcess *process : {&mPrinter, &mBus}) {
+        process->terminate();
+        process->waitForFinished(patienceMs);
+    }
+}
+
 QString DriverlessPrinter::open(const QString &queue)
 {
     QString fault = startBus();
@@ -89,7 +97,8 @@ QString DriverlessPrinter::startPrinter()
     mPrinter.start(u"ippeveprinter"_s,
                    {u"-n"_s, u"localhost"_s, u"-p"_s, QString::number(mPort), u"-a"_s,
                     QStringLiteral(KV_SOURCE_FOLDER "/tests/automation/driverless.attrs"), u"-d"_s,
-                    mFolder.path(), u"-k"_s, u"-r"_s, u"off"_s, u"Tape"_s});
+                    mFolder.path(), u"-k"_s, u"-c"_s, u"/bin/true"_s, u"-r"_s, u"off"_s,
+                    u"Tape"_s});
     if (QTest::qWaitFor([this] { return isAnswering(); }, patienceMs)) {
         return {};
     }

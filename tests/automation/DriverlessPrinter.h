@@ -11,6 +11,11 @@
 class DriverlessPrinter
 {
 public:
+    DriverlessPrinter() = default;
+    /// Stops the printer.
+    ~DriverlessPrinter();
+    Q_DISABLE_COPY_MOVE(DriverlessPrinter)
+
     /// Starts the printer and makes a queue of that name for it, as "lpadmin -m everywhere" does,
     /// at the scheduler that libcups asks; the reason when that fails.
     QString open(const QString &queue);
