@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 constexpr int timeoutMs = 60'000;
 } // namespace
@@ -51,7 +53,12 @@ QStringList DialogOpener::answer(const QString &way, const QString &printer)
 
 bool DialogOpener::hasLoaded(const QString &library) const
 {
-    return mappedFiles().contains('/' + QFile::encodeName(library) + '\n');
+    // Qt maps a library before it loads it, too, to read what it is, but not to be run.
+    const QList<QByteArray> lines = mappedFiles().split('\n');
+    return std::any_of(lines.begin(), lines.end(),
+                       [ending = '/' + QFile::encodeName(library)](const QByteArray &line) {
+                           return line.contains(" r-xp ") && line.endsWith(ending);
+                       });
 }
 
 bool DialogOpener::hasLoadedFrom(const QString &folder) const
