@@ -14,6 +14,7 @@
 #include <cstring>
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -39,12 +40,13 @@ QString systemError(const QString &name)
     return QStringLiteral("%1: %2").arg(name, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
-/// All that can be read of a file, decompressed.
+/// What can be read of a file, decompressed: all of a PPD.
 QByteArray textOf(cups_file_t *file)
 {
     QByteArray text;
     std::array<char, 65536> part;
-    for (ssize_t size = cupsFileRead(file, part.data(), part.size()); size > 0;
+    for (ssize_t size = cupsFileRead(file, part.data(), part.size());
+         size > 0 && text.size() <= mostBytesOfPPD;
          size = cupsFileRead(file, part.data(), part.size())) {
         text.append(part.data(), QtSize(size));
     }
@@ -79,13 +81,24 @@ std::unique_ptr<PPDFile> PPDFile::open(const QString &path, QString *error, Mark
         return nullptr;
     }
     const QByteArray text = textOf(file);
-    cupsFileRewind(file);
-    return opened(file, text, path, error, marks);
+    struct stat status = {};
+    const bool isReadOnce = fstat(cupsFileNumber(file), &status) != 0 || !S_ISREG(status.st_mode);
+    if (!isReadOnce && text.size() <= mostBytesOfPPD) {
+        cupsFileRewind(file);
+        return opened(file, text, path, error, marks);
+    }
+    cupsFileClose(file);
+    return read(text, path, error, marks);
 }
 
 std::unique_ptr<PPDFile> PPDFile::read(const QByteArray &text, const QString &name, QString *error,
                                        Marks marks)
 {
+    if (text.size() > mostBytesOfPPD) {
+        setError(error,
+                 QStringLiteral("%1: is longer than %2 bytes").arg(name).arg(mostBytesOfPPD));
+        return nullptr;
+    }
     cups_file_t *file = fileInMemory(text);
     if (!file) {
         setError(error, systemError(name));

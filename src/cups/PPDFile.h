@@ -12,6 +12,10 @@
 
 class JobOptions;
 
+/// The longest PPD that is read, in bytes. One with pictures of its choices in 50 languages is
+/// still shorter.
+inline constexpr int mostBytesOfPPD = 16 << 20;
+
 /// An open PPD with its texts in the user's language.
 class PPDFile
 {

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cups/QueuePPD.h"
 
-namespace {
-/// A PPD with pictures of its choices in 50 languages is still smaller.
-constexpr int mostBytes = 16 << 20;
+#include "cups/PPDFile.h"
 
+namespace {
 /// With encryption, and with who the user is.
 constexpr int attempts = 3;
 
@@ -64,8 +63,8 @@ QByteArray readContent(SchedulerConnection &scheduler, QString *error)
             break;
         }
         content.append(buffer, int(count));
-        if (content.size() > mostBytes) {
-            *error = QStringLiteral("is longer than %1 bytes").arg(mostBytes);
+        if (content.size() > mostBytesOfPPD) {
+            *error = QStringLiteral("is longer than %1 bytes").arg(mostBytesOfPPD);
             return {};
         }
     }

@@ -3,9 +3,13 @@
 #include "cups/PPDFile.h"
 #include "cups/PPDPaper.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
+
+#include <sys/stat.h>
 
 namespace {
 std::unique_ptr<PPDFile> open(const QString &printer)
@@ -33,6 +37,8 @@ private Q_SLOTS:
     void defaultsAreMarked();
     void lookups();
     void marking();
+    void pipe();
+    void endlessFile();
     void paperOfAPageSize_data();
     void paperOfAPageSize();
     void customPageSize_data();
@@ -76,6 +82,27 @@ void tst_ppdfile::marking()
     QCOMPARE(ppd->markedChoice(u"KvCutLabel"_s), u"42"_s);
     QVERIFY(!ppd->mark(u"KvHalfCut"_s, u"ON"_s));
     QVERIFY(ppd->markedChoice(u"KvHalfCut"_s).isNull());
+}
+
+void tst_ppdfile::pipe()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"pipe"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QProcess writer;
+    writer.start(u"cp"_s, {PrintingSite::ppdPath(u"tape"_s), path});
+    QString error;
+    const auto ppd = PPDFile::open(path, &error);
+    QVERIFY2(ppd, qPrintable(error));
+    QCOMPARE(ppd->markedChoice(u"PageSize"_s), u"T12x100"_s);
+    QVERIFY(writer.waitForFinished());
+}
+
+void tst_ppdfile::endlessFile()
+{
+    QString error;
+    QVERIFY(!PPDFile::open(u"/dev/zero"_s, &error));
+    QCOMPARE(error, u"/dev/zero: is longer than 16777216 bytes"_s);
 }
 
 void tst_ppdfile::paperOfAPageSize_data()
