@@ -160,16 +160,17 @@ JobOptions KeywordMap::printerChoices(const JobOptions &panel, const JobOptions 
 
 JobOptions KeywordMap::inPanelWords(const JobOptions &options, const JobOptions &printer) const
 {
-    JobOptions all = printer;
-    all.merge(options);
+    const JobOptions panel = panelChoices(printer);
     JobOptions translated = options;
     for (const KeywordTable &table : mTables) {
         const QStringList keys = table.printerKeys();
-        const bool isNamed = std::any_of(keys.begin(), keys.end(),
-                                         [&](const QString &key) { return options.contains(key); });
-        const int row = isNamed ? table.rowOfPrinter(all) : -1;
-        if (row >= 0) {
-            setPreferred(table.rows().at(row).panel, translated);
+        if (std::none_of(keys.begin(), keys.end(),
+                         [&](const QString &key) { return options.contains(key); })) {
+            continue;
+        }
+        const QStringList decided = table.panelKeys();
+        for (const QString &key : decided) {
+            translated.set(key, panel.value(key));
         }
     }
     for (const Option &option : mOptions) {

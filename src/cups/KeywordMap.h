@@ -79,7 +79,7 @@ public:
      * Options of a job in the panels' words: with what the printer's options among them stand for,
      * unless they contain the panels' own.
      *
-     * @param printer the printer's choices so far.
+     * @param printer the printer's choices, those of the options included.
      */
     JobOptions inPanelWords(const JobOptions &options, const JobOptions &printer) const;
 

@@ -13,7 +13,7 @@ constexpr int longestKeyword = 40;
 constexpr int longestText = 79;
 /// More than any printer needs, and checked in no time.
 constexpr int mostRows = 256;
-constexpr int mostOptions = 16;
+constexpr int mostOptions = 9;
 constexpr int mostChoices = 1000;
 
 /// Whether the word can stand in a PPD as it is: libcups reads keywords up to a blank, colon or
@@ -194,6 +194,9 @@ bool KeywordMapReader::readOption(const QString &key, const QJsonObject &option)
     if (read.choices.isEmpty() || read.choices.size() > mostChoices ||
         !std::all_of(read.choices.begin(), read.choices.end(), isChoice)) {
         return fail(key, QStringLiteral("the choices of %1 are no keywords of a PPD").arg(key));
+    }
+    if (option.contains(with) && !isKeyword(read.with)) {
+        return fail(key, QStringLiteral("\"with\" of %1 is no keyword").arg(key));
     }
     if (hasDuplicates(read.keywords())) {
         return fail(key, QStringLiteral("%1 has a choice twice").arg(key));

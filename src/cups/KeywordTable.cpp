@@ -46,8 +46,9 @@ QString fromCombination(const Combination &combination)
 bool keepChoicesOf(const PPDFile &ppd, Combination &combination)
 {
     for (auto entry = combination.begin(); entry != combination.end(); ++entry) {
+        const QStringList known = ppd.choices(entry.key());
         removeFrom(entry.value(),
-                   [&](const QString &choice) { return !ppd.hasChoice(entry.key(), choice); });
+                   [&known](const QString &choice) { return !known.contains(choice); });
         if (entry.value().isEmpty()) {
             return false;
         }

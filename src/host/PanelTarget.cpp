@@ -62,12 +62,11 @@ JobOptions PanelTarget::take(const JobOptions &options)
     if (!map) {
         return options;
     }
-    JobOptions words = map->inPanelWords(options, map->markedIn(*ppd));
     const QStringList keys = map->printerKeys();
     for (const QString &key : keys) {
         if (options.contains(key)) {
             ppd->mark(key, options.value(key));
         }
     }
-    return words;
+    return map->inPanelWords(options, map->markedIn(*ppd));
 }

@@ -135,6 +135,10 @@ void tst_mappedprinter::optionsUseEitherWords_data()
               u"CutMedia=EndOfPage MirrorPrint=false"_s);
     table.add("given over saved", "Default cutter KvCutAtEnd=ON\n", {u"CutMedia=None"_s},
               u"CutMedia=None MirrorPrint=false"_s);
+    table.add("what no row names over saved", "Default cutter KvCutAtEnd=ON\n",
+              {u"CutMedia=Twice"_s}, u"CutMedia=Twice MirrorPrint=false"_s);
+    table.add("other letters over saved", "Default cutter KvMirror=ON\n", {u"MirrorPrint=false"_s},
+              u"CutMedia=None MirrorPrint=false"_s);
     table.add("panel's words over saved", "Default cutter CutMedia=EndOfPage\n",
               {u"KvAutoTapeCut=OFF"_s, u"KvMirror=ON"_s}, u"CutMedia=EndOfJob MirrorPrint=true"_s);
 }
