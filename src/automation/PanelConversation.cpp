@@ -69,9 +69,22 @@ QWidget *PanelConversation::makeView()
 
 bool PanelConversation::choose(const QString &key, const QString &choice)
 {
-    const bool isMarked = ppd().mark(key, choice);
-    if (isMarked) {
-        tellPanels(key, choice);
+    if (!ppd().mark(key, choice)) {
+        return false;
     }
-    return isMarked;
+    JobOptions options;
+    options.set(key, choice);
+    if (const auto &map = mCallback->map()) {
+        options = map->inPanelWords(options, map->markedIn(ppd()));
+    }
+    for (const auto &[name, value] : options.pairs()) {
+        ppd().mark(name, value);
+        tellPanels(name, value);
+    }
+    return true;
+}
+
+JobOptions PanelConversation::jobOptions() const
+{
+    return mCallback->jobOptions(panel()->supportedPPDOptionKeys().value_or(QStringList()));
 }

@@ -44,9 +44,13 @@ public:
 
     void changePaper(const Paper &paper) { mCallback->changePaper(paper); }
 
-    /// Another part of the dialog changes a choice: marks it and tells the panels. False, with
-    /// nothing changed, when the PPD lacks it.
+    /// Another part of the dialog changes a choice: marks it, and with a map what it stands for,
+    /// and tells the panels. False, with nothing changed, when the PPD lacks it.
     bool choose(const QString &key, const QString &choice);
+
+    /// What a job carries of the panel's choices, in the printer's words. Asks the panel for its
+    /// keys.
+    JobOptions jobOptions() const;
 
 private:
     void tellPanels(const QString &key, const QString &choice);

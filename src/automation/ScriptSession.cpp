@@ -107,6 +107,7 @@ const ScriptSession::Command ScriptSession::commands[] = {
     {"save", Stage::Open, {}, &ScriptSession::save},
     {"restore", Stage::Open, {}, &ScriptSession::restore},
     {"keys", Stage::Open, {}, &ScriptSession::keys},
+    {"options", Stage::Open, {}, &ScriptSession::options},
     {"print", Stage::Open, {}, &ScriptSession::print},
     {"summary", Stage::Open, {}, &ScriptSession::summary},
     {"state", Stage::Open, {}, &ScriptSession::state},
@@ -255,6 +256,8 @@ QJsonObject ScriptSession::open(ScriptRequest &request)
     if (!target || request.isFaulty()) {
         return {};
     }
+    mReporter.report(target->use(mBundles.maps()));
+    target->ppd->mark(target->take(target->savedOptions));
     mConversation =
         std::make_unique<PanelConversation>(std::move(*target), mBundles, &mWindow, mEvents);
     const QJsonObject answer = descriptionOf(mConversation->panel());
@@ -374,6 +377,16 @@ QJsonObject ScriptSession::keys(ScriptRequest &)
 {
     const auto keys = panel().supportedPPDOptionKeys();
     return member("keys", keys ? QJsonValue(QJsonArray::fromStringList(*keys)) : QJsonValue());
+}
+
+QJsonObject ScriptSession::options(ScriptRequest &)
+{
+    const JobOptions options = mConversation->jobOptions();
+    QJsonObject choices;
+    for (const auto &[key, choice] : options.pairs()) {
+        choices.insert(key, choice);
+    }
+    return member("options", choices);
 }
 
 QJsonObject ScriptSession::print(ScriptRequest &)

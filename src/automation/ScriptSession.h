@@ -79,6 +79,7 @@ private:
     QJsonObject save(ScriptRequest &request);
     QJsonObject restore(ScriptRequest &request);
     QJsonObject keys(ScriptRequest &request);
+    QJsonObject options(ScriptRequest &request);
     QJsonObject print(ScriptRequest &request);
     QJsonObject summary(ScriptRequest &request);
     QJsonObject state(ScriptRequest &request);

@@ -6,6 +6,7 @@
 
 DialogCallback::DialogCallback(PanelTarget target)
     : mPPD(std::move(target.ppd))
+    , mMap(std::move(target.map))
     , mSettings(std::move(target.settings))
     , mPageFormat(std::move(target.paper))
     , mPrinter(std::move(target.printer))
@@ -30,6 +31,18 @@ void DialogCallback::changePaper(const Paper &paper)
 {
     mPageFormat.setPaper(paper);
     NotificationCenter::defaultCenter().postNotification(kPaperDidChangeNotification, this);
+}
+
+JobOptions DialogCallback::jobOptions(const QStringList &keys) const
+{
+    JobOptions options;
+    for (const QString &key : keys) {
+        const QString choice = mPPD->markedChoice(key);
+        if (!choice.isNull()) {
+            options.set(key, choice);
+        }
+    }
+    return mMap ? mMap->printerChoices(options, mMap->markedIn(*mPPD)) : options;
 }
 
 #include "moc_DialogCallback.cpp"

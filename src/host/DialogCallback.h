@@ -31,6 +31,11 @@ public:
     void panelViewDidResize() override;
 
     PPDFile &ppd() const { return *mPPD; }
+    /// What the panels' options stand for; nothing when they are the printer's own.
+    const std::optional<KeywordMap> &map() const { return mMap; }
+
+    /// The marked choices of the panels' options that the PPD has, in the printer's words.
+    JobOptions jobOptions(const QStringList &keys) const;
 
     const Paper &paper() const { return *mPageFormat.paper(); }
     /// Puts another paper into the page format, and tells the panels so.
@@ -46,6 +51,7 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<PPDFile> mPPD;
+    std::optional<KeywordMap> mMap;
     PrintSession mSession;
     PrintSettings mSettings;
     PageFormat mPageFormat;

@@ -23,7 +23,6 @@ void offerBeep()
 
 PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
-    , mMap(std::move(target.map))
     , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     connect(mCallback.get(), &DialogCallback::choiceChanged, this, &PanelHost::tellPanels);
@@ -42,11 +41,8 @@ PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemRep
 
 void PanelHost::startFromPrinter()
 {
-    if (!mMap) {
-        return;
-    }
-    mFormer = mMap->markedIn(ppd());
-    const JobOptions choices = mMap->panelChoices(mFormer);
+    const auto &map = mCallback->map();
+    const JobOptions choices = map ? map->panelChoices(map->markedIn(ppd())) : JobOptions();
     for (const auto &[key, choice] : choices.pairs()) {
         request(key, choice);
     }
@@ -257,24 +253,19 @@ bool PanelHost::accept()
 
 JobOptions PanelHost::jobOptions() const
 {
-    JobOptions options;
-    for (const QString &key : mKeys) {
-        const QString choice = ppd().markedChoice(key);
-        if (!choice.isNull()) {
-            options.set(key, choice);
-        }
-    }
-    return mMap ? mMap->printerChoices(options, mFormer) : options;
+    return mCallback->jobOptions(mKeys);
 }
 
 QStringList PanelHost::printerKeys() const
 {
-    return mMap ? mMap->printerKeys() : mKeys;
+    const auto &map = mCallback->map();
+    return map ? map->printerKeys() : mKeys;
 }
 
 void PanelHost::removeMapped(JobOptions &options) const
 {
-    const auto added = mMap ? mMap->options() : QList<KeywordMap::Option>();
+    const auto &map = mCallback->map();
+    const auto added = map ? map->options() : QList<KeywordMap::Option>();
     for (const KeywordMap::Option &option : added) {
         options.remove(option.key);
     }

@@ -115,9 +115,6 @@ private:
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
-    std::optional<KeywordMap> mMap;
-    /// With a map the printer's choices that the panels started from.
-    JobOptions mFormer;
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;

@@ -218,8 +218,8 @@ void tst_scriptfaults::memberThatIsUnknown_data()
     table.add("paper", int(Open), QByteArray(R"({"cmd":"paper","name":null,"size":1})"));
     table.add("choose", int(Open),
               QByteArray(R"({"cmd":"choose","key":"KvHalfCut","choice":"ON","":1})"));
-    for (const char *command : {"close", "view", "show", "hide", "save", "restore", "keys", "print",
-                                "summary", "state"}) {
+    for (const char *command : {"close", "view", "show", "hide", "save", "restore", "keys",
+                                "options", "print", "summary", "state"}) {
         table.add(command, int(Open), line(command, "file", "\"a\""));
     }
 }
@@ -246,6 +246,7 @@ void tst_scriptfaults::commandOutOfPlace_data()
         {R"("cmd":"save")", Open},
         {R"("cmd":"restore")", Open},
         {R"("cmd":"keys")", Open},
+        {R"("cmd":"options")", Open},
         {R"("cmd":"print")", Open},
         {R"("cmd":"summary")", Open},
         {R"("cmd":"state")", Open},

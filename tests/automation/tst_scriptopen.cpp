@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
+#include "CutterPrinter.h"
 #include "PrintingTest.h"
 #include "ScriptTalk.h"
 #include "ppd/TapeInfo.h"
@@ -38,6 +39,8 @@ private Q_SLOTS:
     void panelWithoutAView();
     void printer();
     void printerWithSavedOptions();
+    void printerWithOtherWords_data();
+    void printerWithOtherWords();
     void printerThatCannotBeOpened();
     void noScheduler();
     void ppdThatCannotBeOpened();
@@ -400,6 +403,34 @@ void tst_scriptopen::printerWithSavedOptions()
     QCOMPARE(talk.state("marks.KvAutoTapeCut"), QJsonValue());
 }
 
+void tst_scriptopen::printerWithOtherWords_data()
+{
+    const TestTable<QByteArray, QString, QString, QJsonObject> table("saved", "key", "choice",
+                                                                     "options");
+    const auto cut = [](const QString &media) {
+        return QJsonObject{{u"CutMedia"_s, media}, {u"MirrorPrint"_s, u"False"_s}};
+    };
+    table.add("panel's word", "", u"KvCutAtEnd"_s, u"ON"_s, cut(u"EndOfJob"_s));
+    table.add("printer's word", "", u"CutMedia"_s, u"EndOfDoc"_s, cut(u"EndOfDoc"_s));
+    table.add("printer's word without a row", "", u"CutMedia"_s, u"Twice"_s, cut(u"Twice"_s));
+    table.add("saved", "CutMedia=EndOfPage", u"KvMirror"_s, u"OFF"_s, cut(u"EndOfPage"_s));
+    table.add("saved, then the panel's word", "CutMedia=EndOfPage", u"KvAutoTapeCut"_s, u"OFF"_s,
+              cut(u"EndOfJob"_s));
+}
+
+void tst_scriptopen::printerWithOtherWords()
+{
+    QFETCH(const QByteArray, saved);
+    QFETCH(const QString, key);
+    QFETCH(const QString, choice);
+    QVERIFY(addPrinter(u"cutter"_s, mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd("None"))));
+    QVERIFY(mSite.saveUserOptions("Dest cutter " + saved + '\n'));
+    ScriptTalk talk;
+    QVERIFY(isOK(talk.ask("open", {{u"printer"_s, u"cutter"_s}})));
+    QVERIFY(isOK(talk.ask("choose", {{u"key"_s, key}, {u"choice"_s, choice}})));
+    QTEST(talk.ask("options").value(u"options"_s).toObject(), "options");
+}
+
 void tst_scriptopen::printerThatCannotBeOpened()
 {
     QVERIFY(addPrinter(u"raw"_s, {}));
@@ -407,7 +438,7 @@ void tst_scriptopen::printerThatCannotBeOpened()
     QCOMPARE(errorOf(talk.ask("open", {{u"printer"_s, u"raw"_s}})),
              u"the printer raw has no PPD"_s);
     const QString unknown = errorOf(talk.ask("open", {{u"printer"_s, u"nowhere"_s}}));
-    QVERIFY2(unknown.startsWith(u"there is no printer nowhere; the printers are: all, follow, "),
+    QVERIFY2(unknown.startsWith(u"there is no printer nowhere; the printers are: all, "),
              qPrintable(unknown));
     QVERIFY(!errorOf(talk.ask("open", {{u"printer"_s, u""_s}})).isEmpty());
     QVERIFY(isOK(talk.ask("open", {{u"printer"_s, u"tape"_s}})));
