@@ -163,6 +163,14 @@ QString PPDFile::optionText(const QString &key) const
     return found ? QString::fromUtf8(found->text) : QString();
 }
 
+QString PPDFile::choiceText(const PPDChoice &choice) const
+{
+    ppd_option_t *const found = option(choice.key);
+    const ppd_choice_t *text =
+        found ? ppdFindChoice(found, choice.choice.toUtf8().constData()) : nullptr;
+    return text ? QString::fromUtf8(text->text) : QString();
+}
+
 QStringList PPDFile::choices(const QString &key) const
 {
     QStringList keywords;
@@ -189,6 +197,25 @@ QString PPDFile::markedChoice(const QString &key) const
 {
     const ppd_choice_t *choice = ppdFindMarkedChoice(mPPD, key.toUtf8().constData());
     return choice ? QString::fromUtf8(choice->choice) : QString();
+}
+
+bool PPDFile::hasConstraints() const
+{
+    return mPPD->num_consts > 0 || ppdFindAttr(mPPD, "cupsUIConstraints", nullptr);
+}
+
+QList<PPDChoice> PPDFile::conflictsWith(const QString &key) const
+{
+    const QByteArray choice = markedChoice(key).toUtf8();
+    cups_option_t *options = nullptr;
+    const int count =
+        cupsGetConflicts(mPPD, key.toUtf8().constData(), choice.constData(), &options);
+    QList<PPDChoice> conflicts;
+    for (int i = 0; i < count; ++i) {
+        conflicts.append({QString::fromUtf8(options[i].name), QString::fromUtf8(options[i].value)});
+    }
+    cupsFreeOptions(count, options);
+    return conflicts;
 }
 
 bool PPDFile::mark(const QString &key, const QString &choice)

@@ -4,6 +4,7 @@
 #include "ppd/PPD.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <cups/file.h>
@@ -15,6 +16,15 @@ class JobOptions;
 /// The longest PPD that is read, in bytes. One with pictures of its choices in 50 languages is
 /// still shorter.
 inline constexpr int mostBytesOfPPD = 16 << 20;
+
+/// A choice of an option by their keywords.
+struct PPDChoice
+{
+    QString key;
+    QString choice;
+
+    bool operator==(const PPDChoice &other) const = default;
+};
 
 /// An open PPD with its texts in the user's language.
 class PPDFile
@@ -59,6 +69,8 @@ public:
     bool hasChoice(const QString &key, const QString &choice) const;
     /// The option's translated text, for people; null when there is no such option.
     QString optionText(const QString &key) const;
+    /// The choice's translated text, for people; null when there is no such choice.
+    QString choiceText(const PPDChoice &choice) const;
     /// The keywords of the option's choices in the PPD's order, for a message.
     QStringList choices(const QString &key) const;
     /// The option's default choice; null when there is no such option.
@@ -67,6 +79,10 @@ public:
     QString attribute(const QString &name) const;
     /// The choice that is marked; null when there is none.
     QString markedChoice(const QString &key) const;
+    /// Whether the PPD forbids any choices together.
+    bool hasConstraints() const;
+    /// The marked choices that the PPD forbids beside the marked one of that option.
+    QList<PPDChoice> conflictsWith(const QString &key) const;
     /// Marks the choice; false, with nothing marked, when the PPD lacks it.
     bool mark(const QString &key, const QString &choice);
     /// Marks what the options of a job stand for in the PPD; options that it lacks are left out.

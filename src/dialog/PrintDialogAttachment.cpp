@@ -402,6 +402,9 @@ void PrintDialogAttachment::passPanelsChoices()
         options.remove(key);
     }
     mHost->removeMapped(options);
+    if (const auto conflict = mHost->conflict(options)) {
+        mReporter.report(PanelHost::faultOf(*conflict));
+    }
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);
 }

@@ -5,6 +5,7 @@
 #include "host/PanelHost.h"
 
 #include <QHeaderView>
+#include <QStyle>
 
 SummaryTab::SummaryTab(PanelHost &host, QWidget *parent)
     : QTreeWidget(parent)
@@ -34,6 +35,24 @@ void SummaryTab::refresh()
     for (const PanelHost::SummaryLine &line : lines) {
         addTopLevelItem(new QTreeWidgetItem({line.title, line.value}));
     }
+    addConflict();
+}
+
+void SummaryTab::addConflict()
+{
+    const auto conflict = mHost->conflict({});
+    if (!conflict) {
+        return;
+    }
+    const auto textOf = [this](const PPDChoice &choice) {
+        return QStringLiteral("%1: %2").arg(mHost->ppd().optionText(choice.key),
+                                            mHost->ppd().choiceText(choice));
+    };
+    const QString choices =
+        QStringLiteral("%1 – %2").arg(textOf(conflict->ofPanels), textOf(conflict->other));
+    auto *line = new QTreeWidgetItem({HostText().text("Conflict"), choices});
+    line->setIcon(0, style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    insertTopLevelItem(0, line);
 }
 
 #include "moc_SummaryTab.cpp"

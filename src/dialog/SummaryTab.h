@@ -18,5 +18,8 @@ public:
     void refresh();
 
 private:
+    /// Adds a line in front of the others when the printer cannot combine what is chosen.
+    void addConflict();
+
     QPointer<PanelHost> mHost;
 };

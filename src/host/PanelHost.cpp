@@ -19,10 +19,24 @@ void offerBeep()
         setBeeper(std::move(former));
     }
 }
+
+/// What the PPD forbids of the marked choices, with an option of these.
+QList<PanelHost::Conflict> conflictsIn(const PPDFile &ppd, const QStringList &keys)
+{
+    QList<PanelHost::Conflict> conflicts;
+    for (const QString &key : keys) {
+        const auto others = ppd.conflictsWith(key);
+        for (const PPDChoice &other : others) {
+            conflicts.append({{key, ppd.markedChoice(key)}, other});
+        }
+    }
+    return conflicts;
+}
 } // namespace
 
 PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
     : mReporter(reporter)
+    , mSavedOptions(target.savedOptions)
     , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     connect(mCallback.get(), &DialogCallback::choiceChanged, this, &PanelHost::tellPanels);
@@ -254,6 +268,34 @@ bool PanelHost::accept()
 JobOptions PanelHost::jobOptions() const
 {
     return mCallback->jobOptions(mKeys);
+}
+
+std::optional<PanelHost::Conflict> PanelHost::conflict(const JobOptions &options) const
+{
+    QString error;
+    const auto job = ppd().hasConstraints() ? ppd().with({}, &error) : nullptr;
+    if (!job) {
+        mReporter.report(error);
+        return std::nullopt;
+    }
+    const QStringList keys = printerKeys();
+    job->mark(mSavedOptions);
+    const QList<Conflict> former = conflictsIn(*job, keys);
+    job->mark(options);
+    job->mark(jobOptions());
+    const QList<Conflict> conflicts = conflictsIn(*job, keys);
+    const auto isNew = [&former](const Conflict &conflict) {
+        return !former.contains(conflict);
+    };
+    const auto found = std::find_if(conflicts.begin(), conflicts.end(), isNew);
+    return found == conflicts.end() ? std::nullopt : std::make_optional(*found);
+}
+
+QString PanelHost::faultOf(const Conflict &conflict)
+{
+    return QStringLiteral("%1=%2 cannot be combined with %3=%4: the printer's PPD forbids it")
+        .arg(conflict.ofPanels.key, conflict.ofPanels.choice, conflict.other.key,
+             conflict.other.choice);
 }
 
 QStringList PanelHost::printerKeys() const

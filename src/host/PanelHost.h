@@ -83,6 +83,24 @@ public:
     /// words.
     JobOptions jobOptions() const;
 
+    /// Two choices of a job that the PPD forbids together.
+    struct Conflict
+    {
+        PPDChoice ofPanels;
+        PPDChoice other;
+
+        bool operator==(const Conflict &) const = default;
+    };
+    /**
+     * A choice of the panels', in the printer's words, that the PPD forbids beside another of the
+     * job's; nothing when there is none, or when the job had both before the panels were asked.
+     *
+     * @param options the job's, besides jobOptions().
+     */
+    std::optional<Conflict> conflict(const JobOptions &options) const;
+    /// What to report of it.
+    static QString faultOf(const Conflict &conflict);
+
     /// The keywords of the options that the panels declare.
     const QStringList &keys() const { return mKeys; }
     /// The keywords of the printer's options that the panels decide: with a map other ones.
@@ -115,6 +133,7 @@ private:
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;
+    JobOptions mSavedOptions;
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;

@@ -41,7 +41,8 @@ QString JobSetup::apply(const Wish &wish)
     if (!mHost->accept()) {
         return QStringLiteral("a panel keeps the job from being printed");
     }
-    return faultOfRequests();
+    fault = faultOfRequests();
+    return fault.isNull() ? faultOfConflict() : fault;
 }
 
 QString JobSetup::faultOfPreset(const QString &preset) const
@@ -69,6 +70,12 @@ QString JobSetup::faultOfRequests() const
     const JobOptions unmet = mHost->unmetRequests();
     const auto &pairs = unmet.pairs();
     return pairs.isEmpty() ? QString() : mHost->refusal(pairs.first().first, pairs.first().second);
+}
+
+QString JobSetup::faultOfConflict() const
+{
+    const auto conflict = mHost->conflict(mAsked);
+    return conflict ? PanelHost::faultOf(*conflict) : QString();
 }
 
 void JobSetup::request(const JobOptions &options)

@@ -44,6 +44,7 @@ public:
 private:
     QString faultOfPreset(const QString &preset) const;
     QString faultOfRequests() const;
+    QString faultOfConflict() const;
     void request(const JobOptions &options);
 
     const PanelBundles &mBundles;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "CutterPrinter.h"
 #include "PrintingTest.h"
 #include "ProgramRun.h"
 
@@ -69,6 +70,16 @@ void tst_directrefusals::refused_data()
     table.add("custom size at a printer with fixed ones",
               atPrinter(u"mark"_s, options({u"media=Custom.20x50mm"_s}) << file), 2,
               u"-o media=Custom.20x50mm: the choices of media are: T12x100, "_s);
+    QVERIFY(addPrinter(u"cutter"_s, mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd("None"))));
+    const auto cutter = [&file](const QString &choices) {
+        return atPrinter(u"cutter"_s, options({choices}) << file);
+    };
+    const QString conflict = u"kvprint: CutMedia=EndOfJob cannot be combined with InkType=Thick: "
+                             "the printer's PPD forbids it\n"_s;
+    table.add("what the PPD forbids together", cutter(u"CutMedia=EndOfJob InkType=Thick"_s), 2,
+              conflict);
+    table.add("what it forbids together, in the panel's words",
+              cutter(u"KvCutAtEnd=ON InkType=Thick"_s), 2, conflict);
     table.add("unknown printer", atPrinter(u"nowhere"_s, {file}), 3,
               u"there is no printer nowhere; the printers are: "_s);
     table.add("missing file", atPrinter(u"tape"_s, {file, u"/nowhere/a.pdf"_s}), 3,

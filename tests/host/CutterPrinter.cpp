@@ -10,7 +10,9 @@ QByteArray CutterPrinter::ppd(const QByteArray &cut)
         .option("MirrorPrint", {"False", "True"}, "False", "Mirror Print")
         .option("InkType", {"Thin", "Thick"}, "Thin", "Ink")
         .size("w72h144", 72, 144)
-        .data();
+        .data()
+        .append("*UIConstraints: *CutMedia EndOfJob *InkType Thick\n"
+                "*UIConstraints: *InkType Thick *CutMedia EndOfJob\n");
 }
 
 QString CutterPrinter::printed(const QMap<QString, QString> &attributes)

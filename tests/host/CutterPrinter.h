@@ -11,7 +11,8 @@ namespace CutterPrinter {
 inline constexpr const char *cuts[] = {"None",     "Auto",     "EndOfPage", "EndOfDoc",
                                        "EndOfSet", "EndOfJob", "Twice"};
 
-/// The PPD, with that choice of CutMedia as the default.
+/// The PPD, with that choice of CutMedia as the default. It forbids CutMedia=EndOfJob beside
+/// InkType=Thick.
 QByteArray ppd(const QByteArray &cut);
 
 /// What a job's attributes say of the printer's options, and of the panel's, which it should have

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void optionsUseEitherWords_data();
     void optionsUseEitherWords();
     void nextDialogStartsFromTheLastChoices();
+    void forbiddenTogether();
+    void forbiddenTogetherBefore();
     void optionsLeaveThePropertiesDialog();
     void mapOfABundle();
     void faultyMapIsTold();
@@ -168,6 +170,32 @@ void tst_mappedprinter::nextDialogStartsFromTheLastChoices()
     QVERIFY(dialog.panel().isTicked(endBox));
     QVERIFY(dialog.panel().click(endBox));
     QCOMPARE(printed(dialog.print(mSite.scheduler())), u"CutMedia=None MirrorPrint=false"_s);
+}
+
+void tst_mappedprinter::forbiddenTogether()
+{
+    QVERIFY(addCutter("None"));
+    QVERIFY(mSite.saveUserOptions("Dest cutter InkType=Thick\n"));
+    AttachedDialog dialog(u"cutter"_s);
+    QVERIFY(dialog.openTab());
+    QVERIFY(!dialog.panel().summary().first().contains(u"Ink"_s));
+    QVERIFY(dialog.panel().click(endBox));
+    QCOMPARE(dialog.panel().summary().first(), u"Conflict: Cut Media: EndOfJob – Ink: Thick"_s);
+    QCOMPARE(printed(dialog.print(mSite.scheduler())), u"CutMedia=EndOfJob MirrorPrint=false"_s);
+    QCOMPARE(dialog.problems(),
+             QStringList(u"CutMedia=EndOfJob cannot be combined with InkType=Thick: the "
+                         "printer's PPD forbids it"_s));
+}
+
+void tst_mappedprinter::forbiddenTogetherBefore()
+{
+    QVERIFY(addCutter("EndOfJob"));
+    QVERIFY(mSite.saveUserOptions("Dest cutter InkType=Thick\n"));
+    AttachedDialog dialog(u"cutter"_s);
+    QVERIFY(dialog.openTab());
+    QVERIFY(!dialog.panel().summary().first().contains(u"Ink"_s));
+    QVERIFY(dialog.print(mSite.scheduler()) > 0);
+    QCOMPARE(dialog.problems(), QStringList());
 }
 
 void tst_mappedprinter::optionsLeaveThePropertiesDialog()

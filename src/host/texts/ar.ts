@@ -16,6 +16,10 @@
         <translation>الاختيار</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>تعارض</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>طباعة %1</translation>
     </message>

@@ -16,6 +16,10 @@
         <translation>Auswahl</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Konflikt</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>%1 drucken</translation>
     </message>

@@ -19,6 +19,12 @@
         <translation>Choice</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <extracomment>Option of a line of the summary that names two choices that the printer cannot
+            combine.</extracomment>
+        <translation>Conflict</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <extracomment>Title of the print dialog&apos;s window; %1 is the document&apos;s name.</extracomment>
         <translation>Print %1</translation>

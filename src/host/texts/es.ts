@@ -16,6 +16,10 @@
         <translation>Selección</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflicto</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>Imprimir %1</translation>
     </message>

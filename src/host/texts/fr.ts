@@ -16,6 +16,10 @@
         <translation>Choix</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflit</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>Imprimer %1</translation>
     </message>

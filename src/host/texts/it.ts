@@ -16,6 +16,10 @@
         <translation>Scelta</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflitto</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>Stampa di %1</translation>
     </message>

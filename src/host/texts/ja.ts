@@ -16,6 +16,10 @@
         <translation>選択内容</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>競合</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>%1 を印刷</translation>
     </message>

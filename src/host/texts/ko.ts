@@ -16,6 +16,10 @@
         <translation>선택</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>충돌</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>%1 인쇄</translation>
     </message>

@@ -16,6 +16,10 @@
         <translation>Keuze</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflict</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>%1 afdrukken</translation>
     </message>

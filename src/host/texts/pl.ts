@@ -16,6 +16,10 @@
         <translation>Wybór</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Konflikt</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>Drukowanie: %1</translation>
     </message>

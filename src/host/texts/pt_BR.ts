@@ -16,6 +16,10 @@
         <translation>Seleção</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflito</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>Imprimir %1</translation>
     </message>

@@ -16,6 +16,10 @@
         <translation>选择</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>冲突</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>打印 %1</translation>
     </message>

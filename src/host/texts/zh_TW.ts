@@ -16,6 +16,10 @@
         <translation>選擇</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>衝突</translation>
+    </message>
+    <message>
         <source>Print %1</source>
         <translation>列印 %1</translation>
     </message>
