@@ -112,7 +112,8 @@ PrintQueue::Names PrintQueue::names(SchedulerConnection &scheduler, QString *err
     return names;
 }
 
-QString PrintQueue::Names::choose(const QString &asked, QString *error) const
+QString PrintQueue::Names::choose(SchedulerConnection &scheduler, const QString &asked,
+                                  QString *error) const
 {
     if (all.isEmpty()) {
         return {};
@@ -120,7 +121,8 @@ QString PrintQueue::Names::choose(const QString &asked, QString *error) const
     if (asked.isEmpty()) {
         return byDefault.isNull() ? all.first() : byDefault;
     }
-    if (!all.contains(asked)) {
+    QString fault;
+    if (!all.contains(asked) && !find(scheduler, asked, &fault)) {
         *error = QStringLiteral("there is no printer %1; the printers are: %2")
                      .arg(asked, all.join(QStringLiteral(", ")));
         return {};
@@ -130,7 +132,7 @@ QString PrintQueue::Names::choose(const QString &asked, QString *error) const
 
 QString PrintQueue::choose(SchedulerConnection &scheduler, const QString &asked, QString *error)
 {
-    return names(scheduler, error).choose(asked, error);
+    return names(scheduler, error).choose(scheduler, asked, error);
 }
 
 std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const QString &name,
@@ -150,6 +152,7 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
         PrintQueue found(*destination);
         ipp_attribute_t *members =
             answer ? ippFindAttribute(answer.get(), "member-names", IPP_TAG_NAME) : nullptr;
+        found.mIsMissing = !answer;
         found.mPPDQueue =
             members ? QString::fromUtf8(ippGetString(members, 0, nullptr)) : queueOf(name);
         return found;

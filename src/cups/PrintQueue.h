@@ -19,7 +19,8 @@ class SchedulerConnection;
 class PrintQueue
 {
 public:
-    /// The names of all queues and of their instances.
+    /// The names of all queues and of their instances, and of the network's printers as far as
+    /// they answer at once.
     struct Names
     {
         QStringList all;
@@ -28,8 +29,8 @@ public:
 
         /// The name of the queue to use: @p asked unless that is empty, else the default queue,
         /// else the first one. Null when there is none; @p error is set to the reason when there
-        /// are queues, but not that one.
-        QString choose(const QString &asked, QString *error) const;
+        /// are queues, but not that one, nor a printer of that name in the network.
+        QString choose(SchedulerConnection &scheduler, const QString &asked, QString *error) const;
     };
     /// Empty, with the reason in @p error, when there are none.
     static Names names(SchedulerConnection &scheduler, QString *error);
@@ -64,6 +65,9 @@ public:
     QString queue() const { return queueOf(mName); }
     /// The queue whose PPD is the printer's: for a class of printers its first member.
     const QString &ppdQueue() const { return mPPDQueue; }
+    /// Whether it is a network printer that the scheduler has no queue for yet: see
+    /// makeTemporary().
+    bool isMissing() const { return mIsMissing; }
     /// Where the queue sends its jobs; null when the scheduler does not tell.
     const QString &deviceURI() const { return mDeviceURI; }
     /// The queue's attributes and the options that the user has saved for it.
@@ -79,4 +83,5 @@ private:
     QString mPPDQueue;
     QString mDeviceURI;
     JobOptions mOptions;
+    bool mIsMissing = false;
 };

@@ -10,14 +10,22 @@ QString nameOfPPD(const QString &printer)
 }
 } // namespace
 
-PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString &name)
+PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString &name,
+                                  MissingQueue missing)
 {
     PrinterRecord record;
     record.name = name;
     record.queue = PrintQueue::find(scheduler, name, &record.error);
-    if (record.queue) {
-        record.update(scheduler);
+    const bool isMissing = record.queue && record.queue->isMissing();
+    if (!record.queue || (isMissing && missing == MissingQueue::Leave)) {
+        return record;
     }
+    QString reason;
+    if (isMissing && !PrintQueue::makeTemporary(scheduler, record.queue->queue(), &reason)) {
+        record.error = QStringLiteral("%1: %2").arg(name, reason);
+        return record;
+    }
+    record.update(scheduler);
     return record;
 }
 

@@ -15,8 +15,16 @@ class SchedulerConnection;
 /// What the scheduler has told of a printer, a queue or an instance of one.
 struct PrinterRecord
 {
+    /// What to do with a network printer that the scheduler has no queue for yet.
+    enum class MissingQueue {
+        /// It gets a temporary one, since only queues have a PPD: see PrintQueue::makeTemporary().
+        Make,
+        Leave,
+    };
+
     /// Asks the scheduler, in three requests.
-    static PrinterRecord read(SchedulerConnection &scheduler, const QString &name);
+    static PrinterRecord read(SchedulerConnection &scheduler, const QString &name,
+                              MissingQueue missing = MissingQueue::Make);
 
     /// Asks the scheduler, in one request, whether the printer's PPD has changed, and takes the new
     /// one. Answer::Failed changes only the error.

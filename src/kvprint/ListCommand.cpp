@@ -2,6 +2,7 @@
 #include "kvprint/ListCommand.h"
 
 #include "cups/PrintQueue.h"
+#include "cups/PrinterRecord.h"
 #include "cups/SchedulerConnection.h"
 #include "kvprint/PrinterList.h"
 #include "kvprint/PrinterTable.h"
@@ -25,11 +26,16 @@ ExitStatus ListCommand::run()
         list.addPPD(mCommandLine.ppd, &fault);
     } else {
         const auto known = PrintQueue::names(scheduler, &fault);
-        const QString chosen = known.choose(mCommandLine.printer, &fault);
-        for (const QString &name : known.all) {
-            if (mCommandLine.printer.isNull() || name == chosen) {
-                isWhole = list.addQueue(scheduler, name, name == known.byDefault) && isWhole;
-            }
+        const QString &asked = mCommandLine.printer;
+        const QString chosen = known.choose(scheduler, asked, &fault);
+        // The network may have more printers than anybody wants queues for.
+        const auto missing =
+            asked.isNull() ? PrinterRecord::MissingQueue::Leave : PrinterRecord::MissingQueue::Make;
+        QStringList wanted = asked.isNull() ? known.all : QStringList(chosen);
+        wanted.removeAll(QString());
+        for (const QString &name : std::as_const(wanted)) {
+            const bool isDefault = name == known.byDefault;
+            isWhole = list.addQueue(scheduler, name, isDefault, missing) && isWhole;
         }
     }
     if (fault.isNull()) {

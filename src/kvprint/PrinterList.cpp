@@ -102,9 +102,10 @@ PrinterList::PrinterList(const PanelBundles &bundles, ProblemReporter &reporter)
 {
 }
 
-bool PrinterList::addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault)
+bool PrinterList::addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault,
+                           PrinterRecord::MissingQueue missing)
 {
-    const PrinterRecord printer = PrinterRecord::read(scheduler, name);
+    const PrinterRecord printer = PrinterRecord::read(scheduler, name, missing);
     QString error;
     auto target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &error);
     mReporter.report(error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "cups/PrinterRecord.h"
 #include "kvprint/CommandLine.h"
 #include "kvprint/JobSetup.h"
 
@@ -17,7 +18,8 @@ public:
 
     /// Adds a queue of the scheduler's; one without a PPD, or with a broken one, has no options.
     /// False, with a report, when the scheduler has not told what the queue has.
-    bool addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault);
+    bool addQueue(SchedulerConnection &scheduler, const QString &name, bool isDefault,
+                  PrinterRecord::MissingQueue missing);
     /// Adds a PPD without a queue; false, with the reason in @p error, when it cannot be opened.
     bool addPPD(const QString &path, QString *error);
 

@@ -55,7 +55,7 @@ std::unique_ptr<ipp_t, IppDeleter> jobsOf(int port)
 
 DriverlessPrinter::~DriverlessPrinter()
 {
-    for (BoundProcess *process : {&mPrinter, &mBus}) {
+    for (BoundProcess *process : {&mPrinter, &mAvahi, &mBus}) {
         process->terminate();
         process->waitForFinished(patienceMs);
     }
@@ -65,7 +65,7 @@ QString DriverlessPrinter::open(const QString &queue)
 {
     QString fault = startBus();
     if (fault.isNull()) {
-        fault = startPrinter();
+        fault = startPrinter(queue, false);
     }
     if (!fault.isNull()) {
         return fault;
@@ -76,29 +76,64 @@ QString DriverlessPrinter::open(const QString &queue)
     return run.status == 0 ? QString() : u"lpadmin: "_s + run.errors;
 }
 
+QString DriverlessPrinter::announce(const QString &name)
+{
+    QString fault = startBus();
+    if (fault.isNull()) {
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", busAddress().toLocal8Bit());
+        fault = startAvahi();
+    }
+    return fault.isNull() ? startPrinter(name, true) : fault;
+}
+
+QString DriverlessPrinter::busAddress() const
+{
+    return u"unix:path="_s + mFolder.filePath(u"bus"_s);
+}
+
 QString DriverlessPrinter::startBus()
 {
     mBus.setStandardErrorFile(QProcess::nullDevice());
-    mBus.start(u"dbus-daemon"_s,
-               {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s,
-                u"--address=unix:path="_s + mFolder.filePath(u"bus"_s)});
+    mBus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s,
+                                  u"--print-address=1"_s, u"--address="_s + busAddress()});
     // It tells its address when it can be used.
     return mBus.waitForReadyRead(patienceMs) ? QString()
                                              : u"dbus-daemon: %1"_s.arg(mBus.errorString());
 }
 
-QString DriverlessPrinter::startPrinter()
+QString DriverlessPrinter::startAvahi()
+{
+    QFile settings(mFolder.filePath(u"avahi.conf"_s));
+    if (!settings.open(QIODevice::WriteOnly) ||
+        settings.write("[server]\nhost-name=printer\nallow-interfaces=lo\nuse-ipv6=no\n"
+                       "[wide-area]\nenable-wide-area=no\n") < 0) {
+        return settings.errorString();
+    }
+    settings.close();
+    mAvahi.setProcessChannelMode(QProcess::MergedChannels);
+    mAvahi.start(u"avahi-daemon"_s, {u"--no-drop-root"_s, u"--no-chroot"_s, u"--no-rlimits"_s,
+                                     u"--file"_s, settings.fileName()});
+    QByteArray told;
+    const auto isReady = [&] {
+        told += mAvahi.readAll();
+        return told.contains("Server startup complete");
+    };
+    return QTest::qWaitFor(isReady, patienceMs)
+               ? QString()
+               : u"avahi-daemon: "_s + mAvahi.errorString() + QString::fromUtf8(told);
+}
+
+QString DriverlessPrinter::startPrinter(const QString &name, bool announced)
 {
     mPort = freePort();
-    mPrinter.setProcessEnvironment(
-        environmentWith({u"DBUS_SYSTEM_BUS_ADDRESS=unix:path="_s + mFolder.filePath(u"bus"_s)}));
+    mPrinter.setProcessEnvironment(environmentWith({u"DBUS_SYSTEM_BUS_ADDRESS="_s + busAddress()}));
     mPrinter.setStandardOutputFile(QProcess::nullDevice());
     mPrinter.setStandardErrorFile(mFolder.filePath(u"log"_s));
     mPrinter.start(u"ippeveprinter"_s,
                    {u"-n"_s, u"localhost"_s, u"-p"_s, QString::number(mPort), u"-a"_s,
                     QStringLiteral(KV_SOURCE_FOLDER "/tests/automation/driverless.attrs"), u"-d"_s,
-                    mFolder.path(), u"-k"_s, u"-c"_s, u"/bin/true"_s, u"-r"_s, u"off"_s,
-                    u"Tape"_s});
+                    mFolder.path(), u"-k"_s, u"-c"_s, u"/bin/true"_s, u"-r"_s,
+                    announced ? u"_print"_s : u"off"_s, name});
     if (QTest::qWaitFor([this] { return isAnswering(); }, patienceMs)) {
         return {};
     }

@@ -20,17 +20,25 @@ public:
     /// at the scheduler that libcups asks; the reason when that fails.
     QString open(const QString &queue);
 
+    /// Starts the printer and announces it to the network by that name, from where libcups learns
+    /// of it; the reason when that fails.
+    QString announce(const QString &name);
+
     /// The finishings of the printer's jobs, the last job first: what it has been asked for.
     QList<int> finishings() const;
 
 private:
     QString startBus();
-    QString startPrinter();
+    QString startAvahi();
+    /// @param announced whether Avahi is to tell the network of the printer.
+    QString startPrinter(const QString &name, bool announced);
     bool isAnswering() const;
+    QString busAddress() const;
 
     QTemporaryDir mFolder{QStringLiteral("/tmp/driverless-XXXXXX")};
     // The printer announces itself at a bus, which it needs even when nobody is there.
     BoundProcess mBus;
+    BoundProcess mAvahi;
     BoundProcess mPrinter;
     int mPort = 0;
 };
