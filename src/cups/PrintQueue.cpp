@@ -91,6 +91,13 @@ QString nameOf(const cups_dest_t &destination)
 }
 } // namespace
 
+bool PrintQueue::isInNetwork(SchedulerConnection &scheduler, const QString &name)
+{
+    QString error;
+    const auto found = find(scheduler, name, &error);
+    return found && found->isMissing();
+}
+
 PrintQueue::Names PrintQueue::names(SchedulerConnection &scheduler, QString *error)
 {
     http_t *http = scheduler.open(error);
@@ -121,8 +128,7 @@ QString PrintQueue::Names::choose(SchedulerConnection &scheduler, const QString 
     if (asked.isEmpty()) {
         return byDefault.isNull() ? all.first() : byDefault;
     }
-    QString fault;
-    if (!all.contains(asked) && !find(scheduler, asked, &fault)) {
+    if (!all.contains(asked) && !isInNetwork(scheduler, asked)) {
         *error = QStringLiteral("there is no printer %1; the printers are: %2")
                      .arg(asked, all.join(QStringLiteral(", ")));
         return {};

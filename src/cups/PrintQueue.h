@@ -77,6 +77,9 @@ public:
     JobOptions jobOptions() const;
 
 private:
+    /// Whether there is a printer of that name that the scheduler has no queue for yet.
+    static bool isInNetwork(SchedulerConnection &scheduler, const QString &name);
+
     explicit PrintQueue(const cups_dest_t &destination);
 
     QString mName;
