@@ -27,10 +27,11 @@ void write(const QString &path, const QByteArray &bytes)
 /// libcups may have limits of its own: what is measured has to be in the opened PPD.
 void requireAll(const MeasuredPrinter &printer, ppd_file_t *ppd)
 {
-    const ppd_option_t *counts = ppdFindOption(ppd, "KvCutLabel");
-    require(counts && counts->num_choices == printer.counts && ppd->num_sizes == printer.sizes,
+    const ppd_option_t *option = ppdFindOption(ppd, "KvCutLabel");
+    const int counts = option ? option->num_choices : 0;
+    require(counts == printer.counts && ppd->num_sizes == printer.sizes,
             QStringLiteral("the opened PPD has %1 counts and %2 sizes instead of %3 and %4")
-                .arg(counts ? counts->num_choices : 0)
+                .arg(counts)
                 .arg(ppd->num_sizes)
                 .arg(printer.counts)
                 .arg(printer.sizes));

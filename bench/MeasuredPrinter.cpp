@@ -41,11 +41,23 @@ QByteArray MeasuredPrinter::ppd() const
     for (int i = 0; i < sizes; ++i) {
         text.size(sizeName(i), sizeWidth, firstHeight + i * heightStep);
     }
-    text.counts(1, counts);
-    for (const char *keyword : onOffOptions) {
-        text.onOff(keyword);
+    switch (keywords) {
+    case Keywords::Panels:
+        text.counts(1, counts).attribute("KvAutoCutObjHidden", "False");
+        for (const char *keyword : onOffOptions) {
+            text.onOff(keyword);
+        }
+        break;
+    case Keywords::Standard:
+        text.option("CutMedia", {"None", "EndOfPage", "EndOfJob"}, "None")
+            .option("MirrorPrint", {"False", "True"}, "False");
+        break;
+    case Keywords::OfTheMap:
+        text.counts(1, counts).attribute("KvTapeType", "RV");
+        text.onOff("KvCutAtEnd").onOff("KvMirror").onOff("KvAutoTapeCut");
+        break;
     }
-    return text.attribute("KvAutoCutObjHidden", "False").data();
+    return text.data();
 }
 
 std::string MeasuredPrinter::labelled(const std::string &measurement) const

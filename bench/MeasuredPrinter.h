@@ -9,15 +9,26 @@
 #include <algorithm>
 #include <string>
 
-/// A printer with all nine options, by how much its PPD holds.
+/// A printer by its options and by how much its PPD holds.
 struct MeasuredPrinter
 {
+    /// What its PPD calls its options.
+    enum class Keywords {
+        /// All nine of the panel's.
+        Panels,
+        /// The standard's, for which there is a map.
+        Standard,
+        /// Those of the panel's that the map adds to a PPD with the standard's.
+        OfTheMap,
+    };
+
     /// What its measurements are called besides; empty for the usual printer.
     const char *name;
     /// The choices of "KvCutLabel", from 1 on.
     int counts;
     /// The paper sizes.
     int sizes;
+    Keywords keywords = Keywords::Panels;
 
     /// The name of its queue at the scheduler.
     QString queue() const;
@@ -44,6 +55,11 @@ inline constexpr MeasuredPrinter manyOfBoth = {"9,900 + 10,000", manyCounts.coun
 /// A printer with a tenth of that.
 inline constexpr MeasuredPrinter tenthOfBoth = {"990 + 1,000", manyOfBoth.counts / 10,
                                                 manyOfBoth.sizes / 10};
+/// A printer with options that have to be mapped, and the same one with the panel's own keywords.
+inline constexpr MeasuredPrinter mappedPrinter = {"with a map", 0, usualPrinter.sizes,
+                                                  MeasuredPrinter::Keywords::Standard};
+inline constexpr MeasuredPrinter unmappedPrinter = {"without a map", 1, usualPrinter.sizes,
+                                                    MeasuredPrinter::Keywords::OfTheMap};
 /// The printers whose PPDs hold much.
 inline constexpr MeasuredPrinter largePrinters[] = {manyCounts, manySizes, manyOfBoth};
 

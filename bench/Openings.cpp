@@ -39,6 +39,9 @@ void Openings::add()
 {
     add(usualPrinter, {15, 5}, {15, 5});
     add(manyCounts, {9, 3}, {9, 1});
+    for (const MeasuredPrinter &printer : {mappedPrinter, unmappedPrinter}) {
+        addOne(printer.labelled(panelOpens), {15, 5}, &Openings::openPanel, printer, true);
+    }
     add(tenthOfBoth, {9, 3}, {9, 1});
     // The scheduler, libcups and Qt take seconds for such a PPD.
     add(manySizes, {3, 1}, {1, 1});
@@ -95,6 +98,9 @@ ComparisonGroup Openings::comparisons()
     for (const MeasuredPrinter &printer : largePrinters) {
         rows.push_back({printer.labelled(panelOpens), printer.labelled(pageOpens), half});
     }
+    rows.push_back({mappedPrinter.labelled(panelOpens),
+                    unmappedPrinter.labelled(panelOpens),
+                    {Aim::Kind::Ratio, 1.2}});
     for (const auto &[opening, isOurs] : {std::pair(panelOpens, true), {pageOpens, false}}) {
         for (const MeasuredPrinter &printer : largePrinters) {
             rows.push_back(

@@ -26,6 +26,7 @@ PanelWindow::~PanelWindow()
 
 void PanelWindow::open(const QString &count)
 {
+    mProblems += mTarget.use(mBundles.maps());
     mHost = std::make_unique<PanelHost>(std::move(mTarget), mBundles, mReporter);
     if (!count.isNull()) {
         mHost->request(QStringLiteral("KvCutLabel"), count);
