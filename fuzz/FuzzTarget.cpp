@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "FuzzTarget.h"
 
+#include <QStandardPaths>
+
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -22,6 +24,12 @@ std::unique_ptr<FuzzTarget> FuzzTarget::make(const QByteArray &name)
 {
     const auto found = makers().find(name);
     return found == makers().end() ? nullptr : found->second();
+}
+
+QString FuzzTarget::folderTemplate()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
+           QStringLiteral("/kvfuzz-XXXXXX");
 }
 
 void expectRule(bool holds, const char *rule)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <memory>
 
@@ -26,6 +27,10 @@ public:
     static bool add(const char *name, Maker maker);
     /// Makes the fuzzer of that name; null when there is none.
     static std::unique_ptr<FuzzTarget> make(const QByteArray &name);
+
+    /// The template of a QTemporaryDir. A fuzzer ends without removing its files, but
+    /// tests/isolated removes the folder around them.
+    static QString folderTemplate();
 };
 
 /// Stands at the end of a fuzzer's source.

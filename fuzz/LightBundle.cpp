@@ -8,19 +8,11 @@
 #include <QFile>
 #include <QImage>
 #include <QRegularExpression>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <filesystem>
 
 namespace {
-/// A fuzzer ends without removing its files, tests/isolated removes this folder.
-QString folderTemplate()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
-           QStringLiteral("/kvfuzz-XXXXXX");
-}
-
 bool removeBlanks(const QString &form)
 {
     static const QRegularExpression blanks(QStringLiteral(">\\s+<"));
@@ -46,7 +38,7 @@ bool shrinkPictures(const QDir &resources)
 } // namespace
 
 LightBundle::LightBundle()
-    : mFolder(folderTemplate())
+    : mFolder(FuzzTarget::folderTemplate())
 {
     const QString bundle = mFolder.filePath(QStringLiteral("Light.pde"));
     const QDir resources(bundle + QStringLiteral("/Contents/Resources"));

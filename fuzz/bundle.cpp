@@ -76,7 +76,7 @@ private:
         expectRule((form == nullptr) != error.isNull(), "a form is loaded or told to be faulty");
     }
 
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{folderTemplate()};
 };
 } // namespace
 
