@@ -3,17 +3,12 @@
 
 #include "cups/KeywordMapReader.h"
 #include "cups/PPDFile.h"
+#include "cups/PanelKeywords.h"
 #include "printcore/QtVersions.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
-/// The options of the cut option panel: a PPD that has one speaks for itself.
-constexpr std::array panelKeywords = {"KvCutLabel",    "KvCutAtEnd",       "KvMirror",
-                                      "KvAutoTapeCut", "KvHalfCut",        "KvChainPrint",
-                                      "KvSpecialTape", "KvRemoveBlkSpace", "KvCutMark"};
-
 QString keywordOf(const QString &choice)
 {
     return choice.section(u'/', 0, 0);
@@ -24,6 +19,24 @@ void setPreferred(const KeywordTable::Combination &combination, JobOptions &opti
     for (auto entry = combination.begin(); entry != combination.end(); ++entry) {
         options.set(entry.key(), entry.value().first());
     }
+}
+
+bool hasAttribute(const PPDFile &ppd, const QString &name, const QString &value)
+{
+    const QString found = ppd.attribute(name);
+    return !found.isNull() && found == value;
+}
+
+/// The lines of an option in a PPD.
+QString ppdOption(const QString &key, const QString &text, const QStringList &choices,
+                  const QString &byDefault)
+{
+    QString lines =
+        QStringLiteral("*OpenUI *%1/%2: PickOne\n*Default%1: %3\n").arg(key, text, byDefault);
+    for (const QString &choice : choices) {
+        lines += QStringLiteral("*%1 %2: \"\"\n").arg(key, choice);
+    }
+    return lines + QStringLiteral("*CloseUI: *%1\n").arg(key);
 }
 } // namespace
 
@@ -41,37 +54,63 @@ std::optional<KeywordMap> KeywordMap::read(const QByteArray &json, QString *faul
     return KeywordMapReader(json).read(fault);
 }
 
-bool KeywordMap::isFor(const PPDFile &ppd) const
+QString KeywordMap::misfit(const PPDFile &ppd) const
 {
-    const auto has = [&ppd](const QString &key) {
-        return ppd.hasOption(key);
-    };
-    return std::none_of(panelKeywords.begin(), panelKeywords.end(),
-                        [&](const char *key) { return has(QLatin1String(key)); }) &&
-           std::none_of(mOptions.begin(), mOptions.end(),
-                        [&](const Option &option) { return has(option.key); }) &&
-           std::all_of(mRequiredOptions.begin(), mRequiredOptions.end(), has) &&
-           std::all_of(mAttributes.keyBegin(), mAttributes.keyEnd(), [&](const QString &name) {
-               const QString value = ppd.attribute(name);
-               return !value.isNull() && value == mAttributes.value(name);
-           });
+    QStringList own;
+    for (const char *key : PanelKeywords::options) {
+        own.append(QLatin1String(key));
+    }
+    for (const Option &option : mOptions) {
+        own.append(option.key);
+    }
+    for (const QString &key : std::as_const(own)) {
+        if (ppd.hasOption(key)) {
+            return QStringLiteral("the PPD has %1 itself").arg(key);
+        }
+    }
+    for (const QString &key : mRequiredOptions) {
+        if (!ppd.hasOption(key)) {
+            return QStringLiteral("the PPD lacks %1").arg(key);
+        }
+    }
+    for (auto wanted = mAttributes.begin(); wanted != mAttributes.end(); ++wanted) {
+        if (!hasAttribute(ppd, wanted.key(), wanted.value())) {
+            return QStringLiteral("%1 of the PPD is not \"%2\"").arg(wanted.key(), wanted.value());
+        }
+    }
+    return {};
 }
 
-std::optional<KeywordMap> KeywordMap::fittedTo(const PPDFile &ppd) const
+std::optional<KeywordMap> KeywordMap::fittedTo(const PPDFile &ppd, QString *reason) const
 {
-    if (!isFor(ppd)) {
+    QString fault = misfit(ppd);
+    KeywordMap fitted = *this;
+    if (fault.isNull() && !fitted.keepTablesOf(ppd)) {
+        fault = QStringLiteral("the PPD lacks choices of %1")
+                    .arg(printerKeys().join(QStringLiteral(" and ")));
+    }
+    if (!fault.isNull()) {
+        if (reason) {
+            *reason = fault;
+        }
         return std::nullopt;
     }
-    KeywordMap fitted = *this;
-    fitted.mTables.clear();
-    for (const KeywordTable &table : mTables) {
-        const KeywordTable decided = table.fittedTo(ppd);
-        if (!decided.isEmpty()) {
-            fitted.mTables.append(decided);
+    for (const Option &option : mOptions) {
+        if (fitted.sourcesOf(option.key).isEmpty()) {
+            fitted.mLeftOut.insert(option.key, sourcesOf(option.key));
         }
     }
     fitted.keepDecidedOptions();
-    return fitted.mTables.isEmpty() ? std::nullopt : std::make_optional(fitted);
+    return fitted;
+}
+
+bool KeywordMap::keepTablesOf(const PPDFile &ppd)
+{
+    for (KeywordTable &table : mTables) {
+        table = table.fittedTo(ppd);
+    }
+    removeFrom(mTables, [](const KeywordTable &table) { return table.isEmpty(); });
+    return !mTables.isEmpty();
 }
 
 void KeywordMap::keepDecidedOptions()
@@ -112,12 +151,7 @@ QByteArray KeywordMap::ppdLines(const PPDFile &ppd) const
     for (const Option &option : mOptions) {
         const QString choice = defaults.contains(option.key) ? defaults.value(option.key)
                                                              : keywordOf(option.choices.first());
-        lines += QStringLiteral("*OpenUI *%1/%2: PickOne\n*Default%1: %3\n")
-                     .arg(option.key, option.text, choice);
-        for (const QString &each : option.choices) {
-            lines += QStringLiteral("*%1 %2: \"\"\n").arg(option.key, each);
-        }
-        lines += QStringLiteral("*CloseUI: *%1\n").arg(option.key);
+        lines += ppdOption(option.key, option.text, option.choices, choice);
     }
     return lines.toUtf8();
 }
@@ -129,6 +163,76 @@ QStringList KeywordMap::printerKeys() const
         keys += table.printerKeys();
     }
     return keys;
+}
+
+QStringList KeywordMap::sourcesOf(const QString &key) const
+{
+    const auto option = std::find_if(mOptions.begin(), mOptions.end(),
+                                     [&key](const Option &each) { return each.key == key; });
+    if (option == mOptions.end()) {
+        return {};
+    }
+    const QString decided = option->with.isEmpty() ? key : option->with;
+    const auto table =
+        std::find_if(mTables.begin(), mTables.end(), [&decided](const KeywordTable &each) {
+            return each.panelKeys().contains(decided);
+        });
+    return table == mTables.end() ? QStringList() : table->printerKeys();
+}
+
+QMap<QString, QStringList> KeywordMap::namedChoices() const
+{
+    QMap<QString, QStringList> all;
+    for (const QString &key : mRequiredOptions) {
+        all.insert(key, {});
+    }
+    for (const KeywordTable &table : mTables) {
+        for (const KeywordTable::Row &row : table.rows()) {
+            for (auto side = row.printer.begin(); side != row.printer.end(); ++side) {
+                all[side.key()] += side.value();
+            }
+        }
+    }
+    for (QStringList &choices : all) {
+        choices.removeDuplicates();
+    }
+    return all;
+}
+
+QStringList KeywordMap::namesMissingIn(const PPDFile &ppd) const
+{
+    QStringList missing;
+    const QMap<QString, QStringList> named = namedChoices();
+    for (auto option = named.begin(); option != named.end(); ++option) {
+        const QStringList known = ppd.choices(option.key());
+        if (!ppd.hasOption(option.key())) {
+            missing.append(option.key());
+        }
+        for (const QString &choice : option.value()) {
+            if (!known.contains(choice)) {
+                missing.append(option.key() + u'=' + choice);
+            }
+        }
+    }
+    for (auto wanted = mAttributes.begin(); wanted != mAttributes.end(); ++wanted) {
+        if (!hasAttribute(ppd, wanted.key(), wanted.value())) {
+            missing.append(QStringLiteral("%1: \"%2\"").arg(wanted.key(), wanted.value()));
+        }
+    }
+    return missing;
+}
+
+QByteArray KeywordMap::completePPD() const
+{
+    QString text = QStringLiteral("*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n");
+    for (auto wanted = mAttributes.begin(); wanted != mAttributes.end(); ++wanted) {
+        text += QStringLiteral("*%1: \"%2\"\n").arg(wanted.key(), wanted.value());
+    }
+    const QMap<QString, QStringList> named = namedChoices();
+    for (auto option = named.begin(); option != named.end(); ++option) {
+        text += ppdOption(option.key(), option.key(), option.value(), option.value().value(0));
+    }
+    return text.toUtf8();
 }
 
 JobOptions KeywordMap::panelChoices(const JobOptions &printer) const

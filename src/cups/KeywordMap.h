@@ -45,14 +45,20 @@ public:
      */
     static std::optional<KeywordMap> read(const QByteArray &json, QString *fault);
 
+    /// The file that the map is from, for messages; null for none.
+    const QString &name() const { return mName; }
+    void setName(const QString &name) { mName = name; }
+
     /**
      * The map for a PPD: with the choices that the PPD has, and with the options that can then be
      * decided in every combination.
      *
      * Nothing when the map is not for that PPD, when nothing is left of it, or when the PPD has an
      * option of the panels itself.
+     *
+     * @param reason set when there is no result, unless it is null.
      */
-    std::optional<KeywordMap> fittedTo(const PPDFile &ppd) const;
+    std::optional<KeywordMap> fittedTo(const PPDFile &ppd, QString *reason = nullptr) const;
 
     /// How many conditions a PPD has to meet: of two maps, the one with more is the more
     /// particular.
@@ -63,6 +69,16 @@ public:
 
     /// The keywords of the printer's options that are decided by the panels.
     QStringList printerKeys() const;
+    /// The printer's options by which one of the panels' is decided; none when the map lacks it.
+    QStringList sourcesOf(const QString &key) const;
+    /// Of a fitted map, the printer's options that lack the choices for one of the panels', which
+    /// was left out; none for any other.
+    QStringList sourcesMissedBy(const QString &key) const { return mLeftOut.value(key); }
+
+    /// What the map names and a PPD lacks: options, choices ("KEY=CHOICE") and attributes.
+    QStringList namesMissingIn(const PPDFile &ppd) const;
+    /// The text of a PPD that has all that the map names, and nothing else.
+    QByteArray completePPD() const;
 
     /// The panels' choices that stand for choices of the printer's options.
     JobOptions panelChoices(const JobOptions &printer) const;
@@ -92,14 +108,21 @@ public:
 private:
     friend class KeywordMapReader;
 
-    bool isFor(const PPDFile &ppd) const;
+    /// Which condition the PPD does not meet; null when it meets all.
+    QString misfit(const PPDFile &ppd) const;
+    /// Leaves out of the tables what the PPD has no choices for; false when nothing is left.
+    bool keepTablesOf(const PPDFile &ppd);
     /// Leaves out the options that no table decides.
     void keepDecidedOptions();
+    /// The printer's options and their choices that the rows name.
+    QMap<QString, QStringList> namedChoices() const;
 
+    QString mName;
     QStringList mRequiredOptions;
     QMap<QString, QString> mAttributes;
     QString mSeries;
     bool mHasAutoCutBox = false;
     QList<Option> mOptions;
     QList<KeywordTable> mTables;
+    QMap<QString, QStringList> mLeftOut;
 };

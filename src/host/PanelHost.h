@@ -41,6 +41,9 @@ public:
     const std::vector<PDEPanel *> &panels() const { return mPanels; }
 
     PPDFile &ppd() const { return mCallback->ppd(); }
+    /// The map by which the panels' options in the PPD stand for the printer's; nothing when they
+    /// are the printer's own.
+    const std::optional<KeywordMap> &map() const { return mCallback->map(); }
 
     /**
      * A choice that the user has made before: marked at once, and once more by the panel's own

@@ -9,12 +9,14 @@ std::optional<PanelTarget> PanelTarget::ofPPD(const QString &path, PPDFile::Mark
                                               QString *error)
 {
     auto ppd = PPDFile::open(path, error, marks);
-    if (!ppd) {
-        return std::nullopt;
-    }
+    return ppd ? std::make_optional(of(std::move(ppd))) : std::nullopt;
+}
+
+PanelTarget PanelTarget::of(std::unique_ptr<PPDFile> ppd)
+{
     Paper paper = markedPaper(*ppd);
-    return PanelTarget{std::move(ppd),  Printer(QString()), std::move(paper),
-                       PrintSettings(), JobOptions(),       std::nullopt};
+    return {std::move(ppd),  Printer(QString()), std::move(paper),
+            PrintSettings(), JobOptions(),       std::nullopt};
 }
 
 std::optional<PanelTarget> PanelTarget::ofQueue(SchedulerConnection &scheduler, const QString &name,

@@ -26,6 +26,9 @@ struct PanelTarget
     static std::optional<PanelTarget> ofPPD(const QString &path, PPDFile::Marks marks,
                                             QString *error);
 
+    /// A PPD without a queue that has been opened, likewise.
+    static PanelTarget of(std::unique_ptr<PPDFile> ppd);
+
     /**
      * A queue with the options that its user has saved.
      *

@@ -9,24 +9,21 @@
 
 #include <algorithm>
 
-namespace {
-/// The map in a file; nothing, and reported, when there is none.
-std::optional<KeywordMap> readMap(const QString &path, ProblemReporter &reporter)
+std::optional<KeywordMap> PrinterMaps::read(CheckedFile file, QString *fault)
 {
-    CheckedFile file = CheckedFile::trusted(path);
     const QByteArray json = file.read(ResourceLimits::kMapSize);
     if (!file.fault().isNull()) {
-        reporter.report(QStringLiteral("%1 %2").arg(path, file.fault()));
+        *fault = QStringLiteral("%1 %2").arg(file.path(), file.fault());
         return std::nullopt;
     }
-    QString fault;
-    auto map = KeywordMap::read(json, &fault);
-    if (!map) {
-        reporter.report(QStringLiteral("%1: %2").arg(path, fault));
+    auto map = KeywordMap::read(json, fault);
+    if (map) {
+        map->setName(file.path());
+    } else {
+        *fault = QStringLiteral("%1: %2").arg(file.path(), *fault);
     }
     return map;
 }
-} // namespace
 
 void PrinterMaps::addFolder(const QString &folder, ProblemReporter &reporter)
 {
@@ -36,7 +33,10 @@ void PrinterMaps::addFolder(const QString &folder, ProblemReporter &reporter)
                         QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
     Folder maps;
     for (const QString &name : names) {
-        if (auto map = readMap(files.filePath(name), reporter)) {
+        QString fault;
+        const auto map = read(CheckedFile::trusted(files.filePath(name)), &fault);
+        reporter.report(fault);
+        if (map) {
             const auto isBefore = [](const KeywordMap &one, const KeywordMap &other) {
                 return one.conditions() > other.conditions();
             };
@@ -46,12 +46,17 @@ void PrinterMaps::addFolder(const QString &folder, ProblemReporter &reporter)
     mFolders.append(maps);
 }
 
-std::optional<KeywordMap> PrinterMaps::mapFor(const PPDFile &ppd) const
+std::optional<KeywordMap> PrinterMaps::mapFor(const PPDFile &ppd, QStringList *misfits) const
 {
     for (const Folder &folder : mFolders) {
         for (const KeywordMap &map : folder) {
-            if (auto fitted = map.fittedTo(ppd)) {
+            QString reason;
+            if (auto fitted = map.fittedTo(ppd, &reason)) {
                 return fitted;
+            }
+            if (misfits) {
+                misfits->append(
+                    QStringLiteral("the map %1 does not fit: %2").arg(map.name(), reason));
             }
         }
     }

@@ -14,6 +14,7 @@ namespace {
 const QString choicesMember = QStringLiteral("choices");
 const QString currentMember = QStringLiteral("current");
 const QString defaultMember = QStringLiteral("default");
+const QString mapMember = QStringLiteral("map");
 const QString nameMember = QStringLiteral("name");
 const QString optionsMember = QStringLiteral("options");
 const QString panelMember = QStringLiteral("panel");
@@ -128,6 +129,7 @@ void PrinterList::add(QJsonObject printer, std::optional<PanelTarget> target)
     QJsonArray options;
     QJsonArray presets;
     QJsonValue panel;
+    QJsonValue map;
     if (target) {
         JobSetup setup(std::move(*target), mBundles, mReporter);
         mReporter.report(setup.apply({}));
@@ -136,8 +138,12 @@ void PrinterList::add(QJsonObject printer, std::optional<PanelTarget> target)
         if (!setup.panels().panels().empty()) {
             panel = setup.panels().panels().front()->panelName();
         }
+        if (const auto &used = setup.panels().map()) {
+            map = used->name();
+        }
     }
     printer.insert(panelMember, panel);
+    printer.insert(mapMember, map);
     printer.insert(optionsMember, options);
     printer.insert(presetsMember, presets);
     mPrinters.append(printer);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kvprint/PrinterTable.h"
 
-#include <QJsonArray>
+#include "kvprint/TextTable.h"
 
-#include <algorithm>
+#include <QJsonArray>
 
 namespace {
 /// From how many consecutive numbers on a table shows a range.
@@ -39,30 +39,6 @@ QString choicesInATable(const QJsonArray &choices)
     return shown.join(QLatin1Char(' '));
 }
 
-/// Rows of cells with each column as wide as its widest cell.
-QString aligned(const QList<QStringList> &rows)
-{
-    QList<qsizetype> widths;
-    for (const QStringList &row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (qsizetype i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], row.at(i).size());
-        }
-    }
-    QString text;
-    for (const QStringList &row : rows) {
-        QString line;
-        for (qsizetype i = 0; i < row.size(); ++i) {
-            line += QStringLiteral("  ") + row.at(i).leftJustified(widths[i]);
-        }
-        while (line.endsWith(QLatin1Char(' '))) {
-            line.chop(1);
-        }
-        text += line + QLatin1Char('\n');
-    }
-    return text;
-}
-
 QString optionsTable(const QJsonArray &options)
 {
     QList<QStringList> rows{{QStringLiteral("OPTION"), QStringLiteral("DEFAULT"),
@@ -72,7 +48,7 @@ QString optionsTable(const QJsonArray &options)
         rows.append({textOf(option, "name"), textOf(option, "default"), textOf(option, "current"),
                      choicesInATable(option.value(QLatin1String("choices")).toArray())});
     }
-    return aligned(rows);
+    return textTable(rows);
 }
 
 QString presetsTable(const QJsonArray &presets)
@@ -84,7 +60,7 @@ QString presetsTable(const QJsonArray &presets)
         rows.append({textOf(preset, "name"), isSelected ? QStringLiteral("*") : QString(),
                      textOf(preset, "text")});
     }
-    return aligned(rows);
+    return textTable(rows);
 }
 
 /// A printer's name, or its PPD's.
@@ -105,7 +81,11 @@ QString printerTable(const QJsonObject &list)
         const QJsonObject printer = value.toObject();
         const QJsonArray options = printer.value(QLatin1String("options")).toArray();
         const QJsonArray presets = printer.value(QLatin1String("presets")).toArray();
+        const QString map = textOf(printer, "map");
         QString part = headingOf(printer);
+        if (!map.isNull()) {
+            part += QStringLiteral("  Map: %1\n").arg(map);
+        }
         part += options.isEmpty() ? QStringLiteral("  no options\n") : optionsTable(options);
         if (!presets.isEmpty()) {
             part += QLatin1Char('\n') + presetsTable(presets);

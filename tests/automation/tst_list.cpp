@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "CutterPrinter.h"
 #include "PrintingTest.h"
 #include "ProgramRun.h"
 
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void presets();
     void presetsThatThePaperForbids();
     void printerOfAPPD();
+    void mapIsTold();
     void tableOfAPPD();
     void tableOfPrinters();
     void printerWithoutAPPD();
@@ -219,7 +221,21 @@ void tst_list::printerOfAPPD()
     QCOMPARE(printers.first()[u"name"], QJsonValue());
     QCOMPARE(printers.first()[u"ppd"].toString(), path);
     QCOMPARE(printers.first()[u"panel"].toString(), u"Cut Options"_s);
+    QCOMPARE(printers.first()[u"map"], QJsonValue(QJsonValue::Null));
     QVERIFY(!named(printers.first()[u"options"], u"KvCutLabel"_s).isEmpty());
+}
+
+void tst_list::mapIsTold()
+{
+    const QString path = mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd("None"));
+    const QString map = QStringLiteral(KV_MAPS "/standard.json");
+    const QStringList arguments{u"--ppd"_s, path, list};
+    const QJsonArray printers = printersIn(runKvprint(arguments + QStringList{u"--json"_s}));
+    QCOMPARE(printers.size(), 1);
+    QCOMPARE(printers.first()[u"map"].toString(), map);
+    const QString heading = path + u"\n  Map: "_s + map + u"\n  OPTION "_s;
+    const ProgramRun table = runKvprint(arguments);
+    QVERIFY2(table.output.startsWith(heading), qPrintable(table.output));
 }
 
 void tst_list::tableOfAPPD()
