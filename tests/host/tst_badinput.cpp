@@ -153,6 +153,11 @@ void tst_badinput::oddPPD_data()
         option("KvHalfCut", "Half Cut",
                "*DefaultKvHalfCut: MAYBE\n*KvHalfCut OFF/Off: \"\"\n*KvHalfCut ON/On: \"\"\n"),
         u"KvHalfCut=OFF"_s, u"KvHalfCut=ON"_s);
+    table.add("an option with the same choice twice",
+              option("KvHalfCut", "Half Cut",
+                     "*DefaultKvHalfCut: OFF\n*KvHalfCut OFF/Off: \"\"\n"
+                     "*KvHalfCut OFF/Never: \"\"\n*KvHalfCut ON/On: \"\"\n"),
+              u"KvHalfCut=OFF"_s, u"KvHalfCut=OFF"_s);
     table.add("an option with one choice",
               option("KvHalfCut", "Half Cut", "*DefaultKvHalfCut: OFF\n*KvHalfCut OFF/Off: \"\"\n"),
               u"KvHalfCut=OFF"_s, u"KvHalfCut=OFF"_s);

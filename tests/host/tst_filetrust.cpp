@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "BundleFolder.h"
+#include "CutterPrinter.h"
+#include "cups/PPDFile.h"
 #include "host/PanelBundles.h"
 #include "host/ProblemReporter.h"
 
@@ -32,6 +34,8 @@ bool giveTo(const QString &path, uid_t user)
 
 const QString libraryFile = u"Contents/Linux/libKVMQRVOptions-qt%1.so"_s.arg(QT_VERSION_MAJOR);
 const QString infoFile = u"Contents/Info.json"_s;
+const QString cutterMapFolder = u"Contents/Resources/printers"_s;
+const QString cutterMap = cutterMapFolder + u"/cutter.json"_s;
 
 /// What is told of a file at fault, in the words of what uses it: LIBRARY is told by its name
 /// alone.
@@ -96,6 +100,8 @@ private Q_SLOTS:
     void folderMayBeALink();
     void resourceOpenToOthersIsNotUsed_data();
     void resourceOpenToOthersIsNotUsed();
+    void mapOpenToOthersIsNotUsed_data();
+    void mapOpenToOthersIsNotUsed();
     void linkFlippedMeanwhileLeadsToNoForeignCode();
     void pipeFlippedInMeanwhileKeepsNobodyWaiting();
 };
@@ -223,6 +229,43 @@ void tst_filetrust::resourceOpenToOthersIsNotUsed()
     QCOMPARE(problems, QStringList(told.arg(file)));
     QCOMPARE(bundles.front()->hasFormFault(reporter), file.endsWith(u".ui"_s));
     QCOMPARE(problems.size(), 1);
+}
+
+void tst_filetrust::mapOpenToOthersIsNotUsed_data()
+{
+    const TestTable<BundleChange, QString> table("open", "told");
+    table.add("nothing", changing(&BundleFolder::setMode, cutterMap, 0644U), QString());
+    table.add("all", changing(&BundleFolder::setMode, cutterMap, 0646U),
+              u"MAP can be written by others (mode 646)"_s);
+    table.add("group", changing(&BundleFolder::setMode, cutterMap, 0664U),
+              u"MAP can be written by others (mode 664)"_s);
+    table.add(
+        "its folder", changing(&BundleFolder::setMode, cutterMapFolder, 0777U),
+        u"MAP is in BUNDLE/%1, which can be written by others (mode 777)"_s.arg(cutterMapFolder));
+    table.add(
+        "link elsewhere",
+        changing(&BundleFolder::replaceByLink, cutterMap, QStringLiteral(KV_MAPS "/standard.json")),
+        QStringLiteral("MAP is not in BUNDLE/%1 but in " KV_MAPS).arg(cutterMapFolder));
+}
+
+void tst_filetrust::mapOpenToOthersIsNotUsed()
+{
+    QFETCH(const BundleChange, open);
+    QFETCH(QString, told);
+    const BundleFolder folder;
+    QFile standard(QStringLiteral(KV_MAPS "/standard.json"));
+    QVERIFY(standard.open(QIODevice::ReadOnly) && folder.create(cutterMap, standard.readAll()));
+    QVERIFY(open(folder));
+    QStringList problems;
+    ProblemReporter reporter([&problems](const QString &problem) { problems.append(problem); });
+    PrinterMaps maps;
+    maps.addFolder(folder.path(cutterMapFolder), reporter);
+    told.replace(u"MAP"_s, folder.path(cutterMap));
+    QCOMPARE(problems.join(u'\n'), expected(folder, told));
+    QString error;
+    const auto ppd = PPDFile::read(CutterPrinter::ppd("None"), u"cutter"_s, &error);
+    QVERIFY2(ppd, qPrintable(error));
+    QCOMPARE(bool(maps.mapFor(*ppd)), told.isEmpty());
 }
 
 void tst_filetrust::linkFlippedMeanwhileLeadsToNoForeignCode()

@@ -247,6 +247,11 @@ void tst_keywordmap::faultyMap_data()
               u"line 2: the choices of KvMirror are no keywords of a PPD"_s);
     table.add("number as an option", changed("[\"OFF\", \"ON\"]", "[\"OFF\", \"ON\"], \"with\": 3"),
               u"line 2: \"with\" of KvMirror is no keyword"_s);
+    table.add("option that hangs on itself",
+              changed("[\"OFF\", \"ON\"]", "[\"OFF\", \"ON\"], \"with\": \"KvMirror\""),
+              u"line 2: no table decides KvMirror"_s);
+    table.add("name that is no UTF-8",
+              changed("{}", "{\"attributes\": {\"Manufacturer\": \"K\xfcrvane\"}}"), u"line 1: "_s);
     table.add("choice twice", changed("\"OFF\", \"ON\"", "\"ON\", \"ON\""),
               u"line 2: KvMirror has a choice twice"_s);
     table.add("no tables", changed("[[", "[], \"series\": [["),
