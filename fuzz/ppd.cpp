@@ -8,6 +8,7 @@
 #include "cups/PPDPaper.h"
 #include "host/PanelHost.h"
 #include "host/ProblemReporter.h"
+#include "kvprint/PPDRemarks.h"
 #include "plugin/PDEPanelAutomation.h"
 
 #include <QCryptographicHash>
@@ -84,6 +85,8 @@ public:
         PanelHost host(std::move(*target), mBundles, reporter);
         checkJob(host);
         host.summary();
+        const QStringList remarks = remarksOnPPD(host.ppd(), host.keys());
+        expectRule(!remarks.contains(QString()), "a remark says something");
         // The view takes longer than all the rest together.
         if (isNew(descriptionOf(*host.ppd().get(), host.keys()))) {
             tryView(host);

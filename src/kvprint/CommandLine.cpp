@@ -49,7 +49,10 @@ constexpr KnownOption knownOptions[] = {
     {"dry-run", "Do not print; show the summary and the lp command.", nullptr, nullptr},
     {"ppd", "Use this PPD file, without a print scheduler.", "FILE", ppdNeeds},
     {"list", "List printers, options and presets.", nullptr, nullptr},
-    {"json", "Write the list as JSON.", nullptr, "--list"},
+    {"check", "Check a printer or PPD files: which panel and options, and what is wrong.", nullptr,
+     nullptr},
+    {"check-map", "Check this keyword map, also with PPD files.", "FILE", nullptr},
+    {"json", "Write the list or the check as JSON.", nullptr, "--list, --check or --check-map"},
     {"screenshot", "Write a picture of the panel to this PNG file.", "FILE", nullptr},
     {"timeout", "Give up if the print scheduler does not respond for this time.", "SECONDS",
      nullptr},
@@ -68,14 +71,21 @@ QCommandLineOption optionFor(const KnownOption &known)
                               QString::fromLatin1(known.value));
 }
 
-/// What goes with an action, and whether it takes files.
+/// Whether an action takes files.
+enum class FileRule {
+    None,
+    Any,
+    Needed,
+};
+
+/// What goes with an action.
 struct ActionRule
 {
     CommandLine::Action action;
     /// The options that ask for the action; it is the default one without any.
     QStringList askedBy;
     QStringList goesWith;
-    bool takesFiles;
+    FileRule files;
 };
 
 const ActionRule actionRules[] = {
@@ -83,25 +93,33 @@ const ActionRule actionRules[] = {
      {QStringLiteral("no-dialog"), QStringLiteral("dry-run")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("n"), QStringLiteral("o"),
       QStringLiteral("preset"), QStringLiteral("timeout")},
-     true},
+     FileRule::Needed},
     {CommandLine::Action::List,
      {QStringLiteral("list")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("json"),
       QStringLiteral("timeout")},
-     false},
+     FileRule::None},
+    {CommandLine::Action::Check,
+     {QStringLiteral("check")},
+     {QStringLiteral("d"), QStringLiteral("json"), QStringLiteral("timeout")},
+     FileRule::Any},
+    {CommandLine::Action::CheckMap,
+     {QStringLiteral("check-map")},
+     {QStringLiteral("json")},
+     FileRule::Any},
     {CommandLine::Action::Screenshot,
      {QStringLiteral("screenshot")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("o"), QStringLiteral("preset"),
       QStringLiteral("timeout")},
-     false},
+     FileRule::None},
     {CommandLine::Action::RunScript,
      {QStringLiteral("script")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("timeout")},
-     false},
+     FileRule::None},
     {CommandLine::Action::Print,
      {},
      {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout")},
-     true},
+     FileRule::Needed},
 };
 
 /// An option as the user types it.
@@ -165,14 +183,14 @@ QString faultOfCombination(const QCommandLineParser &parser, const ActionRule &r
     if (hasPPD && parser.isSet(QStringLiteral("d"))) {
         return QStringLiteral("--ppd does not go with -d.");
     }
-    if (hasPPD && rule.takesFiles && !parser.isSet(QStringLiteral("dry-run"))) {
+    if (hasPPD && rule.files == FileRule::Needed && !parser.isSet(QStringLiteral("dry-run"))) {
         return faultOfNeed(QStringLiteral("ppd"), ppdNeeds);
     }
     const bool hasFiles = !parser.positionalArguments().isEmpty();
-    if (rule.takesFiles && !hasFiles) {
+    if (rule.files == FileRule::Needed && !hasFiles) {
         return QStringLiteral("There is no file to print.");
     }
-    return rule.takesFiles || !hasFiles
+    return rule.files != FileRule::None || !hasFiles
                ? QString()
                : QStringLiteral("%1 prints no file.").arg(typed(askedOption(parser, rule)));
 }
@@ -236,9 +254,11 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
     for (const KnownOption &known : knownOptions) {
         parser.addOption(optionFor(known));
     }
-    parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 QStringLiteral("What to print: PDF, a picture or text."),
-                                 QStringLiteral("FILE..."));
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("What to print: PDF, a picture or text; the PPD files "
+                       "of a check."),
+        QStringLiteral("FILE..."));
     if (!parser.parse(arguments)) {
         return refuse(parser.errorText());
     }
@@ -261,7 +281,7 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
     if (!fault.isNull()) {
         return refuse(fault);
     }
-    if (!rule.takesFiles) {
+    if (!rule.askedBy.isEmpty()) {
         line.actionFile = parser.value(rule.askedBy.first());
     }
     return line;

@@ -19,6 +19,10 @@ struct CommandLine
         /// Write a picture of the panel.
         Screenshot,
         RunScript,
+        /// Tell what a queue or PPDs get, and what is wrong.
+        Check,
+        /// The same of a keyword map.
+        CheckMap,
         ShowHelp,
         ShowVersion,
         /// The arguments make no sense: see message.
@@ -39,9 +43,10 @@ struct CommandLine
     QString preset;
     /// Whether PrintDirectly only tells what it would do.
     bool isDryRun = false;
-    /// Whether List writes JSON instead of a table.
+    /// Whether List, Check or CheckMap writes JSON instead of a table.
     bool asJSON = false;
-    /// The script of RunScript, "-" for standard input; the picture of Screenshot.
+    /// The script of RunScript, "-" for standard input; the picture of Screenshot; the map of
+    /// CheckMap.
     QString actionFile;
     /// The number of copies; 0 when the user did not say.
     int copies = 0;
@@ -49,5 +54,6 @@ struct CommandLine
     int timeout = 10;
     /// The options in the order of the arguments.
     JobOptions options;
+    /// What to print, or the PPDs to check.
     QStringList files;
 };

@@ -17,6 +17,8 @@
 enum class ExitStatus {
     Printed = 0,
     Cancelled = 1,
+    /// A check has remarks.
+    HasRemarks = 1,
     Usage = 2,
     NotPrinted = 3,
     /// A line of a script was faulty.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/ProblemReporter.h"
+#include "kvprint/CheckCommand.h"
 #include "kvprint/CommandLine.h"
 #include "kvprint/DirectCommand.h"
 #include "kvprint/ListCommand.h"
@@ -81,6 +82,9 @@ ExitStatus runUnattended(const CommandLine &line)
         return runScript(line);
     case CommandLine::Action::List:
         return ListCommand(line, bundleFolder()).run();
+    case CommandLine::Action::Check:
+    case CommandLine::Action::CheckMap:
+        return CheckCommand(line, bundleFolder()).run();
     default:
         return DirectCommand(line, bundleFolder()).run();
     }

@@ -5,23 +5,27 @@
 #include <iterator>
 
 namespace {
-struct PaperPrefix
-{
-    const char *prefix;
-    PaperClass paper;
-};
-
 constexpr PaperPrefix prefixes[] = {
-    {"DC", PaperClass::DieCut},     {"AV", PaperClass::Address},    {"FL", PaperClass::Flag},
-    {"C_", PaperClass::Continuous}, {"HS", PaperClass::HeatShrink}, {"Custom", PaperClass::Custom},
+    {"DC", PaperClass::DieCut, "die-cut labels"},
+    {"AV", PaperClass::Address, "address labels"},
+    {"FL", PaperClass::Flag, "flag labels"},
+    {"C_", PaperClass::Continuous, "continuous labels"},
+    {"HS", PaperClass::HeatShrink, "heat-shrink tube"},
+    {"Custom", PaperClass::Custom, "a custom size"},
 };
 } // namespace
 
-PaperClass paperClassOf(const QByteArray &name)
+const PaperPrefix *paperPrefixOf(const QByteArray &name)
 {
     const auto *row = std::ranges::find_if(
         prefixes, [&name](const PaperPrefix &p) { return name.startsWith(p.prefix); });
-    return row == std::end(prefixes) ? PaperClass::Other : row->paper;
+    return row == std::end(prefixes) ? nullptr : row;
+}
+
+PaperClass paperClassOf(const QByteArray &name)
+{
+    const PaperPrefix *row = paperPrefixOf(name);
+    return row ? row->paper : PaperClass::Other;
 }
 
 bool isLabelPaper(PaperClass paper)

@@ -21,6 +21,18 @@ enum class PaperClass {
     Custom,
 };
 
+/// What the names of a class of papers begin with.
+struct PaperPrefix
+{
+    const char *prefix;
+    PaperClass paper;
+    /// What the class is, in English.
+    const char *meaning;
+};
+
+/// The prefix that a paper's name begins with, to the letter; null for one of the class Other.
+const PaperPrefix *paperPrefixOf(const QByteArray &name);
+
 /// The class of a paper's name, to the letter; Other for an empty one.
 PaperClass paperClassOf(const QByteArray &name);
 

@@ -223,7 +223,7 @@ tst_completion::Completion tst_completion::complete(const QString &line,
 void tst_completion::completionOffersEveryOption()
 {
     const QStringList names = allNames();
-    QCOMPARE(names.size(), 16);
+    QCOMPARE(names.size(), 18);
     QVERIFY(names.contains(u"--no-dialog"_s));
     QStringList offered = complete(u"kvprint -"_s).offered;
     offered.sort();
@@ -311,6 +311,7 @@ void tst_completion::completes_data()
 
     table.add("file", u"kvprint --dry-run le"_s, none, u"kvprint --dry-run letter.txt "_s);
     table.add("file of an option", u"kvprint --ppd al"_s, none, u"kvprint --ppd all.ppd "_s);
+    table.add("map", u"kvprint --check-map le"_s, none, u"kvprint --check-map letter.txt "_s);
     table.add("attached file", u"kvprint --script=le"_s, none, u"kvprint --script=letter.txt "_s);
     table.add("no option behind the options", u"kvprint -- --no"_s, none, u"kvprint -- --no"_s);
 }

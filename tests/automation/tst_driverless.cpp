@@ -27,6 +27,7 @@ private Q_SLOTS:
     void printerIsAskedForWhatIsChosen_data();
     void printerIsAskedForWhatIsChosen();
     void printerIsListed();
+    void printerIsChecked();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     DriverlessPrinter mPrinter;
@@ -72,6 +73,30 @@ void tst_driverless::printerIsListed()
     const ProgramRun run = runKvprint({u"--list"_s, u"-d"_s, queue});
     QVERIFY2(run.status == 0, qPrintable(run.errors));
     QVERIFY2(run.output.contains(u"EveryEndMirrorOnOnOff"_s), qPrintable(run.output));
+    QVERIFY2(run.output.contains(QStringLiteral("\n  Map: " KV_MAPS "/standard.json\n")),
+             qPrintable(run.output));
+}
+
+void tst_driverless::printerIsChecked()
+{
+    const ProgramRun run = runKvprint({u"--check"_s, u"-d"_s, queue});
+    QVERIFY2(run.status == 0, qPrintable(run.output + run.errors));
+    const QString table =
+        u"driverless\n"
+        "  Map: %1\n"
+        "  OPTION            PANEL        FROM      WHY NOT\n"
+        "  KvCutLabel        Cut Options  CutMedia\n"
+        "  KvCutAtEnd        Cut Options  CutMedia\n"
+        "  KvAutoTapeCut     Cut Options  CutMedia\n"
+        "  KvMirror                                 the PPD lacks choices of MirrorPrint\n"
+        "  KvHalfCut                                the map has no KvHalfCut\n"
+        "  KvChainPrint                             the map has no KvChainPrint\n"
+        "  KvSpecialTape                            the map has no KvSpecialTape\n"
+        "  KvRemoveBlkSpace                         the map has no KvRemoveBlkSpace\n"
+        "  KvCutMark                                the map has no KvCutMark\n"
+        "\n"
+        "  No remarks\n"_s;
+    QCOMPARE(run.output, table.arg(QStringLiteral(KV_MAPS "/standard.json")));
 }
 
 KV_TEST(tst_driverless)

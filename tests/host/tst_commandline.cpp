@@ -131,6 +131,13 @@ void tst_commandline::argumentsWithoutADialog_data()
               none);
     table.add("list of a PPD", {u"--list"_s, u"--json"_s, u"--ppd"_s, u"t.ppd"_s}, Action::List,
               u"t.ppd json"_s, none);
+    table.add("check", {u"--check"_s}, Action::Check, none, none);
+    table.add("check of a printer", {u"--check"_s, u"--json"_s, u"-d"_s, u"tape"_s}, Action::Check,
+              u"tape json"_s, none);
+    table.add("check of PPDs", {u"a.ppd"_s, u"--check"_s, u"b.ppd"_s}, Action::Check, none,
+              u"a.ppd b.ppd"_s);
+    table.add("check of a map", {u"--check-map"_s, u"a.json"_s}, Action::CheckMap, none,
+              u"a.json"_s);
     table.add("picture", {u"--screenshot"_s, u"a.png"_s}, Action::Screenshot, none, u"a.png"_s);
     table.add("picture of a PPD", {u"--ppd"_s, u"t.ppd"_s, u"--screenshot=a.png"_s},
               Action::Screenshot, u"t.ppd"_s, u"a.png"_s);
@@ -232,7 +239,7 @@ void tst_commandline::refusedCombinations_data()
     add(u"--preset P a.pdf"_s, presetNeeds);
     add(u"--preset P --list"_s, u"--preset does not go with --list."_s);
     add(u"--preset P --script -"_s, u"--preset does not go with --script."_s);
-    add(u"--json a.pdf"_s, u"--json needs --list."_s);
+    add(u"--json a.pdf"_s, u"--json needs --list, --check or --check-map."_s);
     add(u"--json --no-dialog a.pdf"_s, u"--json does not go with --no-dialog."_s);
     add(u"--json --dry-run a.pdf"_s, u"--json does not go with --dry-run."_s);
     add(u"--list a.pdf"_s, u"--list prints no file."_s);
@@ -242,6 +249,11 @@ void tst_commandline::refusedCombinations_data()
     add(u"--list --dry-run a.pdf"_s, u"--list does not go with --dry-run."_s);
     add(u"--list --screenshot a.png"_s, u"--screenshot does not go with --list."_s);
     add(u"--list --script -"_s, u"--script does not go with --list."_s);
+    add(u"--check --list"_s, u"--check does not go with --list."_s);
+    add(u"--check --ppd t.ppd"_s, u"--ppd does not go with --check."_s);
+    add(u"--check --check-map a.json"_s, u"--check-map does not go with --check."_s);
+    add(u"--check-map a.json -d tape"_s, u"-d does not go with --check-map."_s);
+    add(u"--check-map= t.ppd"_s, u"--check-map needs a value: FILE."_s);
     add(u"--screenshot a.png a.pdf"_s, u"--screenshot prints no file."_s);
     add(u"--screenshot a.png -n 2"_s, u"-n does not go with --screenshot."_s);
     add(u"--screenshot a.png --script -"_s, u"--script does not go with --screenshot."_s);
