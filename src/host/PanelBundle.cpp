@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QJsonObject>
 
 #include <algorithm>
 #include <utility>
@@ -38,6 +39,16 @@ const ResourceKind checkedKinds[] = {
     {pictureSuffix, ResourceLimits::kPictureSize, pictureFault},
     {formSuffix, ResourceLimits::kFormSize, formFault},
 };
+
+/// Which version of the panel protocol a library has that has another one than this host; null for
+/// any other library.
+QString otherProtocol(const QPluginLoader &library)
+{
+    const QString ours = QStringLiteral(PDEPlugInFactory_iid);
+    const QString theirs = library.metaData().value(QLatin1String("IID")).toString();
+    const bool isPanel = theirs.section(u'/', 0, 0) == ours.section(u'/', 0, 0);
+    return isPanel && theirs != ours ? theirs.section(u'/', 1) : QString();
+}
 
 /// Opens the bundle of that name unless others than root and the user can change it.
 std::shared_ptr<Bundle> openTrusted(const QString &folder, const QString &name, QString *error)
@@ -86,6 +97,10 @@ QString PanelBundle::loadLibrary()
         return QStringLiteral("%1 %2").arg(name, library.fault());
     }
     mLoader.setFileName(library.path());
+    if (const QString protocol = otherProtocol(mLoader); !protocol.isNull()) {
+        return QStringLiteral("%1 is for version %2 of the panel protocol, and kvprint has %3")
+            .arg(name, protocol, QStringLiteral(PDEPlugInFactory_iid).section(u'/', 1));
+    }
     mFactory = qobject_cast<PDEPlugInFactory *>(mLoader.instance());
     if (mFactory) {
         return {};

@@ -16,7 +16,8 @@ class PanelBundle
 {
 public:
     /// Loads the bundle of that name in a folder; null, and reported, when it cannot be loaded. Its
-    /// info file and its library must be trusted CheckedFiles of the folder.
+    /// info file and its library must be trusted CheckedFiles of the folder, and the library for
+    /// this version of the protocol, PDEPlugInFactory_iid.
     static std::unique_ptr<PanelBundle> load(const QString &folder, const QString &name,
                                              ProblemReporter &reporter);
 

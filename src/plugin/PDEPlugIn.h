@@ -47,5 +47,10 @@ public:
     virtual std::unique_ptr<PDEPlugIn> makePlugIn(const QString &principalClass) const = 0;
 };
 
+/**
+ * The interface of that object. The number is the version of the protocol: of the interfaces in
+ * this folder and of the classes that the printing core exports. It changes when a panel that has
+ * been compiled before would not work any more; a library with another number is not loaded.
+ */
 #define PDEPlugInFactory_iid "com.korvane.print.PDEPlugInFactory/1.0"
 Q_DECLARE_INTERFACE(PDEPlugInFactory, PDEPlugInFactory_iid)

@@ -155,6 +155,10 @@ void tst_badbundle::spoiltBundle_data()
         "^Spoilt\\.pde: .*(LIBRARY.* is not a Qt plugin|plugin meta data from .*LIBRARY)");
     add("library is another plug-in", changing(&BundleFolder::replace, library, otherPlugIn()),
         Tab::None, "^Spoilt\\.pde: LIBRARY is no print dialog plug-in$");
+    add("library for another protocol",
+        changing(&BundleFolder::replace, library, QStringLiteral(KV_FUTURE_PANELS)), Tab::None,
+        "^Spoilt\\.pde: LIBRARY is for version 2\\.0 of the panel protocol, and kvprint has "
+        "1\\.0$");
     add("library is a folder", changing(&BundleFolder::replaceByFolder, library), Tab::None,
         "^Spoilt\\.pde: LIBRARY is a folder$");
     add("library is a pipe", changing(&BundleFolder::replaceByPipe, library), Tab::None,
