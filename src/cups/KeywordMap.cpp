@@ -246,7 +246,10 @@ JobOptions KeywordMap::panelChoices(const JobOptions &printer) const
 
 JobOptions KeywordMap::printerChoices(const JobOptions &panel, const JobOptions &former) const
 {
-    JobOptions printer;
+    JobOptions printer = panel;
+    for (const Option &option : mOptions) {
+        printer.remove(option.key);
+    }
     for (const KeywordTable &table : mTables) {
         const int wanted = table.rowOfPanel(panel);
         const int shown = std::max(table.rowOfPrinter(former), 0);

@@ -84,7 +84,8 @@ public:
     JobOptions panelChoices(const JobOptions &printer) const;
 
     /**
-     * The printer's choices that stand for choices of the panels.
+     * The printer's choices that stand for choices of the panels, whose other options stay as they
+     * are.
      *
      * @param former the printer's choices so far, which are kept where they stand for the same, or
      *        are named by no row and the panels' choices have not changed.

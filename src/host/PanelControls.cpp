@@ -7,6 +7,8 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace {
 QString keyOf(const QWidget *control)
 {
@@ -49,6 +51,13 @@ QList<PanelControls::Shown> PanelControls::shown() const
         }
     }
     return all;
+}
+
+bool PanelControls::has(const QString &key) const
+{
+    const auto all = mView->findChildren<QWidget *>();
+    return std::any_of(all.begin(), all.end(),
+                       [&key](const QWidget *control) { return keyOf(control) == key; });
 }
 
 bool PanelControls::choose(const QString &key, int index, const QString &choice)

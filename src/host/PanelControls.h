@@ -26,6 +26,9 @@ public:
     /// What every control shows that is not hidden, in the view's order.
     QList<Shown> shown() const;
 
+    /// Whether a control, be it hidden, names the PPD option.
+    bool has(const QString &key) const;
+
     /**
      * Sets the control of a PPD option to a choice.
      *

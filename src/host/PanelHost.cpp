@@ -218,7 +218,10 @@ QStringList PanelHost::choose(QWidget *view, QStringList keys, const JobOptions 
 {
     removeFrom(keys, [this, view, &requests](const QString &key) {
         const QString choice = requests.value(key);
-        return PanelControls(view).choose(key, int(ppd().choices(key).indexOf(choice)), choice);
+        PanelControls controls(view);
+        return controls.has(key)
+                   ? controls.choose(key, int(ppd().choices(key).indexOf(choice)), choice)
+                   : ppd().markedChoice(key) == choice;
     });
     return keys;
 }
@@ -300,8 +303,14 @@ QString PanelHost::faultOf(const Conflict &conflict)
 
 QStringList PanelHost::printerKeys() const
 {
-    const auto &map = mCallback->map();
-    return map ? map->printerKeys() : mKeys;
+    QStringList keys = mKeys;
+    if (const auto &map = mCallback->map()) {
+        for (const KeywordMap::Option &option : map->options()) {
+            keys.removeAll(option.key);
+        }
+        keys += map->printerKeys();
+    }
+    return keys;
 }
 
 void PanelHost::removeMapped(JobOptions &options) const

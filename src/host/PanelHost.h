@@ -106,7 +106,8 @@ public:
 
     /// The keywords of the options that the panels declare.
     const QStringList &keys() const { return mKeys; }
-    /// The keywords of the printer's options that the panels decide: with a map other ones.
+    /// The keywords of the printer's options that the panels decide: with a map others than those
+    /// that it adds.
     QStringList printerKeys() const;
     /// Takes the options that the printer does not know by these words out of a job's.
     void removeMapped(JobOptions &options) const;
@@ -129,9 +130,10 @@ private:
     void showAgain(PDEPanel &panel);
     void applyPreset(PDEPanel &panel);
     void applyRequests(PDEPanel &panel, const JobOptions &requests);
-    /// Sets the controls of the view to the requested choices of the keys.
+    /// Sets the controls of the view to the requested choices of the keys. A panel that has no
+    /// control for a key shows the choice that is marked.
     ///
-    /// @return the keys whose choice no control takes.
+    /// @return the keys whose choice no control takes, or that is not marked any more.
     QStringList choose(QWidget *view, QStringList keys, const JobOptions &requests);
     void save(PDEPanel &panel);
 

@@ -19,8 +19,9 @@ inline const QString kSummaryDisplayOrder = QStringLiteral("Summary Display Orde
 inline const QString kPaperDidChangeNotification =
     QStringLiteral("PMPrintDestinationPaperDidChangeNotification");
 
-/// The dynamic property with which a panel's control names the PPD option that it sets, so that a
-/// dialog can work the control.
+/// The dynamic property with which a panel's control names the PPD option that it sets: the dialog
+/// then works the control, a button or a line edit, for choices that the user has made before. An
+/// option that no control names has to be shown as it is marked in the PPD.
 inline constexpr char kPPDOptionKeywordProperty[] = "PPDOptionKeyword";
 
 /// What the print dialog asks of a panel.

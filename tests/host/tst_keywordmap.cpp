@@ -72,6 +72,7 @@ private Q_SLOTS:
     void thereAndBack();
     void unnamedChoiceStays();
     void alternativeStays();
+    void optionsOfOtherPanelsStay();
     void ownKeywordsAreNeverMapped();
     void mapIsForSomePPDs_data();
     void mapIsForSomePPDs();
@@ -177,6 +178,16 @@ void tst_keywordmap::alternativeStays()
     const JobOptions former = map->markedIn(*ppd);
     QCOMPARE(sentenceOf(map->printerChoices(map->panelChoices(former), former)),
              u"CutMedia=Auto"_s);
+}
+
+void tst_keywordmap::optionsOfOtherPanelsStay()
+{
+    const auto ppd =
+        opened(PPDText().option("CutMedia", {"None", "EndOfPage", "EndOfJob"}, "None"));
+    const auto map = fittedTo(*ppd);
+    QCOMPARE(sentenceOf(map->printerChoices(
+                 optionsOf(u"KvAutoTapeCut=OFF KvCutAtEnd=ON ExPeelOff=ON"_s), {})),
+             u"CutMedia=EndOfJob ExPeelOff=ON"_s);
 }
 
 void tst_keywordmap::ownKeywordsAreNeverMapped()
