@@ -17,7 +17,7 @@
 #include <QJsonDocument>
 
 namespace {
-// The panel's controls, by object name.
+// The controls of the cut-option panel that a request need not name.
 const QString presetMenu = QStringLiteral("mOptionPopUpButton");
 const QString countField = QStringLiteral("mCutEveryTxBx");
 const QString countStepper = QStringLiteral("mCutEveryStpr");
@@ -64,6 +64,13 @@ Paper paperOf(ScriptRequest &request, const char *nameMember, const char *height
                  request.optionalNumber(heightMember).value_or(paper.height()));
 }
 
+/// The control that a request names, else @p otherwise.
+QString controlOf(ScriptRequest &request, const QString &otherwise)
+{
+    const QString name = request.optionalName("control");
+    return name.isNull() ? otherwise : name;
+}
+
 /// A null text as JSON's null.
 QJsonValue orNull(const QString &text)
 {
@@ -99,9 +106,9 @@ const ScriptSession::Command ScriptSession::commands[] = {
     {"show", Stage::Open, {}, &ScriptSession::show},
     {"hide", Stage::Open, {}, &ScriptSession::hide},
     {"click", Stage::Viewed, {"control"}, &ScriptSession::click},
-    {"preset", Stage::Viewed, {"tag"}, &ScriptSession::preset},
-    {"type", Stage::Viewed, {"text"}, &ScriptSession::type},
-    {"step", Stage::Viewed, {"by"}, &ScriptSession::step},
+    {"preset", Stage::Viewed, {"tag", "control"}, &ScriptSession::preset},
+    {"type", Stage::Viewed, {"text", "control"}, &ScriptSession::type},
+    {"step", Stage::Viewed, {"by", "control"}, &ScriptSession::step},
     {"paper", Stage::Open, {"name", "height"}, &ScriptSession::paper},
     {"choose", Stage::Open, {"key", "choice"}, &ScriptSession::choose},
     {"save", Stage::Open, {}, &ScriptSession::save},
@@ -309,29 +316,34 @@ QJsonObject ScriptSession::click(ScriptRequest &request)
 QJsonObject ScriptSession::preset(ScriptRequest &request)
 {
     const int tag = request.integer("tag");
+    const QString menu = controlOf(request, presetMenu);
     if (request.isFaulty()) {
         return {};
     }
-    return member("delivered", ControlHand(mConversation->view()).pick(presetMenu, tag));
+    return member("delivered", ControlHand(mConversation->view()).pick(menu, tag));
 }
 
 QJsonObject ScriptSession::type(ScriptRequest &request)
 {
     const QString text = request.text("text");
+    const QString field = controlOf(request, countField);
     if (request.isFaulty()) {
         return {};
     }
-    return member("delivered", ControlHand(mConversation->view()).type(countField, text));
+    return member("delivered", ControlHand(mConversation->view()).type(field, text));
 }
 
 QJsonObject ScriptSession::step(ScriptRequest &request)
 {
     const int by = request.integer("by");
+    const QString stepper = controlOf(request, countStepper);
     if (by != 1 && by != -1) {
         request.refuse(QStringLiteral("\"by\" has to be 1 or -1"));
+    }
+    if (request.isFaulty()) {
         return {};
     }
-    return member("delivered", ControlHand(mConversation->view()).step(countStepper, by == 1));
+    return member("delivered", ControlHand(mConversation->view()).step(stepper, by == 1));
 }
 
 QJsonObject ScriptSession::paper(ScriptRequest &request)
