@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: Apache-2.0
 """Opens the print dialog of an application through the accessibility interface and lists its contents.
 
-usage: print_dialog.py PICTURE PROGRAM [ARGUMENT...]
+usage: print_dialog.py PICTURE TAB BOX PROGRAM [ARGUMENT...]
 
-Prints "tab TITLE" for each tab of the dialog, "control NAME" for each check box of the tab "Cut
-Options", which it selects, and "library PATH" for each of our libraries that the application has
-loaded; saves a picture of the dialog, and ends the application.
+Prints "tab TITLE" for each tab of the dialog, "control NAME" for each check box of the tab TAB, which
+it selects when there is one, and which has the check box BOX, and "library PATH" for each of our
+libraries that the application has loaded; saves a picture of the dialog, and ends the application.
 """
 
 import subprocess
@@ -14,7 +14,6 @@ import time
 
 import pyatspi
 
-PANEL = "Cut Options"
 TIMEOUT = 60
 
 
@@ -81,13 +80,18 @@ def press_keys(keys, title):
     subprocess.run(["xdotool", "windowfocus", "--sync", window(title), "key", keys], check=True)
 
 
-def look(process):
+def look(process, panel, box):
     # An application that is asked before it has told all of itself is not seen later either.
     search = ["xdotool", "search", "--sync", "--onlyvisible", "--pid", str(process.pid)]
     subprocess.run(search, check=True, stdout=subprocess.DEVNULL, timeout=TIMEOUT)
     app = wait_for(lambda: application(process.pid), "The application")
-    wait_for(lambda: find(app, pyatspi.ROLE_MENU_ITEM, "File"), "The menu File")
-    press_keys("ctrl+p", app.name)
+    # A program may do nothing but open its dialog.
+    menu_or_dialog = lambda: find(app, pyatspi.ROLE_MENU_ITEM, "File") or find(
+        app, pyatspi.ROLE_DIALOG, "Print"
+    )
+    opened = wait_for(menu_or_dialog, "The menu File")
+    if opened.getRole() == pyatspi.ROLE_MENU_ITEM:
+        press_keys("ctrl+p", app.name)
     dialog = wait_for(lambda: find(app, pyatspi.ROLE_DIALOG, "Print"), "The print dialog")
     if not find(dialog, pyatspi.ROLE_PAGE_TAB):
         button = wait_for(
@@ -99,10 +103,11 @@ def look(process):
     for tab in tabs:
         print("tab", tab.name)
     for tab in tabs:
-        if tab.name == PANEL:
+        if tab.name == panel:
             act(tab, "Press")
-            box = lambda: find(dialog, pyatspi.ROLE_CHECK_BOX, "Half Cut")
-            wait_for(box, "The check box of half cut")
+            wait_for(
+                lambda: find(dialog, pyatspi.ROLE_CHECK_BOX, box), f"The check box {box}"
+            )
     for node in below(dialog):
         if node.getRole() == pyatspi.ROLE_CHECK_BOX:
             if node.getState().contains(pyatspi.STATE_SHOWING):
@@ -118,10 +123,10 @@ def save_picture(path):
 
 
 def main():
-    picture, program, *arguments = sys.argv[1:]
+    picture, panel, box, program, *arguments = sys.argv[1:]
     process = subprocess.Popen([program, *arguments])
     try:
-        look(process)
+        look(process, panel, box)
         time.sleep(1)  # For the drawing.
         save_picture(picture)
         with open(f"/proc/{process.pid}/maps") as maps:
