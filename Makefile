@@ -20,7 +20,7 @@ lists = build
 licensed = '*.cpp' '*.h' '*.py' '*.cmake' '*.cmake.in' '*CMakeLists.txt' Makefile .ci debian/rules \
 	resources/completion session/60kvprint.in tests/isolated tests/package tools ':!tools/packages'
 
-.PHONY: all run test lint format test-optimised test-sanitize prove fuzz coverage bench screenshots deps \
+.PHONY: all run test lint format test-optimised test-sanitize prove soak fuzz coverage bench screenshots deps \
 	install uninstall package check-package check-release clean
 .NOTPARALLEL:
 
@@ -70,6 +70,13 @@ prove: deps
 	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-model
 	tests/isolated KV_MODEL_SECONDS=$(or $(FOR),600) build/optimised/tests/model tst_model
 
+# Prints a batch of 10,000 labels while kvprint and the scheduler are ended 20 times each.
+soak: deps
+	cmake --preset optimised
+	cmake --build --preset optimised --parallel $(JOBS) --target kvtests-automation
+	tests/isolated QTEST_FUNCTION_TIMEOUT=3600000 KV_SOAK_JOBS=10000 KV_SOAK_KILLS=20 \
+		build/optimised/tests/automation tst_batchsoak
+
 # Runs each fuzzer for FOR seconds.
 fuzz:
 	tools/deps build fuzz
@@ -84,7 +91,7 @@ coverage:
 	cmake --build --preset coverage --parallel $(JOBS)
 	tools/coverage build/coverage $(JOBS)
 
-# Measures the panel, and what the extension costs applications.
+# Measures the panel, what the extension costs applications, and what labels cost from scripts.
 bench:
 	tools/deps build run qt5 bench
 	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)

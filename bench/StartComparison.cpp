@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bench/StartComparison.h"
 
+#include "bench/ChildProcesses.h"
 #include "bench/PairedTimes.h"
 
 #include <QFileInfo>
@@ -12,8 +13,6 @@
 #include <sstream>
 #include <stdexcept>
 #include <utility>
-
-#include <sys/resource.h>
 
 namespace {
 constexpr int pairs = 60;
@@ -51,19 +50,6 @@ QByteArray outputOf(const QString &program, const QProcessEnvironment &environme
     return process.readAllStandardOutput();
 }
 
-double seconds(const timeval &time)
-{
-    return double(time.tv_sec) + double(time.tv_usec) * 1e-6;
-}
-
-/// The processor's time of all processes that have ended.
-double processorSeconds()
-{
-    rusage usage = {};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
 struct Times
 {
     double wall;
@@ -72,11 +58,11 @@ struct Times
 
 Times timesOf(const QString &program, const QProcessEnvironment &environment)
 {
-    const double processorBefore = processorSeconds();
+    const double processorBefore = processorSecondsOfChildren();
     const auto before = std::chrono::steady_clock::now();
     outputOf(program, environment);
     const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - before;
-    return {wall.count(), processorSeconds() - processorBefore};
+    return {wall.count(), processorSecondsOfChildren() - processorBefore};
 }
 
 std::string text(double seconds)

@@ -4,6 +4,7 @@
 #include "bench/DialogCosts.h"
 #include "bench/Drawings.h"
 #include "bench/Interruption.h"
+#include "bench/JobCosts.h"
 #include "bench/LongEdits.h"
 #include "bench/MedianReporter.h"
 #include "bench/Openings.h"
@@ -158,6 +159,7 @@ int main(int argc, char **argv)
         }
         compareDialogs(server.name());
         compareStarts(server.name());
+        JobCosts().print(std::cout);
     } catch (const std::exception &error) {
         if (Interruption::hasCome()) {
             return interruptedStatus;

@@ -25,6 +25,7 @@ constexpr const char *serverVariable = "CUPS_SERVER";
 constexpr int launchAttempts = 5;
 constexpr int startTimeoutMs = 10'000;
 constexpr int stopTimeoutMs = 5'000;
+constexpr int restartTimeoutMs = 60'000;
 constexpr int connectTimeoutMs = 5'000;
 constexpr int removeTimeoutMs = 2'000;
 constexpr int pollMs = 20;
@@ -247,7 +248,8 @@ std::unique_ptr<PrivateScheduler> PrivateScheduler::start(QString *error)
         return nullptr;
     }
     std::unique_ptr<PrivateScheduler> scheduler(new PrivateScheduler);
-    if (!scheduler->createFolders(error) || !scheduler->launch(program, error)) {
+    scheduler->mProgram = program;
+    if (!scheduler->createFolders(error) || !scheduler->launch(error)) {
         return nullptr;
     }
     scheduler->publish();
@@ -274,16 +276,34 @@ bool PrivateScheduler::addPrinter(const QString &name, const QString &ppdPath, Q
     return cupsLastError() <= IPP_STATUS_OK_CONFLICTING || fail(error, lastError());
 }
 
-bool PrivateScheduler::setPaused(const QString &name, bool isPaused, QString *error) const
+bool PrivateScheduler::manage(ipp_op_t operation, const QString &queue, QString *error) const
 {
     const Connection connection = connectTo(mPort);
     if (!connection) {
         return fail(error, lastError());
     }
-    ipp_t *request = newRequest(isPaused ? IPP_OP_PAUSE_PRINTER : IPP_OP_RESUME_PRINTER,
-                                "printer-uri", resourceUri("printers", name.toUtf8()));
+    ipp_t *request = newRequest(operation, "printer-uri", resourceUri("printers", queue.toUtf8()));
     const Message response(cupsDoRequest(connection.get(), request, "/admin/"));
     return cupsLastError() <= IPP_STATUS_OK_CONFLICTING || fail(error, lastError());
+}
+
+bool PrivateScheduler::setPaused(const QString &name, bool isPaused, QString *error) const
+{
+    return manage(isPaused ? IPP_OP_PAUSE_PRINTER : IPP_OP_RESUME_PRINTER, name, error);
+}
+
+bool PrivateScheduler::setAccepting(const QString &name, bool isAccepting, QString *error) const
+{
+    return manage(isAccepting ? IPP_OP_CUPS_ACCEPT_JOBS : IPP_OP_CUPS_REJECT_JOBS, name, error);
+}
+
+bool PrivateScheduler::restart(QString *error)
+{
+    // Until it has written down all of its jobs.
+    mProcess.terminate();
+    return (mProcess.waitForFinished(restartTimeoutMs) ||
+            fail(error, QStringLiteral("cupsd does not end"))) &&
+           run(error);
 }
 
 QString PrivateScheduler::outputPath(const QString &printer) const
@@ -380,11 +400,20 @@ bool PrivateScheduler::writeConfiguration(QString *error) const
            writeFile(mFolder.filePath(filesFile), filesConfiguration().arg(mFolder.path()), error);
 }
 
-bool PrivateScheduler::launch(const QString &program, QString *error)
+bool PrivateScheduler::run(QString *error)
 {
-    const QStringList arguments = {QStringLiteral("-f"), QStringLiteral("-c"),
-                                   mFolder.filePath(schedulerFile), QStringLiteral("-s"),
-                                   mFolder.filePath(filesFile)};
+    QFile::remove(mFolder.filePath(logFile));
+    mProcess.start(mProgram,
+                   {QStringLiteral("-f"), QStringLiteral("-c"), mFolder.filePath(schedulerFile),
+                    QStringLiteral("-s"), mFolder.filePath(filesFile)});
+    if (!mProcess.waitForStarted()) {
+        return fail(error, mProcess.errorString());
+    }
+    return waitUntilAnswering(error);
+}
+
+bool PrivateScheduler::launch(QString *error)
+{
     for (int attempt = 0; attempt < launchAttempts; ++attempt) {
         mPort = findFreePort();
         if (mPort == 0) {
@@ -393,12 +422,7 @@ bool PrivateScheduler::launch(const QString &program, QString *error)
         if (!writeConfiguration(error)) {
             return false;
         }
-        QFile::remove(mFolder.filePath(logFile));
-        mProcess.start(program, arguments);
-        if (!mProcess.waitForStarted()) {
-            return fail(error, mProcess.errorString());
-        }
-        if (waitUntilAnswering(error)) {
+        if (run(error)) {
             return true;
         }
         stop();

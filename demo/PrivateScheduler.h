@@ -8,6 +8,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <cups/cups.h>
+
 #include <memory>
 #include <optional>
 
@@ -43,6 +45,12 @@ public:
     /// Stops a queue, whose jobs are kept from here on, or starts it again.
     bool setPaused(const QString &name, bool isPaused, QString *error) const;
 
+    /// Has a queue accept jobs or refuse them.
+    bool setAccepting(const QString &name, bool isAccepting, QString *error) const;
+
+    /// Stops the scheduler and starts it again at the same address, with its queues and jobs.
+    bool restart(QString *error);
+
     /**
      * The file that holds what the latest job of a queue sent to its device.
      *
@@ -76,7 +84,11 @@ private:
 
     bool createFolders(QString *error);
     bool writeConfiguration(QString *error) const;
-    bool launch(const QString &program, QString *error);
+    bool launch(QString *error);
+    /// Starts the process and waits until it answers.
+    bool run(QString *error);
+    /// Sends a request about a queue.
+    bool manage(ipp_op_t operation, const QString &queue, QString *error) const;
     bool waitUntilAnswering(QString *error);
     bool isLogged(const QString &message) const;
     bool isPortTaken() const;
@@ -85,6 +97,7 @@ private:
     void restore();
     void stop();
 
+    QString mProgram;
     QTemporaryDir mFolder;
     BoundProcess mProcess;
     int mPort = 0;

@@ -18,6 +18,7 @@ void activate(QWidget *window)
 PanelConversation::PanelConversation(PanelTarget target, const PanelBundles &bundles,
                                      QWidget *window, PanelEvents &events)
     : mWindow(window)
+    , mSavedOptions(target.savedOptions)
     , mCallback(std::make_shared<DialogCallback>(std::move(target)))
 {
     const auto record = [&events](const QString &key, const QString &choice) {
@@ -30,6 +31,9 @@ PanelConversation::PanelConversation(PanelTarget target, const PanelBundles &bun
         [this](const QString &key, const QString &choice) { tellPanels(key, choice); });
     QObject::connect(mCallback.get(), &DialogCallback::viewResized,
                      [&events] { events.addResize(); });
+    if (const auto &map = mCallback->map()) {
+        map->removeAdded(mSavedOptions);
+    }
     for (const auto &bundle : bundles) {
         auto plugIn = bundle->makePlugIn();
         const auto list =
@@ -82,6 +86,12 @@ bool PanelConversation::choose(const QString &key, const QString &choice)
         tellPanels(name, value);
     }
     return true;
+}
+
+QStringList PanelConversation::printerKeys() const
+{
+    const auto &map = mCallback->map();
+    return map ? map->printerKeys() : panel()->supportedPPDOptionKeys().value_or(QStringList());
 }
 
 JobOptions PanelConversation::jobOptions() const

@@ -48,6 +48,14 @@ public:
     /// and tells the panels. False, with nothing changed, when the PPD lacks it.
     bool choose(const QString &key, const QString &choice);
 
+    /// The queue that the panel was opened for; empty for a PPD alone.
+    QString queue() const { return mCallback->printer().name(); }
+    const Paper &paper() const { return mCallback->paper(); }
+    /// What the queue's jobs start from, without options that only a map has added.
+    const JobOptions &savedOptions() const { return mSavedOptions; }
+    /// The keywords of the printer's options that the panel decides. Asks the panel for its keys.
+    QStringList printerKeys() const;
+
     /// What a job carries of the panel's choices, in the printer's words. Asks the panel for its
     /// keys.
     JobOptions jobOptions() const;
@@ -56,6 +64,7 @@ private:
     void tellPanels(const QString &key, const QString &choice);
 
     QWidget *mWindow;
+    JobOptions mSavedOptions;
     std::shared_ptr<DialogCallback> mCallback;
     std::vector<std::unique_ptr<PDEPlugIn>> mPlugIns;
     std::vector<PDEPanel *> mPanels;

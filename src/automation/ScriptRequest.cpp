@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "automation/ScriptRequest.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -13,6 +14,21 @@ constexpr char commandMember[] = "cmd";
 
 ScriptRequest::ScriptRequest(const QByteArray &line)
 {
+    read(line);
+    if (!isFaulty()) {
+        mCommand = text(commandMember);
+    }
+}
+
+ScriptRequest ScriptRequest::withoutCommand(const QByteArray &line)
+{
+    ScriptRequest request;
+    request.read(line);
+    return request;
+}
+
+void ScriptRequest::read(const QByteArray &line)
+{
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (error.error != QJsonParseError::NoError) {
@@ -23,7 +39,6 @@ ScriptRequest::ScriptRequest(const QByteArray &line)
         refuse(QStringLiteral("the line is no JSON object"));
     } else {
         mMembers = document.object();
-        mCommand = text(commandMember);
     }
 }
 
@@ -45,8 +60,11 @@ void ScriptRequest::allow(std::initializer_list<const char *> members)
         const auto isIt = [&it](const char *member) {
             return it.key() == QLatin1String(member);
         };
-        if (!isIt(commandMember) && std::ranges::none_of(members, isIt)) {
-            refuse(QStringLiteral("\"%1\" knows no \"%2\"").arg(mCommand, it.key()));
+        const bool isCommand = !mCommand.isNull() && isIt(commandMember);
+        if (!isCommand && std::ranges::none_of(members, isIt)) {
+            refuse(mCommand.isNull()
+                       ? QStringLiteral("there is no member \"%1\"").arg(it.key())
+                       : QStringLiteral("\"%1\" knows no \"%2\"").arg(mCommand, it.key()));
         }
     }
 }
@@ -79,6 +97,22 @@ QString ScriptRequest::optionalName(const char *member, bool mayBeNull)
     return name(member);
 }
 
+QStringList ScriptRequest::optionalNames(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    const QJsonArray array = value.toArray();
+    QStringList names;
+    bool isValid = value.isUndefined() || !array.isEmpty();
+    for (const auto &name : array) {
+        names.append(name.toString());
+        isValid = isValid && !names.last().isEmpty() && !names.last().contains(QChar::Null);
+    }
+    if (!isValid) {
+        refuseMember(member, QStringLiteral("an array of texts without null characters"));
+    }
+    return names;
+}
+
 std::optional<double> ScriptRequest::optionalNumber(const char *member)
 {
     const QJsonValue value = mMembers.value(QLatin1String(member));
@@ -89,6 +123,24 @@ std::optional<double> ScriptRequest::optionalNumber(const char *member)
         refuseMember(member, QStringLiteral("a number"));
     }
     return value.toDouble();
+}
+
+JobOptions ScriptRequest::optionalOptions(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    const QJsonObject object = value.toObject();
+    bool isValid = value.isUndefined() || value.isObject();
+    JobOptions options;
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        const QString text = it->toVariant().toString();
+        isValid = isValid && !it.key().isEmpty() && !it.key().contains(QChar::Null) &&
+                  (it->isString() || it->isDouble() || it->isBool()) && !text.contains(QChar::Null);
+        options.set(it.key(), text);
+    }
+    if (!isValid) {
+        refuseMember(member, QStringLiteral("an object of option names with texts"));
+    }
+    return options;
 }
 
 int ScriptRequest::integer(const char *member)

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "cups/JobOptions.h"
+
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <initializer_list>
 #include <optional>
@@ -18,6 +21,8 @@ class ScriptRequest
 public:
     /// Reads a line; faulty when it is no JSON object or names no command.
     explicit ScriptRequest(const QByteArray &line);
+    /// Reads a line that is no command: its members alone.
+    static ScriptRequest withoutCommand(const QByteArray &line);
 
     const QString &command() const { return mCommand; }
 
@@ -38,14 +43,21 @@ public:
     QString text(const char *member);
     /// An optional name, which may be JSON's null if @p mayBeNull; null when it is missing or null.
     QString optionalName(const char *member, bool mayBeNull = false);
+    /// An optional array of names; empty when it is missing.
+    QStringList optionalNames(const char *member);
     /// An optional number.
     std::optional<double> optionalNumber(const char *member);
+    /// An optional object whose members are texts, numbers, or true and false: options of a job.
+    JobOptions optionalOptions(const char *member);
     /// A required 32-bit integer; 0 when it is missing.
     int integer(const char *member);
     /// An optional Boolean; @p otherwise when it is missing.
     bool flag(const char *member, bool otherwise);
 
 private:
+    ScriptRequest() = default;
+
+    void read(const QByteArray &line);
     void refuseMember(const char *member, const QString &expected);
 
     QJsonObject mMembers;

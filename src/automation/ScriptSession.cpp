@@ -116,6 +116,12 @@ const ScriptSession::Command ScriptSession::commands[] = {
     {"keys", Stage::Open, {}, &ScriptSession::keys},
     {"options", Stage::Open, {}, &ScriptSession::options},
     {"print", Stage::Open, {}, &ScriptSession::print},
+    {"submit",
+     Stage::Open,
+     {"files", "data", "title", "copies", "options"},
+     &ScriptSession::submit},
+    {"jobs", Stage::Any, {"job"}, &ScriptSession::jobs},
+    {"cancel", Stage::Any, {"job"}, &ScriptSession::cancel},
     {"summary", Stage::Open, {}, &ScriptSession::summary},
     {"state", Stage::Open, {}, &ScriptSession::state},
     {"screenshot", Stage::Viewed, {"file"}, &ScriptSession::screenshot},
@@ -123,6 +129,7 @@ const ScriptSession::Command ScriptSession::commands[] = {
 
 ScriptSession::ScriptSession(Setup setup)
     : mSetup(std::move(setup))
+    , mJobs(mSetup.schedulerLimit)
 {
     mWindow.resize(windowSize);
 }
@@ -164,6 +171,8 @@ QJsonObject ScriptSession::run(ScriptRequest &request)
 QString ScriptSession::faultOfStage(Stage stage) const
 {
     switch (stage) {
+    case Stage::Any:
+        return {};
     case Stage::Closed:
         return mConversation ? QStringLiteral("a panel is open") : QString();
     case Stage::Open:
@@ -404,6 +413,21 @@ QJsonObject ScriptSession::options(ScriptRequest &)
 QJsonObject ScriptSession::print(ScriptRequest &)
 {
     return member("answer", panel().shouldPrint());
+}
+
+QJsonObject ScriptSession::submit(ScriptRequest &request)
+{
+    return mJobs.submit(request, *mConversation);
+}
+
+QJsonObject ScriptSession::jobs(ScriptRequest &request)
+{
+    return mJobs.jobs(request);
+}
+
+QJsonObject ScriptSession::cancel(ScriptRequest &request)
+{
+    return mJobs.cancel(request);
 }
 
 QJsonObject ScriptSession::summary(ScriptRequest &)

@@ -3,6 +3,7 @@
 
 #include "automation/PanelConversation.h"
 #include "automation/PanelEvents.h"
+#include "automation/PanelJobs.h"
 #include "cups/SchedulerConnection.h"
 #include "host/ProblemReporter.h"
 
@@ -48,6 +49,7 @@ public:
 private:
     /// How far a conversation must have come for a command.
     enum class Stage {
+        Any,
         Closed,
         Open,
         Viewed,
@@ -81,6 +83,9 @@ private:
     QJsonObject keys(ScriptRequest &request);
     QJsonObject options(ScriptRequest &request);
     QJsonObject print(ScriptRequest &request);
+    QJsonObject submit(ScriptRequest &request);
+    QJsonObject jobs(ScriptRequest &request);
+    QJsonObject cancel(ScriptRequest &request);
     QJsonObject summary(ScriptRequest &request);
     QJsonObject state(ScriptRequest &request);
     QJsonObject screenshot(ScriptRequest &request);
@@ -101,5 +106,6 @@ private:
     QJsonArray mWantedBundles;
     PanelBundles mBundles;
     std::unique_ptr<PanelConversation> mConversation;
+    PanelJobs mJobs;
     bool mHasFailed = false;
 };

@@ -3,6 +3,7 @@
 
 #include "cups/PrintQueue.h"
 #include "cups/SchedulerConnection.h"
+#include "cups/SchedulerJob.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 
 namespace {
 using namespace std::chrono_literals;
@@ -18,6 +20,19 @@ using namespace std::chrono_literals;
 /// How long the scheduler may take to cancel a job that could not be sent whole.
 constexpr auto cancelLimit = 1s;
 constexpr qint64 pieceSize = 65'536;
+
+/// What the scheduler answers when it could not take the job just now. That something is not
+/// possible means that there are too many jobs.
+constexpr ipp_status_t passingFaults[] = {
+    IPP_STATUS_ERROR_BUSY,
+    IPP_STATUS_ERROR_INTERNAL,
+    IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS,
+    IPP_STATUS_ERROR_NOT_POSSIBLE,
+    IPP_STATUS_ERROR_PRINTER_IS_DEACTIVATED,
+    IPP_STATUS_ERROR_SERVICE_UNAVAILABLE,
+    IPP_STATUS_ERROR_TEMPORARY,
+    IPP_STATUS_ERROR_TOO_MANY_JOBS,
+};
 
 QString faultOfFile(const QString &file)
 {
@@ -99,8 +114,8 @@ bool sendDocument(http_t *http, const QByteArray &queue, int job, const QString 
            httpGetState(http) == HTTP_STATE_WAITING;
 }
 
-bool send(http_t *http, const QByteArray &queue, int job, const QStringList &files,
-          const CupsOptions &options, QString *fileFault)
+bool sendDocuments(http_t *http, const QByteArray &queue, int job, const QStringList &files,
+                   const CupsOptions &options, QString *fileFault)
 {
     const char *const format = formatIn(options);
     return std::all_of(files.begin(), files.end(), [&](const QString &file) {
@@ -108,12 +123,21 @@ bool send(http_t *http, const QByteArray &queue, int job, const QStringList &fil
     });
 }
 
-/// Cancels a job, on a connection of its own: the one before may be gone.
-void cancel(const QByteArray &queue, int job)
+/// Whether what has failed may work later, by what the scheduler has answered, if it has.
+bool mayWorkLater(const SchedulerConnection &scheduler, http_t *http)
 {
+    return scheduler.isSilent() || httpError(http) != 0 ||
+           httpGetState(http) != HTTP_STATE_WAITING ||
+           std::ranges::find(passingFaults, cupsLastError()) != std::end(passingFaults);
+}
+
+/// Cancels a job, on a connection of its own: the one before may be gone.
+void cancel(int job)
+{
+    QString error;
     SchedulerConnection scheduler(cancelLimit);
-    if (http_t *http = job != 0 ? scheduler.open(nullptr) : nullptr) {
-        cupsCancelJob2(http, queue.constData(), job, 0);
+    if (job != 0) {
+        SchedulerJob::cancel(scheduler, job, &error);
     }
 }
 } // namespace
@@ -128,13 +152,15 @@ QString JobSubmission::faultOf(const QStringList &files)
     return {};
 }
 
-int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
-                         const QStringList &files, const QString &title, const JobOptions &options,
-                         QString *error)
+JobSubmission::Receipt JobSubmission::send(SchedulerConnection &scheduler, const QString &printer,
+                                           const QStringList &files, const QString &title,
+                                           const JobOptions &options)
 {
-    http_t *http = scheduler.open(error);
+    Receipt receipt;
+    http_t *http = scheduler.open(&receipt.error);
     if (!http) {
-        return 0;
+        receipt.mayWorkLater = true;
+        return receipt;
     }
     const QByteArray queue = PrintQueue::queueOf(printer).toUtf8();
     const CupsOptions cupsOptions(options);
@@ -144,10 +170,23 @@ int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
         PrintQueue::makeTemporary(scheduler, PrintQueue::queueOf(printer), &fault)) {
         job = create(http, queue, title, cupsOptions);
     }
-    if (job != 0 && send(http, queue, job, files, cupsOptions, &fault)) {
-        return job;
+    if (job != 0 && sendDocuments(http, queue, job, files, cupsOptions, &fault)) {
+        receipt.job = job;
+        return receipt;
     }
-    *error = QStringLiteral("%1: %2").arg(printer, fault.isNull() ? scheduler.fault() : fault);
-    cancel(queue, job);
-    return 0;
+    receipt.error =
+        QStringLiteral("%1: %2").arg(printer, fault.isNull() ? scheduler.fault() : fault);
+    receipt.mayWorkLater = fault.isNull() && mayWorkLater(scheduler, http);
+    receipt.unfinished = job;
+    return receipt;
+}
+
+int JobSubmission::print(SchedulerConnection &scheduler, const QString &printer,
+                         const QStringList &files, const QString &title, const JobOptions &options,
+                         QString *error)
+{
+    const Receipt receipt = send(scheduler, printer, files, title, options);
+    *error = receipt.error;
+    cancel(receipt.unfinished);
+    return receipt.job;
 }

@@ -156,6 +156,13 @@ QByteArray KeywordMap::ppdLines(const PPDFile &ppd) const
     return lines.toUtf8();
 }
 
+void KeywordMap::removeAdded(JobOptions &options) const
+{
+    for (const Option &option : mOptions) {
+        options.remove(option.key);
+    }
+}
+
 QStringList KeywordMap::printerKeys() const
 {
     QStringList keys;

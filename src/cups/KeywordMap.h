@@ -67,6 +67,9 @@ public:
     /// The lines to add to the PPD, with the defaults that its own stand for.
     QByteArray ppdLines(const PPDFile &ppd) const;
 
+    /// Takes the options that the map adds, which the printer does not know, out of a job's.
+    void removeAdded(JobOptions &options) const;
+
     /// The keywords of the printer's options that are decided by the panels.
     QStringList printerKeys() const;
     /// The printer's options by which one of the panels' is decided; none when the map lacks it.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cups/PrintQueue.h"
 
+#include "cups/IppAnswer.h"
 #include "cups/SchedulerConnection.h"
 
 #include <QStringList>
@@ -51,12 +52,6 @@ Destination namedDestination(http_t *http, const QString &name)
                                         instance.isEmpty() ? nullptr : instance.constData()));
 }
 
-struct AnswerDeleter
-{
-    void operator()(ipp_t *answer) const { ippDelete(answer); }
-};
-using Answer = std::unique_ptr<ipp_t, AnswerDeleter>;
-
 QString noPrinter(const QString &name)
 {
     return QStringLiteral("the print scheduler has no printer %1").arg(name);
@@ -69,17 +64,23 @@ bool isAnswered()
            cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
 }
 
-/// Asks whether there is a queue, and for the names of the members when it is a class; null when
-/// there is none, or no answer.
-Answer probe(http_t *http, const QString &queue)
+/// Asks for an attribute of a queue; null when there is no such queue, or no answer.
+IppAnswer attributeOf(http_t *http, const QString &queue, const char *attribute)
 {
     ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
                  PrintQueue::uriOf(queue).constData());
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-                 "member-names");
-    Answer answer(cupsDoRequest(http, request, "/"));
+                 attribute);
+    IppAnswer answer(cupsDoRequest(http, request, "/"));
     return cupsLastError() <= IPP_STATUS_OK_CONFLICTING ? std::move(answer) : nullptr;
+}
+
+/// Asks whether there is a queue, and for the names of the members when it is a class; null when
+/// there is none, or no answer.
+IppAnswer probe(http_t *http, const QString &queue)
+{
+    return attributeOf(http, queue, "member-names");
 }
 
 QString nameOf(const cups_dest_t &destination)
@@ -148,7 +149,7 @@ std::optional<PrintQueue> PrintQueue::find(SchedulerConnection &scheduler, const
     if (!http) {
         return std::nullopt;
     }
-    const Answer answer = probe(http, queueOf(name));
+    const IppAnswer answer = probe(http, queueOf(name));
     if (!isAnswered()) {
         *error = scheduler.fault();
         return std::nullopt;
@@ -180,6 +181,14 @@ bool PrintQueue::exists(SchedulerConnection &scheduler, const QString &name, QSt
     }
     *error = isAnswered() ? noPrinter(name) : scheduler.fault();
     return false;
+}
+
+bool PrintQueue::isStopped(SchedulerConnection &scheduler, const QString &queue)
+{
+    http_t *http = scheduler.open(nullptr);
+    const IppAnswer answer = http ? attributeOf(http, queue, "printer-state") : nullptr;
+    ipp_attribute_t *state = ippFindAttribute(answer.get(), "printer-state", IPP_TAG_ENUM);
+    return state && ippGetInteger(state, 0) == IPP_PSTATE_STOPPED;
 }
 
 bool PrintQueue::makeTemporary(SchedulerConnection &scheduler, const QString &queue, QString *error)

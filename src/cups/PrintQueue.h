@@ -47,6 +47,12 @@ public:
     /// @p error, when there is none or the scheduler does not answer.
     static bool exists(SchedulerConnection &scheduler, const QString &name, QString *error);
 
+    /// Whether a queue is stopped: it keeps its jobs until somebody starts it again. False also
+    /// when the scheduler does not answer.
+    ///
+    /// @param queue without an instance.
+    static bool isStopped(SchedulerConnection &scheduler, const QString &queue);
+
     /// Makes libcups create a temporary queue for a network printer that has none; the scheduler
     /// removes it when it is no longer used. False, with the reason in @p error, when that fails.
     /// The time limit of @p scheduler applies neither to the request that creates the queue nor to

@@ -29,6 +29,24 @@ PrinterRecord PrinterRecord::read(SchedulerConnection &scheduler, const QString 
     return record;
 }
 
+PrinterRecord PrinterRecord::choose(SchedulerConnection &scheduler, const QString &asked)
+{
+    PrinterRecord record;
+    const bool isQueue = !asked.isEmpty() && PrintQueue::queueOf(asked) == asked;
+    if (isQueue) {
+        record = read(scheduler, asked);
+    }
+    if (!record.queue) {
+        QString reason;
+        const QString name = PrintQueue::choose(scheduler, asked, &reason);
+        if (!isQueue && !name.isNull()) {
+            return read(scheduler, name);
+        }
+        record.error = reason.isNull() ? record.error : reason;
+    }
+    return record;
+}
+
 QueuePPD::Answer PrinterRecord::update(SchedulerConnection &scheduler)
 {
     if (!scheduler.open(&error)) {

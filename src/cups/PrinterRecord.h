@@ -26,6 +26,15 @@ struct PrinterRecord
     static PrinterRecord read(SchedulerConnection &scheduler, const QString &name,
                               MissingQueue missing = MissingQueue::Make);
 
+    /**
+     * Asks the scheduler for the printer that the user means: the one that is asked for, in three
+     * requests, or, when @p asked is empty, the default one, in five.
+     *
+     * An instance has to be one that somebody has created. The error about a printer that is not
+     * there names those that are.
+     */
+    static PrinterRecord choose(SchedulerConnection &scheduler, const QString &asked);
+
     /// Asks the scheduler, in one request, whether the printer's PPD has changed, and takes the new
     /// one. Answer::Failed changes only the error.
     QueuePPD::Answer update(SchedulerConnection &scheduler);

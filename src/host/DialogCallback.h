@@ -37,6 +37,7 @@ public:
     /// The marked choices of the panels' options that the PPD has, in the printer's words.
     JobOptions jobOptions(const QStringList &keys) const;
 
+    const Printer &printer() const { return mPrinter; }
     const Paper &paper() const { return *mPageFormat.paper(); }
     /// Puts another paper into the page format, and tells the panels so.
     void changePaper(const Paper &paper);

@@ -315,10 +315,8 @@ QStringList PanelHost::printerKeys() const
 
 void PanelHost::removeMapped(JobOptions &options) const
 {
-    const auto &map = mCallback->map();
-    const auto added = map ? map->options() : QList<KeywordMap::Option>();
-    for (const KeywordMap::Option &option : added) {
-        options.remove(option.key);
+    if (const auto &map = mCallback->map()) {
+        map->removeAdded(options);
     }
 }
 

@@ -6,11 +6,14 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace {
-constexpr int mostCopies = 9999;
 constexpr int longestTimeout = 3600;
+constexpr int longestRetry = 604'800;
+constexpr int mostPending = 1'000'000;
+constexpr int mostLines = std::numeric_limits<int>::max();
 
 CommandLine answer(CommandLine::Action action, const QString &message)
 {
@@ -26,6 +29,8 @@ CommandLine refuse(const QString &reason)
                   QStringLiteral("%1\nTry 'kvprint --help'.").arg(asOneLine(reason)));
 }
 
+constexpr char batchNeeds[] = "--batch";
+constexpr char retryNeeds[] = "--batch or --wait";
 constexpr char ppdNeeds[] = "--dry-run, --list, --screenshot or --script";
 
 /// An option of kvprint's.
@@ -46,6 +51,7 @@ constexpr KnownOption knownOptions[] = {
     {"preset", "Start from this preset of the panel.", "NAME",
      "--no-dialog, --dry-run or --screenshot"},
     {"no-dialog", "Print without a dialog.", nullptr, nullptr},
+    {"wait", "Wait until the job has ended.", nullptr, nullptr},
     {"dry-run", "Do not print; show the summary and the lp command.", nullptr, nullptr},
     {"ppd", "Use this PPD file, without a print scheduler.", "FILE", ppdNeeds},
     {"list", "List printers, options and presets.", nullptr, nullptr},
@@ -57,6 +63,11 @@ constexpr KnownOption knownOptions[] = {
     {"timeout", "Give up if the print scheduler does not respond for this time.", "SECONDS",
      nullptr},
     {"script", "Run the script in this file; - for standard input.", "FILE", nullptr},
+    {"batch", "Print the jobs in this file, one in a line; - for standard input.", "FILE", nullptr},
+    {"continue-from", "Go on with an interrupted batch from this line.", "LINE", batchNeeds},
+    {"journal", "Keep the batch's journal in this file.", "FILE", batchNeeds},
+    {"pending", "Let this number of jobs wait for each printer.", "JOBS", batchNeeds},
+    {"retry", "Try again for this time what may work later.", "SECONDS", retryNeeds},
     {"help", "Show this help.", nullptr, nullptr},
     {"version", "Show the version.", nullptr, nullptr},
 };
@@ -92,7 +103,8 @@ const ActionRule actionRules[] = {
     {CommandLine::Action::PrintDirectly,
      {QStringLiteral("no-dialog"), QStringLiteral("dry-run")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("n"), QStringLiteral("o"),
-      QStringLiteral("preset"), QStringLiteral("timeout")},
+      QStringLiteral("preset"), QStringLiteral("timeout"), QStringLiteral("wait"),
+      QStringLiteral("retry")},
      FileRule::Needed},
     {CommandLine::Action::List,
      {QStringLiteral("list")},
@@ -116,9 +128,15 @@ const ActionRule actionRules[] = {
      {QStringLiteral("script")},
      {QStringLiteral("d"), QStringLiteral("ppd"), QStringLiteral("timeout")},
      FileRule::None},
+    {CommandLine::Action::PrintBatch,
+     {QStringLiteral("batch")},
+     {QStringLiteral("d"), QStringLiteral("timeout"), QStringLiteral("continue-from"),
+      QStringLiteral("journal"), QStringLiteral("pending"), QStringLiteral("retry")},
+     FileRule::None},
     {CommandLine::Action::Print,
      {},
-     {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout")},
+     {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout"),
+      QStringLiteral("wait"), QStringLiteral("retry")},
      FileRule::Needed},
 };
 
@@ -186,32 +204,58 @@ QString faultOfCombination(const QCommandLineParser &parser, const ActionRule &r
     if (hasPPD && rule.files == FileRule::Needed && !parser.isSet(QStringLiteral("dry-run"))) {
         return faultOfNeed(QStringLiteral("ppd"), ppdNeeds);
     }
+    const bool waits = parser.isSet(QStringLiteral("wait"));
+    if (waits && parser.isSet(QStringLiteral("dry-run"))) {
+        return QStringLiteral("--wait does not go with --dry-run.");
+    }
+    if (parser.isSet(QStringLiteral("retry")) && rule.files == FileRule::Needed && !waits) {
+        return faultOfNeed(QStringLiteral("retry"), retryNeeds);
+    }
     const bool hasFiles = !parser.positionalArguments().isEmpty();
     if (rule.files == FileRule::Needed && !hasFiles) {
         return QStringLiteral("There is no file to print.");
     }
     return rule.files != FileRule::None || !hasFiles
                ? QString()
-               : QStringLiteral("%1 prints no file.").arg(typed(askedOption(parser, rule)));
+               : QStringLiteral("%1 takes no file.").arg(typed(askedOption(parser, rule)));
 }
 
-/// Reads an option's value, a number from 1 to the most; what is wrong with it, null when nothing
-/// is.
-QString readNumber(const QCommandLineParser &parser, const QString &name, const char *what,
-                   int most, int *number)
+/// An option whose value is a number from 1 to the most.
+struct KnownNumber
 {
-    if (!parser.isSet(name)) {
-        return {};
+    const char *name;
+    /// What it counts.
+    const char *what;
+    int most;
+    int CommandLine::*member;
+};
+
+constexpr KnownNumber knownNumbers[] = {
+    {"n", "copies", CommandLine::mostCopies, &CommandLine::copies},
+    {"timeout", "seconds", longestTimeout, &CommandLine::timeout},
+    {"retry", "seconds", longestRetry, &CommandLine::retry},
+    {"pending", "jobs", mostPending, &CommandLine::pending},
+    {"continue-from", "lines", mostLines, &CommandLine::continueFrom},
+};
+
+/// Reads the options that are numbers; what is wrong with them, null when nothing is.
+QString readNumbers(const QCommandLineParser &parser, CommandLine &line)
+{
+    for (const KnownNumber &known : knownNumbers) {
+        const QString name = QString::fromLatin1(known.name);
+        if (!parser.isSet(name)) {
+            continue;
+        }
+        bool isNumber = false;
+        const QString value = parser.value(name);
+        const int read = value.toInt(&isNumber);
+        if (!isNumber || read < 1 || read > known.most) {
+            return QStringLiteral("%1 %2: the number of %3 is 1 to %4.")
+                .arg(typed(name), value, QLatin1String(known.what))
+                .arg(known.most);
+        }
+        line.*known.member = read;
     }
-    bool isNumber = false;
-    const QString value = parser.value(name);
-    const int read = value.toInt(&isNumber);
-    if (!isNumber || read < 1 || read > most) {
-        return QStringLiteral("%1 %2: the number of %3 is 1 to %4.")
-            .arg(typed(name), value, QLatin1String(what))
-            .arg(most);
-    }
-    *number = read;
     return {};
 }
 
@@ -222,14 +266,11 @@ QString readValues(const QCommandLineParser &parser, CommandLine &line)
     line.ppd = parser.value(QStringLiteral("ppd"));
     line.preset = parser.value(QStringLiteral("preset"));
     line.isDryRun = parser.isSet(QStringLiteral("dry-run"));
+    line.wait = parser.isSet(QStringLiteral("wait"));
+    line.journal = parser.value(QStringLiteral("journal"));
     line.asJSON = parser.isSet(QStringLiteral("json"));
     line.files = parser.positionalArguments();
-    QString fault = readNumber(parser, QStringLiteral("n"), "copies", mostCopies, &line.copies);
-    if (fault.isNull()) {
-        fault =
-            readNumber(parser, QStringLiteral("timeout"), "seconds", longestTimeout, &line.timeout);
-    }
-    if (!fault.isNull()) {
+    if (QString fault = readNumbers(parser, line); !fault.isNull()) {
         return fault;
     }
     const QStringList given = parser.values(QStringLiteral("o"));

@@ -19,6 +19,8 @@ struct CommandLine
         /// Write a picture of the panel.
         Screenshot,
         RunScript,
+        /// Print many jobs, each a line of a file.
+        PrintBatch,
         /// Tell what a queue or PPDs get, and what is wrong.
         Check,
         /// The same of a keyword map.
@@ -31,6 +33,8 @@ struct CommandLine
 
     /// Reads the arguments, the program's name first.
     static CommandLine parse(const QStringList &arguments, const QString &version);
+
+    static constexpr int mostCopies = 9999;
 
     Action action = Action::Print;
     /// What to show for ShowHelp, ShowVersion and Refuse.
@@ -45,13 +49,23 @@ struct CommandLine
     bool isDryRun = false;
     /// Whether List, Check or CheckMap writes JSON instead of a table.
     bool asJSON = false;
-    /// The script of RunScript, "-" for standard input; the picture of Screenshot; the map of
-    /// CheckMap.
+    /// Whether to wait until the job has ended.
+    bool wait = false;
+    /// The script of RunScript or the batch of PrintBatch, "-" for standard input; the picture of
+    /// Screenshot; the map of CheckMap.
     QString actionFile;
     /// The number of copies; 0 when the user did not say.
     int copies = 0;
     /// How many seconds the scheduler may be silent.
     int timeout = 10;
+    /// For how many seconds PrintBatch and wait try again what may work later.
+    int retry = 300;
+    /// How many jobs of a batch may wait for each printer.
+    int pending = 1000;
+    /// The line to continue a batch from, which then has a journal; 0 for a new batch.
+    int continueFrom = 0;
+    /// The batch's journal; null when the user did not say.
+    QString journal;
     /// The options in the order of the arguments.
     JobOptions options;
     /// What to print, or the PPDs to check.

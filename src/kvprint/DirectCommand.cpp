@@ -49,63 +49,46 @@ ExitStatus DirectCommand::run()
 ExitStatus DirectCommand::setUp()
 {
     QString fault;
-    std::optional<PanelTarget> target;
     if (mCommandLine.ppd.isNull()) {
-        mQueue = PrintQueue::choose(mScheduler, mCommandLine.printer, &fault);
-        if (!mQueue.isNull()) {
-            const PrinterRecord printer = PrinterRecord::read(mScheduler, mQueue);
-            mSavedOptions = printer.queue ? printer.queue->jobOptions() : JobOptions();
-            target = PanelTarget::of(printer, PPDFile::Marks::Defaults, &fault);
-        }
+        const PrinterRecord printer = PrinterRecord::choose(mScheduler, mCommandLine.printer);
+        mJob = PrinterJob::at(printer, mBundles, mReporter, &fault);
     } else {
-        target = PanelTarget::ofPPD(mCommandLine.ppd, PPDFile::Marks::Defaults, &fault);
+        mJob = PrinterJob::on(mCommandLine.ppd, mBundles, mReporter, &fault);
     }
-    if (!fault.isNull()) {
+    if (!mJob) {
         return fail(ExitStatus::NotPrinted, fault);
     }
-    if (!target) {
-        return mCommandLine.preset.isNull()
-                   ? ExitStatus::Printed
-                   : fail(ExitStatus::Usage,
-                          QStringLiteral("the printer %1 has no PPD, and so no presets")
-                              .arg(mQueue));
-    }
-    mSetup = std::make_unique<JobSetup>(std::move(*target), mBundles, mReporter);
-    fault = mSetup->apply({mCommandLine.preset, mCommandLine.options});
+    fault = mJob->apply({mCommandLine.preset, mCommandLine.options});
     return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::Usage, fault);
 }
 
 ExitStatus DirectCommand::print()
 {
-    JobOptions options = mSetup ? mSetup->jobOptions() : optionsWithoutPPD();
+    JobOptions options = mJob->jobOptions();
     if (mCommandLine.copies > 0) {
         options.set(QStringLiteral("copies"), QString::number(mCommandLine.copies));
     }
     const QString title = QFileInfo(mCommandLine.files.first()).fileName();
     QString error;
-    mJobId = JobSubmission::print(mScheduler, mQueue, mCommandLine.files, title, options, &error);
+    mJobId =
+        JobSubmission::print(mScheduler, mJob->queue(), mCommandLine.files, title, options, &error);
     return mJobId != 0 ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, error);
-}
-
-JobOptions DirectCommand::optionsWithoutPPD() const
-{
-    JobOptions options = mSavedOptions;
-    options.merge(mCommandLine.options);
-    return options;
 }
 
 ExitStatus DirectCommand::tell()
 {
     QString text;
-    const auto summary = mSetup ? mSetup->panels().summary() : QList<PanelHost::SummaryLine>();
+    const auto summary =
+        mJob->setup() ? mJob->setup()->panels().summary() : QList<PanelHost::SummaryLine>();
     for (const PanelHost::SummaryLine &line : summary) {
         text += QStringLiteral("%1: %2\n").arg(line.title, line.value);
     }
-    JobOptions options = mSetup ? mSetup->askedOptions() : mCommandLine.options;
+    JobOptions options = mJob->askedOptions();
     if (mCommandLine.copies > 0) {
         options.remove(QStringLiteral("copies"));
     }
-    text += lpCommand(mQueue, mCommandLine.copies, options, mCommandLine.files) + QLatin1Char('\n');
+    text += lpCommand(mJob->queue(), mCommandLine.copies, options, mCommandLine.files) +
+            QLatin1Char('\n');
     const QString fault = writeToStandardOutput(text.toLocal8Bit());
     return fault.isNull() ? ExitStatus::Printed : fail(ExitStatus::NotPrinted, fault);
 }
@@ -113,8 +96,9 @@ ExitStatus DirectCommand::tell()
 ExitStatus DirectCommand::writePicture()
 {
     QWidget *view = nullptr;
-    if (mSetup && !mSetup->panels().panels().empty()) {
-        view = mSetup->panels().view(*mSetup->panels().panels().front());
+    if (mJob->setup() && !mJob->setup()->panels().panels().empty()) {
+        PanelHost &host = mJob->setup()->panels();
+        view = host.view(*host.panels().front());
     }
     if (!view) {
         return fail(ExitStatus::NotPrinted, QStringLiteral("the printer has no panel"));

@@ -5,8 +5,8 @@
 #include "cups/SchedulerConnection.h"
 #include "host/ProblemReporter.h"
 #include "kvprint/CommandLine.h"
-#include "kvprint/JobSetup.h"
 #include "kvprint/PrintCommand.h"
+#include "kvprint/PrinterJob.h"
 
 #include <memory>
 
@@ -30,18 +30,13 @@ private:
     ExitStatus tell();
     ExitStatus writePicture();
     ExitStatus fail(ExitStatus status, const QString &fault);
-    JobOptions optionsWithoutPPD() const;
 
     CommandLine mCommandLine;
     SchedulerConnection mScheduler;
     ProblemReporter mReporter;
     PanelEvents mEvents;
     PanelBundles mBundles;
-    /// The queue; null for a PPD alone.
-    QString mQueue;
-    /// What the queue's jobs start from.
-    JobOptions mSavedOptions;
-    /// Null for a queue without a PPD.
-    std::unique_ptr<JobSetup> mSetup;
+    /// Null before setUp().
+    std::unique_ptr<PrinterJob> mJob;
     int mJobId = 0;
 };

@@ -103,9 +103,8 @@ SchedulerConnection::Milliseconds PrintCommand::schedulerLimit() const
     return std::chrono::seconds(mCommandLine.timeout);
 }
 
-ExitStatus PrintCommand::checkOptions(SchedulerConnection &scheduler, const QString &queue)
+ExitStatus PrintCommand::checkOptions(const PrinterRecord &printer)
 {
-    const PrinterRecord printer = PrinterRecord::read(scheduler, queue);
     QString fault = printer.error;
     const auto ppd = fault.isNull() ? printer.openPPD(&fault, PPDFile::Marks::Defaults) : nullptr;
     if (!fault.isNull()) {
@@ -123,21 +122,20 @@ ExitStatus PrintCommand::checkOptions(SchedulerConnection &scheduler, const QStr
 QPrintDialog *PrintCommand::prepare(ExitStatus *status)
 {
     *status = ExitStatus::NotPrinted;
-    QString fault = JobSubmission::faultOf(mCommandLine.files);
-    SchedulerConnection scheduler(schedulerLimit());
-    const QString queue =
-        fault.isNull() ? PrintQueue::choose(scheduler, mCommandLine.printer, &fault) : QString();
-    if (queue.isNull()) {
+    const QString fault = JobSubmission::faultOf(mCommandLine.files);
+    if (!fault.isNull()) {
         mReporter.report(fault);
         return nullptr;
     }
-    if (const ExitStatus checked = checkOptions(scheduler, queue); checked != ExitStatus::Printed) {
+    SchedulerConnection scheduler(schedulerLimit());
+    const PrinterRecord printer = PrinterRecord::choose(scheduler, mCommandLine.printer);
+    if (const ExitStatus checked = checkOptions(printer); checked != ExitStatus::Printed) {
         *status = checked;
         return nullptr;
     }
 
     mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    mPrinter->setPrinterName(queue);
+    mPrinter->setPrinterName(printer.name);
     mPrinter->setDocName(QFileInfo(mCommandLine.files.first()).fileName());
     mPrinter->setCopyCount(takeCopies());
     mOptionsAtStart = untouchedJobOptions();

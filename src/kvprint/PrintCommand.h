@@ -13,6 +13,8 @@
 
 #include <memory>
 
+struct PrinterRecord;
+
 /// kvprint's exit statuses.
 enum class ExitStatus {
     Printed = 0,
@@ -21,8 +23,10 @@ enum class ExitStatus {
     HasRemarks = 1,
     Usage = 2,
     NotPrinted = 3,
-    /// A line of a script was faulty.
-    ScriptFailed = 4,
+    /// A line of a script or a batch was faulty.
+    LineFailed = 4,
+    /// The job was stopped, cancelled or aborted.
+    NotCompleted = 5,
 };
 
 /// One run of kvprint: opens the print dialog for the files and prints them.
@@ -51,7 +55,7 @@ private:
     /// How long the scheduler may be silent.
     SchedulerConnection::Milliseconds schedulerLimit() const;
     /// Spells the options as the printer does. ExitStatus::Printed when they are valid.
-    ExitStatus checkOptions(SchedulerConnection &scheduler, const QString &queue);
+    ExitStatus checkOptions(const PrinterRecord &printer);
     /// Takes the number of copies out of the options: from then on the dialog has it.
     int takeCopies();
     /// What the printer, as the dialog left it, says of copies, pages, paper, sides and colours.

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/ProblemReporter.h"
+#include "kvprint/BatchCommand.h"
 #include "kvprint/CheckCommand.h"
 #include "kvprint/CommandLine.h"
 #include "kvprint/DirectCommand.h"
+#include "kvprint/JobWait.h"
 #include "kvprint/ListCommand.h"
 #include "kvprint/OffscreenPlatform.h"
 #include "kvprint/PrintCommand.h"
@@ -71,7 +73,16 @@ ExitStatus runScript(const CommandLine &line)
         ProblemReporter().report(error);
         return ExitStatus::NotPrinted;
     }
-    return runner.hasFailed() ? ExitStatus::ScriptFailed : ExitStatus::Printed;
+    return runner.hasFailed() ? ExitStatus::LineFailed : ExitStatus::Printed;
+}
+
+/// Runs a command that prints, and waits for its job if the user wants it to.
+template <typename Command>
+ExitStatus runAndWait(const CommandLine &line)
+{
+    Command command(line, bundleFolder());
+    const ExitStatus status = command.run();
+    return line.wait && command.jobId() != 0 ? JobWait(line).run(command.jobId()) : status;
 }
 
 /// An action that needs neither a display nor a user.
@@ -82,11 +93,13 @@ ExitStatus runUnattended(const CommandLine &line)
         return runScript(line);
     case CommandLine::Action::List:
         return ListCommand(line, bundleFolder()).run();
+    case CommandLine::Action::PrintBatch:
+        return BatchCommand(line, bundleFolder()).run();
     case CommandLine::Action::Check:
     case CommandLine::Action::CheckMap:
         return CheckCommand(line, bundleFolder()).run();
     default:
-        return DirectCommand(line, bundleFolder()).run();
+        return runAndWait<DirectCommand>(line);
     }
 }
 } // namespace
@@ -120,5 +133,5 @@ int main(int argc, char **argv)
         tellProblem(QStringLiteral("there is no display to open the dialog on"));
         return int(ExitStatus::NotPrinted);
     }
-    return int(PrintCommand(line, bundleFolder()).run());
+    return int(runAndWait<PrintCommand>(line));
 }

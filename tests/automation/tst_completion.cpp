@@ -174,6 +174,7 @@ private Q_SLOTS:
     void exampleConversation();
     void examplesForOtherPrograms_data();
     void examplesForOtherPrograms();
+    void exampleBatch();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     /// What a tabulator key behind a line does in a shell.
@@ -223,7 +224,7 @@ tst_completion::Completion tst_completion::complete(const QString &line,
 void tst_completion::completionOffersEveryOption()
 {
     const QStringList names = allNames();
-    QCOMPARE(names.size(), 18);
+    QCOMPARE(names.size(), 24);
     QVERIFY(names.contains(u"--no-dialog"_s));
     QStringList offered = complete(u"kvprint -"_s).offered;
     offered.sort();
@@ -404,6 +405,36 @@ void tst_completion::examplesForOtherPrograms()
         runProgram(program, {u"-c"_s, blocks.at(example).text}, {{}, {}, folder()});
     QVERIFY2(isLike(result.output, blocks.at(example + 1).text),
              qPrintable(result.output + result.errors));
+}
+
+/// Each of the batch's examples works on what those before have left.
+void tst_completion::exampleBatch()
+{
+    const QList<Block> blocks = blocksOf(automationGuide);
+    QVERIFY(!mSite.document().isNull());
+    const QString path = QFileInfo(QStringLiteral(KV_PRINT_PROGRAM)).path();
+    const auto byLine = [](const QString &left, const QString &right) {
+        return left.section(u"\"line\":"_s, 1) < right.section(u"\"line\":"_s, 1);
+    };
+    int examples = 0;
+    for (const Block &block : blocks) {
+        if (block.language == u"json") {
+            QVERIFY(!mSite.file(u"batch.jsonl"_s, block.text.toUtf8()).isNull());
+        } else if (block.language == u"console") {
+            const ProgramRun run = runInShell(u"PATH=%1:$PATH:/usr/sbin\n"_s.arg(path) +
+                                                  linesWith(u'$', block).join(u'\n'),
+                                              {{}, {}, folder()});
+            QStringList expected = block.text.split(u'\n', Qt::SkipEmptyParts);
+            expected.removeIf([](const QString &line) { return line.startsWith(u"$ "); });
+            QStringList answers = run.lines();
+            std::ranges::sort(expected, byLine);
+            std::ranges::sort(answers, byLine);
+            QVERIFY2(isLike(answers.join(u'\n'), expected.join(u'\n')),
+                     qPrintable(run.output + run.errors));
+            ++examples;
+        }
+    }
+    QCOMPARE(examples, 3);
 }
 
 KV_TEST(tst_completion)

@@ -32,10 +32,11 @@ private: // NOLINT(readability-redundant-access-specifiers)
 };
 
 namespace {
-/// What the scheduler is asked by all that choose a printer: the default one, and all of them.
-constexpr int toChoose = 2;
-/// What it is asked for a printer: whether it is there, its attributes, its PPD.
+/// What the scheduler is asked for a printer: whether it is there, its attributes, its PPD.
 constexpr int toRead = 3;
+/// What it is asked when the user names no printer, or an instance: the default one, and all of
+/// them.
+constexpr int toChoose = 2;
 
 ProgramRun runAt(const SchedulerProxy &proxy, const QStringList &arguments)
 {
@@ -55,10 +56,10 @@ void tst_scheduler::requestsAreFew_data()
 {
     const TestTable<QStringList, int> table("arguments", "requests");
     const auto printers = int(PrintingSite::printers().size()) + 1;
-    table.add("job", atPrinter(u"tape"_s, {mDocument}), toChoose + toRead + 2);
-    table.add("job of two files", atPrinter(u"tape"_s, {mDocument, mOther}), toChoose + toRead + 3);
-    table.add("job at a printer without a PPD", atPrinter(u"bare"_s, {mDocument}),
-              toChoose + toRead + 2);
+    table.add("job", atPrinter(u"tape"_s, {mDocument}), toRead + 2);
+    table.add("job at the default printer", {u"--no-dialog"_s, mDocument}, toChoose + toRead + 2);
+    table.add("job of two files", atPrinter(u"tape"_s, {mDocument, mOther}), toRead + 3);
+    table.add("job at a printer without a PPD", atPrinter(u"bare"_s, {mDocument}), toRead + 2);
     table.add("dry run", {u"--dry-run"_s, mDocument}, toChoose + toRead);
     table.add("a printer", {u"--list"_s, u"-d"_s, u"tape"_s}, toChoose + toRead);
     table.add("all printers", {u"--list"_s}, toChoose + printers * toRead);
@@ -81,10 +82,10 @@ void tst_scheduler::printerOfTheNetworkGetsAQueue()
     const int jobs = int(mSite.scheduler().jobIds().size());
     SchedulerProxy proxy(mSite.scheduler().address());
     constexpr int toMakeQueue = 2;
-    proxy.misnamePrinterIn(toChoose + toRead + 1);
+    proxy.misnamePrinterIn(toRead + 1);
     const ProgramRun run = runAt(proxy, atPrinter(u"tape"_s, {mDocument}));
     QVERIFY2(run.status == 0, qPrintable(run.errors));
-    QCOMPARE(proxy.requests(), toChoose + toRead + 1 + toMakeQueue + 2);
+    QCOMPARE(proxy.requests(), toRead + 1 + toMakeQueue + 2);
     QCOMPARE(mSite.scheduler().jobIds().size(), jobs + 1);
 }
 
@@ -101,7 +102,7 @@ void tst_scheduler::ppdForKnownUsersAlone()
          {u"CUPS_STATEDIR="_s + folder, u"CUPS_SERVER="_s + QString::fromLatin1(proxy.address())}});
     QVERIFY2(run.status == 0, qPrintable(run.errors));
     QVERIFY2(run.output.contains(u"KvHalfCut="_s), qPrintable(run.output));
-    QCOMPARE(proxy.requests(), toChoose + toRead + 1);
+    QCOMPARE(proxy.requests(), toRead + 1);
 }
 
 void tst_scheduler::halfAPPDIsNoOptions_data()
@@ -124,7 +125,7 @@ void tst_scheduler::halfAPPDIsNoOptions()
 void tst_scheduler::brokenConnectionIsNoMissingPrinter_data()
 {
     QTest::addColumn<int>("answered");
-    for (int answered = 0; answered < toChoose + toRead; ++answered) {
+    for (int answered = 0; answered < toRead; ++answered) {
         QTest::addRow("behind answer %d", answered) << answered;
     }
 }
@@ -142,15 +143,14 @@ void tst_scheduler::brokenConnectionIsNoMissingPrinter()
 void tst_scheduler::silenceLeavesNoHalfJob_data()
 {
     const TestTable<int, QStringList> table("answered", "states");
-    constexpr int toPrepare = toChoose + toRead;
-    for (int answered = 0; answered < toPrepare; ++answered) {
+    for (int answered = 0; answered < toRead; ++answered) {
         QTest::addRow("before there is a job, behind answer %d", answered)
             << answered << QStringList();
     }
     // Without a document there is nothing to print.
-    table.add("the job's number is not told", toPrepare, {u"pending-held"_s});
-    table.add("behind the first file", toPrepare + 1, {u"canceled"_s});
-    table.add("behind the last file", toPrepare + 2, {u"canceled"_s, u"completed"_s});
+    table.add("the job's number is not told", toRead, {u"pending-held"_s});
+    table.add("behind the first file", toRead + 1, {u"canceled"_s});
+    table.add("behind the last file", toRead + 2, {u"canceled"_s, u"completed"_s});
 }
 
 void tst_scheduler::silenceLeavesNoHalfJob()

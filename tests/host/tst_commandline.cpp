@@ -242,7 +242,7 @@ void tst_commandline::refusedCombinations_data()
     add(u"--json a.pdf"_s, u"--json needs --list, --check or --check-map."_s);
     add(u"--json --no-dialog a.pdf"_s, u"--json does not go with --no-dialog."_s);
     add(u"--json --dry-run a.pdf"_s, u"--json does not go with --dry-run."_s);
-    add(u"--list a.pdf"_s, u"--list prints no file."_s);
+    add(u"--list a.pdf"_s, u"--list takes no file."_s);
     add(u"--list -n 2"_s, u"-n does not go with --list."_s);
     add(u"--list -o A=1"_s, u"-o does not go with --list."_s);
     add(u"--list --no-dialog"_s, u"--list does not go with --no-dialog."_s);
@@ -254,11 +254,11 @@ void tst_commandline::refusedCombinations_data()
     add(u"--check --check-map a.json"_s, u"--check-map does not go with --check."_s);
     add(u"--check-map a.json -d tape"_s, u"-d does not go with --check-map."_s);
     add(u"--check-map= t.ppd"_s, u"--check-map needs a value: FILE."_s);
-    add(u"--screenshot a.png a.pdf"_s, u"--screenshot prints no file."_s);
+    add(u"--screenshot a.png a.pdf"_s, u"--screenshot takes no file."_s);
     add(u"--screenshot a.png -n 2"_s, u"-n does not go with --screenshot."_s);
     add(u"--screenshot a.png --script -"_s, u"--script does not go with --screenshot."_s);
     add(u"--screenshot a.png --no-dialog a.pdf"_s, u"--screenshot does not go with --no-dialog."_s);
-    add(u"--script - a.jsonl"_s, u"--script prints no file."_s);
+    add(u"--script - a.jsonl"_s, u"--script takes no file."_s);
     add(u"--script - -o A=1"_s, u"-o does not go with --script."_s);
     add(u"--script - -n 2"_s, u"-n does not go with --script."_s);
     add(u"--script - --dry-run a.pdf"_s, u"--script does not go with --dry-run."_s);
@@ -271,6 +271,21 @@ void tst_commandline::refusedCombinations_data()
     add(u"--preset= --dry-run a.pdf"_s, u"--preset needs a value: NAME."_s);
     add(u"--no-dialog -n 0 a.pdf"_s, u"-n 0: the number of copies is 1 to 9999."_s);
     add(u"--no-dialog -o =1 a.pdf"_s, u"-o =1: an option is KEY=VALUE."_s);
+    add(u"--batch b.jsonl a.pdf"_s, u"--batch takes no file."_s);
+    add(u"--batch b.jsonl --no-dialog"_s, u"--batch does not go with --no-dialog."_s);
+    add(u"--batch b.jsonl -n 2"_s, u"-n does not go with --batch."_s);
+    add(u"--batch b.jsonl -o A=1"_s, u"-o does not go with --batch."_s);
+    add(u"--batch b.jsonl --wait"_s, u"--wait does not go with --batch."_s);
+    add(u"--batch b.jsonl --continue-from 0"_s,
+        u"--continue-from 0: the number of lines is 1 to 2147483647."_s);
+    add(u"--batch b.jsonl --pending 0"_s, u"--pending 0: the number of jobs is 1 to 1000000."_s);
+    add(u"--batch b.jsonl --retry x"_s, u"--retry x: the number of seconds is 1 to 604800."_s);
+    add(u"--journal j a.pdf"_s, u"--journal needs --batch."_s);
+    add(u"--continue-from 2 --no-dialog a.pdf"_s,
+        u"--continue-from does not go with --no-dialog."_s);
+    add(u"--wait --dry-run a.pdf"_s, u"--wait does not go with --dry-run."_s);
+    add(u"--wait --list"_s, u"--wait does not go with --list."_s);
+    add(u"--retry 5 --no-dialog a.pdf"_s, u"--retry needs --batch or --wait."_s);
     add(u"--list=all"_s, u"Unexpected value after '--list'."_s);
 }
 
