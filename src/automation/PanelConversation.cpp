@@ -2,6 +2,7 @@
 #include "automation/PanelConversation.h"
 
 #include "automation/PanelEvents.h"
+#include "host/PanelControls.h"
 
 #include <QApplication>
 
@@ -92,6 +93,28 @@ QStringList PanelConversation::printerKeys() const
 {
     const auto &map = mCallback->map();
     return map ? map->printerKeys() : panel()->supportedPPDOptionKeys().value_or(QStringList());
+}
+
+QStringList PanelConversation::showFrom(const JobOptions &options)
+{
+    QStringList refused;
+    for (const auto &[key, choice] : options.pairs()) {
+        if (!choose(key, choice)) {
+            refused.append(key);
+        }
+    }
+    QStringList keys;
+    JobOptions start;
+    const QStringList all = panel()->supportedPPDOptionKeys().value_or(QStringList());
+    for (const QString &key : all) {
+        if (const QString choice = ppd().markedChoice(key); !choice.isNull()) {
+            keys.append(key);
+            start.set(key, choice);
+        }
+    }
+    panel()->willShow();
+    QWidget *view = panel()->panelView();
+    return view ? refused + PanelControls(view).chooseAll(keys, start, ppd()) : refused;
 }
 
 JobOptions PanelConversation::jobOptions() const

@@ -56,6 +56,14 @@ public:
     /// The keywords of the printer's options that the panel decides. Asks the panel for its keys.
     QStringList printerKeys() const;
 
+    /**
+     * Tells the panel that its tab is about to be shown, and has its controls start from these
+     * choices, as a dialog does with what the user has chosen before.
+     *
+     * @return the keywords whose choice the PPD lacks or no control takes.
+     */
+    QStringList showFrom(const JobOptions &options);
+
     /// What a job carries of the panel's choices, in the printer's words. Asks the panel for its
     /// keys.
     JobOptions jobOptions() const;

@@ -156,6 +156,22 @@ int ScriptRequest::integer(const char *member)
     return int(number);
 }
 
+JobOptions ScriptRequest::optionalChoices(const char *member)
+{
+    const QJsonValue value = mMembers.value(QLatin1String(member));
+    const QJsonObject object = value.toObject();
+    JobOptions choices;
+    bool areTexts = value.isUndefined() || value.isObject();
+    for (auto choice = object.begin(); choice != object.end(); ++choice) {
+        areTexts = areTexts && choice.value().isString();
+        choices.set(choice.key(), choice.value().toString());
+    }
+    if (!areTexts) {
+        refuseMember(member, QStringLiteral("an object of texts"));
+    }
+    return choices;
+}
+
 bool ScriptRequest::flag(const char *member, bool otherwise)
 {
     const QJsonValue value = mMembers.value(QLatin1String(member));

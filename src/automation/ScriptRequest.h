@@ -51,6 +51,8 @@ public:
     JobOptions optionalOptions(const char *member);
     /// A required 32-bit integer; 0 when it is missing.
     int integer(const char *member);
+    /// An optional object of PPD keywords and choices; empty when it is missing.
+    JobOptions optionalChoices(const char *member);
     /// An optional Boolean; @p otherwise when it is missing.
     bool flag(const char *member, bool otherwise);
 

@@ -2,6 +2,7 @@
 #include "automation/ScriptSession.h"
 
 #include "automation/ControlHand.h"
+#include "automation/PanelLook.h"
 #include "automation/Picture.h"
 #include "automation/ScriptRequest.h"
 #include "cups/PPDPaper.h"
@@ -103,7 +104,7 @@ const ScriptSession::Command ScriptSession::commands[] = {
      &ScriptSession::open},
     {"close", Stage::Open, {}, &ScriptSession::close},
     {"view", Stage::Open, {}, &ScriptSession::view},
-    {"show", Stage::Open, {}, &ScriptSession::show},
+    {"show", Stage::Open, {"options"}, &ScriptSession::show},
     {"hide", Stage::Open, {}, &ScriptSession::hide},
     {"click", Stage::Viewed, {"control"}, &ScriptSession::click},
     {"preset", Stage::Viewed, {"tag", "control"}, &ScriptSession::preset},
@@ -124,6 +125,7 @@ const ScriptSession::Command ScriptSession::commands[] = {
     {"cancel", Stage::Any, {"job"}, &ScriptSession::cancel},
     {"summary", Stage::Open, {}, &ScriptSession::summary},
     {"state", Stage::Open, {}, &ScriptSession::state},
+    {"look", Stage::Viewed, {"scale"}, &ScriptSession::look},
     {"screenshot", Stage::Viewed, {"file"}, &ScriptSession::screenshot},
 };
 
@@ -302,10 +304,18 @@ QJsonObject ScriptSession::view(ScriptRequest &request)
                       : with(member("width", view->width()), "height", view->height());
 }
 
-QJsonObject ScriptSession::show(ScriptRequest &)
+QJsonObject ScriptSession::show(ScriptRequest &request)
 {
-    panel().willShow();
-    return {};
+    const bool isToStart = request.has("options");
+    const JobOptions options = request.optionalChoices("options");
+    if (request.isFaulty()) {
+        return {};
+    }
+    if (!isToStart) {
+        panel().willShow();
+        return {};
+    }
+    return member("refused", QJsonArray::fromStringList(mConversation->showFrom(options)));
 }
 
 QJsonObject ScriptSession::hide(ScriptRequest &)
@@ -440,12 +450,30 @@ QJsonObject ScriptSession::summary(ScriptRequest &)
 
 QJsonObject ScriptSession::state(ScriptRequest &request)
 {
+    PDEPanelAutomation *automation = automationOr(request);
+    return automation ? automation->state() : QJsonObject();
+}
+
+QJsonObject ScriptSession::look(ScriptRequest &request)
+{
+    constexpr double largestScale = 4.0;
+    const double scale = request.optionalNumber("scale").value_or(1.0);
+    if (!(scale >= 1.0 && scale <= largestScale)) {
+        request.refuse(QStringLiteral("\"scale\" has to be from 1 to 4"));
+    }
+    if (!automationOr(request) || request.isFaulty()) {
+        return {};
+    }
+    return PanelLook(panel(), *mConversation->view(), scale).toJson();
+}
+
+PDEPanelAutomation *ScriptSession::automationOr(ScriptRequest &request) const
+{
     PDEPanelAutomation *automation = panel().automation();
     if (!automation) {
         request.refuse(QStringLiteral("the panel tells nothing of its state"));
-        return {};
     }
-    return automation->state();
+    return automation;
 }
 
 QJsonObject ScriptSession::screenshot(ScriptRequest &request)

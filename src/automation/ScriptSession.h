@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 
+class PDEPanelAutomation;
 class ScriptRequest;
 
 /**
@@ -88,6 +89,7 @@ private:
     QJsonObject cancel(ScriptRequest &request);
     QJsonObject summary(ScriptRequest &request);
     QJsonObject state(ScriptRequest &request);
+    QJsonObject look(ScriptRequest &request);
     QJsonObject screenshot(ScriptRequest &request);
 
     std::optional<PanelTarget> targetOf(ScriptRequest &request) const;
@@ -95,6 +97,8 @@ private:
     void prepareBundles(ScriptRequest &request);
     /// @param path of a bundle, and @param locale: null where "open" names none.
     PanelBundles loadBundles(ScriptRequest &request, const QString &path, const QString &locale);
+    /// The panel's automation; refuses the request when it has none.
+    PDEPanelAutomation *automationOr(ScriptRequest &request) const;
     PDEPanel &panel() const { return *mConversation->panel(); }
 
     Setup mSetup;

@@ -224,6 +224,7 @@ void OptionLayout::insertPreview(const Bundle &bundle, bool isLabelSeries)
     OptionView13_v400_ *view =
         OptionView13_v400_::initWithFrame(frame, bundle, isLabelSeries).release();
     mOutlets.mOptionView = view;
+    view->setObjectName(QStringLiteral("mOptionView"));
     if (superview) {
         view->setParent(superview);
         view->setGeometry(frame);

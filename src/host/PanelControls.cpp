@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/PanelControls.h"
 
+#include "cups/PPDFile.h"
 #include "plugin/PDEPanel.h"
 #include "printcore/QtVersions.h"
 
@@ -81,4 +82,19 @@ bool PanelControls::choose(const QString &key, int index, const QString &choice)
         return field->text() == choice;
     }
     return false;
+}
+
+QStringList PanelControls::chooseAll(QStringList keys, const JobOptions &choices,
+                                     const PPDFile &ppd)
+{
+    QStringList left = keys;
+    do {
+        keys = left;
+        removeFrom(left, [this, &choices, &ppd](const QString &key) {
+            const QString choice = choices.value(key);
+            return has(key) ? choose(key, int(ppd.choices(key).indexOf(choice)), choice)
+                            : ppd.markedChoice(key) == choice;
+        });
+    } while (left.size() < keys.size());
+    return left;
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "cups/JobOptions.h"
+
 #include <QList>
 #include <QString>
 
+class PPDFile;
 class QWidget;
 
 /// Works a panel's controls as its user would.
@@ -37,6 +40,14 @@ public:
      *         take none, and a disabled box counts as off.
      */
     bool choose(const QString &key, int index, const QString &choice);
+
+    /**
+     * Sets the controls of some options to these choices, as long as one choice makes room for
+     * another. A panel that has no control for a key shows the choice that is marked.
+     *
+     * @return the keys whose choice no control takes, or that is not marked any more.
+     */
+    QStringList chooseAll(QStringList keys, const JobOptions &choices, const PPDFile &ppd);
 
 private:
     QList<QWidget *> controls() const;

@@ -203,27 +203,11 @@ void PanelHost::applyRequests(PDEPanel &panel, const JobOptions &requests)
     if (!view) {
         return;
     }
-    // One choice may be what makes room for another.
-    for (QStringList left = choose(view, keys, requests); left.size() < keys.size();
-         left = choose(view, keys, requests)) {
-        keys = left;
-    }
-    for (const QString &key : keys) {
+    const QStringList refused = PanelControls(view).chooseAll(keys, requests, ppd());
+    for (const QString &key : refused) {
         mRefusedKeys.append(key);
         mReporter.report(refusal(key, requests.value(key)));
     }
-}
-
-QStringList PanelHost::choose(QWidget *view, QStringList keys, const JobOptions &requests)
-{
-    removeFrom(keys, [this, view, &requests](const QString &key) {
-        const QString choice = requests.value(key);
-        PanelControls controls(view);
-        return controls.has(key)
-                   ? controls.choose(key, int(ppd().choices(key).indexOf(choice)), choice)
-                   : ppd().markedChoice(key) == choice;
-    });
-    return keys;
 }
 
 JobOptions PanelHost::unmetRequests() const

@@ -130,11 +130,6 @@ private:
     void showAgain(PDEPanel &panel);
     void applyPreset(PDEPanel &panel);
     void applyRequests(PDEPanel &panel, const JobOptions &requests);
-    /// Sets the controls of the view to the requested choices of the keys. A panel that has no
-    /// control for a key shows the choice that is marked.
-    ///
-    /// @return the keys whose choice no control takes, or that is not marked any more.
-    QStringList choose(QWidget *view, QStringList keys, const JobOptions &requests);
     void save(PDEPanel &panel);
 
     ProblemReporter &mReporter;

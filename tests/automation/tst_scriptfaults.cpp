@@ -158,6 +158,10 @@ void tst_scriptfaults::memberOfAWrongType_data()
         {"\"4\"", "4.5", "null", "true", "[4]", "1e300", "-1e300", "2147483648", "-2147483649"},
         "a whole number");
     add(Open, "paper", "name", noTexts, "a text");
+    add(Viewed, "show", "options", {"7", "null", "\"a\"", "[]", R"({"KvHalfCut":1})"},
+        "an object of texts");
+    add(Viewed, "look", "scale", {"\"1\"", "null", "[1]"}, "a number");
+    add(Viewed, "look", "scale", {"0", "0.99", "4.5", "-1", "1e300"}, "from 1 to 4");
 }
 
 void tst_scriptfaults::memberOfAWrongType()
@@ -218,6 +222,7 @@ void tst_scriptfaults::memberThatIsUnknown_data()
     table.add("paper", int(Open), QByteArray(R"({"cmd":"paper","name":null,"size":1})"));
     table.add("choose", int(Open),
               QByteArray(R"({"cmd":"choose","key":"KvHalfCut","choice":"ON","":1})"));
+    table.add("look", int(Viewed), line("look", "file", "\"a\""));
     for (const char *command : {"close", "view", "show", "hide", "save", "restore", "keys",
                                 "options", "print", "summary", "state"}) {
         table.add(command, int(Open), line(command, "file", "\"a\""));
@@ -257,6 +262,7 @@ void tst_scriptfaults::commandOutOfPlace_data()
         {R"("cmd":"type","text":"5")", Viewed},
         {R"("cmd":"step","by":1)", Viewed},
         {R"("cmd":"screenshot","file":"a.png")", Viewed},
+        {R"("cmd":"look")", Viewed},
     };
     for (const auto &[members, needed] : needs) {
         for (int stage = Closed; stage < needed; ++stage) {
