@@ -23,7 +23,7 @@ function(kv_add_lint)
         kv_targets_below(${PROJECT_SOURCE_DIR}/${folder} targets)
         foreach(target IN LISTS targets)
             get_target_property(type ${target} TYPE)
-            if(NOT type MATCHES "EXECUTABLE|LIBRARY" OR target MATCHES "^kvlint-")
+            if(NOT type MATCHES "EXECUTABLE|LIBRARY" OR target MATCHES "^kvlint-|^kvprintbackend-")
                 continue()
             endif()
             get_target_property(own ${target} SOURCES)
@@ -65,6 +65,15 @@ function(kv_add_lint)
                 ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${lint}.dir/Unity/unity_0_cxx.cxx
                 2> ${CMAKE_BINARY_DIR}/tidy.log
         DEPENDS ${lint}_autogen VERBATIM)
+    # GTK's headers do not go together with those of another version.
+    foreach(gtk IN LISTS KV_GTK)
+        get_target_property(folder kvprintbackend-gtk${gtk} BINARY_DIR)
+        add_custom_command(TARGET kvlint POST_BUILD
+            COMMAND clang-tidy-19 -quiet -p ${CMAKE_BINARY_DIR}
+                    ${folder}/CMakeFiles/kvprintbackend-gtk${gtk}.dir/Unity/unity_0_cxx.cxx
+                    2>> ${CMAKE_BINARY_DIR}/tidy.log
+            VERBATIM)
+    endforeach()
 endfunction()
 
 kv_add_lint(src demo bench)

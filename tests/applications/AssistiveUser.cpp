@@ -74,31 +74,34 @@ QList<AssistiveUser::Accessible> AssistiveUser::childrenOf(const Accessible &obj
     return children;
 }
 
-std::optional<AssistiveUser::Accessible>
-AssistiveUser::find(const Accessible &top, const QString &name, const char *interface) const
+std::optional<AssistiveUser::Accessible> AssistiveUser::find(const Accessible &top,
+                                                             const QString &name,
+                                                             const char *interface,
+                                                             const QString &action) const
 {
     if (nameOf(top) == name) {
         const auto interfaces = call(top, accessibleInterface, "GetInterfaces");
-        if (interfaces && interfaces->value(0).toStringList().contains(QLatin1String(interface))) {
+        if (interfaces && interfaces->value(0).toStringList().contains(QLatin1String(interface)) &&
+            (action.isNull() || indexOfAction(top, action) >= 0)) {
             return top;
         }
     }
     const QList<Accessible> children = childrenOf(top);
     for (const Accessible &child : children) {
-        if (const auto found = find(child, name, interface)) {
+        if (const auto found = find(child, name, interface, action)) {
             return found;
         }
     }
     return std::nullopt;
 }
 
-std::optional<AssistiveUser::Accessible> AssistiveUser::await(const QString &name,
-                                                              const char *interface) const
+std::optional<AssistiveUser::Accessible>
+AssistiveUser::await(const QString &name, const char *interface, const QString &action) const
 {
     const Accessible desktop = {u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s};
     std::optional<Accessible> found;
     waitFor([&] {
-        found = find(desktop, name, interface);
+        found = find(desktop, name, interface, action);
         return found.has_value();
     });
     return found;
@@ -127,7 +130,7 @@ int AssistiveUser::indexOfAction(const Accessible &object, const QString &action
 
 bool AssistiveUser::act(const QString &control, const QString &action) const
 {
-    const auto object = await(control, actionInterface);
+    const auto object = await(control, actionInterface, action);
     const int index = object ? indexOfAction(*object, action) : -1;
     return index >= 0 && isTrue(call(*object, actionInterface, "DoAction", {index}));
 }

@@ -35,10 +35,12 @@ private:
                                      const char *method, const QVariantList &arguments = {}) const;
     QString nameOf(const Accessible &object) const;
     QList<Accessible> childrenOf(const Accessible &object) const;
-    /// The first object from that one downwards that has the name and the interface.
+    /// The first object from that one downwards that has the name, the interface and, unless it is
+    /// null, the action.
     std::optional<Accessible> find(const Accessible &top, const QString &name,
-                                   const char *interface) const;
-    std::optional<Accessible> await(const QString &name, const char *interface) const;
+                                   const char *interface, const QString &action) const;
+    std::optional<Accessible> await(const QString &name, const char *interface,
+                                    const QString &action = {}) const;
     int indexOfAction(const Accessible &object, const QString &action) const;
 
     QDBusConnection mBus;

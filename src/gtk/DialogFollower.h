@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "gtk/DialogOptions.h"
+#include "gtk/GtkVersions.h"
+#include "gtk/OptionTab.h"
+#include "gtk/ServiceTalk.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/**
+ * Shows the panel in one of GTK's print dialogs: asks the panel service about each printer that is
+ * selected, and sets what the panel decides in the dialog's own options, which the job gets.
+ *
+ * The dialog may be closed, shown again or destroyed at any moment.
+ */
+class DialogFollower
+{
+public:
+    /// Follows a dialog, which nobody else is connected to yet, as long as the dialog exists.
+    static void follow(GtkPrintUnixDialog *dialog);
+
+    ~DialogFollower();
+    DialogFollower(const DialogFollower &) = delete;
+    DialogFollower &operator=(const DialogFollower &) = delete;
+
+private:
+    explicit DialogFollower(GtkPrintUnixDialog *dialog);
+
+    void followPrinter();
+    void followPaper();
+    GVariant *openingRequests(GtkPrinter *printer) const;
+    GVariant *lookRequest() const;
+    void takeOpened(ServiceTalk::Outcome outcome, GVariant *answers);
+    void takePanel(const PanelAnswer &options, const PanelAnswer &look);
+
+    /// Tells the panel what the user has done ("a{sv}", floating).
+    void act(GVariant *action);
+    void takeAnswers(GVariant *answers);
+    /// Sets the dialog's own options.
+    void applyOptions(const PanelAnswer &options) const;
+    void alert(const std::string &text) const;
+
+    /// Whether the response has to wait for the panel.
+    bool holds(int response);
+    void askPermission();
+    void takePermission(GVariant *answers);
+    /// Lets a response that waits go on. The dialog may be gone afterwards, and this with it.
+    void release();
+    void endHolding();
+
+    void addTab(const std::string &title);
+    /// Takes the tab away, if it is there, and goes on without the panel.
+    void dropTab();
+    /// Says that the options cannot be shown, and goes on without the panel.
+    void fail();
+    void goOnWithoutPanel();
+    /// Ends the conversation, and forgets a response that waits.
+    void endTalk();
+    void forgetDialog();
+
+    GtkPrintUnixDialog *mDialog;
+    std::unique_ptr<ServiceTalk> mTalk;
+    bool mIsOpen = false;
+    OptionTab mTab;
+    /// What is hidden because the tab shows the same.
+    std::vector<GtkRef<GtkWidget>> mHidden;
+    /// How many answers are still to come.
+    int mUnanswered = 0;
+    /// The response that waits for the panel; 0 for none.
+    int mHeld = 0;
+    guint mPatience = 0;
+    bool mIsReleasing = false;
+    bool mIsDestroyed = false;
+};

@@ -1,0 +1,340 @@
+// SPDX-License-Identifier: Apache-2.0
+
+// A program with GTK's print dialog, worked by lines on standard input:
+//
+//   open PRINTER     makes a dialog that selects the printer, and shows it
+//   again            shows the dialog that has been hidden
+//   hide             hides it
+//   destroy          destroys the oldest dialog that is left
+//   printer NAME     selects another printer
+//   paper NAME W H   chooses a paper: its PPD name and its size in points
+//   click TITLE      clicks the check box
+//   count NUMBER     enters the count
+//   preset NAME      chooses from the menu of presets
+//   respond NUMBER   sends the dialog's response
+//   state            writes what there is as one line, separated by tabs
+//
+// Each line but "state" is answered by an empty line when it is done.
+
+#include "gtk/GtkVersions.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+std::vector<GtkWidget *> dialogs;
+std::string responses;
+std::string wantedPrinter;
+
+void visit(GtkWidget *widget, const std::function<void(GtkWidget *)> &visitor)
+{
+    visitor(widget);
+    GtkVersions::forEachChild(widget, [&visitor](GtkWidget *child) { visit(child, visitor); });
+}
+
+GtkWidget *dialog()
+{
+    return dialogs.empty() ? nullptr : dialogs.back();
+}
+
+std::string textOf(GObject *object, const char *property)
+{
+    char *text = nullptr;
+    g_object_get(object, property, &text, nullptr);
+    const std::string copy = text ? text : "";
+    g_free(text);
+    return copy;
+}
+
+/// Calls the visitor with all widgets of a type that can be seen.
+void forEachSeen(GType type, const std::function<void(GtkWidget *)> &visitor)
+{
+    if (dialog()) {
+        visit(dialog(), [type, &visitor](GtkWidget *widget) {
+            if (g_type_is_a(G_OBJECT_TYPE(widget), type)) {
+                visitor(widget);
+            }
+        });
+    }
+}
+
+/// Selects the row of GTK's list of printers, as a click does.
+void selectPrinter(const std::string &name)
+{
+    forEachSeen(GTK_TYPE_TREE_VIEW, [&name](GtkWidget *list) {
+        GtkTreeModel *rows = gtk_tree_view_get_model(GTK_TREE_VIEW(list));
+        GtkTreeIter row;
+        for (gboolean has = rows && gtk_tree_model_get_iter_first(rows, &row); has;
+             has = gtk_tree_model_iter_next(rows, &row)) {
+            for (int column = 0; column < gtk_tree_model_get_n_columns(rows); ++column) {
+                GValue value = G_VALUE_INIT;
+                gtk_tree_model_get_value(rows, &row, column, &value);
+                if (G_VALUE_HOLDS_STRING(&value) &&
+                    g_strcmp0(g_value_get_string(&value), name.c_str()) == 0) {
+                    gtk_tree_selection_select_iter(gtk_tree_view_get_selection(GTK_TREE_VIEW(list)),
+                                                   &row);
+                }
+                g_value_unset(&value);
+            }
+        }
+    });
+#if GTK_MAJOR_VERSION >= 4
+    forEachSeen(GTK_TYPE_COLUMN_VIEW, [&name](GtkWidget *list) {
+        GtkSelectionModel *rows = gtk_column_view_get_model(GTK_COLUMN_VIEW(list));
+        for (guint i = 0; i < g_list_model_get_n_items(G_LIST_MODEL(rows)); ++i) {
+            gpointer row = g_list_model_get_item(G_LIST_MODEL(rows), i);
+            if (GTK_IS_PRINTER(row) && gtk_printer_get_name(GTK_PRINTER(row)) == name) {
+                gtk_selection_model_select_item(rows, i, TRUE);
+            }
+            g_object_unref(row);
+        }
+    });
+#endif
+}
+
+/// Selects the printer that is wanted, as soon as GTK knows it.
+gboolean selectWanted(gpointer)
+{
+    constexpr guint pollMs = 20;
+    GtkPrinter *selected =
+        dialog() ? gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()))
+                 : nullptr;
+    if (dialog() && (!selected || gtk_printer_get_name(selected) != wantedPrinter)) {
+        selectPrinter(wantedPrinter);
+        g_timeout_add(pollMs, selectWanted, nullptr);
+    }
+    return G_SOURCE_REMOVE;
+}
+
+void open(const std::string &printer)
+{
+    GtkWidget *made = gtk_print_unix_dialog_new("Print", nullptr);
+    dialogs.push_back(made);
+    gtk_print_unix_dialog_set_manual_capabilities(
+        GTK_PRINT_UNIX_DIALOG(made),
+        GtkPrintCapabilities(GTK_PRINT_CAPABILITY_COPIES | GTK_PRINT_CAPABILITY_GENERATE_PDF));
+    const auto respond = +[](GtkDialog *, int response, gpointer) {
+        responses += std::to_string(response) + ' ';
+    };
+    g_signal_connect(made, "response", G_CALLBACK(respond), nullptr);
+    gtk_window_present(GTK_WINDOW(made));
+    wantedPrinter = printer;
+    selectWanted(nullptr);
+}
+
+void destroyOldest()
+{
+    GtkWidget *oldest = dialogs.front();
+    dialogs.erase(dialogs.begin());
+    GtkVersions::destroyWindow(oldest);
+}
+
+void choosePaper(std::istringstream &line)
+{
+    std::string name;
+    double width = 0;
+    double height = 0;
+    line >> name >> width >> height;
+    GtkPageSetup *page = gtk_page_setup_new();
+    GtkPaperSize *paper = gtk_paper_size_new_from_ppd(name.c_str(), name.c_str(), width, height);
+    gtk_page_setup_set_paper_size(page, paper);
+    gtk_paper_size_free(paper);
+    gtk_print_unix_dialog_set_page_setup(GTK_PRINT_UNIX_DIALOG(dialog()), page);
+    g_object_unref(page);
+}
+
+void choosePreset(const std::string &name)
+{
+    forEachSeen(GTK_TYPE_COMBO_BOX, [&name](GtkWidget *menu) {
+        GtkTreeModel *rows = gtk_combo_box_get_model(GTK_COMBO_BOX(menu));
+        GtkTreeIter row;
+        for (gboolean has = rows && gtk_tree_model_get_iter_first(rows, &row); has;
+             has = gtk_tree_model_iter_next(rows, &row)) {
+            GValue value = G_VALUE_INIT;
+            if (gtk_tree_model_get_n_columns(rows) > 1) {
+                gtk_tree_model_get_value(rows, &row, 1, &value);
+            }
+            if (G_VALUE_HOLDS_STRING(&value) &&
+                g_strcmp0(g_value_get_string(&value), name.c_str()) == 0) {
+                gtk_combo_box_set_active_iter(GTK_COMBO_BOX(menu), &row);
+            }
+            g_value_unset(&value);
+        }
+    });
+}
+
+/// Whether the widget is in the tab that is not GTK's.
+bool isOnPanel(GtkWidget *widget)
+{
+    GtkWidget *notebook = gtk_widget_get_ancestor(widget, GTK_TYPE_NOTEBOOK);
+    GtkWidget *page = widget;
+    while (notebook && page && gtk_notebook_page_num(GTK_NOTEBOOK(notebook), page) < 0) {
+        page = gtk_widget_get_parent(page);
+    }
+    return notebook && gtk_notebook_page_num(GTK_NOTEBOOK(notebook), page) == 2;
+}
+
+/// The texts of the alerts that are shown.
+std::vector<std::string> alerts()
+{
+    std::vector<std::string> texts;
+    GList *windows = gtk_window_list_toplevels();
+    for (const GList *window = windows; window; window = window->next) {
+        if (GTK_IS_MESSAGE_DIALOG(window->data) &&
+            gtk_widget_get_visible(GTK_WIDGET(window->data))) {
+            texts.push_back(textOf(G_OBJECT(window->data), "text"));
+        }
+    }
+    g_list_free(windows);
+    return texts;
+}
+
+std::string state()
+{
+    std::ostringstream text;
+    text << "responses=" << responses;
+    forEachSeen(GTK_TYPE_NOTEBOOK, [&text](GtkWidget *notebook) {
+        for (int i = 0; i < gtk_notebook_get_n_pages(GTK_NOTEBOOK(notebook)); ++i) {
+            GtkWidget *page = gtk_notebook_get_nth_page(GTK_NOTEBOOK(notebook), i);
+            const char *title = gtk_notebook_get_tab_label_text(GTK_NOTEBOOK(notebook), page);
+            if (gtk_widget_get_visible(page)) {
+                text << "\ttab:" << (title ? title : "");
+            }
+        }
+    });
+    forEachSeen(GTK_TYPE_CHECK_BUTTON, [&text](GtkWidget *box) {
+        gboolean isTicked = FALSE;
+        g_object_get(box, "active", &isTicked, nullptr);
+        if (isOnPanel(box)) {
+            text << "\tbox:" << textOf(G_OBJECT(box), "label") << (isTicked ? " on" : " off")
+                 << (gtk_widget_is_sensitive(box) ? "" : " grey");
+        }
+    });
+    forEachSeen(GTK_TYPE_SPIN_BUTTON, [&text](GtkWidget *count) {
+        if (isOnPanel(count)) {
+            text << "\tcount:" << gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(count))
+                 << (gtk_widget_is_sensitive(count) ? "" : " grey");
+        }
+    });
+    forEachSeen(GTK_TYPE_COMBO_BOX, [&text](GtkWidget *menu) {
+        GtkTreeIter row;
+        if (isOnPanel(menu) && gtk_combo_box_get_active_iter(GTK_COMBO_BOX(menu), &row)) {
+            char *name = nullptr;
+            gtk_tree_model_get(gtk_combo_box_get_model(GTK_COMBO_BOX(menu)), &row, 1, &name, -1);
+            text << "\tpreset:" << name;
+            g_free(name);
+        }
+    });
+    forEachSeen(GTK_TYPE_LABEL, [&text](GtkWidget *label) {
+        if (isOnPanel(label) && gtk_widget_get_visible(label)) {
+            text << "\tlabel:" << gtk_label_get_text(GTK_LABEL(label));
+        }
+    });
+    for (const std::string &alert : alerts()) {
+        text << "\talert:" << alert;
+    }
+    if (dialog()) {
+        GtkPrintSettings *settings =
+            gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(dialog()));
+        gtk_print_settings_foreach(
+            settings,
+            [](const char *key, const char *value, gpointer data) {
+                *static_cast<std::ostringstream *>(data) << '\t' << key << '=' << value;
+            },
+            &text);
+        g_object_unref(settings);
+    }
+    return text.str();
+}
+
+void clickBox(const std::string &title)
+{
+    forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
+        if (textOf(G_OBJECT(box), "label") == title && gtk_widget_is_sensitive(box)) {
+            gboolean isTicked = FALSE;
+            g_object_get(box, "active", &isTicked, nullptr);
+            g_object_set(box, "active", gboolean(!isTicked), nullptr);
+        }
+    });
+}
+
+void enterCount(int count)
+{
+    forEachSeen(GTK_TYPE_SPIN_BUTTON, [count](GtkWidget *field) {
+        if (isOnPanel(field)) {
+            gtk_spin_button_set_value(GTK_SPIN_BUTTON(field), count);
+        }
+    });
+}
+
+std::string run(const std::string &text)
+{
+    std::istringstream line(text);
+    std::string command;
+    std::string rest;
+    line >> command >> std::ws;
+    if (command == "paper") {
+        choosePaper(line);
+        return {};
+    }
+    std::getline(line, rest);
+    if (command == "open") {
+        open(rest);
+    } else if (command == "again") {
+        gtk_window_present(GTK_WINDOW(dialog()));
+    } else if (command == "hide") {
+        gtk_widget_set_visible(dialog(), FALSE);
+    } else if (command == "destroy") {
+        destroyOldest();
+    } else if (command == "printer") {
+        wantedPrinter = rest;
+        selectWanted(nullptr);
+    } else if (command == "click") {
+        clickBox(rest);
+    } else if (command == "count") {
+        enterCount(std::atoi(rest.c_str()));
+    } else if (command == "preset") {
+        choosePreset(rest);
+    } else if (command == "respond") {
+        gtk_dialog_response(GTK_DIALOG(dialog()), std::atoi(rest.c_str()));
+    } else if (command == "state") {
+        return state();
+    }
+    return {};
+}
+
+gboolean takeLine(GIOChannel *input, GIOCondition, gpointer loop)
+{
+    char *line = nullptr;
+    const GIOStatus status = g_io_channel_read_line(input, &line, nullptr, nullptr, nullptr);
+    if (status == G_IO_STATUS_EOF || !line) {
+        g_main_loop_quit(static_cast<GMainLoop *>(loop));
+        return G_SOURCE_REMOVE;
+    }
+    std::cout << run(g_strchomp(line)) << std::endl;
+    g_free(line);
+    return G_SOURCE_CONTINUE;
+}
+} // namespace
+
+int main()
+{
+#if GTK_MAJOR_VERSION >= 4
+    gtk_init();
+#else
+    gtk_init(nullptr, nullptr);
+#endif
+    GMainLoop *loop = g_main_loop_new(nullptr, FALSE);
+    GIOChannel *input = g_io_channel_unix_new(0);
+    g_io_add_watch(input, GIOCondition(G_IO_IN | G_IO_HUP), takeLine, loop);
+    g_main_loop_run(loop);
+    while (!dialogs.empty()) {
+        destroyOldest();
+    }
+    g_io_channel_unref(input);
+    g_main_loop_unref(loop);
+    return 0;
+}
