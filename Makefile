@@ -41,7 +41,7 @@ run: all
 
 # Installs what "make run" and "make test" need.
 deps:
-	tools/deps build run qt5 test
+	tools/deps build run qt5 gtk test
 
 # Checks the sources, and runs every test in both builds. clang-tidy keeps one processor busy while the
 # others build.
@@ -86,7 +86,7 @@ fuzz:
 
 # Measures the line coverage of the panel, and fails if it is too low.
 coverage:
-	tools/deps build run qt5 test coverage
+	tools/deps build run qt5 gtk test coverage
 	cmake --preset coverage
 	cmake --build --preset coverage --parallel $(JOBS)
 	tools/coverage build/coverage $(JOBS)
@@ -115,7 +115,7 @@ uninstall:
 
 # Builds Debian packages in build/package, and checks them with lintian.
 package:
-	tools/deps build qt5 package
+	tools/deps build qt5 gtk package
 	tools/package build/package
 
 # Installs the packages in a chroot of the Debian release, prints, removes them, and checks that no file

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QMap>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -106,9 +107,10 @@ private:
 };
 
 /// The variables of a session whose shell sources the script so many times.
-Variables sourced(const QString &shell, const Prefix &prefix, Variables variables, int times = 1)
+Variables sourced(const QString &shell, const Prefix &prefix, Variables variables, int times = 1,
+                  const QString &name = u"60kvprint"_s)
 {
-    const QString script = prefix.file(u"etc/X11/Xsession.d/60kvprint"_s);
+    const QString script = prefix.file(u"etc/X11/Xsession.d/"_s + name);
     QString commands;
     for (int time = 0; time < times; ++time) {
         commands += u". \"$0\"; "_s;
@@ -139,13 +141,13 @@ void hideOthers(const QString &folder)
 }
 
 /// The variables that systemd gives the sessions of a user who has linked the file and no other.
-Variables generated(const Prefix &prefix, Variables variables)
+Variables generated(const Prefix &prefix, Variables variables,
+                    const QString &name = u"60-kvprint.conf"_s)
 {
     const QTemporaryDir settings;
     const QString folder = settings.filePath(u"environment.d"_s);
     QDir().mkpath(folder);
-    QFile::link(prefix.file(u"lib/environment.d/60-kvprint.conf"_s),
-                folder + u"/60-kvprint.conf"_s);
+    QFile::link(prefix.file(u"lib/environment.d/"_s + name), folder + u'/' + name);
     hideOthers(folder);
     variables.insert(u"XDG_CONFIG_HOME"_s, settings.path());
     const ProgramRun result = run(generator, {}, variables);
@@ -195,6 +197,10 @@ private Q_SLOTS:
     void scriptWithOnePlugIn();
     void environmentFile_data();
     void environmentFile();
+#ifdef KV_HAS_GTK
+    void settingsOfGtk_data();
+    void settingsOfGtk();
+#endif
 };
 
 void tst_session::placesOfTheFiles_data()
@@ -202,11 +208,23 @@ void tst_session::placesOfTheFiles_data()
     const TestTable<QString, QStringList> table("prefix", "files");
     const QString script = u"etc/X11/Xsession.d/60kvprint"_s;
     const QString file = u"lib/environment.d/60-kvprint.conf"_s;
+    // Those in the folder of the system's settings, and those below the prefix.
+    QStringList scripts{script};
+    QStringList files{file};
+#ifdef KV_HAS_GTK
+    scripts << u"etc/X11/Xsession.d/60kvprint-gtk"_s;
+    files << u"lib/environment.d/61-kvprint-gtk.conf"_s
+          << u"share/dbus-1/services/example.korvane.KvPrint1.service"_s
+          << u"share/kvprint/gtk/gtk-3.0/settings.ini"_s;
+#endif
+    const auto below = [](const QString &folder, QStringList names) {
+        return names.replaceInStrings(QRegularExpression(u"^"_s), folder);
+    };
     for (const QString &prefix : {u"usr"_s, u"usr/local"_s}) {
-        table.add(qPrintable(prefix), QString(u'/' + prefix), {script, prefix + u'/' + file});
+        table.add(qPrintable(prefix), QString(u'/' + prefix),
+                  scripts + below(prefix + u'/', files));
     }
-    const QString home = u"home/user/.local/"_s;
-    table.add("home", u"/home/user/.local"_s, {home + script, home + file});
+    table.add("home", u"/home/user/.local"_s, below(u"home/user/.local/"_s, scripts + files));
 }
 
 void tst_session::placesOfTheFiles()
@@ -327,6 +345,55 @@ void tst_session::environmentFile()
         QCOMPARE(generated(prefix, first), first);
     }
 }
+
+#ifdef KV_HAS_GTK
+void tst_session::settingsOfGtk_data()
+{
+    const TestTable<QString, QString, QString, QString> table("foldersBefore", "foldersAfter",
+                                                              "pathBefore", "pathAfter");
+    table.add("not set", QString(), u"%1:/etc/xdg"_s, QString(), u"%2"_s);
+    table.add("others", u"/etc/xdg/desktop:/etc/xdg"_s, u"%1:/etc/xdg/desktop:/etc/xdg"_s,
+              u"/opt/gtk"_s, u"/opt/gtk:%2"_s);
+}
+
+void tst_session::settingsOfGtk()
+{
+    QFETCH(const QString, foldersBefore);
+    QFETCH(const QString, pathBefore);
+    const Prefix prefix;
+    QVERIFY(prefix.fill());
+    const QString settings = u"XDG_CONFIG_DIRS"_s;
+    const QString modules = u"GTK_PATH"_s;
+    Variables before;
+    if (!foldersBefore.isNull()) {
+        before = {{settings, foldersBefore}, {modules, pathBefore}};
+    }
+    QStringList folders;
+    for (const QString &gtk : QStringLiteral(KV_HAS_GTK).split(u',')) {
+        folders.append(u"%1/%2/gtk-%3.0"_s.arg(prefix.file(QString()).chopped(1),
+                                               QStringLiteral(KV_LIBRARY_FOLDER), gtk));
+    }
+    const auto expected = [&prefix, &folders](QString text) {
+        return text.replace(u"%1"_s, prefix.file(u"share/kvprint/gtk"_s))
+            .replace(u"%2"_s, folders.join(u':'));
+    };
+    QFETCH(const QString, foldersAfter);
+    QFETCH(const QString, pathAfter);
+    const Variables after{{settings, expected(foldersAfter)}, {modules, expected(pathAfter)}};
+    for (int times : {1, 2}) {
+        Variables script = sourced(u"sh"_s, prefix, before, times, u"60kvprint-gtk"_s);
+        script.remove(u"kvprint_folder"_s);
+        QCOMPARE(script, after);
+    }
+    const Variables environment = generated(prefix, before, u"61-kvprint-gtk.conf"_s);
+    QCOMPARE(environment.value(settings), after.value(settings));
+    QCOMPARE(environment.value(modules), after.value(modules));
+    QVERIFY(QFile::remove(prefix.file(u"share/kvprint/gtk/gtk-3.0/settings.ini"_s)));
+    Variables removed = sourced(u"sh"_s, prefix, before, 1, u"60kvprint-gtk"_s);
+    removed.remove(u"kvprint_folder"_s);
+    QCOMPARE(removed, before);
+}
+#endif
 
 KV_CORE_TEST(tst_session)
 #include "tst_session.moc"
