@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 
-# The target "kvlint" runs clang-tidy. Most of its time goes into Qt's headers, so all sources are one source for it. Nothing is
-# built but what moc makes.
+# The target "kvlint" runs clang-tidy. Most of its time goes into Qt's headers, so all sources are one source
+# for it. Nothing is built but what moc makes.
 
 # Sets a variable to the targets that are made in the folder and those below it.
 function(kv_targets_below folder result)

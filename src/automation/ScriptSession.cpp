@@ -458,7 +458,7 @@ QJsonObject ScriptSession::look(ScriptRequest &request)
 {
     constexpr double largestScale = 4.0;
     const double scale = request.optionalNumber("scale").value_or(1.0);
-    if (!(scale >= 1.0 && scale <= largestScale)) {
+    if (scale < 1.0 || scale > largestScale) {
         request.refuse(QStringLiteral("\"scale\" has to be from 1 to 4"));
     }
     if (!automationOr(request) || request.isFaulty()) {

@@ -31,8 +31,9 @@ GObject *optionOf(GtkWidget *control)
         return nullptr;
     }
     const GParamSpec *property = g_object_class_find_property(G_OBJECT_GET_CLASS(control), source);
-    if (!property || !(property->flags & G_PARAM_READABLE) ||
-        !g_type_is_a(property->value_type, G_TYPE_OBJECT)) {
+    const bool hasObject = property && (property->flags & G_PARAM_READABLE) != 0 &&
+                           g_type_is_a(property->value_type, G_TYPE_OBJECT);
+    if (!hasObject) {
         return nullptr;
     }
     GObject *option = nullptr;

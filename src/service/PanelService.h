@@ -51,7 +51,7 @@ public:
     /// Offers the conversations on the session bus; the reason when that fails.
     QString offer();
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers)
     /// Opens a conversation and makes the first requests in it.
     ///
     /// @return the answers, with the conversation's number in @p conversation.
