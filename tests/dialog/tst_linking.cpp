@@ -11,6 +11,8 @@
 namespace {
 const QByteArray elfMark("\177ELF");
 
+const QString panelService = QStringLiteral(KV_PANEL_SERVICE);
+
 /// The folders that the dynamic linker searches for what a library or program needs, before the
 /// system's; by the file's path below a prefix.
 using SearchedFolders = QMap<QString, QString>;
@@ -30,11 +32,11 @@ bool isDynamic(const QString &path)
            file.read(4) == elfMark;
 }
 
-/// Of the program and of all libraries below a prefix.
+/// Of the programs and of all libraries below a prefix.
 SearchedFolders searchedBelow(const QString &prefix)
 {
     const QDir top(prefix);
-    QStringList files{top.filePath(u"bin/kvprint"_s)};
+    QStringList files{top.filePath(u"bin/kvprint"_s), top.filePath(panelService)};
     QDirIterator libraries(top.filePath(QStringLiteral(KV_LIBRARY_FOLDER)), QDir::Files,
                            QDirIterator::Subdirectories);
     while (libraries.hasNext()) {
@@ -63,6 +65,14 @@ SearchedFolders expectedFolders()
         expected.insert(libraries + u"/qt%1/plugins/generic/libkvprintdialog.so"_s.arg(qt),
                         QString());
     }
+#ifdef KV_HAS_GTK
+    const QString up = u"../"_s.repeated(panelService.count(u'/'));
+    expected.insert(panelService, u"$ORIGIN/"_s + up + own);
+    for (const QString &gtk : QStringLiteral(KV_HAS_GTK).split(u',')) {
+        const QString folder = u"/gtk-%1.0/%1.0.0/printbackends"_s.arg(gtk);
+        expected.insert(libraries + folder + u"/libprintbackend-kvprint.so"_s, QString());
+    }
+#endif
     return expected;
 }
 } // namespace
