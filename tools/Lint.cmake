@@ -71,7 +71,7 @@ function(kv_add_lint)
         add_custom_command(TARGET kvlint POST_BUILD
             COMMAND clang-tidy-19 -quiet -p ${CMAKE_BINARY_DIR}
                     ${folder}/CMakeFiles/kvprintbackend-gtk${gtk}.dir/Unity/unity_0_cxx.cxx
-                    2>> ${CMAKE_BINARY_DIR}/tidy.log
+                    2> ${CMAKE_BINARY_DIR}/tidy-gtk${gtk}.log
             VERBATIM)
     endforeach()
 endfunction()
