@@ -132,8 +132,9 @@ void OptionTab::build(const PanelAnswer &look)
         buildPresets(pictures);
     }
     if (look.has("preview")) {
-        mPreview = refTo(gtk_image_new());
+        mPreview = refTo(PanelPicture::newWidget());
         gtk_widget_set_halign(mPreview.get(), GTK_ALIGN_START);
+        gtk_widget_set_valign(mPreview.get(), GTK_ALIGN_START);
         GtkVersions::append(pictures, mPreview.get());
     }
     GtkVersions::showAll(columns);
@@ -187,6 +188,8 @@ void OptionTab::buildPresets(GtkWidget *column)
     auto *layout = GTK_CELL_LAYOUT(mPresets.get());
     GtkCellRenderer *picture = gtk_cell_renderer_pixbuf_new();
     GtkCellRenderer *name = gtk_cell_renderer_text_new();
+    // The dialog may be narrower than the longest name.
+    g_object_set(name, "ellipsize", PANGO_ELLIPSIZE_END, "xpad", 2 * rowSpacing, nullptr);
     gtk_cell_layout_pack_start(layout, picture, FALSE);
     gtk_cell_layout_pack_start(layout, name, TRUE);
     gtk_cell_layout_set_attributes(layout, picture, GtkVersions::cellPicture, PictureColumn,

@@ -28,11 +28,28 @@ PanelPicture::Ref PanelPicture::ofFile(const std::string &base64, GtkWidget *)
     return Ref(pixbuf ? gdk_texture_new_for_pixbuf(pixbuf.get()) : nullptr);
 }
 
-void PanelPicture::show(GtkWidget *image, GtkVersions::Picture *picture)
+GtkWidget *PanelPicture::newWidget()
 {
-    gtk_image_set_from_paintable(GTK_IMAGE(image), picture ? GDK_PAINTABLE(picture) : nullptr);
-    const int size = picture ? gdk_texture_get_width(picture) : -1;
-    gtk_image_set_pixel_size(GTK_IMAGE(image), size / gtk_widget_get_scale_factor(image));
+    GtkWidget *widget = gtk_picture_new();
+    gtk_picture_set_can_shrink(GTK_PICTURE(widget), FALSE);
+    return widget;
+}
+
+void PanelPicture::show(GtkWidget *widget, GtkVersions::Picture *picture)
+{
+    if (!picture) {
+        gtk_picture_set_paintable(GTK_PICTURE(widget), nullptr);
+        return;
+    }
+    // GTK takes a pixel of the texture for a unit of the layout.
+    const auto scale = float(gtk_widget_get_scale_factor(widget));
+    const graphene_size_t size = {float(gdk_texture_get_width(picture)) / scale,
+                                  float(gdk_texture_get_height(picture)) / scale};
+    const graphene_rect_t bounds = {{0.0F, 0.0F}, size};
+    GtkSnapshot *snapshot = gtk_snapshot_new();
+    gtk_snapshot_append_texture(snapshot, picture, &bounds);
+    const GtkRef<GdkPaintable> scaled(gtk_snapshot_free_to_paintable(snapshot, &size));
+    gtk_picture_set_paintable(GTK_PICTURE(widget), scaled.get());
 }
 #else
 void PanelPicture::Free::operator()(GtkVersions::Picture *picture) const
@@ -48,8 +65,13 @@ PanelPicture::Ref PanelPicture::ofFile(const std::string &base64, GtkWidget *wid
                       : nullptr);
 }
 
-void PanelPicture::show(GtkWidget *image, GtkVersions::Picture *picture)
+GtkWidget *PanelPicture::newWidget()
 {
-    gtk_image_set_from_surface(GTK_IMAGE(image), picture);
+    return gtk_image_new();
+}
+
+void PanelPicture::show(GtkWidget *widget, GtkVersions::Picture *picture)
+{
+    gtk_image_set_from_surface(GTK_IMAGE(widget), picture);
 }
 #endif

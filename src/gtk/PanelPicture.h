@@ -18,6 +18,9 @@ using Ref = std::unique_ptr<GtkVersions::Picture, Free>;
 /// no picture.
 Ref ofFile(const std::string &base64, GtkWidget *widget);
 
-/// Shows the picture in an image.
-void show(GtkWidget *image, GtkVersions::Picture *picture);
+/// A widget without a picture.
+GtkWidget *newWidget();
+
+/// Shows the picture in a widget of newWidget(), in the size that it was made for.
+void show(GtkWidget *widget, GtkVersions::Picture *picture);
 } // namespace PanelPicture
