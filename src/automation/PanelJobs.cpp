@@ -7,6 +7,7 @@
 #include "cups/OptionCheck.h"
 #include "cups/PPDPaper.h"
 #include "cups/SchedulerJob.h"
+#include "host/ChoiceConflict.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -15,8 +16,6 @@
 #include <algorithm>
 
 namespace {
-constexpr int mostCopiesOfSubmit = 9999;
-
 /// What a request sends: files, or the data of the message in a file that lives as long as this.
 struct Documents
 {
@@ -97,6 +96,15 @@ QString faultOfPanel(PDEPanel &panel)
                                : QStringLiteral("the panel keeps the job from being printed");
 }
 
+/// What the PPD forbids together among the job's options; null when it forbids nothing.
+QString faultOfConflict(const PanelConversation &conversation, const JobOptions &job)
+{
+    QString error;
+    const auto conflict = ChoiceConflict::find(conversation.ppd(), conversation.printerKeys(),
+                                               conversation.savedOptions(), job, &error);
+    return conflict ? conflict->fault() : error;
+}
+
 QJsonObject described(const SchedulerJob &job)
 {
     return {{QStringLiteral("job"), job.id},
@@ -121,20 +129,18 @@ QJsonObject PanelJobs::submit(ScriptRequest &request, PanelConversation &convers
         return {};
     }
     QString title = request.optionalName("title");
-    const int copies = request.has("copies") ? request.integer("copies") : 0;
-    if (request.has("copies") && (copies < 1 || copies > mostCopiesOfSubmit)) {
-        request.refuse(QStringLiteral("\"copies\" has to be 1 to %1").arg(mostCopiesOfSubmit));
-    }
+    const int copies = request.optionalCopies("copies");
     const JobOptions others = otherOptions(request, conversation);
     const Documents documents(request);
     if (!request.isFaulty()) {
         request.refuse(faultOfPanel(*conversation.panel()));
     }
+    JobOptions options = optionsOf(conversation);
+    options.merge(others);
+    request.refuse(faultOfConflict(conversation, options));
     if (request.isFaulty()) {
         return {};
     }
-    JobOptions options = optionsOf(conversation);
-    options.merge(others);
     if (copies > 0) {
         options.set(QStringLiteral("copies"), QString::number(copies));
     }

@@ -27,6 +27,14 @@ ScriptRequest ScriptRequest::withoutCommand(const QByteArray &line)
     return request;
 }
 
+ScriptRequest ScriptRequest::withoutCommand(const QJsonObject &members, const QString &fault)
+{
+    ScriptRequest request;
+    request.mMembers = members;
+    request.mFault = fault;
+    return request;
+}
+
 void ScriptRequest::read(const QByteArray &line)
 {
     QJsonParseError error;
@@ -154,6 +162,20 @@ int ScriptRequest::integer(const char *member)
         return 0;
     }
     return int(number);
+}
+
+int ScriptRequest::optionalCopies(const char *member)
+{
+    if (!has(member)) {
+        return 0;
+    }
+    const int copies = integer(member);
+    if (copies < 1 || copies > JobOptions::mostCopies) {
+        refuse(QStringLiteral("\"%1\" has to be 1 to %2")
+                   .arg(QLatin1String(member))
+                   .arg(JobOptions::mostCopies));
+    }
+    return copies;
 }
 
 JobOptions ScriptRequest::optionalChoices(const char *member)

@@ -23,6 +23,8 @@ public:
     explicit ScriptRequest(const QByteArray &line);
     /// Reads a line that is no command: its members alone.
     static ScriptRequest withoutCommand(const QByteArray &line);
+    /// A request that is no command, with these members and this fault; null for none.
+    static ScriptRequest withoutCommand(const QJsonObject &members, const QString &fault);
 
     const QString &command() const { return mCommand; }
 
@@ -51,6 +53,8 @@ public:
     JobOptions optionalOptions(const char *member);
     /// A required 32-bit integer; 0 when it is missing.
     int integer(const char *member);
+    /// An optional number of copies, from 1 to JobOptions::mostCopies; 0 when it is missing.
+    int optionalCopies(const char *member);
     /// An optional object of PPD keywords and choices; empty when it is missing.
     JobOptions optionalChoices(const char *member);
     /// An optional Boolean; @p otherwise when it is missing.

@@ -14,6 +14,9 @@ class JobOptions
 public:
     using Pair = std::pair<QString, QString>;
 
+    /// The most copies of a job, CUPS' own limit unless MaxCopies of cupsd.conf says otherwise.
+    static constexpr int mostCopies = 9999;
+
     /// Adds what one "-o" argument says: "KEY=VALUE KEY2=VALUE2 FLAG noFLAG".
     void parse(const QString &argument);
     /// Sets the value of a keyword.

@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 /// options are not known yet.
 constexpr auto longestWait = 2s;
 /// How long the user waits to be told whether the printer has changed since: nobody would notice.
-constexpr auto shortestWait = 40ms;
+constexpr auto shortestWait = 20ms;
 
 /// The print engine's property that holds the job's options for CUPS: a string list of keywords
 /// and values in turn. Qt's CUPS print engine calls it PPK_CupsOptions.
@@ -403,7 +403,7 @@ void PrintDialogAttachment::passPanelsChoices()
     }
     mHost->removeMapped(options);
     if (const auto conflict = mHost->conflict(options)) {
-        mReporter.report(PanelHost::faultOf(*conflict));
+        mReporter.report(conflict->fault());
     }
     options.merge(choices);
     writeEngineOptions(*mDialog->printer(), options);

@@ -19,19 +19,6 @@ void offerBeep()
         setBeeper(std::move(former));
     }
 }
-
-/// What the PPD forbids of the marked choices, with an option of these.
-QList<PanelHost::Conflict> conflictsIn(const PPDFile &ppd, const QStringList &keys)
-{
-    QList<PanelHost::Conflict> conflicts;
-    for (const QString &key : keys) {
-        const auto others = ppd.conflictsWith(key);
-        for (const PPDChoice &other : others) {
-            conflicts.append({{key, ppd.markedChoice(key)}, other});
-        }
-    }
-    return conflicts;
-}
 } // namespace
 
 PanelHost::PanelHost(PanelTarget target, const PanelBundles &bundles, ProblemReporter &reporter)
@@ -257,32 +244,14 @@ JobOptions PanelHost::jobOptions() const
     return mCallback->jobOptions(mKeys);
 }
 
-std::optional<PanelHost::Conflict> PanelHost::conflict(const JobOptions &options) const
+std::optional<ChoiceConflict> PanelHost::conflict(const JobOptions &options) const
 {
+    JobOptions job = options;
+    job.merge(jobOptions());
     QString error;
-    const auto job = ppd().hasConstraints() ? ppd().with({}, &error) : nullptr;
-    if (!job) {
-        mReporter.report(error);
-        return std::nullopt;
-    }
-    const QStringList keys = printerKeys();
-    job->mark(mSavedOptions);
-    const QList<Conflict> former = conflictsIn(*job, keys);
-    job->mark(options);
-    job->mark(jobOptions());
-    const QList<Conflict> conflicts = conflictsIn(*job, keys);
-    const auto isNew = [&former](const Conflict &conflict) {
-        return !former.contains(conflict);
-    };
-    const auto found = std::find_if(conflicts.begin(), conflicts.end(), isNew);
-    return found == conflicts.end() ? std::nullopt : std::make_optional(*found);
-}
-
-QString PanelHost::faultOf(const Conflict &conflict)
-{
-    return QStringLiteral("%1=%2 cannot be combined with %3=%4: the printer's PPD forbids it")
-        .arg(conflict.ofPanels.key, conflict.ofPanels.choice, conflict.other.key,
-             conflict.other.choice);
+    auto found = ChoiceConflict::find(ppd(), printerKeys(), mSavedOptions, job, &error);
+    mReporter.report(error);
+    return found;
 }
 
 QStringList PanelHost::printerKeys() const

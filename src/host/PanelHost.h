@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cups/JobOptions.h"
+#include "host/ChoiceConflict.h"
 #include "host/DialogCallback.h"
 #include "host/PanelBundles.h"
 #include "host/PanelTarget.h"
@@ -86,23 +87,13 @@ public:
     /// words.
     JobOptions jobOptions() const;
 
-    /// Two choices of a job that the PPD forbids together.
-    struct Conflict
-    {
-        PPDChoice ofPanels;
-        PPDChoice other;
-
-        bool operator==(const Conflict &) const = default;
-    };
     /**
      * A choice of the panels', in the printer's words, that the PPD forbids beside another of the
      * job's; nothing when there is none, or when the job had both before the panels were asked.
      *
      * @param options the job's, besides jobOptions().
      */
-    std::optional<Conflict> conflict(const JobOptions &options) const;
-    /// What to report of it.
-    static QString faultOf(const Conflict &conflict);
+    std::optional<ChoiceConflict> conflict(const JobOptions &options) const;
 
     /// The keywords of the options that the panels declare.
     const QStringList &keys() const { return mKeys; }

@@ -9,6 +9,8 @@
 namespace {
 /// How many plans are remembered.
 constexpr int rememberedPlans = 1000;
+/// How long a printer's PPD is taken to be the same.
+constexpr std::chrono::seconds betweenQuestions(3);
 
 QStringList keyOf(const QString &printer, const JobSetup::Wish &wish)
 {
@@ -31,6 +33,7 @@ JobPlanner::JobPlanner(const PanelBundles &bundles, SchedulerConnection::Millise
 
 JobPlanner::Plan JobPlanner::plan(const QString &printer, const JobSetup::Wish &wish)
 {
+    forgetIfChanged(printer);
     const QStringList key = keyOf(printer, wish);
     if (const Plan *known = mPlans.object(key)) {
         return *known;
@@ -50,18 +53,35 @@ JobPlanner::Plan JobPlanner::plan(const QString &printer, const JobSetup::Wish &
     return plan;
 }
 
+void JobPlanner::forgetIfChanged(const QString &printer)
+{
+    const auto now = std::chrono::steady_clock::now();
+    const auto known = mPrinters.find(printer);
+    if (known == mPrinters.end() || now - known->asked < betweenQuestions) {
+        return;
+    }
+    known->asked = now;
+    PrinterRecord record = known->record;
+    SchedulerConnection scheduler(mSilence);
+    const auto answer = record.update(scheduler);
+    if (answer != QueuePPD::Answer::Failed && record.ppd.text != known->record.ppd.text) {
+        mPrinters.erase(known);
+        mPlans.clear();
+    }
+}
+
 const PrinterRecord *JobPlanner::record(const QString &printer, QString *fault)
 {
-    auto known = mRecords.find(printer);
-    if (known == mRecords.end()) {
+    auto known = mPrinters.find(printer);
+    if (known == mPrinters.end()) {
         const PrinterRecord asked = read(printer);
         if (!asked.error.isNull()) {
             *fault = asked.error;
             return nullptr;
         }
-        known = mRecords.insert(printer, asked);
+        known = mPrinters.insert(printer, {asked, std::chrono::steady_clock::now()});
     }
-    return &*known;
+    return &known->record;
 }
 
 PrinterRecord JobPlanner::read(const QString &printer)

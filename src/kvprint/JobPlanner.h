@@ -12,8 +12,10 @@
 #include <QHash>
 #include <QStringList>
 
+#include <chrono>
+
 /// Sets up job after job without a dialog, and remembers what it has asked the scheduler and which
-/// options the panels have decided on.
+/// options the panels have decided on, as long as the printer's PPD is the same.
 class JobPlanner
 {
 public:
@@ -40,8 +42,18 @@ public:
     Plan plan(const QString &printer, const JobSetup::Wish &wish);
 
 private:
+    struct KnownPrinter
+    {
+        PrinterRecord record;
+        /// When the scheduler was asked last.
+        std::chrono::steady_clock::time_point asked;
+    };
+
     /// The printer as the scheduler knows it; null, with the reason in the fault, when it does not.
     const PrinterRecord *record(const QString &printer, QString *fault);
+    /// Asks from time to time whether the printer's PPD has changed, and forgets the printer and
+    /// all plans if it has.
+    void forgetIfChanged(const QString &printer);
     /// Asks for a printer, again and again while the scheduler does not answer.
     PrinterRecord read(const QString &printer);
     Plan make(const PrinterRecord &printer, const JobSetup::Wish &wish);
@@ -50,7 +62,7 @@ private:
     const SchedulerConnection::Milliseconds mSilence;
     GrowingPauses mPauses;
     PanelEvents mEvents;
-    QHash<QString, PrinterRecord> mRecords;
+    QHash<QString, KnownPrinter> mPrinters;
     /// By printer and wish.
     QCache<QStringList, Plan> mPlans;
 };

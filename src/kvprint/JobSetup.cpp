@@ -75,7 +75,7 @@ QString JobSetup::faultOfRequests() const
 QString JobSetup::faultOfConflict() const
 {
     const auto conflict = mHost->conflict(mAsked);
-    return conflict ? PanelHost::faultOf(*conflict) : QString();
+    return conflict ? conflict->fault() : QString();
 }
 
 void JobSetup::request(const JobOptions &options)

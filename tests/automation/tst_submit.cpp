@@ -21,6 +21,7 @@ private Q_SLOTS:
     void jobsAndCancel();
     void refused_data();
     void refused();
+    void forbiddenTogether();
     void schedulerThatIsGone();
 
 private: // NOLINT(readability-redundant-access-specifiers)
@@ -182,6 +183,24 @@ void tst_submit::refused()
     talk.open(u"tape"_s);
     QCOMPARE(errorOf(talk.ask("submit", {{u"files"_s, QJsonArray{mSite.document()}}})),
              u"the panel has been opened for a PPD without a printer"_s);
+}
+
+void tst_submit::forbiddenTogether()
+{
+    QVERIFY(addPrinter(u"cutter"_s, mSite.file(u"cutter.ppd"_s, CutterPrinter::ppd("None"))));
+    const auto before = mSite.scheduler().jobIds();
+    const QJsonObject members{{u"files"_s, QJsonArray{mSite.document()}},
+                              {u"options"_s, QJsonObject{{u"InkType"_s, u"Thick"_s}}}};
+    ScriptTalk talk;
+    QVERIFY(open(talk, u"cutter"_s));
+    talk.click("mCutEveryChkBx");
+    talk.click("mCutAndEndChkBx");
+    QCOMPARE(errorOf(talk.ask("submit", members)),
+             u"CutMedia=EndOfJob cannot be combined with InkType=Thick: the printer's PPD "
+             "forbids it"_s);
+    QCOMPARE(mSite.scheduler().jobIds(), before);
+    talk.click("mCutAndEndChkBx");
+    QVERIFY(submit(talk, {{u"options"_s, members.value(u"options"_s)}}) > 0);
 }
 
 void tst_submit::schedulerThatIsGone()
