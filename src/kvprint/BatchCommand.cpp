@@ -3,9 +3,9 @@
 
 #include "cups/JobSubmission.h"
 #include "kvprint/BatchLine.h"
+#include "kvprint/BatchReader.h"
 #include "kvprint/BatchReport.h"
 #include "kvprint/JobPlanner.h"
-#include "kvprint/LineReader.h"
 
 BatchCommand::BatchCommand(CommandLine commandLine, const QString &bundleFolder)
     : mCommandLine(std::move(commandLine))
@@ -31,10 +31,10 @@ QString BatchCommand::openJournal(const QByteArray &firstLine)
 
 ExitStatus BatchCommand::run()
 {
-    LineReader lines(mCommandLine.actionFile);
-    QByteArray line;
-    if (lines.read(&line)) {
-        if (const QString fault = openJournal(line); !fault.isNull()) {
+    BatchReader batch(mCommandLine.actionFile);
+    bool hasLine = batch.read();
+    if (hasLine) {
+        if (const QString fault = openJournal(batch.bytes()); !fault.isNull()) {
             mReporter.report(fault);
             return ExitStatus::NotPrinted;
         }
@@ -42,26 +42,25 @@ ExitStatus BatchCommand::run()
     BatchReport report(mJournal);
     JobPlanner planner(mBundles, std::chrono::seconds(mCommandLine.timeout),
                        std::chrono::seconds(mCommandLine.retry));
-    for (qint64 number = 1; !line.isEmpty() && lines.error().isNull() && !report.isBroken();
-         ++number, lines.read(&line)) {
-        if (number >= mCommandLine.continueFrom &&
-            mJournal.line(number) != BatchJournal::Line::Sent) {
-            process(number, line, planner, report);
+    for (; hasLine && !report.isBroken(); hasLine = batch.read()) {
+        if (batch.line() >= mCommandLine.continueFrom &&
+            mJournal.line(batch.line()) != BatchJournal::Line::Sent) {
+            process(batch, planner, report);
         }
     }
     mPrinters.clear();
-    mReporter.report(lines.error());
-    if (!lines.error().isNull() || report.isBroken()) {
+    mReporter.report(batch.error());
+    if (!batch.error().isNull() || report.isBroken()) {
         return ExitStatus::NotPrinted;
     }
     return report.hasFailed() ? ExitStatus::LineFailed : ExitStatus::Printed;
 }
 
-void BatchCommand::process(qint64 number, const QByteArray &line, JobPlanner &planner,
-                           BatchReport &report)
+void BatchCommand::process(const BatchReader &batch, JobPlanner &planner, BatchReport &report)
 {
+    const qint64 number = batch.line();
     QString fault;
-    const auto wanted = BatchLine::read(line, &fault);
+    const auto wanted = BatchLine::read(batch.request(), &fault);
     if (!wanted) {
         report.failed(number, fault);
         return;

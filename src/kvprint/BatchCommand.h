@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 
+class BatchReader;
 class BatchReport;
 class JobPlanner;
 
@@ -33,7 +34,7 @@ private:
     /// The path of the journal; null for none.
     QString journalPath() const;
     QString openJournal(const QByteArray &firstLine);
-    void process(qint64 number, const QByteArray &line, JobPlanner &planner, BatchReport &report);
+    void process(const BatchReader &batch, JobPlanner &planner, BatchReport &report);
     BatchPrinter &printer(const QString &name, BatchReport &report);
 
     CommandLine mCommandLine;

@@ -45,6 +45,20 @@ void keepNameOf(const QString &path)
     }
 }
 
+/// Goes on where a write has been cut short, which tells the reason.
+bool writeWhole(QFile &file, const QByteArray &bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 more = file.write(bytes.constData() + done, bytes.size() - done);
+        if (more <= 0) {
+            return false;
+        }
+        done += more;
+    }
+    return true;
+}
+
 qint64 numberIn(const QJsonObject &record, const QString &member)
 {
     return record.value(member).toInteger();
@@ -193,8 +207,13 @@ QString BatchJournal::write(const QJsonObject &record)
         return {};
     }
     const QByteArray bytes = QJsonDocument(record).toJson(QJsonDocument::Compact) + '\n';
-    if (mFile->write(bytes) != bytes.size()) {
-        return QStringLiteral("%1: %2").arg(mFile->fileName(), mFile->errorString());
+    const qint64 whole = mFile->pos();
+    if (!writeWhole(*mFile, bytes)) {
+        const QString fault = QStringLiteral("%1: %2").arg(mFile->fileName(), mFile->errorString());
+        // The next record must not follow half of this one.
+        mFile->resize(whole);
+        mFile->seek(whole);
+        return fault;
     }
     if (fdatasync(mFile->handle()) != 0) {
         return QStringLiteral("%1: %2").arg(mFile->fileName(),

@@ -2,15 +2,13 @@
 #include "kvprint/BatchLine.h"
 
 #include "automation/ScriptRequest.h"
-#include "kvprint/CommandLine.h"
 
 namespace {
 const QString mediaOption = QStringLiteral("media");
 } // namespace
 
-std::optional<BatchLine> BatchLine::read(const QByteArray &line, QString *error)
+std::optional<BatchLine> BatchLine::read(ScriptRequest request, QString *error)
 {
-    ScriptRequest request = ScriptRequest::withoutCommand(line);
     request.allow({"file", "copies", "preset", "options", "paper", "printer"});
     BatchLine job;
     if (!request.isFaulty()) {
@@ -25,12 +23,7 @@ std::optional<BatchLine> BatchLine::read(const QByteArray &line, QString *error)
             }
             job.wish.options.set(mediaOption, paper);
         }
-        const int copies = request.has("copies") ? request.integer("copies") : 1;
-        if (copies < 1 || copies > CommandLine::mostCopies) {
-            request.refuse(
-                QStringLiteral("\"copies\" has to be 1 to %1").arg(CommandLine::mostCopies));
-        }
-        if (request.has("copies")) {
+        if (const int copies = request.optionalCopies("copies"); copies > 0) {
             job.wish.options.set(QStringLiteral("copies"), QString::number(copies));
         }
     }

@@ -3,17 +3,18 @@
 
 #include "kvprint/JobSetup.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <optional>
 
+class ScriptRequest;
+
 /// A line of a batch: a job of one file.
 struct BatchLine
 {
-    /// Reads a line, a JSON object; nothing, with the reason in @p error, when it is none or has a
-    /// member that it should not have.
-    static std::optional<BatchLine> read(const QByteArray &line, QString *error);
+    /// Reads a line's members; nothing, with the reason in @p error, when the request is faulty or
+    /// has a member that it should not have.
+    static std::optional<BatchLine> read(ScriptRequest request, QString *error);
 
     QString file;
     /// The printer's name; null for the batch's.

@@ -162,6 +162,15 @@ QString askedOption(const QCommandLineParser &parser, const ActionRule &rule)
     return {};
 }
 
+/// The value of an option; null for one that takes none.
+QString valueOf(const QCommandLineParser &parser, const QString &name)
+{
+    const bool hasValue = std::ranges::any_of(knownOptions, [&name](const KnownOption &known) {
+        return known.value && name == QLatin1String(known.name);
+    });
+    return hasValue ? parser.value(name) : QString();
+}
+
 const ActionRule &ruleFor(const QCommandLineParser &parser)
 {
     return *std::ranges::find_if(actionRules, [&parser](const ActionRule &rule) {
@@ -231,7 +240,7 @@ struct KnownNumber
 };
 
 constexpr KnownNumber knownNumbers[] = {
-    {"n", "copies", CommandLine::mostCopies, &CommandLine::copies},
+    {"n", "copies", JobOptions::mostCopies, &CommandLine::copies},
     {"timeout", "seconds", longestTimeout, &CommandLine::timeout},
     {"retry", "seconds", longestRetry, &CommandLine::retry},
     {"pending", "jobs", mostPending, &CommandLine::pending},
@@ -322,8 +331,6 @@ CommandLine CommandLine::parse(const QStringList &arguments, const QString &vers
     if (!fault.isNull()) {
         return refuse(fault);
     }
-    if (!rule.askedBy.isEmpty()) {
-        line.actionFile = parser.value(rule.askedBy.first());
-    }
+    line.actionFile = valueOf(parser, askedOption(parser, rule));
     return line;
 }

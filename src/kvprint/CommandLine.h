@@ -34,8 +34,6 @@ struct CommandLine
     /// Reads the arguments, the program's name first.
     static CommandLine parse(const QStringList &arguments, const QString &version);
 
-    static constexpr int mostCopies = 9999;
-
     Action action = Action::Print;
     /// What to show for ShowHelp, ShowVersion and Refuse.
     QString message;

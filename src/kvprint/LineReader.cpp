@@ -7,8 +7,6 @@
 #include <cstring>
 
 namespace {
-constexpr int mostBytesOfLine = 4 << 20;
-
 QString systemError()
 {
     return QString::fromLocal8Bit(std::strerror(errno));

@@ -15,6 +15,9 @@ public:
     ~LineReader();
     Q_DISABLE_COPY_MOVE(LineReader)
 
+    /// The longest line in bytes, with its end; a longer one is an error.
+    static constexpr int mostBytesOfLine = 4 << 20;
+
     /// The next line with its end; false when there is none.
     bool read(QByteArray *line);
 

@@ -6,9 +6,9 @@
 #include "kvprint/DirectCommand.h"
 #include "kvprint/JobWait.h"
 #include "kvprint/ListCommand.h"
-#include "kvprint/OffscreenPlatform.h"
 #include "kvprint/PrintCommand.h"
 #include "kvprint/ScriptRunner.h"
+#include "kvprint/WindowlessPlatform.h"
 #include "printcore/ProblemLine.h"
 
 #include <QApplication>
@@ -85,6 +85,14 @@ ExitStatus runAndWait(const CommandLine &line)
     return line.wait && command.jobId() != 0 ? JobWait(line).run(command.jobId()) : status;
 }
 
+/// What an action that needs neither a display nor a user does with the panel's window.
+WindowUse windowUseOf(CommandLine::Action action)
+{
+    const bool tellsLooks =
+        action == CommandLine::Action::RunScript || action == CommandLine::Action::Screenshot;
+    return tellsLooks ? WindowUse::Looks : WindowUse::ControlsAlone;
+}
+
 /// An action that needs neither a display nor a user.
 ExitStatus runUnattended(const CommandLine &line)
 {
@@ -120,7 +128,7 @@ int main(int argc, char **argv)
         break;
     }
     if (line.action != CommandLine::Action::Print) {
-        useOffscreenPlatform();
+        useWindowlessPlatform(windowUseOf(line.action));
         const QApplication application(argc, argv);
         return int(runUnattended(line));
     }

@@ -3,21 +3,60 @@
 #include "PrintingTest.h"
 #include "SampleChoices.h"
 #include "SchedulerProxy.h"
+#include "kvprint/BatchJournal.h"
 
 #include <QFile>
 #include <QJsonDocument>
 #include <QTest>
 
+#include <csignal>
 #include <limits>
+
+#include <sys/resource.h>
 
 namespace {
 /// What the scheduler is asked before a batch's first job is made.
 constexpr int toReadPrinter = 3;
 
+/// The most memory that a process has had in its space, in units of 1,024 bytes; −1 when nobody
+/// knows.
+int peakKilobytes(qint64 process)
+{
+    QFile status(u"/proc/%1/status"_s.arg(process));
+    const QByteArray text = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+    const QByteArray name = "VmHWM:";
+    const auto start = text.indexOf(name);
+    return start < 0 ? -1 : text.mid(start + name.size()).trimmed().split(' ').constFirst().toInt();
+}
+
 QString at(const SchedulerProxy &proxy)
 {
     return u"CUPS_SERVER="_s + QString::fromLatin1(proxy.address());
 }
+
+/// As long as it lives, files of this process grow no larger.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : mHandler(signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &mBefore);
+        const rlimit limited{bytes, mBefore.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &mBefore);
+        signal(SIGXFSZ, mHandler);
+    }
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    void (*mHandler)(int);
+    rlimit mBefore{};
+};
 } // namespace
 
 /// Many jobs from one process, as the scheduler and whoever writes the lines see them.
@@ -33,8 +72,17 @@ private Q_SLOTS:
     void jobOfALine();
     void faultyLine_data();
     void faultyLine();
+    void table_data();
+    void table();
+    void faultyRow_data();
+    void faultyRow();
+    void faultyHead_data();
+    void faultyHead();
+    void continuedTable();
     void linesFromAPipeAreAnsweredAtOnce();
+    void memoryDoesNotGrow();
     void requestsAreFew();
+    void replacedPPD();
     void warningsAreInTheAnswer();
     void stoppedPrinterIsToldOnce();
     void refusingPrinterHoldsItsOwnLinesAlone();
@@ -42,6 +90,7 @@ private Q_SLOTS:
     void unusableJournal_data();
     void unusableJournal();
     void journalThatCannotBeWritten();
+    void recordThatDoesNotFit();
     void answersThatCannotBeWritten();
     void continuedBatchPrintsTheRest();
     void cutJournal_data();
@@ -168,6 +217,120 @@ void tst_batch::faultyLine()
     QVERIFY2(told.contains(fault), qPrintable(told));
 }
 
+void tst_batch::table_data()
+{
+    const TestTable<QByteArray> table("table");
+    const QByteArray file = mDocument.toUtf8();
+    table.add("commas", "file,printer,copies,option:KvHalfCut\n" + file + ",tape,2,ON\n");
+    table.add("semicolons", "file;printer;copies;option:KvHalfCut\n" + file + ";tape;2;ON\n");
+    table.add("tabs", "file\tprinter\tcopies\toption:KvHalfCut\n" + file + "\ttape\t2\tON\n");
+    table.add("other order, empty fields",
+              "paper,option:KvHalfCut,option:KvMirror,copies,file,printer\n,ON,,2," + file +
+                  ",tape\n");
+    table.add("quotes", "\"file\",\"printer\",\"copies\",\"option:KvHalfCut\"\n\"" + file +
+                            "\",\"tape\",\"2\",\"ON\"\n");
+    table.add("as spreadsheets write it", "\xEF\xBB\xBF"
+                                          "file;printer;copies;option:KvHalfCut\r\n" +
+                                              file + ";tape;2;ON\r\n\r\n");
+    table.add("no end of the last line",
+              "file,printer,copies,option:KvHalfCut\n" + file + ",tape,2,ON");
+}
+
+void tst_batch::table()
+{
+    QFETCH(const QByteArray, table);
+    BatchRun run(batch(table));
+    QVERIFY2(run.end() == 0, qPrintable(run.errors()));
+    QCOMPARE(run.answers().keys(), QList<int>{2});
+    const int job = run.jobs().constFirst();
+    QCOMPARE(mSite.choices(job),
+             SampleChoices::replaced(SampleChoices::seen(u"tape"_s), u"KvHalfCut=ON"_s));
+    QCOMPARE(mSite.job(job).value(u"copies"_s), u"2"_s);
+}
+
+void tst_batch::faultyRow_data()
+{
+    const TestTable<QByteArray, QString> table("row", "fault");
+    const QByteArray file = mDocument.toUtf8();
+    table.add("too few fields", file + ",1\n", u"there are 2 fields, and 3 columns in the head"_s);
+    table.add("too many fields", file + ",1,,\n",
+              u"there are 4 fields, and 3 columns in the head"_s);
+    table.add("no file", ",1,\n", u"\"file\" has to be a text"_s);
+    table.add("copies in words", file + ",two,\n", u"\"copies\" has to be a whole number"_s);
+    table.add("unknown choice", file + ",1,MAYBE\n",
+              u"KvHalfCut=MAYBE: the choices of KvHalfCut are: OFF, ON"_s);
+    table.add("line break in quotes", "\"a\nb\",1,\n", u"a\nb: No such file or directory"_s);
+    table.add("quotes and separator in quotes", "\"a,\"\"b\"\"\",1,\n",
+              u"a,\"b\": No such file or directory"_s);
+    table.add("stray quote", "a\"b,1,\n", u"a quote stands within a field; "_s);
+    table.add("other encoding", "caf\xE9,1,\n", u"is not in UTF-8"_s);
+    table.add("carriage return", "a,1,\rb,1,\n", u"there is a carriage return within the line"_s);
+}
+
+void tst_batch::faultyRow()
+{
+    QFETCH(const QByteArray, row);
+    QFETCH(const QString, fault);
+    const QByteArray whole = mDocument.toUtf8() + ",1,ON\n";
+    const auto before = jobCount();
+    BatchRun run(
+        batch("file,copies,option:KvHalfCut\n" + whole + row + whole + "\"open,1,\n" + whole),
+        {u"-d"_s, u"tape"_s});
+    QCOMPARE(run.end(), 4);
+    QCOMPARE(jobCount(), before + 2);
+    const int next = 3 + int(row.count('\n'));
+    QCOMPARE(run.answers().keys(), QList<int>({2, 3, next, next + 1}));
+    const QString told = run.answers().value(3).value(u"error"_s).toString();
+    QVERIFY2(told.contains(fault), qPrintable(told));
+    QCOMPARE(run.answers().value(next + 1).value(u"error"_s).toString(),
+             u"a quote is not closed"_s);
+}
+
+void tst_batch::faultyHead_data()
+{
+    const TestTable<QByteArray, QString> table("head", "fault");
+    table.add("no file", "printer,copies",
+              u"is neither a JSON object nor the head of a table with a column \"file\""_s);
+    table.add("unknown column", "file,KvHalfCut", u"there is no column \"KvHalfCut\"; "_s);
+    table.add("option without a keyword", "file,option:", u"there is no column \"option:\"; "_s);
+    table.add("column twice", "file,copies,copies", u"there are two columns \"copies\""_s);
+    table.add("line break", "\"fi\nle\"",
+              u"is neither a JSON object nor the head of a table with a column \"file\""_s);
+}
+
+void tst_batch::faultyHead()
+{
+    QFETCH(const QByteArray, head);
+    QFETCH(const QString, fault);
+    const auto before = jobCount();
+    BatchRun run(batch(head + '\n' + mDocument.toUtf8() + ",,\n"), {u"-d"_s, u"tape"_s});
+    QCOMPARE(run.end(), 3);
+    QVERIFY2(run.errors().contains(u"batch.jsonl: line 1: "_s + fault), qPrintable(run.errors()));
+    QCOMPARE(jobCount(), before);
+    QVERIFY(!QFile::exists(mJournal));
+}
+
+void tst_batch::continuedTable()
+{
+    const QByteArray row = mDocument.toUtf8() + ",ON\n";
+    const QByteArray head = "file,option:KvHalfCut\n";
+    const QByteArray faulty = "\"a\nb\",ON\n";
+    BatchRun run(batch(head + row + faulty), {u"-d"_s, u"tape"_s});
+    QCOMPARE(run.end(), 4);
+    const auto before = jobCount();
+    BatchRun next(batch(head + row + faulty + row),
+                  {u"-d"_s, u"tape"_s, u"--continue-from"_s, u"1"_s});
+    QCOMPARE(next.end(), 4);
+    QCOMPARE(next.answers().keys(), QList<int>({3, 5}));
+    QCOMPARE(jobCount(), before + 1);
+    // Another table with the same columns.
+    BatchRun other(batch(head + mDocument.toUtf8() + ",OFF\n"),
+                   {u"-d"_s, u"tape"_s, u"--continue-from"_s, u"1"_s});
+    QCOMPARE(other.end(), 3);
+    QVERIFY2(other.errors().contains(u"is the journal of another batch"_s),
+             qPrintable(other.errors()));
+}
+
 void tst_batch::linesFromAPipeAreAnsweredAtOnce()
 {
     BatchRun run(u"-"_s);
@@ -179,6 +342,35 @@ void tst_batch::linesFromAPipeAreAnsweredAtOnce()
     QCOMPARE(run.jobs().size(), 3);
 }
 
+void tst_batch::memoryDoesNotGrow()
+{
+    constexpr int lines = 10'000;
+    constexpr int bytesOfLine = 400;
+    // What AddressSanitizer keeps of freed memory does not count.
+    BatchRun run(u"-"_s, {u"-d"_s, u"tape"_s},
+                 {u"ASAN_OPTIONS=quarantine_size_mb=0:thread_local_quarantine_size_kb=0"_s});
+    QVERIFY(run.process().waitForStarted());
+    run.process().write(batchLine(mDocument));
+    int written = 1;
+    const auto peakAfter = [&](int count) {
+        QByteArray faulty;
+        for (int i = 0; i < count; ++i) {
+            faulty += "{\"file\":\"" +
+                      QByteArray::number(++written).rightJustified(bytesOfLine, '0') + "\"}\n";
+        }
+        run.process().write(faulty);
+        return QTest::qWaitFor([&] { return run.answerCount() == written; }, 60'000)
+                   ? peakKilobytes(run.process().processId())
+                   : -1;
+    };
+    const int atFirst = peakAfter(lines / 10);
+    const int inTheEnd = peakAfter(lines);
+    QVERIFY(atFirst > 0 && inTheEnd > 0);
+    QVERIFY2(inTheEnd - atFirst < lines * bytesOfLine / 1024 / 2,
+             qPrintable(u"%1 KB after %2 KB"_s.arg(inTheEnd).arg(atFirst)));
+    QCOMPARE(run.end(), 4);
+}
+
 void tst_batch::requestsAreFew()
 {
     const SchedulerProxy proxy(mSite.scheduler().address());
@@ -187,6 +379,23 @@ void tst_batch::requestsAreFew()
     QVERIFY2(run.end() == 0, qPrintable(run.errors()));
     constexpr int toKnowIfStopped = 1;
     QCOMPARE(proxy.requests(), toReadPrinter + 2 * lines + toKnowIfStopped);
+}
+
+void tst_batch::replacedPPD()
+{
+    const QString printer = u"replaced"_s;
+    QVERIFY(addPrinter(printer, PrintingSite::ppdPath(u"tape"_s)));
+    BatchRun run(u"-"_s, {u"-d"_s, printer});
+    run.process().write(batchLine(mDocument));
+    QVERIFY(QTest::qWaitFor([&] { return run.answers().contains(1); }, 30'000));
+    QVERIFY(addPrinter(printer, PrintingSite::ppdPath(u"label"_s)));
+    // For so long it is not asked for again.
+    QTest::qWait(3100);
+    run.process().write(batchLine(mDocument));
+    QCOMPARE(run.end(), 0);
+    QCOMPARE(run.jobs().size(), 2);
+    QCOMPARE(mSite.choices(run.jobs().constFirst()), SampleChoices::seen(u"tape"_s));
+    QCOMPARE(mSite.choices(run.jobs().constLast()), SampleChoices::seen(u"label"_s));
 }
 
 void tst_batch::warningsAreInTheAnswer()
@@ -284,6 +493,21 @@ void tst_batch::journalThatCannotBeWritten()
     QVERIFY2(second.errors().contains(u": another process writes this journal"_s),
              qPrintable(second.errors()));
     QCOMPARE(first.end(), 0);
+}
+
+void tst_batch::recordThatDoesNotFit()
+{
+    BatchJournal journal(mJournal);
+    QCOMPARE(journal.begin(batchLine(mDocument)), QString());
+    QCOMPARE(journal.addBegun(1), QString());
+    const QByteArray whole = this->journal();
+    {
+        const FileSizeLimit limit(rlim_t(whole.size()) + 5);
+        QCOMPARE(journal.addSent(1, 7), mJournal + u": File too large"_s);
+    }
+    QCOMPARE(this->journal(), whole);
+    QCOMPARE(journal.addBegun(2), QString());
+    QVERIFY(this->journal().startsWith(whole + '{'));
 }
 
 void tst_batch::answersThatCannotBeWritten()

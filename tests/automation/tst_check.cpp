@@ -15,6 +15,8 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 const QString standardMap = QStringLiteral(KV_MAPS "/standard.json");
 const QString noPanel = u"no panel has options of this printer"_s;
@@ -328,11 +330,17 @@ void tst_check::installedPPDs()
     }
     const QStringList ppds =
         filesBelow(made.path(), u"*.ppd"_s) + filesBelow(u"/usr/share/ppd"_s, u"*.ppd"_s);
-    QVERIFY(ppds.size() > 20);
+    // Debian's own descriptions of printers also give PPDs that libcups cannot read.
+    const qsizetype readable = std::count_if(ppds.begin(), ppds.end(), [](const QString &ppd) {
+        return PPDHandle(ppdOpenFile(QFile::encodeName(ppd).constData())) != nullptr;
+    });
+    QVERIFY(readable > 20);
     const ProgramRun run = runKvprint(QStringList{u"--check"_s, u"--json"_s} + ppds);
-    QVERIFY2(run.status == 0 || run.status == 1, qPrintable(run.errors));
+    const bool areAllRead = run.status == 0 || run.status == 1;
+    QVERIFY2(areAllRead || run.status == 3, qPrintable(run.errors));
+    QCOMPARE(areAllRead, readable == ppds.size());
     const QJsonArray printers = printersOf(run);
-    QCOMPARE(printers.size(), ppds.size());
+    QCOMPARE(printers.size(), readable);
     for (const QJsonValue &printer : printers) {
         QVERIFY(!printer[u"panels"].toArray().isEmpty() || remarksOf(printer).contains(noPanel));
     }

@@ -418,8 +418,9 @@ void tst_completion::exampleBatch()
     };
     int examples = 0;
     for (const Block &block : blocks) {
-        if (block.language == u"json") {
-            QVERIFY(!mSite.file(u"batch.jsonl"_s, block.text.toUtf8()).isNull());
+        if (block.language == u"json" || block.language == u"csv") {
+            const QString name = block.language == u"csv" ? u"batch.csv"_s : u"batch.jsonl"_s;
+            QVERIFY(!mSite.file(name, block.text.toUtf8()).isNull());
         } else if (block.language == u"console") {
             const ProgramRun run = runInShell(u"PATH=%1:$PATH:/usr/sbin\n"_s.arg(path) +
                                                   linesWith(u'$', block).join(u'\n'),
@@ -434,7 +435,7 @@ void tst_completion::exampleBatch()
             ++examples;
         }
     }
-    QCOMPARE(examples, 3);
+    QCOMPARE(examples, 4);
 }
 
 KV_TEST(tst_completion)

@@ -14,9 +14,9 @@ class tst_wait : public PrintingTest
 
 private Q_SLOTS:
     void printed();
+    void cancelled_data();
     void cancelled();
     void stopped();
-    void unknownToTheScheduler();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     /// Starts kvprint at a stopped printer and waits until its job is there: its number, 0 when it
@@ -50,16 +50,27 @@ void tst_wait::printed()
              u"kvprint: tape-%1 waits: the printer is stopped\n"_s.arg(job));
 }
 
+void tst_wait::cancelled_data()
+{
+    QTest::addColumn<bool>("isPurged");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("cancelled") << false << 5 << u"tape-%1: canceled"_s;
+    QTest::newRow("purged") << true << 3 << u"does not know job %1 any more"_s;
+}
+
 void tst_wait::cancelled()
 {
+    QFETCH(const bool, isPurged);
     QProcess process;
     const int job = start(process, mSite.document());
     QVERIFY(job > 0);
-    QCOMPARE(cupsCancelJob2(CUPS_HTTP_DEFAULT, "tape", job, 0), IPP_STATUS_OK);
+    QCOMPARE(cupsCancelJob2(CUPS_HTTP_DEFAULT, "tape", job, isPurged ? 1 : 0), IPP_STATUS_OK);
     QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 5);
+    QTEST(process.exitCode(), "status");
+    QFETCH(const QString, error);
     const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
-    QVERIFY2(errors.contains(u"kvprint: tape-%1: canceled"_s.arg(job)), qPrintable(errors));
+    QVERIFY2(errors.contains(error.arg(job)), qPrintable(errors));
 }
 
 void tst_wait::stopped()
@@ -73,18 +84,6 @@ void tst_wait::stopped()
     const ProgramRun run = runKvprint(atPrinter(u"broken"_s, {u"--wait"_s, mSite.document()}));
     QCOMPARE(run.status, 5);
     QVERIFY(run.tells(u": processing-stopped"_s));
-}
-
-void tst_wait::unknownToTheScheduler()
-{
-    QProcess process;
-    const int job = start(process, mSite.document());
-    QVERIFY(job > 0);
-    QCOMPARE(cupsCancelJob2(CUPS_HTTP_DEFAULT, "tape", job, 1), IPP_STATUS_OK);
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 3);
-    const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
-    QVERIFY2(errors.contains(u"does not know job %1 any more"_s.arg(job)), qPrintable(errors));
 }
 
 KV_TEST(tst_wait)

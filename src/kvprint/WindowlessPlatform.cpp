@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "kvprint/OffscreenPlatform.h"
+#include "kvprint/WindowlessPlatform.h"
 
 #include "printcore/ProblemLine.h"
 
@@ -25,8 +25,8 @@ void writeMessage(QtMsgType, const QMessageLogContext &, const QString &message)
 }
 } // namespace
 
-void useOffscreenPlatform()
+void useWindowlessPlatform(WindowUse use)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", use == WindowUse::Looks ? "offscreen" : "minimal");
     qInstallMessageHandler(writeMessage);
 }
