@@ -25,9 +25,19 @@ GVariant *listOf(std::initializer_list<GVariant *> requests)
     return g_variant_new_array(G_VARIANT_TYPE_VARDICT, requests.begin(), requests.size());
 }
 
-// The requests after which the panel has changed, and what is asked for then.
-enum class Answer : gsize {
-    Action,
+/// Whether nothing is lost when the panel is told the later one of these two actions alone.
+bool replaces(GVariant *later, GVariant *earlier)
+{
+    const char *command = nullptr;
+    const char *before = nullptr;
+    g_variant_lookup(later, "cmd", "&s", &command);
+    g_variant_lookup(earlier, "cmd", "&s", &before);
+    return g_strcmp0(command, before) == 0 &&
+           (g_strcmp0(command, "type") == 0 || g_strcmp0(command, "paper") == 0);
+}
+
+// The requests behind the user's actions.
+enum class Outlook : gsize {
     Options,
     Look,
     Count,
@@ -153,15 +163,22 @@ void DialogFollower::forgetDialog()
 
 void DialogFollower::endTalk()
 {
+    dropTalk();
+    endHolding();
+}
+
+void DialogFollower::dropTalk()
+{
     mTalk.reset();
     mIsOpen = false;
+    mActions.clear();
     mUnanswered = 0;
-    endHolding();
 }
 
 void DialogFollower::followPrinter()
 {
     endTalk();
+    mHasOtherPaper = false;
     // GTK has made the controls of another printer.
     mHidden.clear();
     GtkPrinter *printer =
@@ -245,6 +262,9 @@ void DialogFollower::takePanel(const PanelAnswer &options, const PanelAnswer &lo
     applyOptions(options);
     mTab.show(look);
     addTab(look.text("title"));
+    if (mHasOtherPaper) {
+        followPaper();
+    }
     if (mHeld != 0) {
         askPermission();
     }
@@ -252,34 +272,65 @@ void DialogFollower::takePanel(const PanelAnswer &options, const PanelAnswer &lo
 
 void DialogFollower::act(GVariant *action)
 {
-    const VariantRef owned(g_variant_ref_sink(action));
+    VariantRef owned(g_variant_ref_sink(action));
     if (!mIsOpen) {
         return;
     }
-    ++mUnanswered;
-    mTalk->ask(listOf({owned.get(), request("options"), lookRequest()}),
-               [this](ServiceTalk::Outcome, GVariant *answers) { takeAnswers(answers); });
+    if (!mActions.empty() && replaces(action, mActions.back().get())) {
+        mActions.pop_back();
+    }
+    mActions.push_back(std::move(owned));
+    // A user who holds an arrow down is faster than the service.
+    if (mUnanswered == 0) {
+        sendActions();
+    }
 }
 
-void DialogFollower::takeAnswers(GVariant *answers)
+void DialogFollower::sendActions()
 {
-    --mUnanswered;
-    if (!areAllWell(answers, Answer::Count)) {
+    if (mActions.empty()) {
+        return;
+    }
+    for (const VariantRef &action : mActions) {
+        mTalk->ask(listOf({action.get()}),
+                   [this](ServiceTalk::Outcome, GVariant *answers) { takeAction(answers); });
+    }
+    mActions.clear();
+    ++mUnanswered;
+    mTalk->ask(listOf({request("options"), lookRequest()}),
+               [this](ServiceTalk::Outcome, GVariant *answers) { takeOutlook(answers); });
+}
+
+void DialogFollower::takeAction(GVariant *answers)
+{
+    if (!answers) {
         fail();
         return;
     }
-    applyOptions(answerAt(answers, Answer::Options).object("options"));
+    // The panel refuses what has become grey since the user saw it, and goes on.
+    for (const std::string &text : PanelAnswer::ofRequest(answers, 0).alerts()) {
+        alert(text);
+    }
+}
+
+void DialogFollower::takeOutlook(GVariant *answers)
+{
+    --mUnanswered;
+    if (!areAllWell(answers, Outlook::Count)) {
+        fail();
+        return;
+    }
+    applyOptions(answerAt(answers, Outlook::Options).object("options"));
+    sendActions();
     // What has been done since is not in it yet.
     if (mUnanswered == 0) {
-        mTab.show(answerAt(answers, Answer::Look));
-    }
-    for (const std::string &text : answerAt(answers, Answer::Action).alerts()) {
-        alert(text);
+        mTab.show(answerAt(answers, Outlook::Look));
     }
 }
 
 void DialogFollower::followPaper()
 {
+    mHasOtherPaper = true;
     GVariantDict paper;
     g_variant_dict_init(&paper, nullptr);
     g_variant_dict_insert(&paper, "cmd", "s", "paper");
@@ -329,6 +380,7 @@ bool DialogFollower::holds(int response)
 
 void DialogFollower::askPermission()
 {
+    sendActions();
     mTalk->ask(listOf({request("save"), request("print"), request("options")}),
                [this](ServiceTalk::Outcome, GVariant *answers) { takePermission(answers); });
 }
@@ -412,8 +464,6 @@ void DialogFollower::fail()
 
 void DialogFollower::goOnWithoutPanel()
 {
-    mTalk.reset();
-    mIsOpen = false;
-    mUnanswered = 0;
+    dropTalk();
     release();
 }

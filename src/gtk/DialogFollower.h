@@ -36,9 +36,13 @@ private:
     void takeOpened(ServiceTalk::Outcome outcome, GVariant *answers);
     void takePanel(const PanelAnswer &options, const PanelAnswer &look);
 
-    /// Tells the panel what the user has done ("a{sv}", floating).
+    /// Tells the panel what the user has done ("a{sv}", floating), behind what it is told already.
     void act(GVariant *action);
-    void takeAnswers(GVariant *answers);
+    /// Sends all that the panel has not been told yet.
+    void sendActions();
+    void takeAction(GVariant *answers);
+    /// Takes what the panel decides and looks like behind some actions.
+    void takeOutlook(GVariant *answers);
     /// Sets the dialog's own options.
     void applyOptions(const PanelAnswer &options) const;
     void alert(const std::string &text) const;
@@ -59,15 +63,21 @@ private:
     void goOnWithoutPanel();
     /// Ends the conversation, and forgets a response that waits.
     void endTalk();
+    /// Ends the conversation; a response goes on to wait.
+    void dropTalk();
     void forgetDialog();
 
     GtkPrintUnixDialog *mDialog;
     std::unique_ptr<ServiceTalk> mTalk;
     bool mIsOpen = false;
+    /// Whether the dialog has got another paper since the conversation was begun.
+    bool mHasOtherPaper = false;
     OptionTab mTab;
     /// What is hidden because the tab shows the same.
     std::vector<GtkRef<GtkWidget>> mHidden;
-    /// How many answers are still to come.
+    /// What the panel is still to be told.
+    std::vector<VariantRef> mActions;
+    /// How often the outlook has been asked for and not been answered yet.
     int mUnanswered = 0;
     /// The response that waits for the panel; 0 for none.
     int mHeld = 0;

@@ -9,6 +9,8 @@
 #endif
 
 #include <functional>
+#include <string>
+#include <vector>
 
 /// What GTK 3 and GTK 4 do by different names. No other source asks for the version.
 namespace GtkVersions {
@@ -92,21 +94,35 @@ inline void setAccessibleName(GtkWidget *widget, const char *name)
 #endif
 }
 
+/// Names the items of a menu's list for people who do not see them. GTK 4 has no way to it.
+inline void setAccessibleItems(GtkComboBox *menu, const std::vector<std::string> &names)
+{
 #if GTK_MAJOR_VERSION >= 4
-/// A picture as menus take it.
-using Picture = GdkTexture;
+    (void)menu;
+    (void)names;
+#else
+    AtkObject *list = gtk_combo_box_get_popup_accessible(menu);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (AtkObject *item = atk_object_ref_accessible_child(list, int(i))) {
+            atk_object_set_name(item, names[i].c_str());
+            g_object_unref(item);
+        }
+    }
+#endif
+}
+
+#if GTK_MAJOR_VERSION >= 4
+/// A picture that knows the size that it was made for.
+using Picture = GdkPaintable;
 inline GType pictureType()
 {
-    return GDK_TYPE_TEXTURE;
+    return GDK_TYPE_PAINTABLE;
 }
-/// The property with which a cell takes it.
-inline constexpr char cellPicture[] = "texture";
 #else
 using Picture = cairo_surface_t;
 inline GType pictureType()
 {
     return CAIRO_GOBJECT_TYPE_SURFACE;
 }
-inline constexpr char cellPicture[] = "surface";
 #endif
 } // namespace GtkVersions

@@ -10,6 +10,8 @@ namespace {
 constexpr int margin = 18;
 constexpr int columnSpacing = 24;
 constexpr int rowSpacing = 6;
+/// Of what belongs to a check box, about as much as the box in front of its text.
+constexpr int indent = 24;
 
 /// The columns of the menu of presets.
 enum PresetColumn {
@@ -59,9 +61,8 @@ OptionTab::OptionTab(Act act)
     , mWidget(refTo(GtkVersions::newScrolledWindow()))
 {
     auto *window = GTK_SCROLLED_WINDOW(mWidget.get());
+    // The dialog keeps its size whatever is shown.
     gtk_scrolled_window_set_policy(window, GTK_POLICY_AUTOMATIC, GTK_POLICY_AUTOMATIC);
-    gtk_scrolled_window_set_propagate_natural_width(window, TRUE);
-    gtk_scrolled_window_set_propagate_natural_height(window, TRUE);
     gtk_widget_set_visible(mWidget.get(), TRUE);
 }
 
@@ -125,11 +126,13 @@ void OptionTab::build(const PanelAnswer &look)
 {
     GtkWidget *columns = newBox(GTK_ORIENTATION_HORIZONTAL, columnSpacing);
     GtkWidget *pictures = newBox(GTK_ORIENTATION_VERTICAL, 2 * rowSpacing);
+    // The menu has all the room that the boxes leave, whatever is chosen in it.
+    gtk_widget_set_hexpand(pictures, TRUE);
     setContent(columns);
     GtkVersions::append(columns, buildBoxes(look));
     GtkVersions::append(columns, pictures);
     if (look.has("presets")) {
-        buildPresets(pictures);
+        buildPresets(look.object("presets"), pictures);
     }
     if (look.has("preview")) {
         mPreview = refTo(PanelPicture::newWidget());
@@ -152,20 +155,18 @@ GtkWidget *OptionTab::buildBoxes(const PanelAnswer &look)
         };
         g_signal_connect(check, "toggled", G_CALLBACK(toggled), this);
         mBoxes.push_back({box.text("control"), refTo(check)});
+        GtkVersions::append(rows, check);
         if (!count.text("control").empty() && count.text("box") == box.text("control")) {
-            GtkWidget *row = newBox(GTK_ORIENTATION_HORIZONTAL, rowSpacing);
-            GtkVersions::append(row, check);
-            buildCount(count, row);
-            GtkVersions::append(rows, row);
-        } else {
-            GtkVersions::append(rows, check);
+            GtkVersions::append(rows, buildCount(count));
         }
     }
     return rows;
 }
 
-void OptionTab::buildCount(const PanelAnswer &count, GtkWidget *row)
+GtkWidget *OptionTab::buildCount(const PanelAnswer &count)
 {
+    GtkWidget *row = newBox(GTK_ORIENTATION_HORIZONTAL, rowSpacing);
+    gtk_widget_set_margin_start(row, indent);
     const auto largest = std::max<gint64>(count.number("largest"), 1);
     const auto smallest = std::min(count.number("smallest"), largest);
     mCount = refTo(gtk_spin_button_new_with_range(double(smallest), double(largest), 1.0));
@@ -177,22 +178,27 @@ void OptionTab::buildCount(const PanelAnswer &count, GtkWidget *row)
     g_signal_connect(mCount.get(), "value-changed", G_CALLBACK(changed), this);
     GtkVersions::append(row, mCount.get());
     GtkVersions::append(row, mCaption.get());
+    return row;
 }
 
-void OptionTab::buildPresets(GtkWidget *column)
+void OptionTab::buildPresets(const PanelAnswer &presets, GtkWidget *column)
 {
     GtkListStore *items = gtk_list_store_new(PresetColumns, G_TYPE_INT, G_TYPE_STRING,
                                              G_TYPE_BOOLEAN, GtkVersions::pictureType());
+    for (gsize i = 0; i < presets.count("items"); ++i) {
+        GtkTreeIter row;
+        gtk_list_store_append(items, &row);
+    }
     mPresets = refTo(gtk_combo_box_new_with_model(GTK_TREE_MODEL(items)));
     g_object_unref(items);
     auto *layout = GTK_CELL_LAYOUT(mPresets.get());
-    GtkCellRenderer *picture = gtk_cell_renderer_pixbuf_new();
+    GtkCellRenderer *picture = PanelPicture::newCell();
     GtkCellRenderer *name = gtk_cell_renderer_text_new();
     // The dialog may be narrower than the longest name.
     g_object_set(name, "ellipsize", PANGO_ELLIPSIZE_END, "xpad", 2 * rowSpacing, nullptr);
     gtk_cell_layout_pack_start(layout, picture, FALSE);
     gtk_cell_layout_pack_start(layout, name, TRUE);
-    gtk_cell_layout_set_attributes(layout, picture, GtkVersions::cellPicture, PictureColumn,
+    gtk_cell_layout_set_attributes(layout, picture, PanelPicture::cellProperty, PictureColumn,
                                    "sensitive", EnabledColumn, nullptr);
     gtk_cell_layout_set_attributes(layout, name, "text", NameColumn, "sensitive", EnabledColumn,
                                    nullptr);
@@ -238,22 +244,29 @@ void OptionTab::updatePresets(const PanelAnswer &presets)
 {
     auto *menu = GTK_COMBO_BOX(mPresets.get());
     auto *items = GTK_LIST_STORE(gtk_combo_box_get_model(menu));
-    gtk_list_store_clear(items);
+    std::vector<std::string> names;
     int selected = -1;
+    GtkTreeIter row;
+    gtk_tree_model_get_iter_first(GTK_TREE_MODEL(items), &row);
     for (gsize i = 0; i < presets.count("items"); ++i) {
         const PanelAnswer item = presets.element("items", i);
         const auto picture = PanelPicture::ofFile(item.text("picture"), mPresets.get());
-        gtk_list_store_insert_with_values(items, nullptr, -1, TagColumn, int(item.number("tag")),
-                                          NameColumn, item.text("name").c_str(), EnabledColumn,
-                                          gboolean(item.flag("enabled")), PictureColumn,
-                                          picture.get(), -1);
+        gtk_list_store_set(items, &row, TagColumn, int(item.number("tag")), NameColumn,
+                           item.text("name").c_str(), EnabledColumn, gboolean(item.flag("enabled")),
+                           PictureColumn, picture.get(), -1);
+        gtk_tree_model_iter_next(GTK_TREE_MODEL(items), &row);
+        names.push_back(item.text("name"));
         if (item.flag("selected")) {
             selected = int(i);
         }
     }
     gtk_combo_box_set_active(menu, selected);
     gtk_widget_set_sensitive(mPresets.get(), presets.flag("enabled"));
-    GtkVersions::setAccessibleName(mPresets.get(), presets.text("name").c_str());
+    // GTK does not tell what a menu with pictures shows.
+    const std::string name =
+        presets.text("name") + (selected < 0 ? "" : ", " + names[gsize(selected)]);
+    GtkVersions::setAccessibleName(mPresets.get(), name.c_str());
+    GtkVersions::setAccessibleItems(menu, names);
     setTip(mPresets.get(), presets);
 }
 

@@ -41,8 +41,8 @@ private:
 
     void build(const PanelAnswer &look);
     GtkWidget *buildBoxes(const PanelAnswer &look);
-    void buildCount(const PanelAnswer &count, GtkWidget *row);
-    void buildPresets(GtkWidget *column);
+    GtkWidget *buildCount(const PanelAnswer &count);
+    void buildPresets(const PanelAnswer &presets, GtkWidget *column);
     void update(const PanelAnswer &look);
     void updateCount(const PanelAnswer &count);
     void updatePresets(const PanelAnswer &presets);

@@ -3,6 +3,10 @@
 
 #include "gtk/GtkRef.h"
 
+#if GTK_MAJOR_VERSION >= 4
+#include "gtk/PaintableCell.h"
+#endif
+
 namespace {
 GtkRef<GdkPixbuf> pixbufOf(const std::string &base64)
 {
@@ -22,11 +26,29 @@ void PanelPicture::Free::operator()(GtkVersions::Picture *picture) const
     g_object_unref(picture);
 }
 
-PanelPicture::Ref PanelPicture::ofFile(const std::string &base64, GtkWidget *)
+PanelPicture::Ref PanelPicture::ofFile(const std::string &base64, GtkWidget *widget)
 {
     const auto pixbuf = pixbufOf(base64);
-    return Ref(pixbuf ? gdk_texture_new_for_pixbuf(pixbuf.get()) : nullptr);
+    if (!pixbuf) {
+        return nullptr;
+    }
+    // GTK takes a pixel of a texture for a unit of the layout.
+    const GtkRef<GdkTexture> texture(gdk_texture_new_for_pixbuf(pixbuf.get()));
+    const auto scale = float(gtk_widget_get_scale_factor(widget));
+    const graphene_size_t size = {float(gdk_texture_get_width(texture.get())) / scale,
+                                  float(gdk_texture_get_height(texture.get())) / scale};
+    const graphene_rect_t bounds = {{0.0F, 0.0F}, size};
+    GtkSnapshot *snapshot = gtk_snapshot_new();
+    gtk_snapshot_append_texture(snapshot, texture.get(), &bounds);
+    return Ref(gtk_snapshot_free_to_paintable(snapshot, &size));
 }
+
+GtkCellRenderer *PanelPicture::newCell()
+{
+    return newPaintableCell();
+}
+
+const char *const PanelPicture::cellProperty = paintableProperty;
 
 GtkWidget *PanelPicture::newWidget()
 {
@@ -37,19 +59,7 @@ GtkWidget *PanelPicture::newWidget()
 
 void PanelPicture::show(GtkWidget *widget, GtkVersions::Picture *picture)
 {
-    if (!picture) {
-        gtk_picture_set_paintable(GTK_PICTURE(widget), nullptr);
-        return;
-    }
-    // GTK takes a pixel of the texture for a unit of the layout.
-    const auto scale = float(gtk_widget_get_scale_factor(widget));
-    const graphene_size_t size = {float(gdk_texture_get_width(picture)) / scale,
-                                  float(gdk_texture_get_height(picture)) / scale};
-    const graphene_rect_t bounds = {{0.0F, 0.0F}, size};
-    GtkSnapshot *snapshot = gtk_snapshot_new();
-    gtk_snapshot_append_texture(snapshot, picture, &bounds);
-    const GtkRef<GdkPaintable> scaled(gtk_snapshot_free_to_paintable(snapshot, &size));
-    gtk_picture_set_paintable(GTK_PICTURE(widget), scaled.get());
+    gtk_picture_set_paintable(GTK_PICTURE(widget), picture);
 }
 #else
 void PanelPicture::Free::operator()(GtkVersions::Picture *picture) const
@@ -64,6 +74,13 @@ PanelPicture::Ref PanelPicture::ofFile(const std::string &base64, GtkWidget *wid
     return Ref(pixbuf ? gdk_cairo_surface_create_from_pixbuf(pixbuf.get(), scale, nullptr)
                       : nullptr);
 }
+
+GtkCellRenderer *PanelPicture::newCell()
+{
+    return gtk_cell_renderer_pixbuf_new();
+}
+
+const char *const PanelPicture::cellProperty = "surface";
 
 GtkWidget *PanelPicture::newWidget()
 {

@@ -18,9 +18,14 @@ using Ref = std::unique_ptr<GtkVersions::Picture, Free>;
 /// no picture.
 Ref ofFile(const std::string &base64, GtkWidget *widget);
 
+/// What shows pictures in a menu.
+GtkCellRenderer *newCell();
+/// The property that a cell of newCell() takes a picture with.
+extern const char *const cellProperty;
+
 /// A widget without a picture.
 GtkWidget *newWidget();
 
-/// Shows the picture in a widget of newWidget(), in the size that it was made for.
+/// Shows the picture in a widget of newWidget(); null for none.
 void show(GtkWidget *widget, GtkVersions::Picture *picture);
 } // namespace PanelPicture
