@@ -4,8 +4,12 @@
 #include "DisplayServer.h"
 #include "Waiting.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusReply>
 #include <QDBusVariant>
+
+#include <csignal>
 
 namespace {
 const QString sessionConnection = u"access-session"_s;
@@ -22,9 +26,27 @@ AccessBus::AccessBus()
 
 AccessBus::~AccessBus()
 {
+    endPortals();
     mBus.reset();
     QDBusConnection::disconnectFromBus(accessConnection);
     QDBusConnection::disconnectFromBus(sessionConnection);
+}
+
+void AccessBus::endPortals() const
+{
+    const QDBusConnection session(sessionConnection);
+    if (!session.isConnected()) {
+        return;
+    }
+    const QStringList names = session.interface()->registeredServiceNames();
+    for (const QString &name : names) {
+        if (name.startsWith(u"org.freedesktop.impl.portal.desktop."_s)) {
+            const QDBusReply<uint> pid = session.interface()->servicePid(name);
+            if (pid.isValid()) {
+                kill(pid_t(pid.value()), SIGKILL);
+            }
+        }
+    }
 }
 
 QString AccessBus::socket() const
@@ -37,13 +59,13 @@ QString AccessBus::variable() const
     return u"DBUS_SESSION_BUS_ADDRESS="_s + socket();
 }
 
-QString AccessBus::open(const DisplayServer &display)
+QString AccessBus::open(const DisplayServer &display, const QStringList &variables)
 {
-    const QString error = startSessionBus(display);
+    const QString error = startSessionBus(display, variables);
     return error.isEmpty() ? connectToAccessBus() : error;
 }
 
-QString AccessBus::startSessionBus(const DisplayServer &display)
+QString AccessBus::startSessionBus(const DisplayServer &display, const QStringList &variables)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *folder : {"HOME", "XDG_RUNTIME_DIR"}) {
@@ -51,6 +73,9 @@ QString AccessBus::startSessionBus(const DisplayServer &display)
     }
     environment.insert(u"DISPLAY"_s, display.name());
     environment.insert(u"GSETTINGS_BACKEND"_s, u"memory"_s);
+    for (const QString &variable : variables) {
+        environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+    }
     mSessionBus.setProcessEnvironment(environment);
     mSessionBus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s,
                                          u"--print-address=1"_s, u"--address="_s + socket()});

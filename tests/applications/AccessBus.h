@@ -23,7 +23,10 @@ public:
     /// Starts both, and has applications told that assistive technology is there; the reason when
     /// that fails. The display's root window names the bus: Qt 5 may not wait for the session bus
     /// to tell its address.
-    QString open(const DisplayServer &display);
+    ///
+    /// @param variables "NAME=VALUE" of the environment of what the session bus starts, besides the
+    ///        display's.
+    QString open(const DisplayServer &display, const QStringList &variables = {});
 
     /// Whether an application has told assistive technology of itself.
     bool hasApplications() const;
@@ -35,8 +38,10 @@ public:
     const QDBusConnection &bus() const { return *mBus; }
 
 private:
+    /// Ends the desktops' portals: that of KDE does not end with its bus.
+    void endPortals() const;
     QString socket() const;
-    QString startSessionBus(const DisplayServer &display);
+    QString startSessionBus(const DisplayServer &display, const QStringList &variables);
     QString connectToAccessBus();
 
     QTemporaryDir mFolder;

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QRect>
 #include <QString>
 #include <QVariantList>
 
+#include <functional>
 #include <optional>
 
 /**
@@ -16,14 +18,6 @@
 class AssistiveUser
 {
 public:
-    explicit AssistiveUser(const QDBusConnection &bus);
-
-    /// Does the action of that name, "Toggle" or "Press", with a control.
-    bool act(const QString &control, const QString &action) const;
-    /// Puts a text in the place of the one in a field.
-    bool replaceText(const QString &field, const QString &text) const;
-
-private:
     /// An object of an application's.
     struct Accessible
     {
@@ -31,16 +25,36 @@ private:
         QString path;
     };
 
+    explicit AssistiveUser(const QDBusConnection &bus);
+
+    /// Does the action of that name, "Toggle" or "Press", with a control.
+    bool act(const QString &control, const QString &action) const;
+    /// Puts a text in the place of the one in a field.
+    bool replaceText(const QString &field, const QString &text) const;
+    /// Clicks a control that is there now by the action that it has for that; false when there is
+    /// none with such an action.
+    bool clickNow(const QString &control) const;
+    /// Whether there is a control now that is ticked.
+    bool isTicked(const QString &control) const;
+    /// The middle of a control in its window; null unless there is one now that has a place.
+    std::optional<QPoint> placeOf(const QString &control) const;
+
+private:
+    using Condition = std::function<bool(const Accessible &)>;
+
     std::optional<QVariantList> call(const Accessible &object, const char *interface,
                                      const char *method, const QVariantList &arguments = {}) const;
     QString nameOf(const Accessible &object) const;
     QList<Accessible> childrenOf(const Accessible &object) const;
-    /// The first object from that one downwards that has the name, the interface and, unless it is
-    /// null, the action.
+    /// The first object from that one downwards that has the name and meets the condition.
     std::optional<Accessible> find(const Accessible &top, const QString &name,
-                                   const char *interface, const QString &action) const;
+                                   const Condition &isWanted) const;
+    /// The first object that has the name, the interface and, unless it is null, the action, after
+    /// some time.
     std::optional<Accessible> await(const QString &name, const char *interface,
                                     const QString &action = {}) const;
+    /// The rectangle of an object in its window; empty when it has none.
+    QRect frameOf(const Accessible &object) const;
     int indexOfAction(const Accessible &object, const QString &action) const;
 
     QDBusConnection mBus;

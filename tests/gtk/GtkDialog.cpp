@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GtkDialog.h"
 
-#include "applications/DisplayServer.h"
 #include "applications/Waiting.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
-GtkDialog::GtkDialog(const QString &gtk, const DisplayServer &display, const QStringList &variables)
+GtkDialog::GtkDialog(const QString &gtk, QProcessEnvironment environment,
+                     const QStringList &variables)
 {
-    QProcessEnvironment environment = display.environment();
+    environment.insert(u"NO_AT_BRIDGE"_s, u"1"_s);
+    environment.insert(u"GTK_A11Y"_s, u"none"_s);
     for (const QString &variable : variables) {
         environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
     }
@@ -41,32 +43,27 @@ QStringList GtkDialog::state()
 
 bool GtkDialog::shows(const QStringList &parts)
 {
-    QStringList now;
-    const bool isShown = waitFor([&] {
-        now = state();
-        return std::all_of(parts.begin(), parts.end(),
-                           [&now](const QString &part) { return now.contains(part); });
-    });
-    if (!isShown) {
-        qWarning("not all of %s are in %s", qPrintable(parts.join(u", "_s)),
-                 qPrintable(now.join(u", "_s)));
-    }
-    return isShown;
+    return waitsFor(parts, true);
 }
 
 bool GtkDialog::lacks(const QStringList &parts)
 {
+    return waitsFor(parts, false);
+}
+
+bool GtkDialog::waitsFor(const QStringList &parts, bool areThere)
+{
     QStringList now;
-    const bool isGone = waitFor([&] {
+    const bool hasCome = waitFor([&] {
         now = state();
-        return std::none_of(parts.begin(), parts.end(),
-                            [&now](const QString &part) { return now.contains(part); });
+        return std::all_of(parts.begin(), parts.end(),
+                           [&](const QString &part) { return now.contains(part) == areThere; });
     });
-    if (!isGone) {
-        qWarning("one of %s is in %s", qPrintable(parts.join(u", "_s)),
-                 qPrintable(now.join(u", "_s)));
+    if (!hasCome) {
+        qWarning("waited until %s %s: %s", qPrintable(parts.join(u", "_s)),
+                 areThere ? "are there" : "are gone", qPrintable(now.join(u", "_s)));
     }
-    return isGone;
+    return hasCome;
 }
 
 int GtkDialog::end()
@@ -97,7 +94,5 @@ QStringList gtkVariables(const QString &folder)
             u"GDK_BACKEND=x11"_s,
             u"GSK_RENDERER=cairo"_s,
             u"GSETTINGS_BACKEND=memory"_s,
-            u"NO_AT_BRIDGE=1"_s,
-            u"GTK_A11Y=none"_s,
             u"LC_ALL=C.UTF-8"_s};
 }

@@ -2,23 +2,24 @@
 #pragma once
 
 #include "applications/OwnedProcess.h"
+#include "support/QtNames.h"
 
 #include <QStringList>
-
-class DisplayServer;
 
 /// A run of the program with GTK's print dialog, see printdialog.cpp.
 class GtkDialog
 {
 public:
     /// @param gtk the version of GTK, "3" or "4".
-    /// @param variables "NAME=VALUE" of the program's environment besides the display's.
-    GtkDialog(const QString &gtk, const DisplayServer &display, const QStringList &variables);
+    /// @param environment has the display, @param variables "NAME=VALUE" of what there is besides.
+    GtkDialog(const QString &gtk, QProcessEnvironment environment, const QStringList &variables);
 
     /// Has the program do something; whether it has.
     bool tell(const QString &line);
     /// What there is now: "tab:Cut Options", "box:Half Cut on", "cups-KvHalfCut=ON" and so on.
     QStringList state();
+    /// What has the focus: the text of a check box, or the type of another control.
+    QString focus() { return state().filter(u"focus:"_s).value(0).section(u':', 1); }
     /// Waits until all of these are in the state.
     bool shows(const QStringList &parts);
     /// Waits until none of these is.
@@ -30,8 +31,11 @@ public:
     QStringList ownErrors();
     qint64 pid() const { return mProcess.processId(); }
 
-private:
+    /// What the program answers to a line; null when it has ended.
     QString ask(const QString &line);
+
+private:
+    bool waitsFor(const QStringList &parts, bool areThere);
 
     OwnedProcess mProcess;
 };

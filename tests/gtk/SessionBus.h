@@ -2,6 +2,7 @@
 #pragma once
 
 #include "applications/OwnedProcess.h"
+#include "support/QtNames.h"
 
 #include <QDBusConnection>
 #include <QTemporaryDir>

@@ -9,12 +9,16 @@
 //   printer NAME     selects another printer
 //   paper NAME W H   chooses a paper: its PPD name and its size in points
 //   click TITLE      clicks the check box
-//   count NUMBER     enters the count
+//   tick NUMBER      clicks the panel's check box of that number, counted from 0
+//   tab              turns to the panel
+//   menu             opens the menu of presets
+//   where NUMBER     writes where in the window the panel's check box of that number is, in pixels
+//   count NUMBER     steps the count up to this one
 //   preset NAME      chooses from the menu of presets
 //   respond NUMBER   sends the dialog's response
 //   state            writes what there is as one line, separated by tabs
 //
-// Each line but "state" is answered by an empty line when it is done.
+// Each line but "state" and "where" is answered by an empty line when it is done.
 
 #include "gtk/GtkVersions.h"
 
@@ -166,15 +170,19 @@ void choosePreset(const std::string &name)
     });
 }
 
-/// Whether the widget is in the tab that is not GTK's.
+/// The tab that is not GTK's, which GTK puts behind its first two; null when there is none.
+GtkWidget *panelIn(GtkWidget *notebook)
+{
+    constexpr int place = 2;
+    GtkWidget *page = gtk_notebook_get_nth_page(GTK_NOTEBOOK(notebook), place);
+    return GTK_IS_SCROLLED_WINDOW(page) ? page : nullptr;
+}
+
 bool isOnPanel(GtkWidget *widget)
 {
     GtkWidget *notebook = gtk_widget_get_ancestor(widget, GTK_TYPE_NOTEBOOK);
-    GtkWidget *page = widget;
-    while (notebook && page && gtk_notebook_page_num(GTK_NOTEBOOK(notebook), page) < 0) {
-        page = gtk_widget_get_parent(page);
-    }
-    return notebook && gtk_notebook_page_num(GTK_NOTEBOOK(notebook), page) == 2;
+    GtkWidget *panel = notebook ? panelIn(notebook) : nullptr;
+    return panel && gtk_widget_is_ancestor(widget, panel);
 }
 
 /// The texts of the alerts that are shown.
@@ -190,6 +198,23 @@ std::vector<std::string> alerts()
     }
     g_list_free(windows);
     return texts;
+}
+
+/// What has the focus: the text of a check box, else the type of the innermost control that users
+/// know.
+std::string focus()
+{
+    GtkWidget *widget = gtk_window_get_focus(GTK_WINDOW(dialog()));
+    if (widget && GTK_IS_CHECK_BUTTON(widget)) {
+        return textOf(G_OBJECT(widget), "label");
+    }
+    for (const GType type : {GTK_TYPE_SPIN_BUTTON, GTK_TYPE_COMBO_BOX}) {
+        if (widget &&
+            (g_type_is_a(G_OBJECT_TYPE(widget), type) || gtk_widget_get_ancestor(widget, type))) {
+            return g_type_name(type);
+        }
+    }
+    return widget ? G_OBJECT_TYPE_NAME(widget) : "";
 }
 
 std::string state()
@@ -237,6 +262,7 @@ std::string state()
         text << "\talert:" << alert;
     }
     if (dialog()) {
+        text << "\tfocus:" << focus();
         GtkPrintSettings *settings =
             gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(dialog()));
         gtk_print_settings_foreach(
@@ -250,22 +276,85 @@ std::string state()
     return text.str();
 }
 
+void click(GtkWidget *box)
+{
+    if (box && gtk_widget_is_sensitive(box)) {
+        gboolean isTicked = FALSE;
+        g_object_get(box, "active", &isTicked, nullptr);
+        g_object_set(box, "active", gboolean(!isTicked), nullptr);
+    }
+}
+
 void clickBox(const std::string &title)
 {
     forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
-        if (textOf(G_OBJECT(box), "label") == title && gtk_widget_is_sensitive(box)) {
-            gboolean isTicked = FALSE;
-            g_object_get(box, "active", &isTicked, nullptr);
-            g_object_set(box, "active", gboolean(!isTicked), nullptr);
+        if (textOf(G_OBJECT(box), "label") == title) {
+            click(box);
         }
     });
 }
 
-void enterCount(int count)
+/// The panel's check box of that number; null when there is none.
+GtkWidget *boxAt(int number)
+{
+    GtkWidget *found = nullptr;
+    forEachSeen(GTK_TYPE_CHECK_BUTTON, [&found, &number](GtkWidget *box) {
+        if (isOnPanel(box) && number-- == 0) {
+            found = box;
+        }
+    });
+    return found;
+}
+
+std::string placeOf(GtkWidget *box)
+{
+    constexpr double inside = 12;
+    double x = inside;
+    double y = inside;
+#if GTK_MAJOR_VERSION >= 4
+    double left = 0;
+    double top = 0;
+    gtk_native_get_surface_transform(gtk_widget_get_native(box), &left, &top);
+    gtk_widget_translate_coordinates(box, dialog(), x, y, &x, &y);
+    x += left;
+    y += top;
+#else
+    int left = 0;
+    int top = 0;
+    gtk_widget_translate_coordinates(box, dialog(), 0, 0, &left, &top);
+    x += left;
+    y += top;
+#endif
+    const int scale = gtk_widget_get_scale_factor(box);
+    return std::to_string(int(x) * scale) + ' ' + std::to_string(int(y) * scale);
+}
+
+void turnToPanel()
+{
+    forEachSeen(GTK_TYPE_NOTEBOOK, [](GtkWidget *notebook) {
+        if (GtkWidget *panel = panelIn(notebook)) {
+            gtk_notebook_set_current_page(GTK_NOTEBOOK(notebook),
+                                          gtk_notebook_page_num(GTK_NOTEBOOK(notebook), panel));
+        }
+    });
+}
+
+void openMenu()
+{
+    forEachSeen(GTK_TYPE_COMBO_BOX, [](GtkWidget *menu) {
+        if (isOnPanel(menu)) {
+            gtk_combo_box_popup(GTK_COMBO_BOX(menu));
+        }
+    });
+}
+
+/// Steps from where the count is to that one, as a user does who holds the arrow down.
+void stepTo(int count)
 {
     forEachSeen(GTK_TYPE_SPIN_BUTTON, [count](GtkWidget *field) {
-        if (isOnPanel(field)) {
-            gtk_spin_button_set_value(GTK_SPIN_BUTTON(field), count);
+        auto *button = GTK_SPIN_BUTTON(field);
+        while (isOnPanel(field) && gtk_spin_button_get_value_as_int(button) < count) {
+            gtk_spin_button_spin(button, GTK_SPIN_STEP_FORWARD, 1.0);
         }
     });
 }
@@ -294,8 +383,17 @@ std::string run(const std::string &text)
         selectWanted(nullptr);
     } else if (command == "click") {
         clickBox(rest);
+    } else if (command == "tick") {
+        click(boxAt(std::atoi(rest.c_str())));
+    } else if (command == "tab") {
+        turnToPanel();
+    } else if (command == "menu") {
+        openMenu();
+    } else if (command == "where") {
+        GtkWidget *box = boxAt(std::atoi(rest.c_str()));
+        return box ? placeOf(box) : std::string();
     } else if (command == "count") {
-        enterCount(std::atoi(rest.c_str()));
+        stepTo(std::atoi(rest.c_str()));
     } else if (command == "preset") {
         choosePreset(rest);
     } else if (command == "respond") {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CutterPrinter.h"
+#include "EveryGtk.h"
 #include "GtkDialog.h"
 #include "NonsenseService.h"
 #include "PrintingSite.h"
@@ -39,6 +40,12 @@ private Q_SLOTS:
     void printerWithOtherWords();
     void paperAndPrinterAreFollowed_data() { everyGtk(); }
     void paperAndPrinterAreFollowed();
+    void paperChangedBeforeThePanelIsThere_data() { everyGtk(); }
+    void paperChangedBeforeThePanelIsThere();
+    void stepperHeldDown_data() { everyGtk(); }
+    void stepperHeldDown();
+    void clickOnWhatBecomesGrey_data() { everyGtk(); }
+    void clickOnWhatBecomesGrey();
     void heatShrinkTubeWarns_data() { everyGtk(); }
     void heatShrinkTubeWarns();
     void dialogShownAgain_data() { everyGtk(); }
@@ -55,11 +62,6 @@ private Q_SLOTS:
     void switchedOff();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    static void everyGtk();
-    /// Adds a row for each version of GTK and each of these values.
-    template <typename Value>
-    static void everyGtkWith(const char *column,
-                             std::initializer_list<std::pair<const char *, Value>> values);
     GtkDialog dialog(const QStringList &variables = {});
     /// Opens a session bus that starts this service.
     bool openBus(const QString &service = QStringLiteral(KV_PANEL_SERVICE));
@@ -69,27 +71,6 @@ private: // NOLINT(readability-redundant-access-specifiers)
     QTemporaryDir mSettings;
     std::unique_ptr<SessionBus> mBus;
 };
-
-void tst_gtkdialog::everyGtk()
-{
-    QTest::addColumn<QString>("gtk");
-    for (const QString &gtk : QStringLiteral(KV_GTK_VERSIONS).split(u' ')) {
-        QTest::newRow(qPrintable(u"GTK "_s + gtk)) << gtk;
-    }
-}
-
-template <typename Value>
-void tst_gtkdialog::everyGtkWith(const char *column,
-                                 std::initializer_list<std::pair<const char *, Value>> values)
-{
-    QTest::addColumn<QString>("gtk");
-    QTest::addColumn<Value>(column);
-    for (const QString &gtk : QStringLiteral(KV_GTK_VERSIONS).split(u' ')) {
-        for (const auto &[name, value] : values) {
-            QTest::addRow("GTK %s, %s", qPrintable(gtk), name) << gtk << value;
-        }
-    }
-}
 
 void tst_gtkdialog::initTestCase()
 {
@@ -121,7 +102,7 @@ bool tst_gtkdialog::openBus(const QString &service)
 GtkDialog tst_gtkdialog::dialog(const QStringList &variables)
 {
     QFETCH(const QString, gtk);
-    return GtkDialog(gtk, mDisplay,
+    return GtkDialog(gtk, mDisplay.environment(),
                      gtkVariables(mSettings.path()) + variables +
                          QStringList{mBus->variable(), u"HOME="_s + QDir::homePath()});
 }
@@ -204,6 +185,41 @@ void tst_gtkdialog::paperAndPrinterAreFollowed()
     QVERIFY(dialog.tell(u"printer tape"_s));
     QVERIFY(dialog.shows({panelTab, u"box:Half Cut off"_s}));
     QCOMPARE(dialog.end(), 0);
+    QCOMPARE(dialog.ownErrors(), QStringList());
+}
+
+void tst_gtkdialog::paperChangedBeforeThePanelIsThere()
+{
+    GtkDialog dialog = this->dialog();
+    QVERIFY(dialog.tell(u"open tape"_s));
+    QVERIFY(dialog.shows({u"box:Half Cut off"_s}));
+    QVERIFY(dialog.tell(u"printer all"_s));
+    QVERIFY(dialog.tell(u"paper FL21x45 59.5 127.6"_s));
+    QVERIFY(dialog.shows({u"box:Cut at End off"_s, u"box:Half Cut off grey"_s}));
+}
+
+void tst_gtkdialog::stepperHeldDown()
+{
+    GtkDialog dialog = this->dialog();
+    QVERIFY(dialog.tell(u"open label"_s));
+    QVERIFY(dialog.shows({u"box:Cut Every on"_s}));
+    QVERIFY(dialog.tell(u"count 60"_s));
+    QVERIFY(dialog.tell(u"respond -5"_s));
+    QVERIFY(dialog.shows({u"responses=-5 "_s, u"cups-KvCutLabel=60"_s}));
+    QCOMPARE(dialog.ownErrors(), QStringList());
+}
+
+void tst_gtkdialog::clickOnWhatBecomesGrey()
+{
+    GtkDialog dialog = this->dialog();
+    QVERIFY(dialog.tell(u"open tape"_s));
+    QVERIFY(dialog.shows({u"box:Half Cut off"_s}));
+    // The user is faster than the panel.
+    QVERIFY(dialog.tell(u"click Special Tape"_s));
+    QVERIFY(dialog.tell(u"click Half Cut"_s));
+    QVERIFY(dialog.tell(u"click Mirror Printing"_s));
+    QVERIFY(dialog.shows({u"box:Special Tape on"_s, u"box:Half Cut off grey"_s,
+                          u"box:Mirror Printing on"_s, u"cups-KvMirror=ON"_s}));
     QCOMPARE(dialog.ownErrors(), QStringList());
 }
 

@@ -55,7 +55,7 @@ void tst_fractionalscale::picturesOfThisScreenAreChecked()
     }
     AttachedDialog dialog(u"tape"_s, {}, folder.path());
     QVERIFY(dialog.user().open());
-    QTRY_VERIFY(!dialog.problems().isEmpty());
+    QVERIFY(QTest::qWaitFor([&dialog] { return !dialog.problems().isEmpty(); }));
     // The pictures behind it are checked, too.
     QTest::qWait(200);
     QCOMPARE(dialog.problems().join(u"; "_s),

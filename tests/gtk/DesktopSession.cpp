@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "DesktopSession.h"
+
+#include "GtkDialog.h"
+#include "applications/RemoteUser.h"
+#include "applications/Waiting.h"
+#include "service/ServiceName.h"
+
+#include <QDBusMessage>
+#include <QDir>
+
+#include <algorithm>
+
+namespace {
+/// Describes the panel service to session buses, among the data in a folder.
+bool describeService(const QString &folder)
+{
+    const QDir services(folder + u"/dbus-1/services"_s);
+    QFile file(services.filePath(u"panels.service"_s));
+    const QString text = u"[D-BUS Service]\nName=%1\nExec=%2\n"_s.arg(
+        QLatin1String(ServiceName::bus), QStringLiteral(KV_PANEL_SERVICE));
+    return services.mkpath(u"."_s) && file.open(QIODevice::WriteOnly) &&
+           file.write(text.toUtf8()) > 0;
+}
+} // namespace
+
+QString DesktopSession::open()
+{
+    if (!describeService(mFolder.path())) {
+        return u"the panel service cannot be described"_s;
+    }
+    const QString error = mDisplay.open();
+    return error.isEmpty() ? mSite.open() : error;
+}
+
+QString DesktopSession::begin(const QStringList &variables)
+{
+    mDocuments = std::make_unique<DocumentPortal>();
+    mAccess = std::make_unique<AccessBus>();
+    mVariables = gtkVariables(mFolder.path()) + variables;
+    mVariables << u"XDG_DATA_DIRS=%1:/usr/share"_s.arg(mFolder.path())
+               << u"HOME="_s + QDir::homePath();
+    const QString error = mAccess->open(mDisplay, mVariables);
+    if (!error.isEmpty()) {
+        return error;
+    }
+    return mDocuments->offer(mAccess->variable().section(u'=', 1))
+               ? QString()
+               : u"the portal for documents cannot be offered"_s;
+}
+
+QProcessEnvironment DesktopSession::environment() const
+{
+    QProcessEnvironment environment = mDisplay.environment();
+    const QStringList variables = mVariables + QStringList{mAccess->variable()};
+    for (const QString &variable : variables) {
+        environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+    }
+    return environment;
+}
+
+void DesktopSession::start(OwnedProcess &process, const QString &program,
+                           const QStringList &arguments) const
+{
+    process.setProcessEnvironment(environment());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(mFolder.filePath(u"errors"_s));
+    process.start(program, arguments);
+}
+
+bool DesktopSession::hasPrintDialog(const QString &portal) const
+{
+    const QString name = u"session"_s;
+    const auto question = QDBusMessage::createMethodCall(
+        u"org.freedesktop.impl.portal.desktop."_s + portal, u"/org/freedesktop/portal/desktop"_s,
+        u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s);
+    const QDBusMessage answer =
+        QDBusConnection::connectToBus(mAccess->variable().section(u'=', 1), name).call(question);
+    QDBusConnection::disconnectFromBus(name);
+    return answer.arguments().value(0).toString().contains(u"org.freedesktop.impl.portal.Print"_s);
+}
+
+bool DesktopSession::workAt(const QString &title)
+{
+    mWindow = {u"search"_s, u"--onlyvisible"_s,  u"--name"_s,
+               title,       u"windowactivate"_s, u"--sync"_s};
+    return waitFor([this] { return mDisplay.command(mWindow); });
+}
+
+bool DesktopSession::press(const QString &keys) const
+{
+    const QStringList all = keys.split(u' ');
+    return std::all_of(all.begin(), all.end(),
+                       [this](const QString &key) { return RemoteUser(mDisplay).press(key); });
+}
+
+bool DesktopSession::type(const QString &text) const
+{
+    return RemoteUser(mDisplay).type(text);
+}
+
+bool DesktopSession::clickNow(const QString &control) const
+{
+    const AssistiveUser user = this->user();
+    if (user.clickNow(control)) {
+        return true;
+    }
+    // GTK has no such action for some controls.
+    const auto place = user.placeOf(control);
+    return place &&
+           mDisplay.command(mWindow + QStringList{u"mousemove"_s, u"--window"_s, u"%1"_s,
+                                                  QString::number(place->x()),
+                                                  QString::number(place->y()), u"click"_s, u"1"_s});
+}
+
+bool DesktopSession::click(const QString &control) const
+{
+    return waitFor([&] { return clickNow(control); });
+}
+
+bool DesktopSession::tick(const QString &box) const
+{
+    constexpr int effectMs = 1'000;
+    const auto isTicked = [&] {
+        return user().isTicked(box);
+    };
+    // The mouse misses a box that moves, as all do while the dialog is laid out.
+    return waitFor([&] { return clickNow(box) && waitFor(isTicked, effectMs); });
+}
+
+bool DesktopSession::openTab(const QString &tab, const QString &control) const
+{
+    // It may move while other tabs come and go.
+    return waitFor([&] {
+        clickNow(tab);
+        return user().placeOf(control).has_value();
+    });
+}
