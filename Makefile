@@ -100,7 +100,7 @@ bench:
 
 # Draws the panel in every language, style, theme and scale, and the guide's pictures.
 screenshots:
-	tools/deps build run qt5 screenshots
+	tools/deps build run qt5 gtk screenshots
 	cmake --preset release -DKV_BUILD_SCREENSHOTS=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-screenshots
 	tests/isolated build/release/bin/kvprint-screenshots build/screenshots docs/guide

@@ -86,6 +86,7 @@ QList<PhotoProcess::Task> Campaign::tasks() const
                                         QStringLiteral("en"),
                                         QStringLiteral("1"),
                                         photographers[0].needsDisplay}};
+    tasks += gtkTasks();
     for (qsizetype i = 0; i < mStyles.size(); ++i) {
         if (mStyles.at(i).isEmpty()) {
             continue;
@@ -100,6 +101,22 @@ QList<PhotoProcess::Task> Campaign::tasks() const
             }
         }
     }
+    return tasks;
+}
+
+QList<PhotoProcess::Task> Campaign::gtkTasks() const
+{
+    QList<PhotoProcess::Task> tasks;
+#ifdef KV_GTK_PHOTOGRAPHER
+    for (const QString &language : languages()) {
+        for (const QString &scale : {QStringLiteral("1"), QStringLiteral("2")}) {
+            const QStringList what = {mSheets.absolutePath(), language, scale};
+            tasks.append({QStringLiteral(KV_GTK_PHOTOGRAPHER),
+                          what + QStringLiteral(KV_GTK_VERSIONS).split(QLatin1Char(' ')), language,
+                          scale, true});
+        }
+    }
+#endif
     return tasks;
 }
 
@@ -139,6 +156,8 @@ int Campaign::run()
     QString error;
     const auto scheduler = PrivateScheduler::start(&error);
     if (!scheduler || !addSamplePrinters(*scheduler, &error) ||
+        !scheduler->addPrinter(QStringLiteral("Korvane_Cutter"), QStringLiteral(KV_DRIVERLESS_PPD),
+                               &error) ||
         !mSheets.mkpath(QStringLiteral(".")) || !mGuide.mkpath(QStringLiteral("."))) {
         complain(error);
         return -1;

@@ -26,6 +26,8 @@ public:
 
 private:
     QList<PhotoProcess::Task> tasks() const;
+    /// Those for GTK's dialogs, which only whole scales make larger.
+    QList<PhotoProcess::Task> gtkTasks() const;
     bool runAll(const QList<PhotoProcess::Task> &tasks) const;
 
     QTemporaryDir mFolder;

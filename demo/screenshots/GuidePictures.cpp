@@ -43,6 +43,10 @@ constexpr Picture pictures[] = {
      [](DialogStage &) {
          return true;
      }},
+    {"driverless.png", "Korvane_Cutter",
+     [](DialogStage &stage) {
+         return stage.click(QStringLiteral("mCutAndEndChkBx"));
+     }},
 };
 } // namespace
 
