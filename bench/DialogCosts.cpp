@@ -55,7 +55,7 @@ const DialogCosts::Moment DialogCosts::allMoments[] = {
 };
 
 const DialogCosts::Answers DialogCosts::allAnswers[] = {
-    {"at once", 0ms, false, 5}, {"after 0.5 s", 500ms, false, 2}, {"never", 0ms, true, 3}};
+    {"at once", 0ms, false, 5}, {"after 0.5 s", 500ms, false, 3}, {"never", 0ms, true, 3}};
 
 std::vector<DialogCosts::Moment> DialogCosts::Answers::moments() const
 {
