@@ -52,6 +52,8 @@ QProcessEnvironment ApplicationRun::environment(const DisplayServer &display,
     }
     QStringList variables = {
         u"DISPLAY="_s + display.name(), u"QT_QPA_PLATFORM=xcb"_s,
+        // Qt 5 would load the machine's drivers for OpenGL, which leak.
+        u"QT_XCB_GL_INTEGRATION=none"_s,
         QStringLiteral("QT_PLUGIN_PATH=%1/qt%2/plugins:" KV_TEST_PLUGINS "/qt%2")
             .arg(setting.libraries)
             .arg(mApplication.qt),

@@ -113,6 +113,11 @@ bool DesktopSession::clickNow(const QString &control) const
                                                   QString::number(place->y()), u"click"_s, u"1"_s});
 }
 
+bool DesktopSession::awaits(const QString &control) const
+{
+    return waitFor([&] { return user().placeOf(control).has_value(); });
+}
+
 bool DesktopSession::click(const QString &control) const
 {
     return waitFor([&] { return clickNow(control); });
@@ -122,7 +127,7 @@ bool DesktopSession::tick(const QString &box) const
 {
     constexpr int effectMs = 1'000;
     const auto isTicked = [&] {
-        return user().isTicked(box);
+        return user().sees(box, AccessibleObject::State::Checked);
     };
     // The mouse misses a box that moves, as all do while the dialog is laid out.
     return waitFor([&] { return clickNow(box) && waitFor(isTicked, effectMs); });

@@ -34,6 +34,8 @@ public:
     bool press(const QString &keys) const;
     /// Types a text where the focus is.
     bool type(const QString &text) const;
+    /// Waits until a control is there.
+    bool awaits(const QString &control) const;
     /// Clicks a control when it is there.
     bool click(const QString &control) const;
     /// Ticks a box that is not ticked.

@@ -8,7 +8,7 @@
 //   destroy          destroys the oldest dialog that is left
 //   printer NAME     selects another printer
 //   paper NAME W H   chooses a paper: its PPD name and its size in points
-//   click TITLE      clicks the check box
+//   click TITLE|...  clicks these check boxes before anything else happens
 //   tick NUMBER      clicks the panel's check box of that number, counted from 0
 //   tab              turns to the panel
 //   menu             opens the menu of presets
@@ -285,13 +285,16 @@ void click(GtkWidget *box)
     }
 }
 
-void clickBox(const std::string &title)
+void clickBoxes(const std::string &titles)
 {
-    forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
-        if (textOf(G_OBJECT(box), "label") == title) {
-            click(box);
-        }
-    });
+    std::istringstream all(titles);
+    for (std::string title; std::getline(all, title, '|');) {
+        forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
+            if (textOf(G_OBJECT(box), "label") == title) {
+                click(box);
+            }
+        });
+    }
 }
 
 /// The panel's check box of that number; null when there is none.
@@ -382,7 +385,7 @@ std::string run(const std::string &text)
         wantedPrinter = rest;
         selectWanted(nullptr);
     } else if (command == "click") {
-        clickBox(rest);
+        clickBoxes(rest);
     } else if (command == "tick") {
         click(boxAt(std::atoi(rest.c_str())));
     } else if (command == "tab") {
