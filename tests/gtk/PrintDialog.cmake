@@ -10,5 +10,7 @@ foreach(gtk IN LISTS KV_GTK)
     target_link_libraries(${program} PRIVATE kv_options PkgConfig::GTK${gtk})
     target_compile_definitions(${program} PRIVATE
         GDK_DISABLE_DEPRECATION_WARNINGS GLIB_DISABLE_DEPRECATION_WARNINGS)
-    set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    # GLib's threads do not end.
+    set_target_properties(${program} PROPERTIES
+        KV_KEEPS_THREADS ON RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 endforeach()
