@@ -6,6 +6,7 @@ import os
 import subprocess
 from dataclasses import replace
 
+from . import icon
 from .parts import picture
 from .strip import OPTIONS, PRESETS, PREVIEWS, strip_named
 from .style import ICON, PREVIEW
@@ -75,6 +76,21 @@ def write_guide(folder):
     folder.mkdir(parents=True, exist_ok=True)
     for name, strip in pictures.items():
         (folder / f"{name}.svg").write_text(svg(strip, PREVIEW))
+
+
+def write_icon(tool, name, folder):
+    """Writes the program's icon into a theme's folder: as SVG, and rendered in each of its sizes."""
+    sources = folder / "scalable" / "apps"
+    sources.mkdir(parents=True, exist_ok=True)
+    (sources / f"{name}.svg").write_text(icon.svg())
+    for size in icon.SIZES:
+        target = folder / f"{size}x{size}" / "apps"
+        target.mkdir(parents=True, exist_ok=True)
+        subprocess.run(
+            [tool, "--width", str(size), "--output", target / f"{name}.png"],
+            input=icon.svg(size).encode(),
+            check=True,
+        )
 
 
 SHEET_GROUNDS = ("#ffffff", "#efefef", "#2b2b2b")

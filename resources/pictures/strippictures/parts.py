@@ -232,11 +232,7 @@ def draw_printer(layout):
     )  # fmt: skip
     yield box(left + style.line, style.top, left + 3 * style.line, style.bottom, MOUTH)
     if style.symbol:
-        x, y = (left + right) / 2, (style.top + style.bottom) / 2
-        yield path(
-            "M", x + 3, y - 6, "L", x - 3, y, "L", x + 3, y + 6, fill="none", stroke=PAPER,
-            stroke_width=2.4, stroke_linecap="round", stroke_linejoin="round",
-        )  # fmt: skip
+        yield signs.arrow((left + right) / 2, (style.top + style.bottom) / 2, PAPER)
 
 
 def draw_chain(layout):

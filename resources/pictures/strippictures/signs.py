@@ -65,3 +65,11 @@ def links(x, y, scale, colour):
         for left in (-10.5, -1.5)
     )
     return moved(drawn, x, y, scale)
+
+
+def arrow(x, y, colour):
+    """The direction in which the strip leaves the printer."""
+    return path(
+        "M", x + 3, y - 6, "L", x - 3, y, "L", x + 3, y + 6, fill="none", stroke=colour,
+        stroke_width=2.4, stroke_linecap="round", stroke_linejoin="round",
+    )  # fmt: skip

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """How the pictures look: their colours, and the measures of each size."""
 
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 
 # What stands on the dialog has a luminance that is told from white and from a dark ground alike.
 OUTLINE = "#757b84"
@@ -94,5 +94,15 @@ ICON = Style(
     liner_feed=14, exit=186, housing=1, teeth=4, tooth=3, gap=7, end_gap=8, slit=2, tab=5,
     curl=6, letter=7, pen=1.4, line=1, over=1, dash=2, hatch=4, symbol=0, link=0.47, hand=0.5,
     stitch=1, inset=0,
+)
+
+# The program's icon, and how it is drawn where there is only room for a sixth of that.
+PROGRAM = replace(
+    PREVIEW, width=64, height=64, top=22, depth=28, film=2, backing=6, start=2, lead=0, feed=10,
+    exit=46, housing=3, gap=4, end_gap=10, letter=18, pen=4.5, line=2, over=4, symbol=1.1,
+)
+SMALL_PROGRAM = replace(
+    PREVIEW, width=16, height=16, top=3, depth=9, film=0, backing=2, start=0, lead=0, feed=4,
+    exit=13, housing=1, gap=0, end_gap=4, letter=5, pen=1.2, line=1, over=1, symbol=0,
 )
 # fmt: on
