@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -62,6 +63,14 @@ void translateQt(QTranslator &texts)
                    QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(&texts);
     }
+}
+
+/// Has desktops show the window with the name and icon of the desktop entry.
+void useDesktopEntry()
+{
+    const QString entry = QStringLiteral(KV_APPLICATION_ID);
+    QGuiApplication::setDesktopFileName(entry);
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(entry));
 }
 
 ExitStatus runScript(const CommandLine &line)
@@ -135,6 +144,7 @@ int main(int argc, char **argv)
 
     const bool mayLackDisplay = offerNoDisplay();
     const QApplication application(argc, argv);
+    useDesktopEntry();
     QTranslator textsOfQt;
     translateQt(textsOfQt);
     if (mayLackDisplay && QGuiApplication::platformName() == QLatin1String("offscreen")) {
