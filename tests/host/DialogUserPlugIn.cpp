@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QGenericPlugin>
+#include <QIcon>
 #include <QPrintDialog>
 #include <QTimer>
 
@@ -21,6 +22,16 @@ void tellButtons(const QPrintDialog &dialog)
     const auto buttons = box->buttons();
     for (const QAbstractButton *button : buttons) {
         std::puts(qPrintable(button->text().remove(QLatin1Char('&'))));
+    }
+}
+
+/// Writes the name of the desktop entry and the sizes of the window's icon to standard output.
+void tellWindow(const QPrintDialog &dialog)
+{
+    std::puts(qPrintable(QGuiApplication::desktopFileName()));
+    const auto sizes = dialog.windowIcon().availableSizes();
+    for (const QSize &size : sizes) {
+        std::printf("%dx%d\n", size.width(), size.height());
     }
 }
 
@@ -46,8 +57,9 @@ private:
         }
         mTimer.stop();
         DialogDriver user(*dialog);
-        if (mDeed == QLatin1String("tell")) {
-            tellButtons(*dialog);
+        if (mDeed.startsWith(QLatin1String("tell"))) {
+            const bool isOfWindow = mDeed == QLatin1String("tellwindow");
+            isOfWindow ? tellWindow(*dialog) : tellButtons(*dialog);
             user.cancel();
             return;
         }
@@ -65,7 +77,8 @@ private:
 } // namespace
 
 /// Works the print dialog of a process that is started with
-/// QT_QPA_GENERIC_PLUGINS=dialoguser:accept, dialoguser:cancel or dialoguser:tell.
+/// QT_QPA_GENERIC_PLUGINS=dialoguser:accept, dialoguser:cancel, dialoguser:tell or
+/// dialoguser:tellwindow.
 class DialogUserPlugIn : public QGenericPlugin
 {
     Q_OBJECT
