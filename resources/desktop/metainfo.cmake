@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: Apache-2.0
 
-# cmake -D KV_ID=ID -D KV_ENTRY=FILE -D KV_GUIDE=FILE -D KV_SCREENSHOT_URL=URL -D KV_METAINFO=FILE -P metainfo.cmake
-# Writes the AppStream metainfo, with the comments of the desktop entry, and with the guide's screenshots
-# when the URL of their folder is not empty.
+# cmake -D KV_ID=ID -D KV_ENTRY=FILE -D KV_GUIDE=FILE -D KV_HOMEPAGE=URL -D KV_SCREENSHOT_URL=URL
+#       -D KV_METAINFO=FILE -P metainfo.cmake
+# Writes the AppStream metainfo, with the comments of the desktop entry; with the home page, and with the
+# guide's screenshots, when the URL of the page or of the screenshots' folder is not empty.
 
 # collect(RESULT FILE LINE ELEMENT): an element for each line of the file, joined.
 function(collect result file line element)
@@ -14,6 +15,10 @@ endfunction()
 
 collect(summary ${KV_ENTRY} "^Comment=(.*)" [[  <summary>\1</summary>]])
 collect(translations ${KV_ENTRY} "^Comment\\[(.*)\\]=(.*)" [[  <summary xml:lang="\1">\2</summary>]])
+set(homepage)
+if(KV_HOMEPAGE)
+    set(homepage "\n  <url type=\"homepage\">${KV_HOMEPAGE}</url>")
+endif()
 set(screenshots)
 if(KV_SCREENSHOT_URL)
     collect(screenshots ${KV_GUIDE} "^!\\[(.*)\\]\\(guide/(.*)\\)"

@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QMap>
 #include <QMimeDatabase>
+#include <QRegularExpression>
 #include <QTest>
 #include <QXmlStreamReader>
 
@@ -50,9 +51,12 @@ QMap<QString, QString> textsIn(const QString &path, const QString &element)
     return texts;
 }
 
-ProgramRun validateMetainfo(const QString &path)
+/// The errors and warnings that appstreamcli has of the metainfo.
+QStringList faultsOfMetainfo(const QString &path)
 {
-    return runProgram(u"appstreamcli"_s, {u"validate"_s, u"--no-net"_s, path});
+    const ProgramRun run = runProgram(u"appstreamcli"_s, {u"validate"_s, u"--no-net"_s, path});
+    const QStringList faults = run.lines().filter(QRegularExpression(u"^[EW]:"_s));
+    return run.status == 0 || !faults.isEmpty() ? faults : QStringList(run.output + run.errors);
 }
 
 /// How many pixels of a picture have about this colour.
@@ -83,7 +87,7 @@ private Q_SLOTS:
     void installedFiles();
     void entryIsValid();
     void metainfoIsValid();
-    void metainfoWithScreenshots();
+    void metainfoOfPackagers();
     void releaseIsThisVersion();
     void languages_data();
     void languages();
@@ -158,17 +162,16 @@ void tst_desktopentry::entryIsValid()
 
 void tst_desktopentry::metainfoIsValid()
 {
-    const ProgramRun run = validateMetainfo(metainfo());
-    QVERIFY2(run.status == 0, qPrintable(run.output));
-    for (const QString &line : run.lines()) {
-        // Besides what needs no change.
-        QVERIFY2(!line.startsWith(u"W:") && !line.startsWith(u"E:"), qPrintable(line));
-    }
+    QStringList faults = faultsOfMetainfo(metainfo());
+    // Newer versions want a home page, which packagers can name.
+    faults.removeAll(u"W: %1:~: url-homepage-missing"_s.arg(applicationId));
+    QCOMPARE(faults, QStringList());
     QCOMPARE(textsIn(metainfo(), u"id"_s).value(QString()), applicationId);
     QVERIFY(textsIn(metainfo(), u"image"_s).isEmpty());
+    QVERIFY(textsIn(metainfo(), u"url"_s).isEmpty());
 }
 
-void tst_desktopentry::metainfoWithScreenshots()
+void tst_desktopentry::metainfoOfPackagers()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(applicationId + u".metainfo.xml"_s);
@@ -176,12 +179,12 @@ void tst_desktopentry::metainfoWithScreenshots()
     const ProgramRun made = runProgram(
         QStringLiteral(KV_CMAKE),
         {u"-D"_s, u"KV_ID="_s + applicationId, u"-D"_s, u"KV_ENTRY="_s + entry(), u"-D"_s,
-         u"KV_GUIDE=%1/docs/guide.md"_s.arg(source), u"-D"_s,
-         u"KV_SCREENSHOT_URL=https://pictures.example/guide"_s, u"-D"_s, u"KV_METAINFO="_s + file,
-         u"-P"_s, source + u"/resources/desktop/metainfo.cmake"_s});
+         u"KV_GUIDE=%1/docs/guide.md"_s.arg(source), u"-D"_s, u"KV_HOMEPAGE=https://home.example"_s,
+         u"-D"_s, u"KV_SCREENSHOT_URL=https://pictures.example/guide"_s, u"-D"_s,
+         u"KV_METAINFO="_s + file, u"-P"_s, source + u"/resources/desktop/metainfo.cmake"_s});
     QVERIFY2(made.status == 0, qPrintable(made.errors));
-    const ProgramRun run = validateMetainfo(file);
-    QVERIFY2(run.status == 0, qPrintable(run.output));
+    QCOMPARE(faultsOfMetainfo(file), QStringList());
+    QCOMPARE(textsIn(file, u"url"_s).value(QString()), u"https://home.example"_s);
     const QString text = QString::fromUtf8(contentsOf(file));
     const QDir guide(source + u"/docs/guide"_s);
     const QStringList pictures = guide.entryList({u"*.png"_s});
