@@ -8,16 +8,41 @@
 #include "applications/DisplayServer.h"
 #include "applications/Waiting.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
+#include <optional>
 
 namespace {
 const QString panelTab = u"tab:Cut Options"_s;
 const QString advancedTab = u"tab:Advanced"_s;
 const QString failure = u"label:The printer's options cannot be shown. The job is printed with the "
                         "present settings."_s;
+
+/// Puts a panel service into a folder whose panels never let a job be printed; its path, null when
+/// that fails.
+std::optional<QString> refusingService(const QDir &folder)
+{
+    const auto place = [&folder](const QString &file) {
+        const QString path =
+            folder.filePath(QDir(QStringLiteral(KV_BUILD_FOLDER)).relativeFilePath(file));
+        folder.mkpath(QFileInfo(path).path());
+        return path;
+    };
+    const QString libraries = QStringLiteral(KV_LIBRARIES);
+    const QString service = QStringLiteral(KV_PANEL_SERVICE);
+    const QString program = QStringLiteral(KV_PRINT_PROGRAM);
+    QFile script(place(program));
+    const QString text =
+        u"#!/bin/sh\n%1 \"$@\" | sed -u 's/\"answer\":true/\"answer\":false/'\n"_s.arg(program);
+    const bool isMade = QFile::link(libraries, place(libraries)) &&
+                        QFile::copy(service, place(service)) && script.open(QIODevice::WriteOnly) &&
+                        script.write(text.toUtf8()) > 0 &&
+                        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    return isMade ? std::optional(place(service)) : std::nullopt;
+}
 } // namespace
 
 /// The panel in the print dialogs of GTK 3 and GTK 4.
@@ -48,6 +73,8 @@ private Q_SLOTS:
     void clickOnWhatBecomesGrey();
     void heatShrinkTubeWarns_data() { everyGtk(); }
     void heatShrinkTubeWarns();
+    void panelThatRefusesToPrint_data() { everyGtk(); }
+    void panelThatRefusesToPrint();
     void dialogShownAgain_data() { everyGtk(); }
     void dialogShownAgain();
     void twoDialogs_data() { everyGtk(); }
@@ -229,6 +256,24 @@ void tst_gtkdialog::heatShrinkTubeWarns()
     QVERIFY(dialog.tell(u"paper HS12x100 34 283.5"_s));
     QVERIFY(dialog.tell(u"click Cut Every"_s));
     QVERIFY(waitFor([&dialog] { return !dialog.state().filter(u"alert:"_s).isEmpty(); }));
+}
+
+void tst_gtkdialog::panelThatRefusesToPrint()
+{
+    const QTemporaryDir folder;
+    const auto service = refusingService(QDir(folder.path()));
+    QVERIFY(service && openBus(*service));
+    GtkDialog dialog = this->dialog();
+    QVERIFY(dialog.tell(u"open tape"_s));
+    QVERIFY(dialog.shows({u"box:Half Cut off"_s}));
+    QVERIFY(dialog.tell(u"respond -5"_s));
+    QVERIFY(dialog.tell(u"click Half Cut"_s));
+    QVERIFY(dialog.shows({u"responses="_s, u"box:Half Cut on"_s, panelTab}));
+    // Cancel needs no permission.
+    QVERIFY(dialog.tell(u"respond -6"_s));
+    QVERIFY(dialog.shows({u"responses=-6 "_s}));
+    QCOMPARE(dialog.end(), 0);
+    QCOMPARE(dialog.ownErrors(), QStringList());
 }
 
 void tst_gtkdialog::dialogShownAgain()
