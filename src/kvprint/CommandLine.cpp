@@ -52,6 +52,7 @@ constexpr KnownOption knownOptions[] = {
      "--no-dialog, --dry-run or --screenshot"},
     {"no-dialog", "Print without a dialog.", nullptr, nullptr},
     {"wait", "Wait until the job has ended.", nullptr, nullptr},
+    {"alert", "Show errors in a window as well.", nullptr, nullptr},
     {"dry-run", "Do not print; show the summary and the lp command.", nullptr, nullptr},
     {"ppd", "Use this PPD file, without a print scheduler.", "FILE", ppdNeeds},
     {"list", "List printers, options and presets.", nullptr, nullptr},
@@ -136,7 +137,7 @@ const ActionRule actionRules[] = {
     {CommandLine::Action::Print,
      {},
      {QStringLiteral("d"), QStringLiteral("n"), QStringLiteral("o"), QStringLiteral("timeout"),
-      QStringLiteral("wait"), QStringLiteral("retry")},
+      QStringLiteral("wait"), QStringLiteral("retry"), QStringLiteral("alert")},
      FileRule::Needed},
 };
 
@@ -276,6 +277,7 @@ QString readValues(const QCommandLineParser &parser, CommandLine &line)
     line.preset = parser.value(QStringLiteral("preset"));
     line.isDryRun = parser.isSet(QStringLiteral("dry-run"));
     line.wait = parser.isSet(QStringLiteral("wait"));
+    line.alerts = parser.isSet(QStringLiteral("alert"));
     line.journal = parser.value(QStringLiteral("journal"));
     line.asJSON = parser.isSet(QStringLiteral("json"));
     line.files = parser.positionalArguments();

@@ -49,6 +49,8 @@ struct CommandLine
     bool asJSON = false;
     /// Whether to wait until the job has ended.
     bool wait = false;
+    /// Whether Print shows errors in a window as well.
+    bool alerts = false;
     /// The script of RunScript or the batch of PrintBatch, "-" for standard input; the picture of
     /// Screenshot; the map of CheckMap.
     QString actionFile;

@@ -8,6 +8,7 @@
 #include "host/HostText.h"
 
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPrinterInfo>
 
 namespace {
@@ -103,18 +104,24 @@ SchedulerConnection::Milliseconds PrintCommand::schedulerLimit() const
     return std::chrono::seconds(mCommandLine.timeout);
 }
 
+void PrintCommand::fail(const QString &fault)
+{
+    mFault = fault;
+    mReporter.report(fault);
+}
+
 ExitStatus PrintCommand::checkOptions(const PrinterRecord &printer)
 {
     QString fault = printer.error;
     const auto ppd = fault.isNull() ? printer.openPPD(&fault, PPDFile::Marks::Defaults) : nullptr;
     if (!fault.isNull()) {
-        mReporter.report(fault);
+        fail(fault);
         return ExitStatus::NotPrinted;
     }
     if (ppd) {
         mCommandLine.options = spelledAsIn(*ppd, mCommandLine.options);
         fault = faultOfOptions(*ppd, mCommandLine.options);
-        mReporter.report(fault);
+        fail(fault);
     }
     return fault.isNull() ? ExitStatus::Printed : ExitStatus::Usage;
 }
@@ -124,7 +131,7 @@ QPrintDialog *PrintCommand::prepare(ExitStatus *status)
     *status = ExitStatus::NotPrinted;
     const QString fault = JobSubmission::faultOf(mCommandLine.files);
     if (!fault.isNull()) {
-        mReporter.report(fault);
+        fail(fault);
         return nullptr;
     }
     SchedulerConnection scheduler(schedulerLimit());
@@ -199,13 +206,25 @@ ExitStatus PrintCommand::print()
     mJobId = JobSubmission::print(scheduler, mPrinter->printerName(), mCommandLine.files,
                                   mPrinter->docName(), optionsOfJob(), &error);
     if (mJobId == 0) {
-        mReporter.report(error);
+        fail(error);
         return ExitStatus::NotPrinted;
     }
     return ExitStatus::Printed;
 }
 
 ExitStatus PrintCommand::run()
+{
+    const ExitStatus status = printByDialog();
+    if (mCommandLine.alerts && !mFault.isNull()) {
+        QMessageBox alert(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), mFault,
+                          QMessageBox::Ok);
+        alert.setTextFormat(Qt::PlainText);
+        alert.exec();
+    }
+    return status;
+}
+
+ExitStatus PrintCommand::printByDialog()
 {
     ExitStatus status = ExitStatus::NotPrinted;
     QPrintDialog *dialog = prepare(&status);

@@ -43,7 +43,8 @@ public:
     /// Prints as the dialog, which the user has accepted, says.
     ExitStatus print();
 
-    /// The whole run, with the user at the dialog.
+    /// The whole run, with the user at the dialog; shows why nothing was printed when the command
+    /// line wants that.
     ExitStatus run();
 
     /// The attachment to the dialog; null before prepare(), and when the dialog has been deleted.
@@ -52,6 +53,10 @@ public:
     int jobId() const { return mJobId; }
 
 private:
+    /// Has the user choose in the dialog, and prints.
+    ExitStatus printByDialog();
+    /// Reports why nothing is printed, unless that is null.
+    void fail(const QString &fault);
     /// How long the scheduler may be silent.
     SchedulerConnection::Milliseconds schedulerLimit() const;
     /// Spells the options as the printer does. ExitStatus::Printed when they are valid.
@@ -74,4 +79,6 @@ private:
     /// What the dialog says as long as the user has not touched it.
     JobOptions mOptionsAtStart;
     int mJobId = 0;
+    /// Why nothing is printed; null for nothing.
+    QString mFault;
 };

@@ -224,7 +224,7 @@ tst_completion::Completion tst_completion::complete(const QString &line,
 void tst_completion::completionOffersEveryOption()
 {
     const QStringList names = allNames();
-    QCOMPARE(names.size(), 24);
+    QCOMPARE(names.size(), 25);
     QVERIFY(names.contains(u"--no-dialog"_s));
     QStringList offered = complete(u"kvprint -"_s).offered;
     offered.sort();

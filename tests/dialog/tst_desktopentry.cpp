@@ -94,6 +94,7 @@ private Q_SLOTS:
     void iconInSizes_data();
     void iconInSizes();
     void windowHasIcon();
+    void errorIsShown();
     void offeredForItsTypes();
     void desktopOpensFiles();
     // The last one: printers keep no jobs from here on.
@@ -284,6 +285,15 @@ void tst_desktopentry::windowHasIcon()
     for (int size : drawnSizes) {
         QVERIFY2(told.contains(u"%1x%1"_s.arg(size)), qPrintable(run.output + run.errors));
     }
+}
+
+void tst_desktopentry::errorIsShown()
+{
+    QVERIFY(keysOf(entry()).value(u"Exec"_s).startsWith(u"kvprint --alert "_s));
+    const ProgramRun run =
+        runKvprint({u"--alert"_s, u"-d"_s, u"tape"_s, u"gone.pdf"_s}, {{}, desktop()});
+    QCOMPARE(run.status, int(ExitStatus::NotPrinted));
+    QCOMPARE(run.lines(), QStringList{u"gone.pdf: No such file or directory"_s});
 }
 
 void tst_desktopentry::offeredForItsTypes()

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QGenericPlugin>
 #include <QIcon>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QTimer>
 
@@ -36,6 +37,7 @@ void tellWindow(const QPrintDialog &dialog)
 }
 
 /// Ticks half cut in the print dialog of its process, and accepts or cancels it; or tells of it.
+/// Writes what an alert says to standard output, and closes it.
 class DialogUser : public QObject
 {
     Q_OBJECT
@@ -51,6 +53,10 @@ public:
 private:
     void look()
     {
+        if (auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            std::puts(qPrintable(alert->text()));
+            alert->accept();
+        }
         auto *dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
         if (!dialog) {
             return;

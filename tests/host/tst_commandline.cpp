@@ -285,6 +285,7 @@ void tst_commandline::refusedCombinations_data()
         u"--continue-from does not go with --no-dialog."_s);
     add(u"--wait --dry-run a.pdf"_s, u"--wait does not go with --dry-run."_s);
     add(u"--wait --list"_s, u"--wait does not go with --list."_s);
+    add(u"--alert --no-dialog a.pdf"_s, u"--alert does not go with --no-dialog."_s);
     add(u"--retry 5 --no-dialog a.pdf"_s, u"--retry needs --batch or --wait."_s);
     add(u"--list=all"_s, u"Unexpected value after '--list'."_s);
 }
