@@ -175,6 +175,7 @@ private Q_SLOTS:
     void examplesForOtherPrograms_data();
     void examplesForOtherPrograms();
     void exampleBatch();
+    void examplesOfManual();
 
 private: // NOLINT(readability-redundant-access-specifiers)
     /// What a tabulator key behind a line does in a shell.
@@ -436,6 +437,34 @@ void tst_completion::exampleBatch()
         }
     }
     QCOMPARE(examples, 4);
+}
+
+/// A user at the dialog accepts it.
+void tst_completion::examplesOfManual()
+{
+    QVERIFY(QFile::copy(PrintingSite::ppdPath(u"tape"_s), mSite.path(u"tape.ppd"_s)));
+    QVERIFY(!mSite.document(u"label.pdf"_s).isNull());
+    QVERIFY(!mSite.file(u"labels.jsonl"_s, R"({"file":"label.pdf","printer":"tape"})").isNull());
+    QVERIFY(!mSite.file(u"labels.csv"_s, "file;printer\nlabel.pdf;tape\n").isNull());
+    QVERIFY(mSite.saveUserOptions("Default tape\n"));
+    const QStringList variables = {
+        u"PATH=%1:/usr/bin:/bin"_s.arg(QFileInfo(QStringLiteral(KV_PRINT_PROGRAM)).path()),
+        QStringLiteral("QT_PLUGIN_PATH=" KV_TEST_PLUGIN_FOLDER),
+        u"QT_QPA_GENERIC_PLUGINS=dialoguser:accept"_s};
+    static const QRegularExpression block(u"^\\.EX\n(.*?)^\\.EE$"_s,
+                                          QRegularExpression::MultilineOption |
+                                              QRegularExpression::DotMatchesEverythingOption);
+    int examples = 0;
+    for (const auto &match : block.globalMatch(textOf(manualPage))) {
+        QString example = match.captured(1);
+        example.replace(u"\\-"_s, u"-"_s).replace(u"\\(aq"_s, u"'"_s).replace(u"\\e"_s, u"\\"_s);
+        example.replace(u"-d Tape"_s, u"-d tape"_s);
+        const ProgramRun run =
+            runProgram(u"/bin/sh"_s, {u"-ec"_s, example}, {{}, variables, folder()});
+        QVERIFY2(run.status == 0, qPrintable(example + run.output + run.errors));
+        ++examples;
+    }
+    QCOMPARE(examples, 7);
 }
 
 KV_TEST(tst_completion)
