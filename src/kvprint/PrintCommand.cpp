@@ -8,6 +8,7 @@
 #include "host/HostText.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPrinterInfo>
 
