@@ -6,9 +6,27 @@
 #include "printcore/PictureVariants.h"
 #include "printcore/ResourceLimits.h"
 
+#include <QCryptographicHash>
 #include <QGuiApplication>
+#include <QPixmapCache>
 
 #include <utility>
+
+namespace {
+/// The picture in a file's bytes, which another panel may have decoded before.
+QPixmap pictureIn(const QByteArray &bytes, qreal ratio)
+{
+    const QByteArray sum = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex();
+    const QString key = QStringLiteral("kvprint %1 %2").arg(QLatin1String(sum)).arg(ratio);
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = QPixmap::fromImage(decodePicture(bytes));
+        picture.setDevicePixelRatio(ratio);
+        QPixmapCache::insert(key, picture);
+    }
+    return picture;
+}
+} // namespace
 
 PictureFile::PictureFile(const CheckedFile &folder, const QString &name)
 {
@@ -30,8 +48,7 @@ bool PictureFile::read(const CheckedFile &folder, const PictureVariant &variant)
 const QPixmap &PictureFile::pixmap() const
 {
     if (!mBytes.isEmpty()) {
-        mPixmap = QPixmap::fromImage(decodePicture(std::exchange(mBytes, {})));
-        mPixmap.setDevicePixelRatio(mRatio);
+        mPixmap = pictureIn(std::exchange(mBytes, {}), mRatio);
     }
     return mPixmap;
 }
