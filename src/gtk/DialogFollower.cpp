@@ -134,29 +134,44 @@ DialogFollower::DialogFollower(GtkPrintUnixDialog *dialog)
             static_cast<DialogFollower *>(self)->followPaper();
         });
     connect(
-        "unmap",
-        +[](GtkWidget *, gpointer self) { static_cast<DialogFollower *>(self)->endTalk(); });
+        "map",
+        +[](GtkWidget *, gpointer self) { static_cast<DialogFollower *>(self)->awaitSight(); });
     connect(
-        "map", +[](GtkWidget *, gpointer self) {
-            auto *follower = static_cast<DialogFollower *>(self);
-            if (!follower->mTalk) {
-                follower->followPrinter();
-            }
-        });
+        "unmap",
+        +[](GtkWidget *, gpointer self) { static_cast<DialogFollower *>(self)->forgetSight(); });
     connect(
         "destroy",
         +[](GtkWidget *, gpointer self) { static_cast<DialogFollower *>(self)->forgetDialog(); });
-    followPrinter();
 }
 
 DialogFollower::~DialogFollower()
 {
+    forgetSight();
+}
+
+void DialogFollower::awaitSight()
+{
+    mTab.suspend();
+    mPaintWatch = std::make_unique<PaintWatch>(GTK_WIDGET(mDialog), [this] { begin(); });
+}
+
+void DialogFollower::begin()
+{
+    mPaintWatch.reset();
+    mIsSeen = true;
+    followPrinter();
+}
+
+void DialogFollower::forgetSight()
+{
     endTalk();
+    mPaintWatch.reset();
+    mIsSeen = false;
 }
 
 void DialogFollower::forgetDialog()
 {
-    endTalk();
+    forgetSight();
     mIsDestroyed = true;
     mHidden.clear();
 }
@@ -177,6 +192,9 @@ void DialogFollower::dropTalk()
 
 void DialogFollower::followPrinter()
 {
+    if (!mIsSeen) {
+        return;
+    }
     endTalk();
     mHasOtherPaper = false;
     // GTK has made the controls of another printer.
@@ -359,7 +377,13 @@ void DialogFollower::alert(const std::string &text) const
 
 bool DialogFollower::holds(int response)
 {
-    if (response != GTK_RESPONSE_OK || mIsReleasing || !mTalk) {
+    if (response != GTK_RESPONSE_OK || mIsReleasing) {
+        return false;
+    }
+    if (mPaintWatch) {
+        begin();
+    }
+    if (!mTalk) {
         return false;
     }
     if (mHeld == 0) {

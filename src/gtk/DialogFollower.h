@@ -4,6 +4,7 @@
 #include "gtk/DialogOptions.h"
 #include "gtk/GtkVersions.h"
 #include "gtk/OptionTab.h"
+#include "gtk/PaintWatch.h"
 #include "gtk/ServiceTalk.h"
 
 #include <memory>
@@ -29,6 +30,11 @@ public:
 private:
     explicit DialogFollower(GtkPrintUnixDialog *dialog);
 
+    /// Waits until the dialog is on the screen, which it is as early as without the panel.
+    void awaitSight();
+    void begin();
+    /// Ends the conversation of a dialog that is not shown any more.
+    void forgetSight();
     void followPrinter();
     void followPaper();
     GVariant *openingRequests(GtkPrinter *printer) const;
@@ -68,6 +74,9 @@ private:
     void forgetDialog();
 
     GtkPrintUnixDialog *mDialog;
+    /// While the dialog is shown and has not been painted yet.
+    std::unique_ptr<PaintWatch> mPaintWatch;
+    bool mIsSeen = false;
     std::unique_ptr<ServiceTalk> mTalk;
     bool mIsOpen = false;
     /// Whether the dialog has got another paper since the conversation was begun.
