@@ -93,7 +93,7 @@ coverage:
 
 # Measures the panel, what the extension costs applications, and what labels cost from scripts.
 bench:
-	tools/deps build run qt5 bench
+	tools/deps build run qt5 gtk bench
 	cmake --preset release -DKV_BUILD_BENCH=ON $(CMAKE_OPTIONS)
 	cmake --build --preset release --parallel $(JOBS) --target kvprint-bench
 	tests/isolated build/release/bin/kvprint-bench

@@ -22,7 +22,8 @@ struct Aim
     double limit = 0.0;
 };
 
-/// Two measurements, by their names, of which one is compared with the other.
+/// Two measurements, by their names, of which one is compared with the other; or one, with none
+/// beside it.
 struct Comparison
 {
     std::string name;

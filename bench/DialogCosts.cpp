@@ -2,8 +2,6 @@
 #include "bench/DialogCosts.h"
 
 #include "bench/Interruption.h"
-#include "bench/PairedTimes.h"
-#include "bench/RatioTable.h"
 
 #include <algorithm>
 #include <iterator>
@@ -21,11 +19,6 @@ constexpr Aim onScreen = {Aim::Kind::Ratio, 1.05};
 constexpr Aim unnoticed = {Aim::Kind::Difference, 0.05};
 
 constexpr const char *openingTimes[] = {"", ", again"};
-
-std::string without(const std::string &name)
-{
-    return name + ", without";
-}
 } // namespace
 
 /// What a dialog is asked to do.
@@ -47,6 +40,11 @@ struct DialogCosts::Answers
 
     /// What can be asked of a dialog while it answers like that, in order.
     std::vector<Moment> moments() const;
+    /// What the time of a moment is called.
+    std::string timeOf(const Moment &moment) const
+    {
+        return std::string(name) + ": " + moment.name;
+    }
 };
 
 const DialogCosts::Moment DialogCosts::allMoments[] = {
@@ -67,8 +65,7 @@ std::vector<DialogCosts::Moment> DialogCosts::Answers::moments() const
 
 void DialogCosts::measureOpenings(const DialogApplication &application)
 {
-    ComparisonGroup group = {"Print dialogs, until they are on the screen: " + application.title,
-                             {}};
+    std::vector<std::string> names;
     for (const auto &[printer, title] :
          {std::pair("tape", "printer with a panel"), {"plain", "printer without a panel"}}) {
         const std::string name = application.title + ", " + title;
@@ -77,10 +74,11 @@ void DialogCosts::measureOpenings(const DialogApplication &application)
             open(application, printer, name, pair % 2 != 0);
         }
         for (const char *time : openingTimes) {
-            compare(group, name + time, onScreen);
+            names.push_back(name + time);
         }
     }
-    mGroups.push_back(group);
+    mTimes.compare("Print dialogs, until they are on the screen: " + application.title, names,
+                   onScreen);
 }
 
 void DialogCosts::open(const DialogApplication &application, const char *printer,
@@ -91,7 +89,7 @@ void DialogCosts::open(const DialogApplication &application, const char *printer
     const auto run = mSite.start(application, printer, isExtended, patience);
     for (const char *time : openingTimes) {
         run->time("make");
-        add(name + time, isExtended, run->time("show").untilSeen);
+        mTimes.add(name + time, isExtended, run->time("show").untilSeen);
         if (!*time) {
             Requests &requests = mRequests[name];
             (isExtended ? requests.with : requests.without) = mSite.requests() - before;
@@ -107,14 +105,14 @@ void DialogCosts::measureMoments(const DialogApplication &application)
             work(application, answers, pair % 2 == 0);
             work(application, answers, pair % 2 != 0);
         }
-        ComparisonGroup group = {std::string("The longest time for which an application with a "
-                                             "print dialog does not answer: the scheduler does ") +
-                                     answers.name,
-                                 {}};
+        std::vector<std::string> names;
         for (const Moment &moment : answers.moments()) {
-            compare(group, std::string(answers.name) + ": " + moment.name, unnoticed);
+            names.push_back(answers.timeOf(moment));
         }
-        mGroups.push_back(group);
+        mTimes.compare(std::string("The longest time for which an application with a print dialog "
+                                   "does not answer: the scheduler does ") +
+                           answers.name,
+                       names, unnoticed);
     }
 }
 
@@ -128,30 +126,15 @@ void DialogCosts::work(const DialogApplication &application, const Answers &answ
     mSite.delayAnswers(answers.delay);
     mSite.stop(answers.isStopped);
     for (const Moment &moment : answers.moments()) {
-        add(std::string(answers.name) + ": " + moment.name, isExtended,
-            run->time(moment.deed).longest);
+        mTimes.add(answers.timeOf(moment), isExtended, run->time(moment.deed).longest);
     }
     mSite.stop(false);
     mSite.delayAnswers(0ms);
 }
 
-void DialogCosts::add(const std::string &name, bool isExtended, double seconds)
-{
-    mTimes[isExtended ? name : without(name)].push_back(seconds);
-}
-
-void DialogCosts::compare(ComparisonGroup &group, const std::string &name, const Aim &aim)
-{
-    group.comparisons.push_back({name, without(name), aim});
-}
-
 void DialogCosts::print(std::ostream &stream) const
 {
-    std::map<std::string, double> medians;
-    for (const auto &[name, times] : mTimes) {
-        medians[name] = PairedTimes::median(times);
-    }
-    RatioTable(medians).print(stream, mGroups);
+    mTimes.print(stream);
     stream << "\nRequests to the scheduler until a dialog is there\n";
     for (const auto &[name, requests] : mRequests) {
         const int more = requests.with - requests.without;

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "bench/Comparison.h"
 #include "bench/DialogSite.h"
+#include "bench/ExtensionTimes.h"
 
 #include <iosfwd>
 #include <map>
 #include <string>
-#include <vector>
 
 /**
  * What the extension costs an application that shows a print dialog: the time until the dialog is
@@ -40,14 +39,10 @@ private:
     void open(const DialogApplication &application, const char *printer, const std::string &name,
               bool isExtended);
     void work(const DialogApplication &application, const Answers &answers, bool isExtended);
-    void add(const std::string &name, bool isExtended, double seconds);
-    /// Compares what has been measured with the extension and without it.
-    void compare(ComparisonGroup &group, const std::string &name, const Aim &aim);
 
     DialogSite mSite;
-    std::map<std::string, std::vector<double>> mTimes;
+    ExtensionTimes mTimes;
     std::map<std::string, Requests> mRequests;
-    std::vector<ComparisonGroup> mGroups;
 
     static const Moment allMoments[];
     static const Answers allAnswers[];

@@ -28,7 +28,8 @@ std::string aimText(const Aim &aim)
     case Aim::Kind::Ratio:
         return formatted("ratio <= %.4g", aim.limit);
     case Aim::Kind::Time:
-        return formatted("time <= %g us", aim.limit * 1e6);
+        return aim.limit < 1e-3 ? formatted("time <= %g us", aim.limit * 1e6)
+                                : formatted("time <= %g ms", aim.limit * 1e3);
     case Aim::Kind::Difference:
         return formatted("+%g ms", aim.limit * 1e3);
     default:
@@ -79,14 +80,16 @@ std::string RatioTable::lines(const std::vector<Comparison> &comparisons) const
 {
     std::string text;
     for (const auto &[name, beside, aim] : comparisons) {
+        const bool isAlone = beside.empty();
         const auto own = mMedians.find(name);
-        const auto other = mMedians.find(beside);
-        if (own == mMedians.end() || other == mMedians.end()) {
+        const auto found = mMedians.find(beside);
+        if (own == mMedians.end() || (found == mMedians.end() && !isAlone)) {
             continue;
         }
-        text += line({name, timeText(own->second), beside, timeText(other->second),
-                      ratioText(own->second / other->second), aimText(aim),
-                      verdict(aim, own->second, other->second)});
+        const double other = isAlone ? 0.0 : found->second;
+        text += line({name, timeText(own->second), beside, isAlone ? "" : timeText(other),
+                      isAlone ? "" : ratioText(own->second / other), aimText(aim),
+                      verdict(aim, own->second, other)});
     }
     return text;
 }

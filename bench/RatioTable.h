@@ -14,8 +14,7 @@ public:
     /// @param medians in seconds, by the measurements' names; must outlive the table.
     explicit RatioTable(const std::map<std::string, double> &medians);
 
-    /// One line for each comparison of which both sides have been measured, below its group's
-    /// title.
+    /// One line for each comparison of which all has been measured, below its group's title.
     void print(std::ostream &stream, const std::vector<ComparisonGroup> &groups) const;
 
     /// A time for people, always of the same width.

@@ -18,27 +18,12 @@ namespace {
 constexpr int pairs = 60;
 constexpr int applicationTimeoutMs = 30'000;
 
-/// What QT_QPA_GENERIC_PLUGINS says.
-enum class PlugIn { None, Unknown, Ours };
-
-QProcessEnvironment environment(const StartedApplication &application, PlugIn plugIn)
+/// What the application writes until it is left.
+QByteArray outputOf(const StartedApplication &application, QProcessEnvironment environment)
 {
-    const QString plugins = QStringLiteral("QT_QPA_GENERIC_PLUGINS");
-    QProcessEnvironment environment = application.environment;
-    environment.insert(QStringLiteral("LD_PRELOAD"), application.leaver);
-    // Qt looks for plug-ins in as many folders in all cases.
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), application.pluginFolder);
-    environment.remove(plugins);
-    if (plugIn != PlugIn::None) {
-        environment.insert(plugins, plugIn == PlugIn::Ours ? QStringLiteral("kvprintdialog")
-                                                           : QStringLiteral("unknown"));
-    }
-    return environment;
-}
-
-QByteArray outputOf(const QString &program, const QProcessEnvironment &environment)
-{
+    const QString &program = application.program;
     QProcess process;
+    environment.insert(QStringLiteral("LD_PRELOAD"), application.leaver);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::SeparateChannels);
     process.start(program, QStringList(), QIODevice::ReadOnly);
@@ -56,11 +41,11 @@ struct Times
     double processor;
 };
 
-Times timesOf(const QString &program, const QProcessEnvironment &environment)
+Times timesOf(const StartedApplication &application, const QProcessEnvironment &environment)
 {
     const double processorBefore = processorSecondsOfChildren();
     const auto before = std::chrono::steady_clock::now();
-    outputOf(program, environment);
+    outputOf(application, environment);
     const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - before;
     return {wall.count(), processorSecondsOfChildren() - processorBefore};
 }
@@ -81,21 +66,20 @@ std::string sentence(const char *kind, const PairedTimes &times)
            (difference.isMeasurable() ? ": measurable\n" : ": not measurable\n");
 }
 
-/// Starts with the plug-in beside others.
+/// Starts with the extension beside others.
 struct Beside
 {
-    const char *title;
-    PlugIn other;
-    PairedTimes wall;
-    PairedTimes processor;
+    const StartedApplication::Other &other;
+    PairedTimes wall = {};
+    PairedTimes processor = {};
 
     /// Starts both; which comes first is for the caller to alternate.
     void measurePair(const StartedApplication &application, bool isOtherFirst)
     {
-        const auto others = environment(application, other);
-        const auto ours = environment(application, PlugIn::Ours);
-        const Times early = timesOf(application.program, isOtherFirst ? others : ours);
-        const Times late = timesOf(application.program, isOtherFirst ? ours : others);
+        const auto &others = other.environment;
+        const auto &ours = application.extended;
+        const Times early = timesOf(application, isOtherFirst ? others : ours);
+        const Times late = timesOf(application, isOtherFirst ? ours : others);
         const auto [first, second] = isOtherFirst ? std::pair(early, late) : std::pair(late, early);
         wall.add(first.wall, second.wall);
         processor.add(first.processor, second.processor);
@@ -111,32 +95,35 @@ StartComparison::StartComparison(StartedApplication application, QString buildFo
 
 void StartComparison::run(std::ostream &stream) const
 {
-    if (!mappedLibraries(false).isEmpty() || mappedLibraries(true).isEmpty()) {
-        throw std::runtime_error("the plug-in is not loaded as it should be");
+    const QStringList mapped = mappedLibraries(mApplication.extended);
+    if (!mappedLibraries(mApplication.others.front().environment).isEmpty() ||
+        mapped.isEmpty() == mApplication.mapsExtension) {
+        throw std::runtime_error(mApplication.title + " maps other files of ours than it should");
     }
-    Beside comparisons[] = {
-        {"beside a start without any generic plug-in", PlugIn::None, {}, {}},
-        {"beside a start with a plug-in that Qt does not find", PlugIn::Unknown, {}, {}}};
+    std::vector<Beside> comparisons;
+    for (const StartedApplication::Other &other : mApplication.others) {
+        comparisons.push_back({other});
+    }
     for (int i = 0; i < pairs; ++i) {
         for (Beside &beside : comparisons) {
             beside.measurePair(mApplication, i % 2 == 0);
         }
     }
     stream << mApplication.title << ", " << pairs << " pairs of starts each\n  mapped of ours: "
-           << mappedLibraries(true).join(QStringLiteral(", ")).toStdString() << "\n";
+           << (mapped.isEmpty() ? "nothing" : mapped.join(QStringLiteral(", ")).toStdString())
+           << "\n";
     for (const Beside &beside : comparisons) {
-        stream << "  " << beside.title << "\n"
+        stream << "  " << beside.other.title << "\n"
                << sentence("  time", beside.wall) << sentence("  processor", beside.processor);
     }
 }
 
-QStringList StartComparison::mappedLibraries(bool hasPlugIn) const
+QStringList StartComparison::mappedLibraries(QProcessEnvironment environment) const
 {
-    auto surroundings = environment(mApplication, hasPlugIn ? PlugIn::Ours : PlugIn::None);
-    surroundings.insert(QStringLiteral("KV_BENCH_MAPS"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("KV_BENCH_MAPS"), QStringLiteral("1"));
     const QStringList known = {mApplication.program, mApplication.leaver};
     QStringList libraries;
-    for (const QByteArray &line : outputOf(mApplication.program, surroundings).split('\n')) {
+    for (const QByteArray &line : outputOf(mApplication, environment).split('\n')) {
         const QString path = QString::fromLocal8Bit(line.mid(line.indexOf('/')));
         if (line.contains('/') && path.startsWith(mBuildFolder) && !known.contains(path)) {
             libraries.append(QStringLiteral("%1 (%2 KB)")

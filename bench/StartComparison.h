@@ -7,6 +7,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 /// An application that shows no print dialog.
 struct StartedApplication
@@ -16,15 +17,24 @@ struct StartedApplication
     QString program;
     /// A library that ends it when it has been seen, as bench/start/Leaver.cpp does.
     QString leaver;
-    /// Where its Qt finds the plug-in, in the subfolder "generic".
-    QString pluginFolder;
-    /// Where it runs: its display and its home.
-    QProcessEnvironment environment;
+    /// Where it runs with the extension.
+    QProcessEnvironment extended;
+    /// Where it runs otherwise.
+    struct Other
+    {
+        /// What this start is called in the results.
+        std::string title;
+        QProcessEnvironment environment;
+    };
+    /// The first is without the extension.
+    std::vector<Other> others;
+    /// Whether it maps something of ours with the extension.
+    bool mapsExtension = false;
 };
 
 /**
- * What the plug-in costs an application that shows no print dialog: the application is started and
- * left when it has been seen, with the plug-in and without it in turn, many times.
+ * What the extension costs an application that shows no print dialog: the application is started
+ * and left when it has been seen, with the extension and without it in turn, many times.
  *
  * Throws std::runtime_error when the application cannot be run or does not map what it should.
  */
@@ -38,7 +48,7 @@ public:
     void run(std::ostream &stream) const;
 
 private:
-    QStringList mappedLibraries(bool hasPlugIn) const;
+    QStringList mappedLibraries(QProcessEnvironment environment) const;
 
     StartedApplication mApplication;
     QString mBuildFolder;

@@ -17,12 +17,16 @@
 //   preset NAME      chooses from the menu of presets
 //   respond NUMBER   sends the dialog's response
 //   state            writes what there is as one line, separated by tabs
+//   times            writes how long it took from the line "open" until the newest dialog was on
+//                    the screen, how much of the processor's time that took, and how long it took
+//                    until the panel was on the screen as well, in microseconds; 0 for not yet
 //
-// Each line but "state" and "where" is answered by an empty line when it is done.
+// Each line but "state", "times" and "where" is answered by an empty line when it is done.
 
 #include "gtk/GtkVersions.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -32,6 +36,46 @@ namespace {
 std::vector<GtkWidget *> dialogs;
 std::string responses;
 std::string wantedPrinter;
+
+gint64 processorTime()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return gint64(time.tv_sec) * G_USEC_PER_SEC + time.tv_nsec / 1'000;
+}
+
+/// What the newest dialog has taken, in microseconds; 0 for not yet.
+class Times
+{
+public:
+    /// Notes that the dialog has been painted.
+    void noteFrame(bool hasPanel)
+    {
+        const gint64 now = g_get_monotonic_time() - mStart;
+        if (mUntilSeen == 0) {
+            mUntilSeen = now;
+            mProcessorUntilSeen = processorTime() - mProcessorStart;
+        }
+        if (mUntilFilled == 0 && hasPanel) {
+            mUntilFilled = now;
+        }
+    }
+
+    std::string text() const
+    {
+        std::ostringstream text;
+        text << mUntilSeen << ' ' << mProcessorUntilSeen << ' ' << mUntilFilled;
+        return text.str();
+    }
+
+private:
+    gint64 mStart = g_get_monotonic_time();
+    gint64 mProcessorStart = processorTime();
+    gint64 mUntilSeen = 0;
+    gint64 mProcessorUntilSeen = 0;
+    gint64 mUntilFilled = 0;
+};
+Times times;
 
 void visit(GtkWidget *widget, const std::function<void(GtkWidget *)> &visitor)
 {
@@ -99,34 +143,23 @@ void selectPrinter(const std::string &name)
 #endif
 }
 
+bool isWantedSelected()
+{
+    GtkPrinter *selected =
+        dialog() ? gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()))
+                 : nullptr;
+    return selected && gtk_printer_get_name(selected) == wantedPrinter;
+}
+
 /// Selects the printer that is wanted, as soon as GTK knows it.
 gboolean selectWanted(gpointer)
 {
     constexpr guint pollMs = 20;
-    GtkPrinter *selected =
-        dialog() ? gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()))
-                 : nullptr;
-    if (dialog() && (!selected || gtk_printer_get_name(selected) != wantedPrinter)) {
+    if (dialog() && !isWantedSelected()) {
         selectPrinter(wantedPrinter);
         g_timeout_add(pollMs, selectWanted, nullptr);
     }
     return G_SOURCE_REMOVE;
-}
-
-void open(const std::string &printer)
-{
-    GtkWidget *made = gtk_print_unix_dialog_new("Print", nullptr);
-    dialogs.push_back(made);
-    gtk_print_unix_dialog_set_manual_capabilities(
-        GTK_PRINT_UNIX_DIALOG(made),
-        GtkPrintCapabilities(GTK_PRINT_CAPABILITY_COPIES | GTK_PRINT_CAPABILITY_GENERATE_PDF));
-    const auto respond = +[](GtkDialog *, int response, gpointer) {
-        responses += std::to_string(response) + ' ';
-    };
-    g_signal_connect(made, "response", G_CALLBACK(respond), nullptr);
-    gtk_window_present(GTK_WINDOW(made));
-    wantedPrinter = printer;
-    selectWanted(nullptr);
 }
 
 void destroyOldest()
@@ -309,6 +342,42 @@ GtkWidget *boxAt(int number)
     return found;
 }
 
+/// Notes what a frame has brought to the screen.
+void noteFrame(GdkFrameClock *, gpointer made)
+{
+    if (made == dialog() && gtk_widget_get_mapped(dialog())) {
+        times.noteFrame(boxAt(0));
+    }
+}
+
+/// Has GTK select the printer that is wanted as soon as it has found it.
+void selectWantedFirst(GtkPrintUnixDialog *made)
+{
+    GtkPrintSettings *settings = gtk_print_settings_new();
+    gtk_print_settings_set_printer(settings, wantedPrinter.c_str());
+    gtk_print_unix_dialog_set_settings(made, settings);
+    g_object_unref(settings);
+}
+
+void open(const std::string &printer)
+{
+    times = Times();
+    GtkWidget *made = gtk_print_unix_dialog_new("Print", nullptr);
+    dialogs.push_back(made);
+    gtk_print_unix_dialog_set_manual_capabilities(
+        GTK_PRINT_UNIX_DIALOG(made),
+        GtkPrintCapabilities(GTK_PRINT_CAPABILITY_COPIES | GTK_PRINT_CAPABILITY_GENERATE_PDF));
+    const auto respond = +[](GtkDialog *, int response, gpointer) {
+        responses += std::to_string(response) + ' ';
+    };
+    g_signal_connect(made, "response", G_CALLBACK(respond), nullptr);
+    wantedPrinter = printer;
+    selectWantedFirst(GTK_PRINT_UNIX_DIALOG(made));
+    gtk_window_present(GTK_WINDOW(made));
+    g_signal_connect(gtk_widget_get_frame_clock(made), "after-paint", G_CALLBACK(noteFrame), made);
+    selectWanted(nullptr);
+}
+
 std::string placeOf(GtkWidget *box)
 {
     constexpr double inside = 12;
@@ -403,6 +472,8 @@ std::string run(const std::string &text)
         gtk_dialog_response(GTK_DIALOG(dialog()), std::atoi(rest.c_str()));
     } else if (command == "state") {
         return state();
+    } else if (command == "times") {
+        return times.text();
     }
     return {};
 }
