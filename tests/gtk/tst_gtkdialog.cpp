@@ -131,7 +131,9 @@ GtkDialog tst_gtkdialog::dialog(const QStringList &variables)
     QFETCH(const QString, gtk);
     return GtkDialog(gtk, mDisplay.environment(),
                      gtkVariables(mSettings.path()) + variables +
-                         QStringList{mBus->variable(), u"HOME="_s + QDir::homePath()});
+                         QStringList{mBus->variable(), u"HOME="_s + QDir::homePath(),
+                                     // Leaked objects are found.
+                                     u"G_SLICE=always-malloc"_s});
 }
 
 void tst_gtkdialog::jobGetsWhatIsChosen()
