@@ -8,6 +8,8 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
+#include <limits>
+
 namespace {
 constexpr char accessibleInterface[] = "org.a11y.atspi.Accessible";
 constexpr char actionInterface[] = "org.a11y.atspi.Action";
@@ -106,7 +108,13 @@ QRect AccessibleObject::frame() const
     if (rectangle.currentType() == QDBusArgument::StructureType) {
         rectangle >> frame;
     }
-    return frame;
+    // So tells GTK 3 that a control is not shown.
+    return frame.x() == std::numeric_limits<int>::min() ? QRect() : frame;
+}
+
+bool AccessibleObject::focus() const
+{
+    return call(componentInterface, "GrabFocus").toBool();
 }
 
 QList<AccessibleObject> AccessibleObject::children() const

@@ -33,7 +33,7 @@ public:
     bool has(const char *interface) const;
     /// The number that the control shows; null when it shows none.
     QVariant value() const;
-    /// The rectangle in its window, in pixels; empty when it has none.
+    /// The rectangle in its window, in pixels; empty when it has none or is not shown.
     QRect frame() const;
     QList<AccessibleObject> children() const;
 
@@ -41,6 +41,8 @@ public:
     int indexOfAction(const QString &action) const;
     /// Does that action; false unless the application says that it was done.
     bool act(int action) const;
+    /// Gives it the focus of its window; false unless the application says so.
+    bool focus() const;
     /// Puts a text in the place of the one in a field; false unless the application says so.
     bool replaceText(const QString &text) const;
 

@@ -61,9 +61,16 @@ bool AssistiveUser::act(const QString &control, const QString &action) const
 bool AssistiveUser::replaceText(const QString &field, const QString &text) const
 {
     const auto object = await(field, [](const AccessibleObject &candidate) {
-        return candidate.has("org.a11y.atspi.EditableText");
+        return candidate.has("org.a11y.atspi.EditableText") &&
+               candidate.is(AccessibleObject::State::Sensitive);
     });
     return object && object->replaceText(text);
+}
+
+bool AssistiveUser::focus(const QString &control) const
+{
+    return await(control, [](const AccessibleObject &candidate) { return candidate.focus(); })
+        .has_value();
 }
 
 bool AssistiveUser::clickNow(const QString &control) const
@@ -85,12 +92,20 @@ bool AssistiveUser::sees(const QString &control, AccessibleObject::State state) 
         .has_value();
 }
 
-std::optional<QPoint> AssistiveUser::placeOf(const QString &control) const
+bool AssistiveUser::seesGrey(const QString &control) const
+{
+    // The first one: GTK 4 does not say so of a box's text.
+    const auto shown =
+        find(control, [](const AccessibleObject &object) { return !object.frame().isEmpty(); });
+    return shown && !shown->is(AccessibleObject::State::Sensitive);
+}
+
+std::optional<QPoint> AssistiveUser::placeOf(const QString &control, const QString &role) const
 {
     QRect frame;
-    const auto hasPlace = [&frame](const AccessibleObject &object) {
+    const auto hasPlace = [&](const AccessibleObject &object) {
         frame = object.frame();
-        return !frame.isEmpty();
+        return !frame.isEmpty() && (role.isEmpty() || object.role() == role);
     };
     return find(control, hasPlace) ? std::optional<QPoint>(frame.center()) : std::nullopt;
 }

@@ -21,13 +21,19 @@ public:
     bool act(const QString &control, const QString &action) const;
     /// Puts a text in the place of the one in a field.
     bool replaceText(const QString &field, const QString &text) const;
+    /// Gives a control the focus of its window.
+    bool focus(const QString &control) const;
     /// Clicks a control that is there now by the action that it has for that; false when there is
     /// none with such an action.
     bool clickNow(const QString &control) const;
     /// Whether there is a control now that is in this state.
     bool sees(const QString &control, AccessibleObject::State state) const;
+    /// Whether there is a control that is shown and cannot be used now.
+    bool seesGrey(const QString &control) const;
     /// The middle of a control in its window; null unless there is one now that has a place.
-    std::optional<QPoint> placeOf(const QString &control) const;
+    ///
+    /// @param role as the toolkits write it; empty for any.
+    std::optional<QPoint> placeOf(const QString &control, const QString &role = {}) const;
 
 private:
     using Condition = std::function<bool(const AccessibleObject &)>;

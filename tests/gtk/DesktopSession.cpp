@@ -26,9 +26,6 @@ bool describeService(const QString &folder)
 
 QString DesktopSession::open()
 {
-    if (!describeService(mFolder.path())) {
-        return u"the panel service cannot be described"_s;
-    }
     const QString error = mDisplay.open();
     return error.isEmpty() ? mSite.open() : error;
 }
@@ -37,8 +34,12 @@ QString DesktopSession::begin(const QStringList &variables)
 {
     mDocuments = std::make_unique<DocumentPortal>();
     mAccess = std::make_unique<AccessBus>();
-    mVariables = gtkVariables(mFolder.path()) + variables;
-    mVariables << u"XDG_DATA_DIRS=%1:/usr/share"_s.arg(mFolder.path())
+    mFolder = std::make_unique<QTemporaryDir>();
+    if (!describeService(mFolder->path())) {
+        return u"the panel service cannot be described"_s;
+    }
+    mVariables = gtkVariables(mFolder->path()) + variables;
+    mVariables << u"XDG_DATA_DIRS=%1:/usr/share"_s.arg(mFolder->path())
                << u"HOME="_s + QDir::homePath();
     const QString error = mAccess->open(mDisplay, mVariables);
     if (!error.isEmpty()) {
@@ -64,7 +65,7 @@ void DesktopSession::start(OwnedProcess &process, const QString &program,
 {
     process.setProcessEnvironment(environment());
     process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(mFolder.filePath(u"errors"_s));
+    process.setStandardErrorFile(mFolder->filePath(u"errors"_s));
     process.start(program, arguments);
 }
 
@@ -82,16 +83,26 @@ bool DesktopSession::hasPrintDialog(const QString &portal) const
 
 bool DesktopSession::workAt(const QString &title)
 {
-    mWindow = {u"search"_s, u"--onlyvisible"_s,  u"--name"_s,
-               title,       u"windowactivate"_s, u"--sync"_s};
-    return waitFor([this] { return mDisplay.command(mWindow); });
+    mWindow = {u"search"_s, u"--onlyvisible"_s, u"--name"_s, title};
+    return waitFor([this] { return activate(); });
+}
+
+bool DesktopSession::activate() const
+{
+    return mDisplay.command(mWindow + QStringList{u"windowactivate"_s, u"--sync"_s});
+}
+
+bool DesktopSession::isLeft(int patienceMs) const
+{
+    return waitFor([this] { return !mDisplay.command(mWindow); }, patienceMs);
 }
 
 bool DesktopSession::press(const QString &keys) const
 {
     const QStringList all = keys.split(u' ');
-    return std::all_of(all.begin(), all.end(),
-                       [this](const QString &key) { return RemoteUser(mDisplay).press(key); });
+    return activate() && std::all_of(all.begin(), all.end(), [this](const QString &key) {
+               return RemoteUser(mDisplay).press(key);
+           });
 }
 
 bool DesktopSession::type(const QString &text) const
@@ -99,18 +110,29 @@ bool DesktopSession::type(const QString &text) const
     return RemoteUser(mDisplay).type(text);
 }
 
-bool DesktopSession::clickNow(const QString &control) const
+bool DesktopSession::clickAt(const std::optional<QPoint> &place) const
 {
-    const AssistiveUser user = this->user();
-    if (user.clickNow(control)) {
-        return true;
-    }
-    // GTK has no such action for some controls.
-    const auto place = user.placeOf(control);
-    return place &&
+    return place && activate() &&
            mDisplay.command(mWindow + QStringList{u"mousemove"_s, u"--window"_s, u"%1"_s,
                                                   QString::number(place->x()),
                                                   QString::number(place->y()), u"click"_s, u"1"_s});
+}
+
+bool DesktopSession::clickNow(const QString &control) const
+{
+    const AssistiveUser user = this->user();
+    // GTK has no such action for some controls.
+    return user.clickNow(control) || clickAt(user.placeOf(control));
+}
+
+bool DesktopSession::openMenu(const QString &menu) const
+{
+    return waitFor([&] { return clickAt(user().placeOf(menu, u"combo box"_s)); });
+}
+
+bool DesktopSession::replaceText(const QString &change) const
+{
+    return user().replaceText(change.section(u'=', 0, 0), change.section(u'=', 1));
 }
 
 bool DesktopSession::awaits(const QString &control) const

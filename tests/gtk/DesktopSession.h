@@ -17,7 +17,7 @@ public:
     /// Starts the display and the scheduler; the reason when that fails.
     QString open();
     /**
-     * Begins a session, which ends the one before.
+     * Begins a session without any settings, which ends the one before.
      *
      * @param variables "NAME=VALUE" of the session's environment, which applications and what the
      *        bus starts have, besides what has GTK load the module of the build.
@@ -30,10 +30,19 @@ public:
     /// Waits until there is a window whose title matches, and gives it the focus; what follows is
     /// done in it.
     bool workAt(const QString &title);
-    /// Presses keys, each alone or several at once ("alt+f Down").
+    /// Waits until the window is gone.
+    bool isLeft(int patienceMs) const;
+    /// Presses keys in the window, each alone or several at once ("alt+f Down"); false when it is
+    /// gone.
     bool press(const QString &keys) const;
     /// Types a text where the focus is.
     bool type(const QString &text) const;
+    /// Clicks a menu with the mouse.
+    bool openMenu(const QString &menu) const;
+    /// Gives a control the focus.
+    bool focus(const QString &control) const { return user().focus(control); }
+    /// Puts a text in the place of the one in a field ("FIELD=TEXT").
+    bool replaceText(const QString &change) const;
     /// Waits until a control is there.
     bool awaits(const QString &control) const;
     /// Clicks a control when it is there.
@@ -56,12 +65,17 @@ public:
 private:
     /// Clicks a control if it is there; whether it was.
     bool clickNow(const QString &control) const;
+    /// Clicks a place in the window with the mouse; false when there is no place.
+    bool clickAt(const std::optional<QPoint> &place) const;
+    /// Gives the window the focus if it is there; whether it is.
+    bool activate() const;
 
     DisplayServer mDisplay;
     PrintingSite mSite;
-    QTemporaryDir mFolder;
+    /// Settings and data of the session's programs.
+    std::unique_ptr<QTemporaryDir> mFolder;
     QStringList mVariables;
-    /// The command that gives the window the focus.
+    /// The command that finds the window.
     QStringList mWindow;
     std::unique_ptr<AccessBus> mAccess;
     std::unique_ptr<DocumentPortal> mDocuments;

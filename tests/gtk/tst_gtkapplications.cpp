@@ -6,11 +6,15 @@
 #include <QDir>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
 
+#include <algorithm>
+#include <functional>
 #include <iterator>
 #include <optional>
+#include <vector>
 
 namespace {
 /// A desktop's portal, whose print dialog applications may ask for.
@@ -22,6 +26,87 @@ struct Portal
     const char *desktop;
 };
 
+/// Something that a user does in a dialog.
+struct Step
+{
+    std::function<bool(DesktopSession &, const QString &)> act;
+    const char *what;
+};
+
+using Steps = std::vector<Step>;
+
+/// How a toolkit's print dialog is worked.
+struct DialogKind
+{
+    /// Shows the tabs.
+    Steps unfold = {};
+    /// Asks for three copies of the second page and the third.
+    Steps chooseCopies;
+    /// Chooses the second one of the panel's presets.
+    Steps choosePreset;
+    /// Chooses a flag label as the paper, and turns to the panel.
+    Steps chooseFlag;
+    /// Chooses the printer "plain", and "tape" again.
+    Steps choosePlain;
+    Steps chooseTape;
+    /// Whether the application keeps the panel's choices with its settings.
+    bool isKept = true;
+};
+
+constexpr auto press = &DesktopSession::press;
+constexpr auto type = &DesktopSession::type;
+constexpr auto click = &DesktopSession::click;
+constexpr auto focus = &DesktopSession::focus;
+constexpr auto openMenu = &DesktopSession::openMenu;
+constexpr auto replaceText = &DesktopSession::replaceText;
+constexpr auto workAt = &DesktopSession::workAt;
+
+const char printDialog[] = "^Print( |$)";
+
+const Steps gtkCopies = {
+    {click, "General"}, {press, "alt+s"}, {type, "3"}, {press, "alt+e"}, {type, "2-3"}};
+const Steps gtkPreset = {{openMenu, "Ready-made combination, Auto cut"},
+                         {press, "Home Down space"}};
+const Steps gtkPlain = {{click, "General"}, {click, "plain"}};
+const Steps gtkTape = {{click, "General"}, {click, "tape"}};
+
+const DialogKind gtk3Dialog = {
+    .chooseCopies = gtkCopies,
+    .choosePreset = gtkPreset,
+    .chooseFlag = {{click, "Flag 21 mm x 45 mm"}, {click, "Cut Options"}},
+    .choosePlain = gtkPlain,
+    .chooseTape = gtkTape,
+};
+
+const DialogKind gtk4Dialog = {
+    .chooseCopies = gtkCopies,
+    .choosePreset = gtkPreset,
+    .chooseFlag = {{click, "Page Setup"},
+                   {openMenu, "Paper size:"},
+                   {press, "Home Down Down Down Down Down Return"},
+                   {click, "Cut Options"}},
+    .choosePlain = gtkPlain,
+    .chooseTape = gtkTape,
+};
+
+const DialogKind qtDialog = {
+    .unfold = {{click, "Options >>"}},
+    .chooseCopies = {{click, "Copies"},
+                     {replaceText, "Copies:=3"},
+                     {click, "Pages"},
+                     {replaceText, "Print range=2-3"}},
+    .choosePreset = {{focus, "Ready-made combination"}, {press, "Home Down"}},
+    .chooseFlag = {{click, "Properties"},
+                   {workAt, "^Printer Properties"},
+                   {press, "alt+p Home Down Down Down Down Down"},
+                   {click, "OK"},
+                   {workAt, printDialog},
+                   {click, "Cut Options"}},
+    .choosePlain = {{press, "alt+n Home Down Down Down Down"}},
+    .chooseTape = {{press, "alt+n Home Down Down Down Down Down"}},
+    .isKept = false,
+};
+
 /// An application whose print dialog is GTK's or a portal's.
 struct GtkApplication
 {
@@ -30,35 +115,52 @@ struct GtkApplication
     const char *program;
     /// The name of the document that it is started with, which says what is in it.
     const char *document;
+    const DialogKind &dialog;
     /// The keys that open the dialog, one after another.
     const char *printKeys = "ctrl+p";
     /// The portal that it asks for the dialog; none if it has the dialog itself.
     Portal portal = {};
-    /// The button that shows the tabs of Qt's dialog; empty for GTK's.
-    const char *unfold = "";
+    /// Whether the paper is chosen in the print dialog.
+    bool hasPaper = true;
+    /// How many pages the document has that is printed; 3 if the scheduler selects the pages.
+    int pages = 2;
 };
 
 const GtkApplication gtkApplications[] = {
-    {.name = "evince", .program = "evince", .document = "label.pdf"},
-    {.name = "l3afpad", .program = "l3afpad", .document = "label.txt"},
+    {.name = "evince", .program = "evince", .document = "label.pdf", .dialog = gtk3Dialog},
+    {.name = "l3afpad",
+     .program = "l3afpad",
+     .document = "label.txt",
+     .dialog = gtk3Dialog,
+     .hasPaper = false},
     {.name = "gtk4-print-editor",
      .program = "gtk4-print-editor",
      .document = "label.txt",
-     .printKeys = "alt+f Up Up Return"},
+     .dialog = gtk4Dialog,
+     .printKeys = "alt+f Up Up Return",
+     .hasPaper = false},
     {.name = "evince, portal of GTK",
      .program = "evince",
      .document = "label.pdf",
+     .dialog = gtk3Dialog,
      .portal = {"gtk", "XFCE"}},
     {.name = "evince, portal of GNOME",
      .program = "evince",
      .document = "label.pdf",
+     .dialog = gtk4Dialog,
      .portal = {"gnome", "GNOME"}},
     {.name = "evince, portal of KDE",
      .program = "evince",
      .document = "label.pdf",
+     .dialog = qtDialog,
      .portal = {"kde", "KDE"},
-     .unfold = "Options >>"},
+     .pages = 3},
 };
+
+/// What is chosen in the first dialog of each application.
+const QStringList chosen = {u"KvAutoTapeCut=OFF"_s,    u"KvChainPrint=ON"_s,
+                            u"KvHalfCut=ON"_s,         u"KvMirror=ON"_s,
+                            u"KvRemoveBlkSpace=OFF"_s, u"KvSpecialTape=OFF"_s};
 } // namespace
 
 /// The panel in applications of Debian's that print with GTK's dialog or a portal's, worked by a
@@ -70,20 +172,32 @@ class tst_gtkapplications : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void jobIsWhatIsChosen_data();
-    void jobIsWhatIsChosen();
+    void dialogsAreWorked_data();
+    void dialogsAreWorked();
 
 private: // NOLINT(readability-redundant-access-specifiers)
+    // What is done with the dialogs of an application, one after another.
+    void jobIsWhatIsChosen(const GtkApplication &application);
+    void paperAndPrinterAreFollowed(const GtkApplication &application);
+    void savedSettingsAreKept(const GtkApplication &application);
+
     /// What has applications ask this portal; null when it is not installed.
     std::optional<QStringList> variablesOf(const Portal &portal) const;
-    /// Writes a document of one label; its path.
+    /// Writes a document of three pages or more; its path.
     QString write(const QString &name) const;
-    /// Opens the application's print dialog.
+    /// Opens the application's print dialog and turns to the panel.
     bool openDialog(const GtkApplication &application);
-    /// Turns to the panel in the dialog.
-    bool openPanel(const GtkApplication &application) const;
-    /// Prints, until there are so many jobs.
-    bool print(qsizetype jobs) const;
+    /// Does these steps, again and again until the state has come about.
+    template <typename State>
+    bool workUntil(const Steps &steps, State isReached);
+    bool work(const Steps &steps);
+    /// What is to be seen of the panel.
+    bool isTicked(const QString &box) const;
+    bool hasTab() const { return mSession.user().placeOf(u"Cut Options"_s).has_value(); }
+    /// Prints; the job, 0 when there is none.
+    int print() const;
+    /// The number of pages of a job's document.
+    int pagesOf(int job) const;
 
     QTemporaryDir mPortals;
     DesktopSession mSession;
@@ -118,39 +232,73 @@ std::optional<QStringList> tst_gtkapplications::variablesOf(const Portal &portal
 
 QString tst_gtkapplications::write(const QString &name) const
 {
-    const QString path = mSession.site().path(name);
+    constexpr int lines = 500;
     if (!name.endsWith(u".pdf"_s)) {
-        return mSession.site().document(name);
+        return mSession.site().file(name, QByteArray("A line of text\n").repeated(lines));
     }
+    const QString path = mSession.site().path(name);
     QPdfWriter writer(path);
     QPainter painter(&writer);
-    painter.drawText(500, 500, u"label"_s);
+    for (const QString &text : {u"first"_s, u"second"_s, u"third"_s}) {
+        if (text != u"first"_s) {
+            writer.newPage();
+        }
+        painter.drawText(500, 500, text);
+    }
     return path;
+}
+
+template <typename State>
+bool tst_gtkapplications::workUntil(const Steps &steps, State isReached)
+{
+    constexpr int effectMs = 3'000;
+    return waitFor([&] { return work(steps) && waitFor(isReached, effectMs); });
+}
+
+bool tst_gtkapplications::work(const Steps &steps)
+{
+    return std::all_of(steps.begin(), steps.end(), [this](const Step &step) {
+        return step.act(mSession, QLatin1String(step.what));
+    });
+}
+
+bool tst_gtkapplications::isTicked(const QString &box) const
+{
+    return mSession.user().sees(box, AccessibleObject::State::Checked);
 }
 
 bool tst_gtkapplications::openDialog(const GtkApplication &application)
 {
     return mSession.workAt(u"label"_s) && mSession.press(QLatin1String(application.printKeys)) &&
-           mSession.workAt(u"^Print( |$)"_s);
-}
-
-bool tst_gtkapplications::openPanel(const GtkApplication &application) const
-{
-    return (!*application.unfold || mSession.click(QLatin1String(application.unfold))) &&
+           mSession.workAt(QLatin1String(printDialog)) && work(application.dialog.unfold) &&
            mSession.openTab(u"Cut Options"_s, u"Half Cut"_s);
 }
 
-bool tst_gtkapplications::print(qsizetype jobs) const
+int tst_gtkapplications::print() const
 {
     constexpr int effectMs = 2'000;
-    const auto isPrinted = [&] {
-        return mSession.site().scheduler().jobIds().size() == jobs;
-    };
+    const PrivateScheduler &scheduler = mSession.site().scheduler();
+    const QList<int> before = scheduler.jobIds();
+    QList<int> jobs;
     // The dialog's button cannot be used before GTK knows all of the printer.
-    return waitFor([&] { return mSession.press(u"alt+p"_s) && waitFor(isPrinted, effectMs); });
+    const bool isPrinted =
+        waitFor([&] { return !mSession.press(u"alt+p"_s) || mSession.isLeft(effectMs); }) &&
+        waitFor([&] { return (jobs = scheduler.jobIds()).size() > before.size(); });
+    return isPrinted && jobs.size() == before.size() + 1 ? jobs.last() : 0;
 }
 
-void tst_gtkapplications::jobIsWhatIsChosen_data()
+int tst_gtkapplications::pagesOf(int job) const
+{
+    const QString folder = mSession.site().scheduler().folder();
+    const QString document = u"d%1-001"_s.arg(job, 5, 10, QLatin1Char('0'));
+    QProcess reader;
+    reader.start(u"pdfinfo"_s, QStringList{folder + u"/spool/"_s + document});
+    reader.waitForFinished();
+    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    return QRegularExpression(u"Pages: +(\\d+)"_s).match(text).captured(1).toInt();
+}
+
+void tst_gtkapplications::dialogsAreWorked_data()
 {
     const TestTable<int> table("row");
     for (size_t i = 0; i < std::size(gtkApplications); ++i) {
@@ -158,7 +306,7 @@ void tst_gtkapplications::jobIsWhatIsChosen_data()
     }
 }
 
-void tst_gtkapplications::jobIsWhatIsChosen()
+void tst_gtkapplications::dialogsAreWorked()
 {
     QFETCH(const int, row);
     const GtkApplication &application = gtkApplications[row];
@@ -179,32 +327,66 @@ void tst_gtkapplications::jobIsWhatIsChosen()
         // As from version 47 on GNOME's, away from GNOME's own display.
         QSKIP("the portal has no print dialog at this display");
     }
-    const qsizetype before = mSession.site().scheduler().jobIds().size();
     OwnedProcess process;
     mSession.start(process, program, {write(QLatin1String(application.document))});
-    QVERIFY(openDialog(application));
-    const bool isGtks = !*application.unfold;
-    // GTK's own field of copies, which is grey until the printer is known.
-    QVERIFY(!isGtks || (mSession.awaits(u"Cut Options"_s) && mSession.press(u"alt+s"_s) &&
-                        mSession.type(u"3"_s)));
-    QVERIFY(openPanel(application));
-    QVERIFY(mSession.tick(u"Half Cut"_s));
-    QVERIFY(print(before + 1));
-    const int job = mSession.site().scheduler().jobIds().last();
-    QCOMPARE(JobTicket::attributes(job, u"copies"_s),
-             QStringList{isGtks ? u"copies=3"_s : u"copies=1"_s});
-    const QStringList choices = {u"KvAutoTapeCut=ON"_s,     u"KvChainPrint=OFF"_s,
-                                 u"KvHalfCut=ON"_s,         u"KvMirror=ON"_s,
-                                 u"KvRemoveBlkSpace=OFF"_s, u"KvSpecialTape=OFF"_s};
-    QCOMPARE(JobTicket::attributes(job, u"Kv"_s), choices);
-    if (!isGtks) {
-        return;
+    for (const auto part :
+         {&tst_gtkapplications::jobIsWhatIsChosen, &tst_gtkapplications::paperAndPrinterAreFollowed,
+          &tst_gtkapplications::savedSettingsAreKept}) {
+        (this->*part)(application);
+        if (QTest::currentTestFailed()) {
+            return;
+        }
     }
-    // The dialog starts from what the application has kept of the job.
+}
+
+void tst_gtkapplications::jobIsWhatIsChosen(const GtkApplication &application)
+{
     QVERIFY(openDialog(application));
-    QVERIFY(openPanel(application));
-    QVERIFY(print(before + 2));
-    QCOMPARE(JobTicket::attributes(mSession.site().scheduler().jobIds().last(), u"Kv"_s), choices);
+    // What the user has saved.
+    QVERIFY(waitFor([this] { return isTicked(u"Auto Cut"_s) && isTicked(u"Mirror Printing"_s); }));
+    QVERIFY(workUntil(application.dialog.choosePreset, [this] {
+        return isTicked(u"Chain Printing"_s) && !isTicked(u"Auto Cut"_s);
+    }));
+    QVERIFY(mSession.tick(u"Half Cut"_s));
+    // Presets untick it.
+    QVERIFY(mSession.tick(u"Mirror Printing"_s));
+    QVERIFY(work(application.dialog.chooseCopies));
+    const int job = print();
+    QVERIFY(job > 0);
+    QCOMPARE(JobTicket::attributes(job, u"Kv"_s), chosen);
+    QCOMPARE(JobTicket::attributes(job, u"copies"_s), QStringList{u"copies=3"_s});
+    const int pages = pagesOf(job);
+    // Applications that ask a portal may print each page as often as there are copies.
+    QVERIFY(pages == application.pages ||
+            (application.portal.name && pages == 3 * application.pages));
+    QCOMPARE(JobTicket::attributes(job, u"page-ranges"_s),
+             application.pages == 3 ? QStringList{u"page-ranges=2-3"_s} : QStringList());
+}
+
+void tst_gtkapplications::paperAndPrinterAreFollowed(const GtkApplication &application)
+{
+    QVERIFY(openDialog(application));
+    QVERIFY(waitFor([this] { return !mSession.user().seesGrey(u"Half Cut"_s); }));
+    if (application.hasPaper) {
+        QVERIFY(workUntil(application.dialog.chooseFlag,
+                          [this] { return mSession.user().seesGrey(u"Half Cut"_s); }));
+    }
+    QVERIFY(workUntil(application.dialog.choosePlain, [this] { return !hasTab(); }));
+    QVERIFY(workUntil(application.dialog.chooseTape, [this] { return hasTab(); }));
+    const qsizetype jobs = mSession.site().scheduler().jobIds().size();
+    QVERIFY(mSession.press(u"Escape"_s));
+    QVERIFY(mSession.isLeft(kPatienceMs));
+    QCOMPARE(mSession.site().scheduler().jobIds().size(), jobs);
+}
+
+void tst_gtkapplications::savedSettingsAreKept(const GtkApplication &application)
+{
+    QVERIFY(openDialog(application));
+    const int job = print();
+    QVERIFY(job > 0);
+    if (application.dialog.isKept) {
+        QCOMPARE(JobTicket::attributes(job, u"Kv"_s), chosen);
+    }
 }
 
 KV_TEST(tst_gtkapplications)
