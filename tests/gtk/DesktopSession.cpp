@@ -40,6 +40,7 @@ QString DesktopSession::begin(const QStringList &variables)
     }
     mVariables = gtkVariables(mFolder->path()) + variables;
     mVariables << u"XDG_DATA_DIRS=%1:/usr/share"_s.arg(mFolder->path())
+               << u"XDG_CONFIG_HOME="_s + mFolder->filePath(u"settings"_s)
                << u"HOME="_s + QDir::homePath();
     const QString error = mAccess->open(mDisplay, mVariables);
     if (!error.isEmpty()) {
@@ -94,15 +95,27 @@ bool DesktopSession::activate() const
 
 bool DesktopSession::isLeft(int patienceMs) const
 {
-    return waitFor([this] { return !mDisplay.command(mWindow); }, patienceMs);
+    return waitFor([this] { return !isThere(); }, patienceMs);
+}
+
+bool DesktopSession::isThere() const
+{
+    // A search fails as well when any window is closed meanwhile.
+    constexpr int looks = 4;
+    bool isFound = false;
+    for (int i = 0; i < looks && !isFound; ++i) {
+        isFound = mDisplay.command(mWindow);
+    }
+    return isFound;
 }
 
 bool DesktopSession::press(const QString &keys) const
 {
     const QStringList all = keys.split(u' ');
-    return activate() && std::all_of(all.begin(), all.end(), [this](const QString &key) {
-               return RemoteUser(mDisplay).press(key);
-           });
+    // The window manager may be busy with another window.
+    return waitFor([this] { return activate() || !isThere(); }) && isThere() &&
+           std::all_of(all.begin(), all.end(),
+                       [this](const QString &key) { return RemoteUser(mDisplay).press(key); });
 }
 
 bool DesktopSession::type(const QString &text) const

@@ -67,7 +67,8 @@ private:
     bool clickNow(const QString &control) const;
     /// Clicks a place in the window with the mouse; false when there is no place.
     bool clickAt(const std::optional<QPoint> &place) const;
-    /// Gives the window the focus if it is there; whether it is.
+    bool isThere() const;
+    /// Gives the window the focus if it is there; whether it has it.
     bool activate() const;
 
     DisplayServer mDisplay;
