@@ -97,6 +97,7 @@ void tst_gtkassistive::keyboardIsEnough()
     GtkDialog dialog = this->dialog();
     QVERIFY(dialog.tell(u"open follow"_s));
     QVERIFY(dialog.shows({u"tab:Cut Options"_s, u"box:Half Cut off"_s}));
+    QVERIFY(mSession.workAt(u"^Print$"_s));
     QVERIFY(mSession.press(u"ctrl+Next"_s));
     QVERIFY(mSession.press(u"ctrl+Next"_s));
     QVERIFY(waitFor([&dialog] { return dialog.focus() == u"GtkNotebook"_s; }));
