@@ -15,6 +15,7 @@
 
 namespace {
 constexpr int lookMs = 20;
+constexpr int mostTries = 500;
 
 /// Writes what stands on the dialog's buttons to standard output, one a line.
 void tellButtons(const QPrintDialog &dialog)
@@ -70,15 +71,20 @@ private:
             return;
         }
         const bool accepts = mDeed == QLatin1String("accept");
-        const bool ticked =
-            user.showOptions() && user.showTab(u"Cut Options"_s) && user.click(u"mHalfCutChkBx"_s);
-        if (!ticked || !(accepts ? user.print() : user.cancel())) {
+        if (user.showOptions() && user.showTab(u"Cut Options"_s) &&
+            user.click(u"mHalfCutChkBx"_s)) {
+            accepts ? user.print() : user.cancel();
+        } else if (++mTries < mostTries) {
+            // The panel is not there yet.
+            mTimer.start(lookMs);
+        } else {
             QApplication::exit(EXIT_FAILURE);
         }
     }
 
     QTimer mTimer;
     QString mDeed;
+    int mTries = 0;
 };
 } // namespace
 
