@@ -148,11 +148,6 @@ bool DesktopSession::replaceText(const QString &change) const
     return user().replaceText(change.section(u'=', 0, 0), change.section(u'=', 1));
 }
 
-bool DesktopSession::awaits(const QString &control) const
-{
-    return waitFor([&] { return user().placeOf(control).has_value(); });
-}
-
 bool DesktopSession::click(const QString &control) const
 {
     return waitFor([&] { return clickNow(control); });

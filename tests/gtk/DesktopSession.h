@@ -43,8 +43,6 @@ public:
     bool focus(const QString &control) const { return user().focus(control); }
     /// Puts a text in the place of the one in a field ("FIELD=TEXT").
     bool replaceText(const QString &change) const;
-    /// Waits until a control is there.
-    bool awaits(const QString &control) const;
     /// Clicks a control when it is there.
     bool click(const QString &control) const;
     /// Ticks a box that is not ticked.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// A program with GTK's print dialog, worked by lines on standard input:
+// A program with GTK's print dialog, worked by lines on standard input. A line may have several
+// commands, separated by ";", with nothing happening between them:
 //
 //   open PRINTER     makes a dialog that selects the printer, and shows it
 //   again            shows the dialog that has been hidden
@@ -8,7 +9,7 @@
 //   destroy          destroys the oldest dialog that is left
 //   printer NAME     selects another printer
 //   paper NAME W H   chooses a paper: its PPD name and its size in points
-//   click TITLE|...  clicks these check boxes before anything else happens
+//   click TITLE      clicks the check box
 //   tick NUMBER      clicks the panel's check box of that number, counted from 0
 //   tab              turns to the panel
 //   menu             opens the menu of presets
@@ -318,16 +319,13 @@ void click(GtkWidget *box)
     }
 }
 
-void clickBoxes(const std::string &titles)
+void clickBox(const std::string &title)
 {
-    std::istringstream all(titles);
-    for (std::string title; std::getline(all, title, '|');) {
-        forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
-            if (textOf(G_OBJECT(box), "label") == title) {
-                click(box);
-            }
-        });
-    }
+    forEachSeen(GTK_TYPE_CHECK_BUTTON, [&title](GtkWidget *box) {
+        if (textOf(G_OBJECT(box), "label") == title) {
+            click(box);
+        }
+    });
 }
 
 /// The panel's check box of that number; null when there is none.
@@ -454,7 +452,7 @@ std::string run(const std::string &text)
         wantedPrinter = rest;
         selectWanted(nullptr);
     } else if (command == "click") {
-        clickBoxes(rest);
+        clickBox(rest);
     } else if (command == "tick") {
         click(boxAt(std::atoi(rest.c_str())));
     } else if (command == "tab") {
@@ -478,6 +476,17 @@ std::string run(const std::string &text)
     return {};
 }
 
+/// The answers of a line's commands, one behind the other.
+std::string runAll(const std::string &line)
+{
+    std::istringstream commands(line);
+    std::string answers;
+    for (std::string command; std::getline(commands, command, ';');) {
+        answers += run(command);
+    }
+    return answers;
+}
+
 gboolean takeLine(GIOChannel *input, GIOCondition, gpointer loop)
 {
     char *line = nullptr;
@@ -486,7 +495,7 @@ gboolean takeLine(GIOChannel *input, GIOCondition, gpointer loop)
         g_main_loop_quit(static_cast<GMainLoop *>(loop));
         return G_SOURCE_REMOVE;
     }
-    std::cout << run(g_strchomp(line)) << std::endl;
+    std::cout << runAll(g_strchomp(line)) << std::endl;
     g_free(line);
     return G_SOURCE_CONTINUE;
 }

@@ -77,6 +77,8 @@ private Q_SLOTS:
     void panelThatRefusesToPrint();
     void dialogShownAgain_data() { everyGtk(); }
     void dialogShownAgain();
+    void printedBeforeItIsSeen_data() { everyGtk(); }
+    void printedBeforeItIsSeen();
     void twoDialogs_data() { everyGtk(); }
     void twoDialogs();
     void dialogGone_data() { everyGtk(); }
@@ -244,7 +246,7 @@ void tst_gtkdialog::clickOnWhatBecomesGrey()
     QVERIFY(dialog.tell(u"open tape"_s));
     QVERIFY(dialog.shows({u"box:Half Cut off"_s}));
     // The user is faster than the panel.
-    QVERIFY(dialog.tell(u"click Special Tape|Half Cut|Mirror Printing"_s));
+    QVERIFY(dialog.tell(u"click Special Tape; click Half Cut; click Mirror Printing"_s));
     QVERIFY(dialog.shows({u"box:Special Tape on"_s, u"box:Half Cut off grey"_s,
                           u"box:Mirror Printing on"_s, u"cups-KvMirror=ON"_s}));
     QCOMPARE(dialog.ownErrors(), QStringList());
@@ -294,6 +296,22 @@ void tst_gtkdialog::dialogShownAgain()
     QVERIFY(dialog.tell(u"respond -5"_s));
     QVERIFY(dialog.shows({u"responses=-6 -5 "_s}));
     QCOMPARE(dialog.end(), 0);
+}
+
+void tst_gtkdialog::printedBeforeItIsSeen()
+{
+    GtkDialog dialog = this->dialog();
+    QVERIFY(dialog.tell(u"open tape"_s));
+    QVERIFY(dialog.shows({u"box:Half Cut off"_s}));
+    QVERIFY(dialog.tell(u"click Half Cut; click Special Tape"_s));
+    QVERIFY(dialog.shows({u"cups-KvHalfCut=ON"_s, u"cups-KvSpecialTape=ON"_s}));
+    QVERIFY(dialog.tell(u"hide"_s));
+    QVERIFY(dialog.tell(u"again; respond -5"_s));
+    // The panel has decided.
+    QVERIFY(
+        dialog.shows({u"responses=-5 "_s, u"cups-KvSpecialTape=ON"_s, u"cups-KvHalfCut=OFF"_s}));
+    QCOMPARE(dialog.end(), 0);
+    QCOMPARE(dialog.ownErrors(), QStringList());
 }
 
 void tst_gtkdialog::twoDialogs()
