@@ -44,12 +44,15 @@ deps:
 	tools/deps build run qt5 gtk test
 
 # Checks the sources, and runs every test in both builds. clang-tidy keeps one processor busy while the
-# others build.
+# others build; the processors that the first tests leave idle compile for the second ones.
 test: format
 	cmake --preset lint
 	cmake --preset optimised
+	cmake --preset sanitize
 	printf '%s\n' lint optimised | xargs -P 2 -I PRESET cmake --build --preset PRESET --parallel $(JOBS)
-	$(MAKE) test-optimised test-sanitize
+	printf '%s\n' 'ctest --preset optimised --parallel $(TEST_JOBS)' \
+		'nice -n 19 cmake --build --preset sanitize --parallel $(JOBS) -- --quiet' | xargs -P 2 -I COMMAND sh -c COMMAND
+	$(MAKE) test-sanitize
 
 lint: format
 	cmake --preset lint

@@ -4,6 +4,7 @@
 #include "Waiting.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 /// The first object from that one downwards that meets the condition.
@@ -32,9 +33,20 @@ AssistiveUser::AssistiveUser(const QDBusConnection &bus)
 std::optional<AccessibleObject> AssistiveUser::find(const QString &name,
                                                     const Condition &isWanted) const
 {
-    return findBelow(AccessibleObject::desktop(mBus), [&](const AccessibleObject &object) {
-        return object.name() == name && isWanted(object);
-    });
+    // The newest window of the newest application is mostly the one.
+    const QList<AccessibleObject> applications = AccessibleObject::desktop(mBus).children();
+    for (const AccessibleObject &application : applications | std::views::reverse) {
+        const QList<AccessibleObject> windows = application.children();
+        for (const AccessibleObject &window : windows | std::views::reverse) {
+            const auto found = findBelow(window, [&](const AccessibleObject &object) {
+                return object.name() == name && isWanted(object);
+            });
+            if (found) {
+                return found;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<AccessibleObject> AssistiveUser::await(const QString &name,

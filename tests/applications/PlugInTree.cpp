@@ -12,19 +12,14 @@
 namespace {
 constexpr auto everything = QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot;
 
-bool copyFolder(const QString &name, const QDir &from, const QDir &to)
+/// Copies a folder of the built libraries, whose links become files. QFile::copy() would wait for
+/// the disk with each file.
+bool copyFolder(const QString &from, const QString &to)
 {
-    QDirIterator files(from.filePath(name), QDir::Files, QDirIterator::Subdirectories);
-    bool copied = false;
-    while (files.hasNext()) {
-        const QString file = files.next();
-        const QString target = to.filePath(from.relativeFilePath(file));
-        copied = QDir().mkpath(QFileInfo(target).path()) && QFile::copy(file, target);
-        if (!copied) {
-            return false;
-        }
-    }
-    return copied;
+    std::error_code error;
+    std::filesystem::copy(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
 }
 
 QStringList ownFolders(const QDir &libraries)
@@ -38,7 +33,7 @@ PlugInTree::PlugInTree()
     const QDir from(QStringLiteral(KV_LIBRARIES));
     const QStringList all = ownFolders(from);
     mIsCopied = std::all_of(all.begin(), all.end(), [&](const QString &folder) {
-        return copyFolder(folder, from, QDir(mFolder.path()));
+        return copyFolder(from.filePath(folder), mFolder.filePath(folder));
     });
 }
 
@@ -76,20 +71,10 @@ bool PlugInTree::overwrite(const QString &pattern, const QByteArray &bytes) cons
 
 bool PlugInTree::addDecoys(const QString &folder)
 {
-    namespace fs = std::filesystem;
-    const fs::path libraries = QFile::encodeName(QStringLiteral(KV_LIBRARIES)).toStdString();
-    const fs::path place = QFile::encodeName(folder).toStdString();
-    std::error_code error;
-    for (const char *name : {"kvprint", "kvprint/pde", "kvprint/pde/KVMQRVOptions.pde"}) {
-        const fs::path source = libraries / name;
-        fs::copy(source, place / source.filename(), fs::copy_options::recursive, error);
-        if (error) {
-            return false;
-        }
-    }
-    const QDir from(QStringLiteral(KV_LIBRARIES "/kvprint"));
-    const QStringList files = from.entryList(QDir::Files);
-    return std::all_of(files.begin(), files.end(), [&](const QString &file) {
-        return QFile::copy(from.filePath(file), folder + QLatin1Char('/') + file);
-    });
+    const QDir libraries(QStringLiteral(KV_LIBRARIES));
+    const QDir place(folder);
+    return copyFolder(libraries.filePath(u"kvprint"_s), place.filePath(u"kvprint"_s)) &&
+           copyFolder(libraries.filePath(u"kvprint"_s), folder) &&
+           copyFolder(libraries.filePath(u"kvprint/pde/KVMQRVOptions.pde"_s),
+                      place.filePath(u"KVMQRVOptions.pde"_s));
 }

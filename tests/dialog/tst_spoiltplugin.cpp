@@ -86,6 +86,7 @@ class tst_spoiltplugin : public PrintingTest
 
 private Q_SLOTS:
     void initTestCase_data() { addQtVersionRows(); }
+    void initTestCase();
     void libraryIsNotLoaded_data();
     void libraryIsNotLoaded();
     void nothingIsLoadedFromTheCurrentFolder();
@@ -93,7 +94,17 @@ private Q_SLOTS:
     void namesThatForgeLinesAreEscaped();
     void removedBeforeTheFirstDialog();
     void removedWhileDialogsAreOff();
+
+private: // NOLINT(readability-redundant-access-specifiers)
+    /// The current folder of applications, with what they must not load.
+    QTemporaryDir mDecoys{memoryFolderPattern(u"decoys"_s)};
 };
+
+void tst_spoiltplugin::initTestCase()
+{
+    PrintingTest::initTestCase();
+    QVERIFY(PlugInTree::addDecoys(mDecoys.path()));
+}
 
 void tst_spoiltplugin::libraryIsNotLoaded_data()
 {
@@ -141,10 +152,8 @@ void tst_spoiltplugin::libraryIsNotLoaded()
     const QStringList paths = tree.matching(spoilt.contains(u'%') ? spoilt.arg(qt) : spoilt);
     QCOMPARE(paths.size(), 1);
     QVERIFY(change(paths.first()));
-    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
-    QVERIFY(PlugInTree::addDecoys(folder.path()));
 
-    DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
+    DialogOpener opener(qt, mDecoys.path(), mDecoys.path(), tree.libraries());
     for (int dialog = 0; dialog < 2; ++dialog) {
         QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     }
@@ -159,12 +168,10 @@ void tst_spoiltplugin::libraryIsNotLoaded()
 void tst_spoiltplugin::nothingIsLoadedFromTheCurrentFolder()
 {
     QFETCH_GLOBAL(const QString, qt);
-    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
-    QVERIFY(PlugInTree::addDecoys(folder.path()));
-    DialogOpener opener(qt, folder.path(), folder.path());
+    DialogOpener opener(qt, mDecoys.path(), mDecoys.path());
     QVERIFY(opener.tabs(tape).contains(kPanelTab));
     QVERIFY(opener.hasLoaded(u"libKVMQRVOptions-qt%1.so"_s.arg(qt)));
-    QVERIFY(!opener.hasLoadedFrom(folder.path()));
+    QVERIFY(!opener.hasLoadedFrom(mDecoys.path()));
     QCOMPARE(opener.finish(), u""_s);
 }
 
@@ -228,9 +235,7 @@ void tst_spoiltplugin::removedBeforeTheFirstDialog()
     QVERIFY(tree.isCopied());
     const QString plugIn =
         u"%1/qt%2/plugins/generic/libkvprintdialog.so"_s.arg(tree.libraries(), qt);
-    const QTemporaryDir folder(memoryFolderPattern(u"decoys"_s));
-    QVERIFY(PlugInTree::addDecoys(folder.path()));
-    DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
+    DialogOpener opener(qt, mDecoys.path(), mDecoys.path(), tree.libraries());
     QVERIFY(QTest::qWaitFor([&] { return opener.hasLoaded(u"libkvprintdialog.so"_s); }));
     QVERIFY(removePath(tree.libraries()));
     for (int dialog = 0; dialog < 2; ++dialog) {
@@ -244,13 +249,11 @@ void tst_spoiltplugin::removedWhileDialogsAreOff()
     QFETCH_GLOBAL(const QString, qt);
     const PlugInTree tree;
     QVERIFY(tree.isCopied());
-    const QTemporaryDir folder;
-    QFile settings(folder.filePath(u"kvprint/dialog.conf"_s));
-    QVERIFY(PlugInTree::addDecoys(folder.path()));
+    QFile settings(mDecoys.filePath(u"kvprint/dialog.conf"_s));
     QVERIFY(settings.open(QIODevice::WriteOnly));
     QVERIFY(settings.write("[Applications]\n*=off\n") > 0);
     settings.close();
-    DialogOpener opener(qt, folder.path(), folder.path(), tree.libraries());
+    DialogOpener opener(qt, mDecoys.path(), mDecoys.path(), tree.libraries());
     QVERIFY(!opener.tabs(tape).contains(kPanelTab));
     QVERIFY(removePath(tree.libraries()));
     QVERIFY(settings.remove());

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <thread>
@@ -67,6 +68,8 @@ public:
                 if (symlink(targets[turn].constData(), next.constData()) == 0) {
                     std::rename(next.constData(), place.constData());
                 }
+                // Still several turns while a bundle is loaded.
+                std::this_thread::sleep_for(std::chrono::microseconds(20));
             }
         })
     {
