@@ -254,7 +254,16 @@ QStringList RemotePrintDialog::summary()
 
 bool RemotePrintDialog::leaveBy(const QString &button)
 {
-    return click(button) && mInspector.awaitGone(isDialog);
+    constexpr int effectMs = 3'000;
+    const auto isLeft = [this] {
+        return !mInspector.find(isDialog).exists();
+    };
+    // The mouse misses a button that moves while the window manager places the dialog.
+    return click(button) && waitFor([&] {
+               return waitFor(isLeft, effectMs) ||
+                      (control(button).exists() && mUser.click(control(button).clickPlace()) &&
+                       waitFor(isLeft, effectMs));
+           });
 }
 
 bool RemotePrintDialog::print()

@@ -275,11 +275,15 @@ QList<int> tst_gtkapplications::print() const
     const PrivateScheduler &scheduler = mSession.site().scheduler();
     const qsizetype before = scheduler.jobIds().size();
     QList<int> jobs;
+    const auto hasJob = [&] {
+        return (jobs = scheduler.jobIds()).size() > before;
+    };
     // The dialog's button cannot be used before GTK knows all of the printer.
-    const bool isPrinted =
-        waitFor([&] { return !mSession.press(u"alt+p"_s) || mSession.isLeft(effectMs); }) &&
-        waitFor([&] { return (jobs = scheduler.jobIds()).size() > before; });
-    return isPrinted ? jobs.mid(before) : QList<int>();
+    const bool isPrinted = waitFor([&] {
+        mSession.press(u"alt+p"_s);
+        return waitFor(hasJob, effectMs);
+    });
+    return isPrinted && mSession.isLeft(kPatienceMs) ? jobs.mid(before) : QList<int>();
 }
 
 int tst_gtkapplications::pagesOf(int job) const
