@@ -92,7 +92,9 @@ QStringList gtkVariables(const QString &folder)
     return {u"GTK_PATH=%1/gtk-3.0:%1/gtk-4.0"_s.arg(libraries),
             u"XDG_CONFIG_DIRS="_s + folder,
             u"GDK_BACKEND=x11"_s,
+            u"GDK_GL=disable"_s,
             u"GSK_RENDERER=cairo"_s,
+            u"GIO_USE_VFS=local"_s,
             u"GSETTINGS_BACKEND=memory"_s,
             u"LC_ALL=C.UTF-8"_s};
 }
