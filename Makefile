@@ -43,17 +43,16 @@ run: all
 deps:
 	tools/deps build run qt5 gtk test
 
-# Checks the sources, and runs every test in both builds. The processors that tests leave idle compile for
-# the next ones, and run clang-tidy.
+# Checks the sources, and runs every test in both builds. clang-tidy keeps one processor busy while the
+# others build; the processors that the first tests leave idle compile for the second ones.
 test: format
+	cmake --preset lint
 	cmake --preset optimised
 	cmake --preset sanitize
-	cmake --preset lint
-	cmake --build --preset optimised --parallel $(JOBS)
+	printf '%s\n' lint optimised | xargs -P 2 -I PRESET cmake --build --preset PRESET --parallel $(JOBS)
 	printf '%s\n' 'ctest --preset optimised --parallel $(TEST_JOBS)' \
 		'nice -n 19 cmake --build --preset sanitize --parallel $(JOBS) -- --quiet' | xargs -P 2 -I COMMAND sh -c COMMAND
-	printf '%s\n' 'ctest --preset sanitize --parallel $(TEST_JOBS)' \
-		'nice -n 19 cmake --build --preset lint' | xargs -P 2 -I COMMAND sh -c COMMAND
+	$(MAKE) test-sanitize
 
 lint: format
 	cmake --preset lint
