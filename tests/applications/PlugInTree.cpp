@@ -7,20 +7,9 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 constexpr auto everything = QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot;
-
-/// Copies a folder of the built libraries, whose links become files. QFile::copy() would wait for
-/// the disk with each file.
-bool copyFolder(const QString &from, const QString &to)
-{
-    std::error_code error;
-    std::filesystem::copy(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(),
-                          std::filesystem::copy_options::recursive, error);
-    return !error;
-}
 
 QStringList ownFolders(const QDir &libraries)
 {

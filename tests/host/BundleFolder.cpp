@@ -5,20 +5,14 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <filesystem>
-
 #include <sys/stat.h>
 
 BundleFolder::BundleFolder() = default;
 
 bool BundleFolder::add(const QString &name) const
 {
-    // QFile::copy() would wait for the disk with each file.
-    std::error_code error;
-    std::filesystem::copy(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde",
-                          QFile::encodeName(mFolder.filePath(name)).constData(),
-                          std::filesystem::copy_options::recursive, error);
-    return !error;
+    return copyFolder(QStringLiteral(KV_BUNDLE_FOLDER "/KVMQRVOptions.pde"),
+                      mFolder.filePath(name));
 }
 
 bool BundleFolder::addOdd(const QString &name, const QString &kind) const

@@ -6,21 +6,8 @@
 #include <QDir>
 #include <QFile>
 
-#include <filesystem>
-
-namespace {
-bool copyFiles(const char *from, const QString &to)
-{
-    // QFile::copy() would wait for the disk with each file.
-    std::error_code error;
-    std::filesystem::copy(from, QFile::encodeName(to).constData(),
-                          std::filesystem::copy_options::recursive, error);
-    return !error;
-}
-} // namespace
-
 BundleCopy::BundleCopy()
-    : mIsCopied(mFolder.isValid() && copyFiles(KV_BUNDLE_DIR, mFolder.path()))
+    : mIsCopied(mFolder.isValid() && copyFolder(QStringLiteral(KV_BUNDLE_DIR), mFolder.path()))
 {
 }
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QDir>
+#include <QFile>
 #include <QString>
+
+#include <filesystem>
 
 #include <sys/statvfs.h>
 
@@ -15,4 +18,14 @@ inline QString memoryFolderPattern(const QString &name)
         statvfs("/dev/shm", &memory) == 0 && (memory.f_flag & (ST_NOEXEC | ST_RDONLY)) == 0;
     return (isUsable ? QStringLiteral("/dev/shm") : QDir::tempPath()) + u'/' + name +
            QStringLiteral("-XXXXXX");
+}
+
+/// Copies what is in a folder, whose links become files, into another one. QFile::copy() would wait
+/// for the disk with each file.
+inline bool copyFolder(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::copy(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(),
+                          std::filesystem::copy_options::recursive, error);
+    return !error;
 }
