@@ -13,8 +13,8 @@
 /**
  * Asks the scheduler for a printer in a separate thread, so that nobody has to wait for it.
  *
- * Deleting this object cancels the request, which then ends within a quarter of a second: see
- * SchedulerConnection.
+ * Deleting this object cancels the request: no other connection is opened for it, and the thread
+ * ends when the scheduler has answered or been silent for too long. See SchedulerConnection.
  */
 class PrinterFetch : public QObject
 {

@@ -55,10 +55,12 @@ public:
     static constexpr Milliseconds defaultLimit{10'000};
 
     /**
-     * @param limit how long the scheduler may be silent, to the second.
-     * @param isCancelled ends any wait within a quarter of a second when it is no longer 0, except
-     *        for looking up the server's name and negotiating encryption; must outlive the
-     *        connection, and may be null.
+     * @param limit how long the scheduler may be silent; behind the head of an answer, twice as
+     *        long.
+     * @param isCancelled refuses to connect when it is no longer 0, and ends connecting within a
+     *        quarter of a second, except for looking up the server's name and negotiating
+     *        encryption; must outlive the connection, and may be null. Waiting for an answer goes
+     *        on up to the limit.
      */
     explicit SchedulerConnection(Milliseconds limit = defaultLimit, int *isCancelled = nullptr);
     ~SchedulerConnection();
@@ -74,7 +76,7 @@ public:
     /// reached.
     bool reconnect();
 
-    /// Whether the scheduler has been silent for too long, or the waiting has been cancelled.
+    /// Whether the scheduler has been silent for too long.
     bool isSilent() const { return mIsSilent; }
 
     /// Why the last request has failed: that the scheduler is silent or breaks off, else
@@ -82,7 +84,7 @@ public:
     QString fault() const;
 
 private:
-    /// Called by libcups whenever nothing has arrived for a while: whether to go on waiting.
+    /// Called by libcups when nothing has arrived for the limit: whether to go on waiting.
     static int waitOn(http_t *http, void *connection);
 
     const Milliseconds mLimit;

@@ -13,8 +13,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace std::chrono_literals;
+
 namespace {
 constexpr int lookMs = 20;
+constexpr char endOfHead[] = "\r\n\r\n";
 constexpr char whoAreYou[] = "HTTP/1.1 401 Unauthorized\r\n"
                              "WWW-Authenticate: Local trc=\"y\"\r\n"
                              "Content-Length: 0\r\n\r\n";
@@ -122,6 +125,14 @@ void SchedulerProxy::forward(int client, bool isSilent)
             left -= int(size);
             isOpen = left > 0;
             send(client, bytes.data(), size);
+            continue;
+        }
+        const QByteArray answer(bytes.data(), isRequest || !isOpen ? 0 : int(size));
+        if (const int end = int(answer.indexOf(endOfHead)) + int(std::strlen(endOfHead));
+            answer.startsWith("HTTP/1.1 200") && mContentDelay.load() > 0ms) {
+            send(client, answer.constData(), end);
+            std::this_thread::sleep_for(mContentDelay.load());
+            isOpen = send(client, answer.constData() + end, size - end);
             continue;
         }
         if (isOpen && (isRequest || !isSilent)) {

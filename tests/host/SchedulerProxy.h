@@ -42,6 +42,8 @@ public:
     void closeConnections() { ++mClosings; }
     /// Has each answer come so much later from now on.
     void delayAnswers(std::chrono::milliseconds time) { mDelay = time; }
+    /// Has the content of each answer come so much later than its head from now on.
+    void delayContents(std::chrono::milliseconds time) { mContentDelay = time; }
     /// How many requests there have been.
     int requests() const { return mRequests; }
 
@@ -62,5 +64,6 @@ private:
     std::atomic_bool mAsksWho = false;
     std::atomic_int mClosings = 0;
     std::atomic<std::chrono::milliseconds> mDelay = {};
+    std::atomic<std::chrono::milliseconds> mContentDelay = {};
     std::atomic_int mRequests = 0;
 };

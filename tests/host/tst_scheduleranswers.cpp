@@ -35,7 +35,9 @@ private Q_SLOTS:
     void silentSchedulerHoldsNobody();
     void answerBehindPrintStillCounts();
     void answerBehindPropertiesStillCounts();
+    void silenceEndsWithTheTruth_data();
     void silenceEndsWithTheTruth();
+    void slowAnswersAreNoSilence_data();
     void slowAnswersAreNoSilence();
     void cancelledRequestIsNotMade();
     void noThreadIsTold();
@@ -55,6 +57,32 @@ using namespace std::chrono_literals;
 
 const QString tapeQueue = u"tape"_s;
 const QString halfCut = u"mHalfCutChkBx"_s;
+
+/// A part of the scheduler's answers that comes late.
+enum class LatePart {
+    Answer,
+    /// What follows the head of an answer.
+    Content,
+};
+
+void delay(SchedulerProxy &proxy, LatePart part, std::chrono::milliseconds time)
+{
+    if (part == LatePart::Content) {
+        proxy.delayContents(time);
+    } else {
+        proxy.delayAnswers(time);
+    }
+}
+} // namespace
+Q_DECLARE_METATYPE(LatePart)
+
+namespace {
+void lateParts()
+{
+    QTest::addColumn<LatePart>("part");
+    QTest::newRow("answer") << LatePart::Answer;
+    QTest::newRow("content") << LatePart::Content;
+}
 } // namespace
 
 /// Gives the tape printer its PPD, without an option.
@@ -249,25 +277,35 @@ void SchedulerAnswersTest::answerBehindPropertiesStillCounts()
     QVERIFY(!areListed);
 }
 
+void SchedulerAnswersTest::silenceEndsWithTheTruth_data()
+{
+    lateParts();
+}
+
 void SchedulerAnswersTest::silenceEndsWithTheTruth()
 {
+    QFETCH(const LatePart, part);
     SchedulerProxy proxy(mSite.scheduler().address());
-    proxy.setSilent(true);
+    delay(proxy, part, 2500ms);
     const QString truth = u"the print scheduler at 127.0.0.1 does not answer"_s;
-    const std::chrono::seconds limit(1);
-    SchedulerConnection chosen(limit);
+    SchedulerConnection chosen(1s);
     QString error;
     QVERIFY(PrintQueue::choose(chosen, tapeQueue, &error).isNull());
     QCOMPARE(error, truth);
-    SchedulerConnection read(limit);
+    SchedulerConnection read(1s);
     QCOMPARE(PrinterRecord::read(read, tapeQueue).error, truth);
+}
+
+void SchedulerAnswersTest::slowAnswersAreNoSilence_data()
+{
+    lateParts();
 }
 
 void SchedulerAnswersTest::slowAnswersAreNoSilence()
 {
+    QFETCH(const LatePart, part);
     SchedulerProxy proxy(mSite.scheduler().address());
-    // Seconds are counted whole: of the three answers, some come in another one.
-    proxy.delayAnswers(500ms);
+    delay(proxy, part, 500ms);
     SchedulerConnection scheduler(1s);
     QCOMPARE(PrinterRecord::read(scheduler, tapeQueue).error, QString());
 }
