@@ -128,11 +128,12 @@ void SchedulerProxy::forward(int client, bool isSilent)
             continue;
         }
         const QByteArray answer(bytes.data(), isRequest || !isOpen ? 0 : int(size));
-        if (const int end = int(answer.indexOf(endOfHead)) + int(std::strlen(endOfHead));
-            answer.startsWith("HTTP/1.1 200") && mContentDelay.load() > 0ms) {
-            send(client, answer.constData(), end);
+        if (const int head = int(answer.indexOf("HTTP/1.1 200"));
+            head >= 0 && mContentDelay.load() > 0ms) {
+            const int content = int(answer.indexOf(endOfHead, head) + std::strlen(endOfHead));
+            send(client, answer.constData(), content);
             std::this_thread::sleep_for(mContentDelay.load());
-            isOpen = send(client, answer.constData() + end, size - end);
+            isOpen = send(client, answer.constData() + content, size - content);
             continue;
         }
         if (isOpen && (isRequest || !isSilent)) {
