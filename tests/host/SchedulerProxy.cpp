@@ -130,7 +130,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
         const QByteArray answer(bytes.data(), isRequest || !isOpen ? 0 : int(size));
         if (const int head = int(answer.indexOf("HTTP/1.1 200"));
             head >= 0 && mContentDelay.load() > 0ms) {
-            const int content = int(answer.indexOf(endOfHead, head) + std::strlen(endOfHead));
+            const int content = int(answer.indexOf(endOfHead, head)) + int(std::strlen(endOfHead));
             send(client, answer.constData(), content);
             std::this_thread::sleep_for(mContentDelay.load());
             isOpen = send(client, answer.constData() + content, size - content);
