@@ -46,9 +46,7 @@ deps:
 # Checks the sources, and runs every test in both builds. clang-tidy keeps one processor busy while the
 # others build; the processors that the first tests leave idle compile for the second ones.
 test: format
-	cmake --preset lint
-	cmake --preset optimised
-	cmake --preset sanitize
+	printf '%s\n' lint optimised sanitize | xargs -P $(JOBS) -I PRESET cmake --preset PRESET
 	printf '%s\n' lint optimised | xargs -P 2 -I PRESET cmake --build --preset PRESET --parallel $(JOBS)
 	printf '%s\n' 'ctest --preset optimised --parallel $(TEST_JOBS)' \
 		'nice -n 19 cmake --build --preset sanitize --parallel $(JOBS) -- --quiet' | xargs -P 2 -I COMMAND sh -c COMMAND

@@ -3,6 +3,7 @@
 
 #include "DisplayServer.h"
 #include "Waiting.h"
+#include "support/MemoryFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -30,7 +31,7 @@ QProcessEnvironment ordinaryEnvironment()
 ApplicationRun::ApplicationRun(const DisplayServer &display, const Application &application,
                                const Setting &setting)
     : mApplication(application)
-    , mHome(QDir::tempPath() + u"/user-XXXXXX"_s)
+    , mHome(memoryFolderPattern(u"user"_s))
 {
     QStringList arguments = application.arguments;
     if (*application.document) {

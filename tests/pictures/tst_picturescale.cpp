@@ -86,10 +86,12 @@ QImage onGround(const QImage &image)
 /// How steep the picture's edges are: the mean square of the steps between neighbouring pixels.
 double sharpness(const QImage &image)
 {
+    const QImage grey = image.convertToFormat(QImage::Format_Grayscale8);
     qint64 sum = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 1; x < image.width(); ++x) {
-            const int step = qGray(image.pixel(x, y)) - qGray(image.pixel(x - 1, y));
+    for (int y = 0; y < grey.height(); ++y) {
+        const uchar *line = grey.constScanLine(y);
+        for (int x = 1; x < grey.width(); ++x) {
+            const int step = line[x] - line[x - 1];
             sum += qint64(step) * step;
         }
     }
@@ -187,7 +189,10 @@ void PictureScaleTest::pictureIsOfTheVariantForTheScreen()
     QCOMPARE(file.pixmap().devicePixelRatio(), mVariant.ratio);
     const QImage drawn = plain(file.pixmap().toImage());
     QCOMPARE(drawn, plain(QImage(PictureNames::path(name, mVariant.mark))));
-    QCOMPARE(drawn, reference(name, mVariant));
+    // Another scale has the same variant for its own.
+    if (mIsExact) {
+        QCOMPARE(drawn, reference(name, mVariant));
+    }
 }
 
 void PictureScaleTest::previewIsDrawnSharp_data()
@@ -202,15 +207,16 @@ void PictureScaleTest::previewIsDrawnSharp()
     QCOMPARE(shown.view->targetDrawImageName(), name);
     const QImage drawn = grabbed(*shown.view);
     QCOMPARE(drawn.size(), (QSizeF(viewFrame().size()) * screenRatio()).toSize());
+    const QImage variant = onGround(scaledVariant(name, mVariant.mark, drawn.size()));
     if (mIsExact) {
-        QCOMPARE(drawn, onGround(reference(name, mVariant)));
+        QCOMPARE(drawn, variant);
     }
-    const double fine = sharpness(onGround(scaledVariant(name, mVariant.mark, drawn.size())));
+    const double fine = sharpness(variant);
     const double coarse = sharpness(onGround(scaledVariant(name, "", drawn.size())));
-    QVERIFY(sharpness(drawn) > 0.97 * fine);
+    const double sharp = sharpness(drawn);
+    QVERIFY(sharp > 0.97 * fine);
     if (screenRatio() > 1.4) {
-        QVERIFY2(sharpness(drawn) > 1.3 * coarse,
-                 qPrintable(u"%1 %2"_s.arg(sharpness(drawn)).arg(coarse)));
+        QVERIFY2(sharp > 1.3 * coarse, qPrintable(u"%1 %2"_s.arg(sharp).arg(coarse)));
     }
 }
 
@@ -265,8 +271,7 @@ void PictureScaleTest::iconIsDrawnSharp()
     icon.paint(&painter, QRect(QPoint(), frame));
     painter.end();
 
-    const QImage expected =
-        mIsExact ? reference(name, mVariant) : scaledVariant(name, mVariant.mark, pixels);
+    const QImage expected = scaledVariant(name, mVariant.mark, pixels);
     QCOMPARE(plain(pixmap.toImage()), expected);
     QCOMPARE(plain(painted), expected);
 }
