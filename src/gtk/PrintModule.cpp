@@ -7,9 +7,13 @@
 
 #include <gio/gio.h>
 
+#include <utility>
+
 #define KV_EXPORT extern "C" __attribute__((visibility("default")))
 
 namespace {
+constexpr const char *dialogType = "GtkPrintUnixDialog";
+
 void (*formerConstructed)(GObject *dialog) = nullptr;
 
 /// What is connected here comes before all that the application connects.
@@ -30,21 +34,39 @@ bool isOff()
     return g_strcmp0(value, "off") == 0;
 }
 
-/// Follows every dialog from now on, that which is being constructed included. The module stays
-/// loaded.
+/// Follows every dialog from now on, that which is being constructed included.
+void followDialogs(gpointer dialogs)
+{
+    if (!isOff()) {
+        formerConstructed = G_OBJECT_CLASS(dialogs)->constructed;
+        G_OBJECT_CLASS(dialogs)->constructed = constructed;
+    }
+}
+
+/// Called for each interface of a class that is being made, behind its own initialisation.
+void awaitDialogs(gpointer, gpointer interface)
+{
+    const GType type = static_cast<GTypeInterface *>(interface)->g_instance_type;
+    if (!formerConstructed && g_strcmp0(g_type_name(type), dialogType) == 0) {
+        followDialogs(g_type_class_ref(type));
+    }
+}
+
+/// Begins once. The module stays loaded.
 void start(GTypeModule *module)
 {
-    if (formerConstructed) {
+    static bool isStarted = false;
+    if (std::exchange(isStarted, true)) {
         return;
     }
     g_type_module_use(module);
-    // There is none yet in a program that loads all modules when it starts, for want of GTK 4's
-    // list of them: making it so early would be dangerous, and slow for a program that does not
-    // print.
-    gpointer dialogs = g_type_class_peek(g_type_from_name("GtkPrintUnixDialog"));
-    if (dialogs && !isOff()) {
-        formerConstructed = G_OBJECT_CLASS(dialogs)->constructed;
-        G_OBJECT_CLASS(dialogs)->constructed = constructed;
+    if (gpointer dialogs = g_type_class_peek(g_type_from_name(dialogType))) {
+        followDialogs(dialogs);
+    } else {
+        // GTK 4 loads all modules when a program starts if its list of them is missing, or older
+        // than one of them, as in a system that was restored from a backup. GTK's classes are made
+        // later.
+        g_type_add_interface_check(nullptr, awaitDialogs);
     }
 }
 } // namespace

@@ -7,9 +7,13 @@
 #include "SessionBus.h"
 #include "applications/DisplayServer.h"
 #include "applications/Waiting.h"
+#include "support/MemoryFolder.h"
 
 #include <QDir>
+#include <QDirIterator>
+#include <QFile>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
@@ -81,6 +85,7 @@ private Q_SLOTS:
     void printedBeforeItIsSeen();
     void twoDialogs_data() { everyGtk(); }
     void twoDialogs();
+    void moduleLoadedWithTheProgram();
     void dialogGone_data() { everyGtk(); }
     void dialogGone();
     void serviceThatFails_data();
@@ -91,7 +96,8 @@ private Q_SLOTS:
     void switchedOff();
 
 private: // NOLINT(readability-redundant-access-specifiers)
-    GtkDialog dialog(const QStringList &variables = {});
+    QStringList variables() const;
+    GtkDialog dialog(const QStringList &besides = {});
     /// Opens a session bus that starts this service.
     bool openBus(const QString &service = QStringLiteral(KV_PANEL_SERVICE));
 
@@ -128,14 +134,18 @@ bool tst_gtkdialog::openBus(const QString &service)
     return error.isEmpty();
 }
 
-GtkDialog tst_gtkdialog::dialog(const QStringList &variables)
+QStringList tst_gtkdialog::variables() const
+{
+    return gtkVariables(mSettings.path()) + QStringList{mBus->variable(),
+                                                        u"HOME="_s + QDir::homePath(),
+                                                        // Leaked objects are found.
+                                                        u"G_SLICE=always-malloc"_s};
+}
+
+GtkDialog tst_gtkdialog::dialog(const QStringList &besides)
 {
     QFETCH(const QString, gtk);
-    return GtkDialog(gtk, mDisplay.environment(),
-                     gtkVariables(mSettings.path()) + variables +
-                         QStringList{mBus->variable(), u"HOME="_s + QDir::homePath(),
-                                     // Leaked objects are found.
-                                     u"G_SLICE=always-malloc"_s});
+    return GtkDialog(gtk, mDisplay.environment(), variables() + besides);
 }
 
 void tst_gtkdialog::jobGetsWhatIsChosen()
@@ -326,6 +336,22 @@ void tst_gtkdialog::twoDialogs()
     QVERIFY(dialog.tell(u"destroy"_s));
     QVERIFY(dialog.tell(u"click Half Cut"_s));
     QVERIFY(dialog.shows({u"cups-KvHalfCut=ON"_s, u"cups-KvMirror=ON"_s}));
+    QCOMPARE(dialog.end(), 0);
+    QCOMPARE(dialog.ownErrors(), QStringList());
+}
+
+void tst_gtkdialog::moduleLoadedWithTheProgram()
+{
+    // Without their list GTK 4 loads all modules.
+    const QTemporaryDir libraries;
+    QVERIFY(copyFolder(QStringLiteral(KV_LIBRARIES "/gtk-4.0"), libraries.filePath(u"gtk-4.0"_s)));
+    QDirIterator lists(libraries.path(), {u"giomodule.cache"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    QVERIFY(QFile::remove(lists.next()));
+    GtkDialog dialog(u"4"_s, mDisplay.environment(),
+                     variables() + QStringList{u"GTK_PATH="_s + libraries.filePath(u"gtk-4.0"_s)});
+    QVERIFY(dialog.tell(u"open tape"_s));
+    QVERIFY(dialog.shows({panelTab, u"box:Half Cut off"_s}));
     QCOMPARE(dialog.end(), 0);
     QCOMPARE(dialog.ownErrors(), QStringList());
 }
