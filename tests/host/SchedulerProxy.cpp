@@ -16,7 +16,7 @@
 using namespace std::chrono_literals;
 
 namespace {
-constexpr int lookMs = 20;
+constexpr std::chrono::milliseconds look = 20ms;
 constexpr char endOfHead[] = "\r\n\r\n";
 constexpr char whoAreYou[] = "HTTP/1.1 401 Unauthorized\r\n"
                              "WWW-Authenticate: Local trc=\"y\"\r\n"
@@ -73,7 +73,7 @@ void SchedulerProxy::acceptAll()
     std::vector<std::thread> connections;
     pollfd listener{mListener, POLLIN, 0};
     while (!mIsStopping) {
-        if (poll(&listener, 1, lookMs) > 0) {
+        if (poll(&listener, 1, int(look.count())) > 0) {
             const int client = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
             connections.emplace_back(
                 [this, client, isSilent = mIsSilent.load()] { forward(client, isSilent); });
@@ -81,6 +81,14 @@ void SchedulerProxy::acceptAll()
     }
     for (std::thread &connection : connections) {
         connection.join();
+    }
+}
+
+void SchedulerProxy::pause(std::chrono::milliseconds time) const
+{
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (!mIsStopping && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(look);
     }
 }
 
@@ -96,7 +104,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
     int number = 0;
     const int closings = mClosings;
     while (isOpen && !mIsStopping && closings == mClosings) {
-        if (poll(ends.data(), ends.size(), lookMs) <= 0) {
+        if (poll(ends.data(), ends.size(), int(look.count())) <= 0) {
             continue;
         }
         const bool isRequest = (ends[0].revents & (POLLIN | POLLHUP)) != 0;
@@ -110,7 +118,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
                 isOpen = number <= mUnbroken;
                 const bool isForPPD = request.contains(".ppd HTTP");
                 left = isForPPD ? int(mCut) : -1;
-                std::this_thread::sleep_for(mDelay.load());
+                pause(mDelay);
                 if (isForPPD && mAsksWho && !request.contains("Authorization: Local local")) {
                     send(client, whoAreYou, std::strlen(whoAreYou));
                     continue;
@@ -132,7 +140,7 @@ void SchedulerProxy::forward(int client, bool isSilent)
             head >= 0 && mContentDelay.load() > 0ms) {
             const int content = int(answer.indexOf(endOfHead, head)) + int(std::strlen(endOfHead));
             send(client, answer.constData(), content);
-            std::this_thread::sleep_for(mContentDelay.load());
+            pause(mContentDelay);
             isOpen = send(client, answer.constData() + content, size - content);
             continue;
         }

@@ -50,6 +50,8 @@ public:
 private:
     void acceptAll();
     void forward(int client, bool isSilent);
+    /// Waits, but not for longer than this object lives.
+    void pause(std::chrono::milliseconds time) const;
 
     QByteArray mScheduler;
     QByteArray mAddress;
