@@ -63,9 +63,9 @@ void start(GTypeModule *module)
     if (gpointer dialogs = g_type_class_peek(g_type_from_name(dialogType))) {
         followDialogs(dialogs);
     } else {
-        // GTK 4 loads all modules when a program starts if its list of them is missing, or older
-        // than one of them, as in a system that was restored from a backup. GTK's classes are made
-        // later.
+        // The program asks for printers first. Or GTK 4 loads all modules when a program starts,
+        // since its list of them is missing, or older than one of them, as in a system that was
+        // restored from a backup. GTK's classes are made later.
         g_type_add_interface_check(nullptr, awaitDialogs);
     }
 }

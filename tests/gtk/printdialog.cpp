@@ -3,6 +3,7 @@
 // A program with GTK's print dialog, worked by lines on standard input. A line may have several
 // commands, separated by ";", with nothing happening between them:
 //
+//   list             asks GTK for all printers
 //   open PRINTER     makes a dialog that selects the printer, and shows it
 //   again            shows the dialog that has been hidden
 //   hide             hides it
@@ -440,7 +441,10 @@ std::string run(const std::string &text)
         return {};
     }
     std::getline(line, rest);
-    if (command == "open") {
+    if (command == "list") {
+        gtk_enumerate_printers([](GtkPrinter *, gpointer) { return FALSE; }, nullptr, nullptr,
+                               TRUE);
+    } else if (command == "open") {
         open(rest);
     } else if (command == "again") {
         gtk_window_present(GTK_WINDOW(dialog()));
