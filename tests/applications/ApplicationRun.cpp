@@ -5,7 +5,6 @@
 #include "Waiting.h"
 #include "support/MemoryFolder.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
