@@ -51,8 +51,11 @@ std::optional<int> PopUpButton::selectedTag() const
 
 void PopUpButton::selectItemWithTag(int tag)
 {
-    if (const int index = findData(tag); index >= 0) {
-        setCurrentIndex(index);
+    for (int i = 0; i < count(); ++i) {
+        if (tagAt(i) == tag) {
+            setCurrentIndex(i);
+            return;
+        }
     }
 }
 

@@ -41,6 +41,7 @@ QToolButton *Stepper::addArrow(const QString &name, Qt::ArrowType arrow, int by)
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
     button->setFocusPolicy(Qt::NoFocus);
+    button->installEventFilter(this);
     connect(button, &QToolButton::clicked, this, [this, by] { step(by); });
     return button;
 }
@@ -71,15 +72,9 @@ void Stepper::setBounds(qint32 smallest, qint32 largest)
 void Stepper::setStepNames(const QString &increase, const QString &decrease)
 {
     mUp->setAccessibleName(increase);
+    mUp->setToolTip(increase);
     mDown->setAccessibleName(decrease);
-    showStepTips();
-}
-
-void Stepper::showStepTips()
-{
-    // Without a tip of its own a disabled arrow shows the stepper's.
-    mUp->setToolTip(isEnabled() ? mUp->accessibleName() : QString());
-    mDown->setToolTip(isEnabled() ? mDown->accessibleName() : QString());
+    mDown->setToolTip(decrease);
 }
 
 void Stepper::setField(QWidget *field)
@@ -89,8 +84,13 @@ void Stepper::setField(QWidget *field)
     }
 }
 
-bool Stepper::eventFilter(QObject *, QEvent *event)
+bool Stepper::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ToolTip && watched->parent() == this && !isEnabled()) {
+        // It goes on to the stepper, whose tip says why.
+        event->ignore();
+        return true;
+    }
     return event->type() == QEvent::KeyPress && isEnabled() &&
            stepByKey(*static_cast<QKeyEvent *>(event));
 }
@@ -105,14 +105,6 @@ bool Stepper::stepByKey(const QKeyEvent &event)
     }
     step(key->by);
     return true;
-}
-
-void Stepper::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange) {
-        showStepTips();
-    }
 }
 
 void Stepper::focusInEvent(QFocusEvent *event)

@@ -36,7 +36,7 @@ public:
     /// Lets the keys that move the number do so in the field that shows it, too.
     void setField(QWidget *field);
 
-    /// Takes those keys from the field.
+    /// Takes those keys from the field, and has disabled arrows show the stepper's tip.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
@@ -44,7 +44,6 @@ Q_SIGNALS:
     void stepped();
 
 protected:
-    void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -55,7 +54,6 @@ protected:
 private:
     QToolButton *addArrow(const QString &name, Qt::ArrowType arrow, int by);
     bool stepByKey(const QKeyEvent &event);
-    void showStepTips();
     void step(int by);
 
     qint32 mValue = 0;

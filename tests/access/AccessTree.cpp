@@ -2,6 +2,8 @@
 #include "AccessTree.h"
 
 #include <QCoreApplication>
+#include <QHelpEvent>
+#include <QToolTip>
 
 QAccessibleInterface *accessOf(const QWidget *widget)
 {
@@ -22,6 +24,15 @@ QString descriptionOf(const QWidget *widget)
 QString valueOf(const QWidget *widget)
 {
     return accessOf(widget)->text(QAccessible::Value);
+}
+
+QString shownTip(QWidget *widget)
+{
+    QToolTip::hideText();
+    const QPoint at = widget->rect().center();
+    QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
+    QCoreApplication::sendEvent(widget, &event);
+    return QToolTip::text();
 }
 
 QList<const QObject *> objectsBelow(QAccessibleInterface *interface)

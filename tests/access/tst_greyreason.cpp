@@ -3,9 +3,6 @@
 #include "AccessTree.h"
 #include "PanelFixture.h"
 
-#include <QHelpEvent>
-#include <QToolTip>
-
 /// Why a control is greyed, in its tip and its description.
 class GreyReasonTest : public QObject
 {
@@ -62,16 +59,6 @@ QList<Option> greyedFor(const PanelFixture &fixture, const QString &reason)
         }
     }
     return options;
-}
-
-/// Asks for the tip of a widget, as resting the mouse on it does.
-QString shownTip(QWidget *widget)
-{
-    QToolTip::hideText();
-    const QPoint at = widget->rect().center();
-    QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
-    QCoreApplication::sendEvent(widget, &event);
-    return QToolTip::text();
 }
 } // namespace
 
