@@ -30,8 +30,6 @@ struct Clicks::Click
     int foundCount;
     /// Whether cut every is on before the click.
     bool isCutEveryOn;
-    /// Whether undoing the click is left out, as it takes less time.
-    bool isForthOnly;
 };
 
 /// A panel that a click can be made in.
@@ -50,24 +48,21 @@ const Clicks::Click Clicks::clicks[] = {
      "KvHalfCut",
      {"KvHalfCut"},
      1,
-     true,
-     false},
-    {"cut every turned on",
+     true},
+    {"cut every clicked",
      "libcups for cut every",
      {"mCutEveryChkBx", "mCutEveryChkBx"},
      "KvAutoTapeCut",
      {"KvCutLabel", "KvAutoTapeCut"},
      2,
-     false,
-     true},
+     false},
     {"count stepped",
      "libcups for the count",
      {"stepDown", "stepUp"},
      "KvCutLabel",
      {"KvCutLabel", "KvAutoTapeCut"},
      2,
-     true,
-     false},
+     true},
 };
 
 Clicks::Clicks(BenchSite &site)
@@ -97,13 +92,7 @@ void Clicks::click(benchmark::State &state, const MeasuredPrinter &printer, cons
     std::size_t next = 0;
     for ([[maybe_unused]] auto _ : state) {
         worked.buttons[next]->click();
-        if (click.isForthOnly) {
-            state.PauseTiming();
-            worked.buttons[1]->click();
-            state.ResumeTiming();
-        } else {
-            next = 1 - next;
-        }
+        next = 1 - next;
     }
     if (next == 1) {
         worked.buttons[1]->click();
