@@ -51,11 +51,8 @@ std::optional<int> PopUpButton::selectedTag() const
 
 void PopUpButton::selectItemWithTag(int tag)
 {
-    for (int i = 0; i < count(); ++i) {
-        if (tagAt(i) == tag) {
-            setCurrentIndex(i);
-            return;
-        }
+    if (const int index = findData(tag); index >= 0) {
+        setCurrentIndex(index);
     }
 }
 
